@@ -1,0 +1,235 @@
+#include "core/catalogues.h"
+
+#include <array>
+#include <cstddef>
+#include <exception>
+#include <functional>
+#include <string>
+
+#include "core/desktop.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "core/text_file.h"
+
+namespace orvane {
+
+namespace {
+
+// The dimension columns of dims.csv in their order, columns 3 to 14.
+constexpr std::array<double SectionDim::*, 12> DimColumns = {
+    &SectionDim::Dim3,  &SectionDim::Dim4,  &SectionDim::Dim5,  &SectionDim::Dim6,
+    &SectionDim::Dim7,  &SectionDim::Dim8,  &SectionDim::Dim9,  &SectionDim::Dim10,
+    &SectionDim::Dim11, &SectionDim::Dim12, &SectionDim::Dim13, &SectionDim::Dim14};
+
+// Whether the tag is one of the single letters.
+bool IsOneOf(std::string_view letters, std::string_view tag) {
+  return tag.size() == 1 && letters.find(tag) != std::string_view::npos;
+}
+
+// Reads one row behind its first cell. False when the tag, which is trimmed and in upper case, is
+// none that the file knows; nothing has been read then.
+using RowReader =
+    std::function<bool(TextFile& file, const std::string& tag, std::string_view cell)>;
+
+// The loop that all four readers share. A row's first cell decides what the row is; a row that
+// isn't known is thrown away, but an empty cell throws nothing away, so that the next cell of the
+// line is looked at in its place. A last line of a single cell is ignored.
+void ReadRows(TextFile& file, const RowReader& readRow) {
+  while (!file.AtEnd()) {
+    const std::string_view cell = file.ReadField();
+    if (file.AtEnd()) return;
+    if (!readRow(file, UpperCase(Trim(cell)), cell) && !cell.empty()) file.ReadRestOfLine();
+  }
+}
+
+// An error with the place of the cell that raised it. The end of the file is no cell and needs
+// none.
+RuntimeError AtPlace(const RuntimeError& error, const TextFile& file) {
+  if (error.Number() == static_cast<int>(Failure::InputPastEndOfFile)) return error;
+  return {error.Number(), error.Description() + " (row " + std::to_string(file.Row()) +
+                              ", column " + std::to_string(file.Column()) + ")"};
+}
+
+// Opens a catalogue file and reads its rows. Whatever goes wrong is told in a message box, and the
+// rows read before stay.
+bool Load(const std::string& path, const RowReader& readRow) {
+  std::string description;
+  try {
+    TextFile file = TextFile::Open(path);
+    try {
+      ReadRows(file, readRow);
+      return true;
+    } catch (const RuntimeError& error) {
+      description = AtPlace(error, file).Description();
+    }
+  } catch (const std::exception& error) {
+    description = error.what();
+  }
+  TheDesktop().MessageBox("Error loading data from " + path + "\r" + description,
+                          "Orvane Detailing System", Buttons::Ok, Icon::Stop);
+  return false;
+}
+
+bool ReadSectionDim(TextFile& file, const std::string& tag, std::string_view cell) {
+  if (!IsOneOf("EZCMVRT", tag)) return false;
+  SectionDim row;
+  row.SectionType = cell == "M" ? "C" : cell;  // a mezzanine row is a channel row from here on
+  row.Product = file.ReadField();
+  // Without a product this is no row, and its next cells are looked at as tags.
+  if (Trim(row.Product).empty()) return true;
+  for (const auto column : DimColumns) row.*column = Val(file.ReadField());
+  SectionDims.Append(std::move(row));
+  return true;
+}
+
+bool ReadPunchPattern(TextFile& file, const std::string& tag, std::string_view cell) {
+  if (!IsOneOf("EZCRVT", tag)) return false;
+  PunchPattern row;
+  row.SectionType = Trim(cell);
+  row.Name = Trim(file.ReadField());
+  if (!row.Name.empty()) {
+    row.Codes = Trim(file.ReadField());
+    row.HasSagBars = ToBoolean(Trim(file.ReadField()) == "S");
+  }
+  row.Starred = ToBoolean(Trim(file.ReadRestOfLine()) == "*");
+  if (!row.Name.empty() && !row.Codes.empty()) PunchPatterns.Append(std::move(row));
+  return true;
+}
+
+// The five cells that an accessory row of either file begins with.
+AccDef ReadAccessory(TextFile& file) {
+  AccDef row;
+  row.Name = file.ReadField();
+  row.DrawingFile = file.ReadField();
+  row.Value1 = file.ReadInt16();
+  row.Value2 = file.ReadInt16();
+  row.Value3 = file.ReadInt16();
+  return row;
+}
+
+// The accessory that a row behind an "A" row adds to; an error when the file has had none yet.
+AccDef& LastAccessory(std::int16_t count) {
+  if (count == 0) throw RuntimeError(Failure::SubscriptOutOfRange);
+  return AccDefs.At(AccDefs.UBound());
+}
+
+void AppendParam(AccDef& accessory, std::string_view name) {
+  accessory.ParamNames.Append(std::string(name));
+  accessory.ParamCount = Int16(accessory.ParamNames.UBound());
+}
+
+bool ReadAccessory1(TextFile& file, const std::string& tag, std::string_view /*cell*/) {
+  if (tag == "A") {
+    AccDef row = ReadAccessory(file);
+    row.Flag = ToBoolean(UpperCase(file.ReadField()) == "Y");
+    row.IsType1 = True;
+    AccType1Count = Int16(AccType1Count + 1);
+    AccDefs.Append(std::move(row));
+  } else if (tag == "I") {
+    AccDef& accessory = LastAccessory(AccType1Count);
+    const std::string text(file.ReadField());
+    const std::string code(file.ReadField());
+    accessory.ParamTexts.Append(text);
+    AppendParam(accessory, code);
+  } else {
+    return false;
+  }
+  file.ReadRestOfLine();
+  return true;
+}
+
+bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*cell*/) {
+  if (tag == "A") {
+    AccDef row = ReadAccessory(file);
+    row.Option = file.ReadField();
+    AppendParam(row, "Mark");
+    AppendParam(row, "No.Off");
+    AccType2Count = Int16(AccType2Count + 1);
+    AccDefs.Append(std::move(row));
+  } else if (tag == "P") {
+    AccDef& accessory = LastAccessory(AccType2Count);
+    AppendParam(accessory, file.ReadField());
+    accessory.Options.Resize(accessory.ParamCount);
+  } else if (tag == "O") {
+    AccDef& accessory = LastAccessory(AccType2Count);
+    // Choices belong to a parameter of the accessory itself, not to "Mark" or "No.Off".
+    if (accessory.Options.Empty()) throw RuntimeError(Failure::SubscriptOutOfRange);
+    AccParamOptions& options = accessory.Options.At(accessory.ParamCount);
+    options.OptionTexts.Append(std::string(file.ReadField()));
+    options.OptionCount = Int16(options.OptionTexts.UBound());
+  } else if (tag == "G") {
+    AccDef& accessory = LastAccessory(AccType2Count);
+    AccGroup group;
+    group.Title = file.ReadField();
+    group.GroupValue = file.ReadInt16();
+    group.FirstParam = Int16(accessory.ParamNames.UBound() + 1);
+    accessory.Groups.Append(std::move(group));
+  } else {
+    return false;
+  }
+  file.ReadRestOfLine();
+  return true;
+}
+
+}  // namespace
+
+bool LoadSectionDims(const std::string& path) {
+  SectionDims.Clear();
+  return Load(path, ReadSectionDim);
+}
+
+bool LoadPunchPatterns(const std::string& path) {
+  PunchPatterns.Clear();
+  return Load(path, ReadPunchPattern);
+}
+
+bool LoadAccessories1(const std::string& path) {
+  AccDefs.Clear();
+  AccType1Count = 0;
+  return Load(path, ReadAccessory1);
+}
+
+bool LoadAccessories2(const std::string& path) {
+  AccType2Count = 0;
+  return Load(path, ReadAccessory2);
+}
+
+bool LoadAccessoryCatalogues() {
+  AccType2Count = 0;
+  const bool loaded =
+      LoadAccessories1(ProgramPath("\\accs1.csv")) && LoadAccessories2(ProgramPath("\\accs2.csv"));
+  AccUsed.Clear();
+  AccUsed.Resize(AccType1Count + AccType2Count);
+  return loaded;
+}
+
+bool LoadSectionCatalogues() {
+  const bool dims = LoadSectionDims(ProgramPath("\\dims.csv"));
+  const bool patterns = LoadPunchPatterns(ProgramPath("\\punch.csv"));
+  return dims && patterns;
+}
+
+SectionDim GetSectionDim(std::string_view product) {
+  for (const SectionDim& row : SectionDims) {
+    if (row.Product == product) return row;
+  }
+  return {};
+}
+
+std::int16_t FindPunchPattern(std::string_view name) {
+  for (int row = 1; row <= PunchPatterns.UBound(); ++row) {
+    if (PunchPatterns.At(row).Name == name) return Int16(row);
+  }
+  return 0;
+}
+
+int FindComboIndex(const Table<std::string>& entries, std::string_view text) {
+  const std::string_view wanted = Trim(text);
+  if (wanted.empty()) return -1;
+  for (int row = 1; row <= entries.UBound(); ++row) {
+    if (Trim(entries.At(row)) == wanted) return row - 1;
+  }
+  return -1;
+}
+
+}  // namespace orvane

@@ -1,0 +1,44 @@
+// The readers of the four catalogue files, and the look-ups in their tables.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/model.h"
+
+namespace orvane {
+
+// Each reader takes a file's full path, fills its tables and gives true. On any error it shows
+// "Error loading data from ", the path, a carriage return and the description, under the title
+// "Orvane Detailing System" with a stop icon, and gives false; rows read before the error stay. The
+// description of a faulty field names its row and column.
+
+// SectionDims, emptied first. A row of letter M is stored as C.
+bool LoadSectionDims(const std::string& path);
+// PunchPatterns, emptied first.
+bool LoadPunchPatterns(const std::string& path);
+// AccDefs, emptied first, and AccType1Count.
+bool LoadAccessories1(const std::string& path);
+// Rows behind those of the type 1 accessories, and AccType2Count.
+bool LoadAccessories2(const std::string& path);
+
+// The two catalogue steps of the start-up, from the program's folder. The first reads accs1.csv,
+// then accs2.csv if that succeeded, and sizes AccUsed with every flag false; the second reads
+// dims.csv and punch.csv and goes on with whatever they held. Both give true when every file was
+// read whole.
+bool LoadAccessoryCatalogues();
+bool LoadSectionCatalogues();
+
+// A copy of the first row of that product, compared exactly; a blank record without one.
+SectionDim GetSectionDim(std::string_view product);
+
+// The row of the first pattern of that name, else 0. It deliberately doesn't look at the section
+// letter: two families that share a pattern name share the first row's sag-bar mark.
+std::int16_t FindPunchPattern(std::string_view name);
+
+// The place, from 0, of the first of a combo box's entries that equals the text, blanks trimmed on
+// both sides; -1 without one, and for an empty text.
+int FindComboIndex(const Table<std::string>& entries, std::string_view text);
+
+}  // namespace orvane

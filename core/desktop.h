@@ -1,0 +1,72 @@
+// What the logic needs of the person in front of the screen and of the platform. The program
+// implements it on its screens, the companion on standard error, the tests by script.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/dates.h"
+#include "core/settings.h"
+
+namespace orvane {
+
+enum class Icon { None, Stop };
+enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
+
+struct FileDialog {
+  std::string Title;
+  std::string Filter;            // pairs of text and pattern, "CAM Files|*.xov"
+  std::string DefaultExtension;  // added to a name that doesn't end in it, ".xov"
+  std::string InitialFolder;     // empty for the dialog's own last folder
+  bool OverwritePrompt = false;  // ask before an existing file is chosen
+  bool FileMustExist = false;
+};
+
+class Desktop : public Clock {
+ public:
+  // A message box. A carriage return in the text ends a line. A box that is closed without a button
+  // gives No where there is one and no Cancel, else Cancel or Ok.
+  virtual Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                            Icon icon) = 0;
+
+  // A file dialog of the open or the save form; none when it was cancelled. Paths are UTF-8,
+  // absolute and in the platform's own form.
+  virtual std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) = 0;
+  virtual std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) = 0;
+
+  // Lets pending window events run.
+  virtual void ProcessEvents() = 0;
+
+  // The system's short date form as a pattern of d, dd, M, MM, yy and yyyy, such as "dd/MM/yyyy".
+  virtual std::string ShortDateForm() const = 0;
+
+  // Where settings are kept.
+  virtual SettingsStore& Settings() = 0;
+
+  // Starts the help viewer on a file and does not wait for it.
+  virtual void ShowHelp(const std::string& file) = 0;
+
+  // A plain message box: no title of its own, no icon, one button.
+  void Message(const std::string& text) { MessageBox(text, "", Buttons::Ok, Icon::None); }
+};
+
+// The desktop that the system runs on, application-wide; installed first thing, and kept alive by
+// who installs it. Without one, the logic can't speak, and asking for it is an error of the
+// program.
+void InstallDesktop(Desktop& desktop);
+Desktop& TheDesktop();
+
+// The program's own folder, which holds the catalogue files, the pictures and the help: the folder
+// of the executable, not the current one. Set first thing; nothing is ever written there.
+extern std::string ProgramFolder;
+
+// The program's folder joined with a backslash-led suffix such as "\dims.csv" or
+// "\Drawings\clip.wmf". The suffix's backslashes become the platform's separators, and each of its
+// parts is looked up without regard to case: the exact name first, then the first match in sorted
+// order, else the name as it stands.
+std::string ProgramPath(std::string_view suffix);
+
+}  // namespace orvane

@@ -1,0 +1,28 @@
+// Whole files: read in one piece, written in one piece, every step checked. A path is UTF-8 text in
+// the platform's own form. Failures raise RuntimeError with the system's description.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// All bytes of a file.
+std::string ReadWholeFile(const std::string& path);
+
+// Opens `path` for output, replacing what it held, and writes, flushes, syncs and closes it, each
+// checked. On an error what was written stays on the disk.
+void WriteWholeFile(const std::string& path, std::string_view bytes);
+
+// Replaces `path` as one step: the bytes go into a new file beside it, are synced there, and take
+// the name of the old one. On an error the old file stands and nothing new is left behind.
+void ReplaceWholeFile(const std::string& path, std::string_view bytes);
+
+// True for an ordinary file: no folder, no device.
+bool IsRegularFile(const std::string& path);
+
+// The last part of a path: what stands behind its last slash (or backslash, where the platform
+// separates folders with it).
+std::string FileName(const std::string& path);
+
+}  // namespace orvane

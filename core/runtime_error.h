@@ -1,0 +1,49 @@
+// The one exception of the system: a failure at run time that a handler shows by its description.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace orvane {
+
+// What can fail at run time. The values are the numbers shown behind "ERROR #"; they are the
+// system's own. A failure that only the operating system can name bears SystemErrorBase plus its
+// error code.
+enum class Failure {
+  FileNotFound = 1,
+  PathNotFound = 2,
+  PermissionDenied = 3,
+  DiskFull = 4,
+  InputPastEndOfFile = 5,
+  TypeMismatch = 6,
+  Overflow = 7,
+  DivisionByZero = 8,
+  SubscriptOutOfRange = 9,
+};
+
+constexpr int SystemErrorBase = 1000;
+
+// The fixed English description of a failure, such as "Type mismatch".
+std::string DescriptionOf(Failure failure);
+
+class RuntimeError : public std::runtime_error {
+ public:
+  explicit RuntimeError(Failure failure);
+  // `description` replaces the fixed text, for an error that can say where it happened.
+  RuntimeError(Failure failure, const std::string& description);
+  RuntimeError(int number, const std::string& description);
+
+  int Number() const { return number_; }
+  std::string Description() const { return what(); }
+
+ private:
+  int number_;
+};
+
+// The error for the code that a failed call of the C library left in errno: the fixed descriptions
+// where they fit, the operating system's text otherwise. A missing file and a missing folder share
+// one code, so `path` is looked at to tell "File not found" from "Path not found"; with an empty
+// path it is "File not found".
+RuntimeError SystemError(int code, const std::string& path);
+
+}  // namespace orvane

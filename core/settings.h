@@ -1,0 +1,68 @@
+// The settings store and the settings themselves: text values under keys, each with a default.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// The store.
+
+// The hive that all keys lie under.
+enum class SettingsRoot { LocalMachine };
+
+// The settings root in use, application-wide; set at start-up.
+extern SettingsRoot TheSettingsRoot;
+
+// All keys lie under this one, "SOFTWARE\Lintaro".
+extern const std::string SettingsKey;
+
+// A store of text values by key and name. Keys and names are told apart by their exact text.
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  // The stored text, which may be empty; none when the key or the value is missing or can't be
+  // read.
+  virtual std::optional<std::string> Query(SettingsRoot root, const std::string& key,
+                                           const std::string& name) = 0;
+  // False when the text could not be stored.
+  virtual bool Store(SettingsRoot root, const std::string& key, const std::string& name,
+                     const std::string& text) = 0;
+};
+
+// The value's text, or the default for a missing key or value. An error raised inside shows a
+// message box with "ERROR #", its number, " : " and its description, and gives empty text.
+std::string GetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
+                        const std::string& defaultText);
+
+// Stores the text; true when it was stored. An error raised inside shows the same message box and
+// gives false. Callers don't look at the result: what can't be stored is lost at the next start.
+bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
+                 const std::string& text);
+
+// --- The settings, by key
+// ----------------------------------------------------------------------------- Each procedure
+// reads or writes the values of one key in their fixed order. Numbers are stored in the form "0"
+// and read back by number prefix, margins then rounded to 16 bits. Storing MinHoleSep in the form
+// "0" gives up its fraction: deliberate.
+
+void LoadPageSetup();
+void SavePageSetup();
+void LoadDrawingSettings();
+void SaveDrawingSettings();
+void LoadMaxDims();
+void SaveMaxDims();
+void LoadRegistration();  // CompanyName, CompanyDetails
+void SaveRegistration();
+
+// The folders that the file dialogs start in; they are held nowhere but in the store.
+std::string ProjectDirectory();
+void StoreProjectDirectory(const std::string& folder);
+std::string CamDirectory();
+void StoreCamDirectory(const std::string& folder);
+
+// The path up to and including its last backslash or slash; empty without either.
+std::string FolderOfPath(std::string_view path);
+
+}  // namespace orvane

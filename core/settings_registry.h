@@ -1,0 +1,16 @@
+// The settings store of Windows: the system registry. Compiled there alone.
+#pragma once
+
+#include "core/settings.h"
+
+namespace orvane {
+
+class RegistrySettings : public SettingsStore {
+ public:
+  std::optional<std::string> Query(SettingsRoot root, const std::string& key,
+                                   const std::string& name) override;
+  bool Store(SettingsRoot root, const std::string& key, const std::string& name,
+             const std::string& text) override;
+};
+
+}  // namespace orvane

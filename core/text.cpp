@@ -1,0 +1,155 @@
+#include "core/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+
+namespace orvane {
+
+namespace {
+
+// What Windows-1252 shows for the bytes 0x80 to 0x9F; 0 for the five that it leaves free. All other
+// bytes are their own code point.
+constexpr std::array<char32_t, 32> UpperControls = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+constexpr char32_t Invalid = 0xFFFFFFFF;
+
+bool IsContinuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+// The code point that begins at `at`, which moves behind it. An ill-formed sequence gives Invalid
+// and moves on by one byte.
+char32_t NextCodePoint(std::string_view text, std::size_t& at) {
+  const auto lead = static_cast<unsigned char>(text[at]);
+  if (lead < 0x80) {
+    ++at;
+    return lead;
+  }
+  std::size_t length = 0;
+  char32_t smallest = 0;
+  char32_t point = 0;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2, smallest = 0x80, point = lead & 0x1F;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3, smallest = 0x800, point = lead & 0x0F;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4, smallest = 0x10000, point = lead & 0x07;
+  }
+  bool valid = length != 0 && at + length <= text.size();
+  for (std::size_t i = 1; valid && i < length; ++i) {
+    valid = IsContinuation(text[at + i]);
+    point = point << 6 | (static_cast<unsigned char>(text[at + i]) & 0x3F);
+  }
+  if (!valid || point < smallest || point > 0x10FFFF || (point >= 0xD800 && point <= 0xDFFF)) {
+    ++at;
+    return Invalid;
+  }
+  at += length;
+  return point;
+}
+
+void AppendUtf8(std::string& out, char32_t point) {
+  const auto byte = [&out](char32_t bits) { out += static_cast<char>(bits); };
+  if (point < 0x80) {
+    byte(point);
+  } else if (point < 0x800) {
+    byte(0xC0 | point >> 6), byte(0x80 | (point & 0x3F));
+  } else {
+    byte(0xE0 | point >> 12), byte(0x80 | (point >> 6 & 0x3F)), byte(0x80 | (point & 0x3F));
+  }
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char FactoryByte(char32_t point) {
+  if (point == U'\r' || point == U'\n') return ' ';
+  if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<char>(point);
+  const auto* found = std::find(UpperControls.begin(), UpperControls.end(), point);
+  if (found == UpperControls.end()) return '?';
+  return static_cast<char>(0x80 + (found - UpperControls.begin()));
+}
+
+}  // namespace
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string UpperCase(std::string_view text) {
+  std::string upper(text);
+  for (char& c : upper) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return upper;
+}
+
+std::size_t CharCount(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return !IsContinuation(c); }));
+}
+
+std::string_view FirstChars(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  while (end < text.size() && (count > 0 || IsContinuation(text[end]))) {
+    if (!IsContinuation(text[end])) --count;
+    ++end;
+  }
+  return text.substr(0, end);
+}
+
+std::string_view LastChars(std::string_view text, std::size_t count) {
+  std::size_t start = text.size();
+  while (start > 0 && count > 0) {
+    --start;
+    if (!IsContinuation(text[start])) --count;
+  }
+  return text.substr(start);
+}
+
+bool IsUtf8(std::string_view bytes) {
+  if (IsAscii(bytes)) return true;
+  for (std::size_t at = 0; at < bytes.size();) {
+    if (NextCodePoint(bytes, at) == Invalid) return false;
+  }
+  return true;
+}
+
+std::string DecodeText(std::string bytes) {
+  if (IsUtf8(bytes)) {
+    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
+    return bytes;
+  }
+  std::string text;
+  text.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool mapped = byte >= 0x80 && byte < 0xA0 && UpperControls[byte - 0x80U] != 0;
+    AppendUtf8(text, mapped ? UpperControls[byte - 0x80U] : byte);
+  }
+  return text;
+}
+
+std::string FactoryText(std::string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) bytes += FactoryByte(NextCodePoint(text, at));
+  return bytes;
+}
+
+std::string PadRight(std::string_view bytes, std::size_t width) {
+  std::string padded(bytes.substr(0, width));
+  padded.resize(width, ' ');
+  return padded;
+}
+
+}  // namespace orvane

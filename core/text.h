@@ -1,0 +1,39 @@
+// Text of the system: UTF-8 in std::string; blanks are U+0020 and nothing else.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// The text without the blanks at both ends. Tabs, line ends and other white space stay.
+std::string_view Trim(std::string_view text);
+
+// The text with the letters a to z in upper case; all else stays.
+std::string UpperCase(std::string_view text);
+
+// Characters: counted and cut by code point, never inside a letter.
+
+std::size_t CharCount(std::string_view text);
+std::string_view FirstChars(std::string_view text, std::size_t count);
+std::string_view LastChars(std::string_view text, std::size_t count);
+
+// Encodings.
+
+bool IsUtf8(std::string_view bytes);
+
+// The bytes of a text file as UTF-8: as they stand when all of them are valid UTF-8 (a byte-order
+// mark in front is dropped), else read as Windows-1252, in which every byte is one character.
+std::string DecodeText(std::string bytes);
+
+// UTF-8 text in the single-byte code page of the factory files, Windows-1252: one byte a character,
+// "?" for a character that the page lacks. A carriage return or line feed becomes a blank, since a
+// text of the job must never add a line to the file.
+std::string FactoryText(std::string_view text);
+
+// The bytes followed by blanks and then cut to exactly `width`; for text that is encoded already,
+// so that one byte is one column.
+std::string PadRight(std::string_view bytes, std::size_t width);
+
+}  // namespace orvane

@@ -1,0 +1,100 @@
+#include "core/text_file.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+#include "core/text.h"
+
+namespace orvane {
+
+namespace {
+
+bool IsLineEnd(char c) {
+  return c == '\r' || c == '\n';
+}
+
+// The place of the next comma or line end from `at` on, or the text's end.
+std::size_t FieldEnd(std::string_view text, std::size_t at) {
+  while (at < text.size() && text[at] != ',' && !IsLineEnd(text[at])) ++at;
+  return at;
+}
+
+}  // namespace
+
+TextFile TextFile::Open(const std::string& path) {
+  return TextFile(DecodeText(ReadWholeFile(path)));
+}
+
+std::string_view TextFile::ReadField() {
+  if (AtEnd()) throw RuntimeError(Failure::InputPastEndOfFile);
+  const std::string_view text = text_;
+  fieldRow_ = row_;
+  fieldColumn_ = ++column_;
+  at_ = std::min(text.find_first_not_of(' ', at_), text.size());
+
+  std::string_view field;
+  if (!AtEnd() && text[at_] == '"') {
+    const std::size_t close = std::min(text.find('"', at_ + 1), text.size());
+    field = text.substr(at_ + 1, close - at_ - 1);
+    row_ += static_cast<int>(std::count(field.begin(), field.end(), '\n'));
+    at_ = FieldEnd(text, close);
+  } else {
+    const std::size_t end = FieldEnd(text, at_);
+    field = text.substr(at_, end - at_);
+    at_ = end;
+  }
+
+  rowEnded_ = AtEnd() || text[at_] != ',';
+  if (rowEnded_) {
+    ConsumeLineEnd();
+  } else {
+    ++at_;
+  }
+  return field;
+}
+
+std::int16_t TextFile::ReadInt16() {
+  return ParseInt16(ReadField());
+}
+float TextFile::ReadFloat() {
+  return ParseFloat(ReadField());
+}
+double TextFile::ReadDouble() {
+  return ParseDouble(ReadField());
+}
+
+std::string_view TextFile::ReadRestOfLine() {
+  if (std::exchange(rowEnded_, false)) return {};
+  const std::string_view text = text_;
+  std::size_t end = at_;
+  while (end < text.size() && !IsLineEnd(text[end])) ++end;
+  const std::string_view rest = text.substr(at_, end - at_);
+  at_ = end;
+  ConsumeLineEnd();
+  return rest;
+}
+
+void TextFile::ConsumeLineEnd() {
+  if (AtEnd()) return;
+  at_ += text_.compare(at_, 2, "\r\n") == 0 ? 2 : 1;
+  ++row_;
+  column_ = 0;
+}
+
+void LineWriter::NumberLine(double value) {
+  AppendFileNumber(text_, value);
+  text_.append("\r\n");
+}
+void LineWriter::NumberLine(float value) {
+  AppendFileNumber(text_, value);
+  text_.append("\r\n");
+}
+void LineWriter::NumberLine(std::int16_t value) {
+  AppendFileNumber(text_, value);
+  text_.append("\r\n");
+}
+
+}  // namespace orvane

@@ -1,0 +1,1 @@
+#include "holes/hole_coding.h"

@@ -1,0 +1,41 @@
+// Keeps an item's list of holes: pattern holes removed and made afresh while custom holes survive,
+// sorted by position, with true and drawn gaps. All procedures take the row of Items.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/model.h"
+
+namespace orvane {
+
+// Keeps only the rows of kind "C", in their order; row 0 becomes blank.
+void RemoveStandardHoles(std::int16_t ItemIndex);
+
+// Sorts rows 1.. by XPos, ascending; rows of equal XPos keep their order, so that a pair of holes
+// at one position keeps the order of its creation.
+void SortHoles(std::int16_t ItemIndex);
+
+// Works out RelX and DrawGap of every hole, and makes row 0 the end sentinel: XPos is the item's
+// length, RelX and DrawGap the gap to the right-hand end. Changes nothing for an item without holes
+// or length, or before a section has been drawn (DrawingWidth 0). When short gaps must be widened
+// and the gaps that should pay for it add up to 0, "Division by zero"; the widened gaps then stay.
+void AdjustHoleSpacing(std::int16_t ItemIndex);
+
+// The sequence by which a section's holes are made afresh: RemoveStandardHoles, ExpandPattern,
+// SortHoles, AdjustHoleSpacing.
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName);
+
+// The table half of DeleteCustomHole: takes out the CustomRow-th hole of kind "C" and adjusts the
+// gaps. Does nothing if either argument is below 1 or there is no such hole; true when a hole went.
+bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow);
+
+// The table half of ConvertToCustom: all holes become custom ones. Does nothing if ItemIndex is
+// below 1.
+void ConvertHolesToCustom(std::int16_t ItemIndex);
+
+// The table half of FillHoleGrid: what the hole grid shows, one row of nine texts for each hole of
+// kind "C", in list order: Xpos, Rel X, BF, W1, W2, TF, Dia, Slot (empty for a round hole), C.
+Table<Table<std::string>> HoleGridRows(std::int16_t ItemIndex);
+
+}  // namespace orvane

@@ -1,0 +1,1 @@
+#include "output/accessory_list.h"

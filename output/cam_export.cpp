@@ -1,0 +1,1 @@
+#include "output/cam_export.h"

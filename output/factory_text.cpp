@@ -1,0 +1,1 @@
+#include "output/factory_text.h"

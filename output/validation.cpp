@@ -1,0 +1,7 @@
+#include "output/validation.h"
+
+namespace orvane {
+
+Table<std::string> ExportErrors;
+
+}  // namespace orvane

@@ -1,0 +1,1 @@
+#include "project/accessory_lines.h"

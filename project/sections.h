@@ -1,0 +1,40 @@
+// What happens to the table of sections when one is added, duplicated, mirrored, sorted or deleted:
+// the table halves of the commands of the same name on the screen. Rows are rows of Items.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "core/model.h"
+
+namespace orvane {
+
+// The table half of AddSection: appends a blank row of that section letter, with the fixed product
+// of a V ("VCR") or R ("CLR"), sets ProjectDirty and returns the new row.
+std::int16_t AddSectionRow(std::string_view SectionType);
+
+// The table half of Duplicate, for a row of at least 1: appends a copy with "A" behind its mark,
+// sorts its holes and adjusts their gaps, sets ProjectDirty and returns the new row; 0 for a row
+// below 1.
+std::int16_t DuplicateRow(std::int16_t ItemIndex);
+
+// The table half of CreateOppHand, for a row of at least 1: appends the section turned end for end,
+// with "X" behind its mark, sets ProjectDirty and returns the new row; 0 for a row below 1. An
+// error leaves the row appended as far as it came.
+std::int16_t CreateOppHandRow(std::int16_t ItemIndex);
+
+// The table half of DeleteItem: takes the row out; those behind it move up by one.
+void DeleteItemRow(std::int16_t ItemIndex);
+
+enum class SortKey { Mark = 1, Product = 2, Length = 3 };
+
+// The table half of SortItems: sorts all rows by the key, texts by character code; rows of equal
+// keys keep their order. "Sort by Section" is the product, deliberately not the section letter.
+void SortItemRows(SortKey Key);
+
+// The table half of NewProject: empties the sections, the accessory lines and the project details,
+// sets every flag of AccUsed false (keeping their number), CurrentItem 0, ProjectFileName empty and
+// the project date to `today`. ProjectDirty stays; the command sets it last.
+void NewProjectTables(const Date& today);
+
+}  // namespace orvane

@@ -1,0 +1,106 @@
+#include "tests/support/fixture.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "core/catalogues.h"
+#include "core/runtime_error.h"
+
+namespace orvane::test {
+
+namespace {
+
+std::filesystem::path NewFolder() {
+  std::string name = (std::filesystem::temp_directory_path() / "orvane-test-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  // Open to the unprivileged user of AsOrdinaryUser, as an ordinary folder would be.
+  std::filesystem::permissions(name, std::filesystem::perms(0755));
+  return name;
+}
+
+constexpr unsigned NobodyId = 65534;
+
+}  // namespace
+
+SystemTest::SystemTest() {
+  ResetModel();
+  InstallDesktop(desktop);
+  InstallOutputScreen(screen);
+  ProgramFolder = ORVANE_SOURCE_DIR "/catalogue";
+}
+
+SystemTest::~SystemTest() {
+  std::error_code ignored;
+  if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
+}
+
+std::string SystemTest::TempPath(const std::string& name) {
+  if (folder_.empty()) folder_ = NewFolder();
+  return (folder_ / name).string();
+}
+
+std::string SystemTest::TempFile(const std::string& name, std::string_view bytes) {
+  const std::string path = TempPath(name);
+  std::ofstream file(path, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  EXPECT_TRUE(file.good()) << path;
+  return path;
+}
+
+void SystemTest::LoadShippedCatalogues() {
+  ProgramFolder = ORVANE_SOURCE_DIR "/catalogue";
+  ASSERT_TRUE(LoadAccessoryCatalogues());
+  ASSERT_TRUE(LoadSectionCatalogues());
+}
+
+std::string ErrorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeError& error) {
+    EXPECT_FALSE(error.Description().empty());
+    return error.Description();
+  }
+  ADD_FAILURE() << "no error was raised";
+  return "";
+}
+
+std::string BytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file.is_open()) << path;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string AsOrdinaryUser(const std::function<std::string()>& action) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) throw std::runtime_error("no pipe");
+  const pid_t child = fork();
+  if (child == 0) {
+    close(ends[0]);
+    int code = 1;
+    if (getuid() != 0 || (setgid(NobodyId) == 0 && setuid(NobodyId) == 0)) {
+      const std::string result = action();
+      const auto size = static_cast<ssize_t>(result.size());
+      code = write(ends[1], result.data(), result.size()) == size ? 0 : 1;
+    }
+    _exit(code);
+  }
+  close(ends[1]);
+  std::string result;
+  std::array<char, 4096> buffer{};
+  for (ssize_t got = 0; (got = read(ends[0], buffer.data(), buffer.size())) > 0;) {
+    result.append(buffer.data(), static_cast<std::size_t>(got));
+  }
+  close(ends[0]);
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  return result;
+}
+
+}  // namespace orvane::test

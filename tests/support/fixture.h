@@ -1,0 +1,50 @@
+// What the tests of the house share: fresh tables, a scripted desktop, a folder of their own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "core/model.h"
+#include "tests/support/scripted_desktop.h"
+
+namespace orvane::test {
+
+// Resets the application-wide tables and values, and installs the scripted desktop and output
+// screen.
+class SystemTest : public ::testing::Test {
+ protected:
+  SystemTest();
+  ~SystemTest() override;
+
+  ScriptedDesktop desktop;
+  ScriptedOutputScreen screen;
+
+  // A file in the test's own folder, which is made at the first use and goes with the test.
+  std::string TempPath(const std::string& name);
+  // Writes bytes to such a file and gives its path.
+  std::string TempFile(const std::string& name, std::string_view bytes);
+
+  // Loads the catalogues that ship.
+  void LoadShippedCatalogues();
+
+ private:
+  std::filesystem::path folder_;
+};
+
+// The description of the RuntimeError that the action raises; empty, with a failed test, if it
+// raises none.
+std::string ErrorOf(const std::function<void()>& action);
+
+// The whole content of a file.
+std::string BytesOf(const std::string& path);
+
+// Runs the action in a child process under an unprivileged user, since root passes every permission
+// check, and gives what it returned (at most 64 KiB). Fails the test if the child died. When the
+// tests don't run as root, it runs with the present rights.
+std::string AsOrdinaryUser(const std::function<std::string()>& action);
+
+}  // namespace orvane::test

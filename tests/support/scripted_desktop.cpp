@@ -1,0 +1,51 @@
+#include "tests/support/scripted_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include "output/validation.h"
+
+namespace orvane::test {
+
+Answer ScriptedDesktop::MessageBox(const std::string& text, const std::string& title,
+                                   Buttons buttons, Icon icon) {
+  Boxes.push_back({text, title, buttons, icon});
+  if (buttons == Buttons::Ok) return Answer::Ok;
+  if (Answers.empty()) {
+    ADD_FAILURE() << "unforeseen question: " << text;
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+  }
+  const Answer answer = Answers.front();
+  Answers.pop_front();
+  return answer;
+}
+
+std::optional<std::string> ScriptedDesktop::ShowOpenDialog(const FileDialog& dialog) {
+  OpenDialogs.push_back(dialog);
+  return NextFile();
+}
+
+std::optional<std::string> ScriptedDesktop::ShowSaveDialog(const FileDialog& dialog) {
+  SaveDialogs.push_back(dialog);
+  return NextFile();
+}
+
+Moment ScriptedDesktop::Now() const {
+  ++ClockReads;
+  return Present;
+}
+
+std::optional<std::string> ScriptedDesktop::NextFile() {
+  if (Chosen.empty()) {
+    ADD_FAILURE() << "unforeseen file dialog";
+    return std::nullopt;
+  }
+  const std::optional<std::string> file = Chosen.front();
+  Chosen.pop_front();
+  return file;
+}
+
+void ScriptedOutputScreen::ShowExportErrors() {
+  ErrorLists.emplace_back(ExportErrors.begin(), ExportErrors.end());
+}
+
+}  // namespace orvane::test

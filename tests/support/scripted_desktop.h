@@ -1,0 +1,61 @@
+// A desktop and an output screen that answer by script and keep what they were shown.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/desktop.h"
+#include "core/settings_file.h"
+#include "output/output_screen.h"
+
+namespace orvane::test {
+
+struct ShownBox {
+  std::string Text;
+  std::string Title;
+  Buttons Choice = Buttons::Ok;
+  Icon Sign = Icon::None;
+};
+
+// A question that the script doesn't foresee fails the test and is answered by Cancel (or No).
+class ScriptedDesktop : public Desktop {
+ public:
+  // The script.
+  std::deque<Answer> Answers;                     // for the boxes with a choice, in order
+  std::deque<std::optional<std::string>> Chosen;  // for the file dialogs, in order; none cancels
+  Moment Present{{2024, 3, 5}, 14, 7, 9};
+  std::string DateForm = "dd/MM/yyyy";
+  MemorySettings Values;
+  SettingsStore* Store = &Values;  // the store in use; a test may put another
+
+  // What happened.
+  std::vector<ShownBox> Boxes;
+  std::vector<FileDialog> OpenDialogs;
+  std::vector<FileDialog> SaveDialogs;
+  int EventRuns = 0;
+  mutable int ClockReads = 0;
+  std::vector<std::string> HelpFiles;
+
+  Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                    Icon icon) override;
+  std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
+  std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
+  void ProcessEvents() override { ++EventRuns; }
+  std::string ShortDateForm() const override { return DateForm; }
+  SettingsStore& Settings() override { return *Store; }
+  void ShowHelp(const std::string& file) override { HelpFiles.push_back(file); }
+  Moment Now() const override;
+
+ private:
+  std::optional<std::string> NextFile();
+};
+
+class ScriptedOutputScreen : public OutputScreen {
+ public:
+  std::vector<std::vector<std::string>> ErrorLists;  // the lines at each showing
+  void ShowExportErrors() override;
+};
+
+}  // namespace orvane::test
