@@ -145,7 +145,9 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
     AppendParam(row, "Mark");
     AppendParam(row, "No.Off");
     AccType2Count = Int16(AccType2Count + 1);
-    AccDefs.Append(std::move(row));
+    // The counts say where the row stands, whatever an earlier reading of the file has left behind.
+    AccDefs.Resize(AccType1Count + AccType2Count);
+    AccDefs.At(AccDefs.UBound()) = std::move(row);
   } else if (tag == "P") {
     AccDef& accessory = LastAccessory(AccType2Count);
     AppendParam(accessory, file.ReadField());

@@ -113,7 +113,7 @@ int TakeMonthName(std::string_view& text) {
 }
 
 std::optional<Date> ParseDate(std::string_view text, std::string_view pattern) {
-  Date date;
+  Date date{0, 0, 0};  // no day, unless the pattern names all three parts
   while (!pattern.empty()) {
     const Piece piece = NextPiece(pattern);
     int* part = nullptr;
@@ -147,7 +147,6 @@ bool IsPlainNumeric(std::string_view pattern) {
   int days = 0;
   int months = 0;
   int years = 0;
-  if (pattern.empty() || pattern.front() == ' ' || pattern.front() == '"') return false;
   while (!pattern.empty()) {
     const Piece piece = NextPiece(pattern);
     if (piece.Letter != 0 && piece.Letter != 'y' && piece.Count > 2) return false;
@@ -172,7 +171,12 @@ std::string ProjectForm(std::string_view shortForm) {
       form += "yyyy";
     }
   }
-  return form;
+  // A form may run its numbers together, or begin or end with a blank, which the reader drops: what
+  // it doesn't give back can't be stored in it.
+  constexpr Date sample{2033, 1, 2};
+  const std::string text = FormatDate(sample, form);
+  const bool readsBack = Trim(text) == text && ParseDate(text, form) == sample;
+  return readsBack ? form : std::string(NumericForm);
 }
 
 }  // namespace

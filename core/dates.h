@@ -47,8 +47,8 @@ std::string CreatedText(const Moment& moment);
 // The project file's date line. `shortForm` is the system's short date form as a pattern of d, dd,
 // M, MM, yy, yyyy and separators, text in single quotes standing for itself. The year is written
 // with four digits whatever the form says, since two would come back in the wrong century; a form
-// with month or day names or a comma, which the file's reader would take for the end of the line,
-// is replaced by dd/MM/yyyy.
+// with month or day names, with a comma, which the file's reader would take for the end of the
+// line, or that doesn't read back its own dates is replaced by dd/MM/yyyy.
 std::string ProjectDateText(const Date& date, std::string_view shortForm);
 
 // Reads a date line: in the form that ProjectDateText writes, then in the system's own short form

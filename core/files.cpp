@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 #include "core/runtime_error.h"
 
@@ -22,19 +23,41 @@ std::filesystem::path NativePath(const std::string& path) {
   return std::filesystem::path(std::u8string(path.begin(), path.end()));
 }
 
+std::string TextOf(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
+}
+
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-enum class Use { Read, Write };
+enum class Use { Read, Write, Update };
 
 FileHandle Open(const std::string& path, Use use) {
   errno = 0;
 #ifdef _WIN32
-  FileHandle file(_wfopen(NativePath(path).c_str(), use == Use::Read ? L"rb" : L"wb"));
+  const wchar_t* mode = use == Use::Read ? L"rb" : use == Use::Write ? L"wb" : L"r+b";
+  FileHandle file(_wfopen(NativePath(path).c_str(), mode));
 #else
-  FileHandle file(std::fopen(path.c_str(), use == Use::Read ? "rb" : "wb"));
+  const char* mode = use == Use::Read ? "rb" : use == Use::Write ? "wb" : "r+b";
+  FileHandle file(std::fopen(path.c_str(), mode));
+#endif
+  if (!file) throw SystemError(errno, path);
+  return file;
+}
+
+// A new file for output; none if the name is taken.
+FileHandle Create(const std::string& path) {
+  errno = 0;
+#ifdef _WIN32
+  std::error_code error;
+  if (std::filesystem::exists(NativePath(path), error)) return nullptr;
+  FileHandle file(_wfopen(NativePath(path).c_str(), L"wb"));
+#else
+  FileHandle file(std::fopen(path.c_str(), "wbx"));
+  if (!file && errno == EEXIST) return nullptr;
 #endif
   if (!file) throw SystemError(errno, path);
   return file;
@@ -50,30 +73,11 @@ bool Sync(std::FILE* file) {
 #endif
 }
 
-}  // namespace
+// What a pipe or a device may give beyond the size it told, in bytes: far more than any file of the
+// system, and an end to a device that has none.
+constexpr std::size_t LargestSurplus = std::size_t{64} << 20;
 
-std::string ReadWholeFile(const std::string& path) {
-  const FileHandle file = Open(path, Use::Read);
-  std::error_code unknown;
-  const auto size = std::filesystem::file_size(NativePath(path), unknown);
-
-  // One byte more than the size that the system tells, so that one call reads a file to its end.
-  std::string bytes(unknown ? 4096 : static_cast<std::size_t>(size) + 1, '\0');
-  std::size_t length = 0;
-  for (;;) {
-    errno = 0;
-    const std::size_t got = std::fread(bytes.data() + length, 1, bytes.size() - length, file.get());
-    if (std::ferror(file.get()) != 0) throw SystemError(errno, path);
-    length += got;
-    if (length < bytes.size()) break;
-    bytes.resize(bytes.size() * 2);
-  }
-  bytes.resize(length);
-  return bytes;
-}
-
-void WriteWholeFile(const std::string& path, std::string_view bytes) {
-  FileHandle file = Open(path, Use::Write);
+void WriteAndClose(FileHandle file, const std::string& path, std::string_view bytes) {
   errno = 0;
   if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
       std::fflush(file.get()) != 0 || !Sync(file.get())) {
@@ -82,15 +86,67 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
   if (std::fclose(file.release()) != 0) throw SystemError(errno, path);
 }
 
+}  // namespace
+
+std::string ReadWholeFile(const std::string& path) {
+  const FileHandle file = Open(path, Use::Read);
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(NativePath(path), unknown);
+  const std::size_t told = unknown ? 4095 : static_cast<std::size_t>(size);
+
+  // One byte more than the size that the system tells, so that one call reads a file to its end.
+  std::string bytes(told + 1, '\0');
+  std::size_t length = 0;
+  for (;;) {
+    errno = 0;
+    const std::size_t got = std::fread(bytes.data() + length, 1, bytes.size() - length, file.get());
+    if (std::ferror(file.get()) != 0) throw SystemError(errno, path);
+    length += got;
+    if (length < bytes.size()) break;
+    if (bytes.size() > told + LargestSurplus) throw SystemError(EFBIG, path);
+    bytes.resize(bytes.size() * 2);
+  }
+  bytes.resize(length);
+  return bytes;
+}
+
+void WriteWholeFile(const std::string& path, std::string_view bytes) {
+  WriteAndClose(Open(path, Use::Write), path, bytes);
+}
+
 void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  const std::string fresh = path + ".tmp";
   std::error_code error;
+  std::filesystem::path target = NativePath(path);
+  const std::filesystem::file_status old = std::filesystem::status(target, error);
+  if (std::filesystem::exists(old)) {
+    // A device or a pipe has a name that must not be taken from it; a folder says so here.
+    if (!std::filesystem::is_regular_file(old)) {
+      WriteWholeFile(path, bytes);
+      return;
+    }
+    // Its folder would let a file be replaced that may not be written.
+    Open(path, Use::Update);
+    // A link stays a link, and the file that it leads to is replaced.
+    const std::filesystem::path linked = std::filesystem::canonical(target, error);
+    if (!error) target = linked;
+  }
+
+  std::string fresh = TextOf(target);
+  FileHandle file;
+  while (!file) {
+    fresh += ".tmp";  // once more where another program has that name in use
+    file = Create(fresh);
+  }
   try {
-    WriteWholeFile(fresh, bytes);
-    std::filesystem::rename(NativePath(fresh), NativePath(path), error);
-    if (error) throw SystemError(error.value(), path);
-  } catch (const RuntimeError&) {
-    if (IsRegularFile(fresh)) std::filesystem::remove(NativePath(fresh), error);
+    if (std::filesystem::exists(old)) {
+      std::filesystem::permissions(NativePath(fresh), old.permissions(), error);
+    }
+    WriteAndClose(std::move(file), fresh, bytes);
+    std::filesystem::rename(NativePath(fresh), target, error);
+    if (error) throw SystemError(error.default_error_condition().value(), path);
+  } catch (...) {
+    file.reset();
+    std::filesystem::remove(NativePath(fresh), error);
     throw;
   }
 }
@@ -101,8 +157,7 @@ bool IsRegularFile(const std::string& path) {
 }
 
 std::string FileName(const std::string& path) {
-  const std::u8string name = NativePath(path).filename().u8string();
-  return std::string(name.begin(), name.end());
+  return TextOf(NativePath(path).filename());
 }
 
 }  // namespace orvane

@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-// All bytes of a file.
+// All bytes of a file. A device that gives bytes without end is refused as too large.
 std::string ReadWholeFile(const std::string& path);
 
 // Opens `path` for output, replacing what it held, and writes, flushes, syncs and closes it, each
@@ -15,7 +15,8 @@ std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, std::string_view bytes);
 
 // Replaces `path` as one step: the bytes go into a new file beside it, are synced there, and take
-// the name of the old one. On an error the old file stands and nothing new is left behind.
+// the name of the old one, whose permissions they keep. On an error the old file stands and nothing
+// new is left behind. A link is followed; what is no regular file is written directly.
 void ReplaceWholeFile(const std::string& path, std::string_view bytes);
 
 // True for an ordinary file: no folder, no device.

@@ -63,7 +63,9 @@ bool IsTooSmall(std::string_view number) {
     if (negative || exponent.front() == '+') exponent.remove_prefix(1);
     long long size = 0;
     const auto result = std::from_chars(exponent.data(), exponent.data() + exponent.size(), size);
-    if (result.ec != std::errc()) return negative;
+    // An exponent of more digits than a text has outweighs every place, and is too large to add.
+    constexpr long long beyondAll = std::numeric_limits<long long>::max() / 2;
+    if (result.ec != std::errc() || size > beyondAll) return negative;
     place += negative ? -size : size;
   }
   return place < 0;

@@ -1,1 +1,203 @@
 #include "core/settings.h"
+
+#include <array>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <stdexcept>
+#include <variant>
+
+#include "core/desktop.h"
+#include "core/model.h"
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+
+namespace orvane {
+
+namespace {
+
+// The keys below the root.
+constexpr std::string_view Registration = "\\Registration";
+constexpr std::string_view General = "\\Settings";
+constexpr std::string_view PageSetup = "\\Settings\\PageSetup";
+constexpr std::string_view Drawings = "\\Settings\\Drawings";
+constexpr std::string_view MaxLengths = "\\Settings\\MaxDims";
+
+// Where a setting is held while the system runs: nowhere, in a value of the model, or in a row of
+// MaxDims.
+struct MaxDimsRow {
+  int Row = 0;
+};
+using Holder = std::variant<std::monostate, std::string*, std::int16_t*, double*, MaxDimsRow>;
+
+struct Setting {
+  std::string_view Key;
+  std::string_view Name;
+  std::string_view Default;
+  Holder HeldIn;
+};
+
+// Every setting, in the order in which the values of a key are read and written.
+constexpr auto Settings = std::to_array<Setting>({
+    // clang-format off
+    {Registration, "Company Name",     "",      &CompanyName},
+    {Registration, "Company Details",  "",      &CompanyDetails},
+    {General,      "ProjectDirectory", "",      {}},
+    {General,      "CAMDirectory",     "",      {}},
+    {PageSetup,    "LeftMargin",       "10",    &LeftMargin},
+    {PageSetup,    "RightMargin",      "10",    &RightMargin},
+    {PageSetup,    "TopMargin",        "10",    &TopMargin},
+    {PageSetup,    "BottomMargin",     "10",    &BottomMargin},
+    {Drawings,     "MinHoleSep",       "4",     &MinHoleSep},
+    {MaxLengths,   "Z",                "15000", MaxDimsRow{1}},
+    {MaxLengths,   "E",                "15000", MaxDimsRow{2}},
+    {MaxLengths,   "C",                "15000", MaxDimsRow{3}},
+    {MaxLengths,   "V",                "3050",  MaxDimsRow{4}},
+    {MaxLengths,   "R",                "3050",  MaxDimsRow{5}},
+    {MaxLengths,   "T",                "4000",  MaxDimsRow{6}},
+    // clang-format on
+});
+constexpr int MaxDimsCount = 6;
+
+// The number shown for an error that isn't one of the system's own, such as a lack of memory.
+constexpr int ForeignErrorNumber = 900;
+
+void ShowError(int number, const std::string& description) {
+  TheDesktop().Message("ERROR #" + ShortestText(static_cast<double>(number)) + " : " + description);
+}
+
+// Runs an action on the store; an error in it is shown, and gives `failed`.
+template <class Result>
+Result Guarded(const std::function<Result()>& action, Result failed) {
+  try {
+    return action();
+  } catch (const RuntimeError& error) {
+    ShowError(error.Number(), error.Description());
+  } catch (const std::exception& error) {
+    ShowError(ForeignErrorNumber, error.what());
+  }
+  return failed;
+}
+
+// A stored text into the place that holds the setting.
+void Take(const Holder& holder, const std::string& text) {
+  if (const auto* held = std::get_if<std::string*>(&holder)) {
+    **held = text;
+  } else if (const auto* margin = std::get_if<std::int16_t*>(&holder)) {
+    **margin = Whole(Val(text));
+  } else if (const auto* size = std::get_if<double*>(&holder)) {
+    **size = Val(text);
+  } else if (const auto* length = std::get_if<MaxDimsRow>(&holder)) {
+    MaxDims.At(length->Row) = Val(text);
+  }
+}
+
+// What is held as the text to store: numbers in the form "0".
+std::string TextOf(const Holder& holder) {
+  if (const auto* held = std::get_if<std::string*>(&holder)) return **held;
+  if (const auto* margin = std::get_if<std::int16_t*>(&holder)) {
+    return FormatNumber(static_cast<double>(**margin), 0);
+  }
+  if (const auto* size = std::get_if<double*>(&holder)) return FormatNumber(**size, 0);
+  if (const auto* length = std::get_if<MaxDimsRow>(&holder)) {
+    return FormatNumber(MaxDims.At(length->Row), 0);
+  }
+  return {};
+}
+
+std::string StoredText(const Setting& setting) {
+  return GetRegValue(TheSettingsRoot, SettingsKey + std::string(setting.Key),
+                     std::string(setting.Name), std::string(setting.Default));
+}
+
+void StoreText(const Setting& setting, const std::string& text) {
+  SetRegValue(TheSettingsRoot, SettingsKey + std::string(setting.Key), std::string(setting.Name),
+              text);
+}
+
+void LoadKey(std::string_view key) {
+  for (const Setting& setting : Settings) {
+    if (setting.Key == key) Take(setting.HeldIn, StoredText(setting));
+  }
+}
+
+void SaveKey(std::string_view key) {
+  for (const Setting& setting : Settings) {
+    if (setting.Key == key) StoreText(setting, TextOf(setting.HeldIn));
+  }
+}
+
+// The setting of that name under the general key, where those stand that nothing holds.
+const Setting& GeneralSetting(std::string_view name) {
+  for (const Setting& setting : Settings) {
+    if (setting.Key == General && setting.Name == name) return setting;
+  }
+  throw std::logic_error("no such setting");
+}
+
+}  // namespace
+
+SettingsRoot TheSettingsRoot = SettingsRoot::LocalMachine;
+
+const std::string SettingsKey = "SOFTWARE\\Lintaro";
+
+std::string GetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
+                        const std::string& defaultText) {
+  return Guarded<std::string>(
+      [&] { return TheDesktop().Settings().Query(root, key, name).value_or(defaultText); }, "");
+}
+
+bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
+                 const std::string& text) {
+  return Guarded<bool>([&] { return TheDesktop().Settings().Store(root, key, name, text); }, false);
+}
+
+void LoadPageSetup() {
+  LoadKey(PageSetup);
+}
+void SavePageSetup() {
+  SaveKey(PageSetup);
+}
+
+void LoadDrawingSettings() {
+  LoadKey(Drawings);
+}
+void SaveDrawingSettings() {
+  SaveKey(Drawings);
+}
+
+void LoadMaxDims() {
+  MaxDims.Resize(MaxDimsCount);
+  LoadKey(MaxLengths);
+}
+void SaveMaxDims() {
+  SaveKey(MaxLengths);
+}
+
+void LoadRegistration() {
+  LoadKey(Registration);
+}
+void SaveRegistration() {
+  SaveKey(Registration);
+}
+
+std::string ProjectDirectory() {
+  return StoredText(GeneralSetting("ProjectDirectory"));
+}
+void StoreProjectDirectory(const std::string& folder) {
+  StoreText(GeneralSetting("ProjectDirectory"), folder);
+}
+
+std::string CamDirectory() {
+  return StoredText(GeneralSetting("CAMDirectory"));
+}
+void StoreCamDirectory(const std::string& folder) {
+  StoreText(GeneralSetting("CAMDirectory"), folder);
+}
+
+std::string FolderOfPath(std::string_view path) {
+  const std::size_t last = path.find_last_of("\\/");
+  return last == std::string_view::npos ? std::string() : std::string(path.substr(0, last + 1));
+}
+
+}  // namespace orvane

@@ -44,8 +44,8 @@ bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& n
 // --- The settings, by key
 // ----------------------------------------------------------------------------- Each procedure
 // reads or writes the values of one key in their fixed order. Numbers are stored in the form "0"
-// and read back by number prefix, margins then rounded to 16 bits. Storing MinHoleSep in the form
-// "0" gives up its fraction: deliberate.
+// and read back by number prefix, margins then rounded to 16 bits ("Overflow" beyond them). Storing
+// MinHoleSep in the form "0" gives up its fraction: deliberate.
 
 void LoadPageSetup();
 void SavePageSetup();

@@ -125,10 +125,9 @@ bool IsUtf8(std::string_view bytes) {
 }
 
 std::string DecodeText(std::string bytes) {
-  if (IsUtf8(bytes)) {
-    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
-    return bytes;
-  }
+  // The mark is no text in any case, not even before bytes that break the encoding it announces.
+  if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
+  if (IsUtf8(bytes)) return bytes;
   std::string text;
   text.reserve(bytes.size() + bytes.size() / 8);
   for (const char c : bytes) {

@@ -23,8 +23,8 @@ std::string_view LastChars(std::string_view text, std::size_t count);
 
 bool IsUtf8(std::string_view bytes);
 
-// The bytes of a text file as UTF-8: as they stand when all of them are valid UTF-8 (a byte-order
-// mark in front is dropped), else read as Windows-1252, in which every byte is one character.
+// The bytes of a text file as UTF-8, a byte-order mark in front dropped: as they stand when all of
+// them are valid UTF-8, else read as Windows-1252, in which every byte is one character.
 std::string DecodeText(std::string bytes);
 
 // UTF-8 text in the single-byte code page of the factory files, Windows-1252: one byte a character,

@@ -22,6 +22,15 @@ std::size_t FieldEnd(std::string_view text, std::size_t at) {
   return at;
 }
 
+int LineEndsIn(std::string_view text) {
+  int count = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text.compare(at, 2, "\r\n") == 0) ++at;
+    if (IsLineEnd(text[at])) ++count;
+  }
+  return count;
+}
+
 }  // namespace
 
 TextFile TextFile::Open(const std::string& path) {
@@ -39,7 +48,7 @@ std::string_view TextFile::ReadField() {
   if (!AtEnd() && text[at_] == '"') {
     const std::size_t close = std::min(text.find('"', at_ + 1), text.size());
     field = text.substr(at_ + 1, close - at_ - 1);
-    row_ += static_cast<int>(std::count(field.begin(), field.end(), '\n'));
+    row_ += LineEndsIn(field);
     at_ = FieldEnd(text, close);
   } else {
     const std::size_t end = FieldEnd(text, at_);

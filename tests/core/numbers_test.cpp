@@ -1,0 +1,466 @@
+#include "core/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+#include <limits>
+#include <locale>
+#include <string>
+#include <vector>
+
+#include "tests/support/fixture.h"
+
+namespace {
+
+using namespace orvane;
+using orvane::test::ErrorOf;
+
+const double NotANumber = std::numeric_limits<double>::quiet_NaN();
+const double Infinity = std::numeric_limits<double>::infinity();
+
+// --- Val
+
+TEST(Numbers, Val_reads_the_number_in_front_and_gives_0_without_one) {
+  struct Case {
+    std::string Text;
+    double Value;
+  };
+  const std::vector<Case> cases = {
+      {"", 0},
+      {" ", 0},
+      {"abc", 0},
+      {"y", 0},
+      {"5", 5},
+      {"00012", 12},
+      {"  12abc", 12},
+      {"12abc", 12},
+      {"60mm", 60},
+      {"-3.5x", -3.5},
+      // Signs: one, right in front.
+      {"+5", 5},
+      {"-5", -5},
+      {"+", 0},
+      {"-", 0},
+      {"+-5", 0},
+      {"--5", 0},
+      {"- 5", 0},
+      {"5-", 5},
+      // One point, among or around the digits.
+      {"5.", 5},
+      {".5", 0.5},
+      {"-.5", -0.5},
+      {".", 0},
+      {"-.", 0},
+      {"1.5.2", 1.5},
+      {"..5", 0},
+      {"1,5", 1},
+      {"1'000", 1},
+      // An exponent only if digits follow.
+      {"1e5", 100000},
+      {"1E+5", 100000},
+      {"25e-1", 2.5},
+      {"1.e2", 100},
+      {".5e1", 5},
+      {"1e", 1},
+      {"1e+", 1},
+      {"1e-x", 1},
+      {"1ex", 1},
+      {"1e2.5", 100},
+      {"1d5", 1},
+      {"e5", 0},
+      // A blank ends the number; only blanks are skipped before it.
+      {"1 2", 1},
+      {"5. 3", 5},
+      {"1 e5", 1},
+      {"\t5", 0},
+      {"\r\n5", 0},
+      {"\xC2\xA0"
+       "5",
+       0},
+      // No hexadecimal and no words.
+      {"0x10", 0},
+      {"&H10", 0},
+      {"inf", 0},
+      {"-inf", 0},
+      {"INF", 0},
+      {"infinity", 0},
+      {"nan", 0},
+      {"NAN(1)", 0},
+      // Too small for a float of 64 bits is 0.
+      {"1e-400", 0},
+      {"-1e-400", 0},
+      {".001e-9223372036854775807", 0},
+      {"1e-99999999999999999999999", 0},
+      {"0e99999999999999999999999", 0},
+      {"0.0e999", 0},
+      // A long way round to 1.
+      {"0." + std::string(399, '0') + "1e400", 1},
+      {"1" + std::string(400, '0') + "e-400", 1},
+  };
+  for (const Case& c : cases) EXPECT_EQ(Val(c.Text), c.Value) << '"' << c.Text << '"';
+}
+
+TEST(Numbers, Val_raises_Overflow_for_a_number_beyond_64_bits_and_is_never_infinite) {
+  for (const std::string& text :
+       {std::string("1e999"), std::string("-1e999"), std::string("1e309"),
+        "1" + std::string(400, '0'), std::string("10e9223372036854775807"),
+        std::string("1e99999999999999999999999"), "0.001e" + std::string(30, '9')}) {
+    EXPECT_EQ(ErrorOf([&] { Val(text); }), "Overflow") << text;
+  }
+}
+
+TEST(Numbers, Val_reads_the_largest_and_the_smallest_float) {
+  EXPECT_EQ(Val("1.7976931348623157e308"), std::numeric_limits<double>::max());
+  EXPECT_EQ(Val("2.2250738585072014e-308"), std::numeric_limits<double>::min());
+}
+
+TEST(Numbers, IsNumber_wants_the_whole_trimmed_text_to_be_one_number) {
+  for (const char* text :
+       {"5", " 5 ", "-0", "+5", "5.", ".5", "12.50", "1e5", "1E-14", "-1.5e+3", "007", "32768"}) {
+    EXPECT_TRUE(IsNumber(text)) << '"' << text << '"';
+  }
+  for (const char* text :
+       {"",     " ",   ".",  "+",   "-",   "1,5", "&H10", "0x10", "inf",   "nan", "flat",
+        "5deg", "1 2", "1e", "1e+", "--5", "\t5", "5\t",  "5\r",  "1.2.3", "e5",  "y"}) {
+    EXPECT_FALSE(IsNumber(text)) << '"' << text << '"';
+  }
+}
+
+// --- Strict conversions
+
+TEST(Numbers, ParseInt16_sends_a_fraction_through_Whole) {
+  struct Case {
+    const char* Text;
+    int Value;
+  };
+  const std::vector<Case> cases = {{"5", 5},           {" 12 ", 12},       {"-1", -1},
+                                   {"+7", 7},          {"2.5", 2},         {"3.5", 4},
+                                   {"-0.5", 0},        {"-1.5", -2},       {"12.0", 12},
+                                   {"1e3", 1000},      {"1e-400", 0},      {"32767", 32767},
+                                   {"32767.4", 32767}, {"-32768", -32768}, {"-32768.5", -32768}};
+  for (const Case& c : cases) EXPECT_EQ(ParseInt16(c.Text), c.Value) << '"' << c.Text << '"';
+}
+
+TEST(Numbers, strict_conversions_refuse_a_text_that_is_not_a_number_from_end_to_end) {
+  for (const char* text : {"", " ", "x", "1,5", "&H10", "0x10", "inf", "nan", "5x", "12 off", "1 2",
+                           "1e", "-", "\t5"}) {
+    EXPECT_EQ(ErrorOf([&] { ParseInt16(text); }), "Type mismatch") << '"' << text << '"';
+    EXPECT_EQ(ErrorOf([&] { ParseFloat(text); }), "Type mismatch") << '"' << text << '"';
+    EXPECT_EQ(ErrorOf([&] { ParseDouble(text); }), "Type mismatch") << '"' << text << '"';
+  }
+}
+
+TEST(Numbers, ParseInt16_raises_Overflow_beyond_16_bits) {
+  // 32767.5 lies halfway; its even neighbour is 32768.
+  for (const char* text :
+       {"32767.5", "32768", "40000", "-32768.6", "-32769", "1e9", "1e300", "1e999"}) {
+    EXPECT_EQ(ErrorOf([&] { ParseInt16(text); }), "Overflow") << text;
+  }
+}
+
+TEST(Numbers, strict_floats_keep_fraction_and_exponent) {
+  EXPECT_EQ(ParseFloat(" 22.5 "), 22.5F);
+  EXPECT_EQ(ParseFloat("-0.1"), -0.1F);
+  EXPECT_EQ(ParseFloat("1e-60"), 0.0F);
+  EXPECT_EQ(ParseDouble("1.4210854715202E-14"), 1.4210854715202e-14);
+  EXPECT_EQ(ParseDouble("-12.25"), -12.25);
+  EXPECT_EQ(ErrorOf([] { ParseFloat("1e39"); }), "Overflow");
+  EXPECT_EQ(ErrorOf([] { ParseDouble("1e309"); }), "Overflow");
+}
+
+// --- Rounding and limits
+
+TEST(Numbers, Whole_rounds_an_exact_half_to_the_even_neighbour) {
+  struct Case {
+    double Value;
+    int Whole;
+  };
+  const std::vector<Case> cases = {
+      {0.5, 0},       {1.5, 2},       {2.5, 2},         {3.5, 4},         {-0.5, 0},
+      {-1.5, -2},     {-2.5, -2},     {0.49999, 0},     {0.50001, 1},     {2.50001, 3},
+      {1049.5, 1050}, {1050.5, 1050}, {32767.4, 32767}, {32766.5, 32766}, {-32768.5, -32768}};
+  for (const Case& c : cases) EXPECT_EQ(Whole(c.Value), c.Whole) << c.Value;
+}
+
+TEST(Numbers, Whole_raises_Overflow_beyond_16_bits_and_for_what_is_no_number) {
+  for (const double value :
+       {32767.5, 32768.0, -32768.51, -32769.0, 1e10, -1e300, NotANumber, Infinity, -Infinity}) {
+    EXPECT_EQ(ErrorOf([&] { Whole(value); }), "Overflow") << value;
+  }
+}
+
+TEST(Numbers, Int16_is_checked_at_both_limits) {
+  EXPECT_EQ(Int16(32767), 32767);
+  EXPECT_EQ(Int16(-32768), -32768);
+  EXPECT_EQ(ErrorOf([] { Int16(32768); }), "Overflow");
+  EXPECT_EQ(ErrorOf([] { Int16(-32769); }), "Overflow");
+  EXPECT_EQ(ErrorOf([] { Int16(1LL << 40); }), "Overflow");
+}
+
+TEST(Numbers, Float32_is_checked_at_its_limit) {
+  EXPECT_EQ(Float32(0.1), 0.1F);
+  EXPECT_EQ(Float32(std::numeric_limits<float>::max()), std::numeric_limits<float>::max());
+  for (const double value : {3.5e38, -1e39, Infinity, NotANumber}) {
+    EXPECT_EQ(ErrorOf([&] { Float32(value); }), "Overflow") << value;
+  }
+}
+
+TEST(Numbers, Divide_raises_Division_by_zero_instead_of_giving_what_is_no_number) {
+  EXPECT_EQ(Divide(9, 4), 2.25);
+  EXPECT_EQ(ErrorOf([] { Divide(1, 0); }), "Division by zero");
+  EXPECT_EQ(ErrorOf([] { Divide(0, 0); }), "Division by zero");
+  EXPECT_EQ(ErrorOf([] { Divide(1, -0.0); }), "Division by zero");
+}
+
+TEST(Numbers, booleans_are_minus_1_and_0) {
+  EXPECT_EQ(True, -1);
+  EXPECT_EQ(False, 0);
+  EXPECT_EQ(ToBoolean(true), -1);
+  EXPECT_EQ(ToBoolean(false), 0);
+  EXPECT_EQ(sizeof(Boolean), 2U);
+}
+
+// --- Number to text
+
+TEST(Numbers, FormatNumber_rounds_the_decimal_text_half_away_from_zero) {
+  struct Case {
+    double Value;
+    const char* Form0;
+    const char* Form1;
+  };
+  const std::vector<Case> cases = {
+      {0, "0", "0.0"},
+      {5, "5", "5.0"},
+      {-5, "-5", "-5.0"},
+      {0.5, "1", "0.5"},
+      {1.5, "2", "1.5"},
+      {2.5, "3", "2.5"},
+      {-2.5, "-3", "-2.5"},
+      {4.5, "5", "4.5"},
+      {1234.5, "1235", "1234.5"},
+      {22.5, "23", "22.5"},
+      {0.25, "0", "0.3"},
+      {12.25, "12", "12.3"},
+      {-12.25, "-12", "-12.3"},
+      // Binary values a little below or above the half that their text shows.
+      {0.15, "0", "0.2"},
+      {0.35, "0", "0.4"},
+      {1.15, "1", "1.2"},
+      {12.35, "12", "12.4"},
+      {12.45, "12", "12.5"},
+      {1000.05, "1000", "1000.1"},
+      // A carry goes through to a digit more.
+      {9.95, "10", "10.0"},
+      {99.5, "100", "99.5"},
+      {99.95, "100", "100.0"},
+      {0.95, "1", "1.0"},
+      // Small values: down to nothing, or up to the last decimal.
+      {0.4, "0", "0.4"},
+      {0.05, "0", "0.1"},
+      {0.049, "0", "0.0"},
+      {0.04, "0", "0.0"},
+      {0.001, "0", "0.0"},
+      {1e-14, "0", "0.0"},
+      {1e-300, "0", "0.0"},
+      // The fifteenth digit decides; what lies behind it has been rounded away.
+      {0.499999999999999, "0", "0.5"},
+      {0.4999999999999999, "1", "0.5"},
+      {2.4999999999999996, "3", "2.5"},
+      // Large values have as many digits as they need.
+      {32767, "32767", "32767.0"},
+      {1e15, "1000000000000000", "1000000000000000.0"},
+      {1e20, "100000000000000000000", "100000000000000000000.0"},
+      {123456789012345.5, "123456789012346", "123456789012346.0"},
+      // A zero bears no sign, whatever it was rounded from.
+      {-0.0, "0", "0.0"},
+      {-0.04, "0", "0.0"},
+      {-0.4, "0", "-0.4"},
+      {-0.05, "0", "-0.1"},
+      {-0.5, "-1", "-0.5"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(FormatNumber(c.Value, 0), c.Form0) << c.Value;
+    EXPECT_EQ(FormatNumber(c.Value, 1), c.Form1) << c.Value;
+  }
+}
+
+TEST(Numbers, FormatNumber_takes_seven_digits_of_a_32_bit_float) {
+  struct Case {
+    float Value;
+    const char* Form0;
+    const char* Form1;
+  };
+  const std::vector<Case> cases = {{0.15F, "0", "0.2"},
+                                   {0.45F, "0", "0.5"},
+                                   {2.5F, "3", "2.5"},
+                                   {12.35F, "12", "12.4"},
+                                   {-22.5F, "-23", "-22.5"},
+                                   {-0.04F, "0", "0.0"},
+                                   {-0.0F, "0", "0.0"},
+                                   {0.49999999F, "1", "0.5"},
+                                   {9.95F, "10", "10.0"},
+                                   {123456.7F, "123457", "123456.7"},
+                                   {16777216.0F, "16777220", "16777220.0"},
+                                   {9999999.0F, "9999999", "9999999.0"}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(FormatNumber(c.Value, 0), c.Form0) << c.Value;
+    EXPECT_EQ(FormatNumber(c.Value, 1), c.Form1) << c.Value;
+  }
+}
+
+TEST(Numbers, FormatNumber_and_Whole_differ_on_purpose_at_an_even_half) {
+  EXPECT_EQ(FormatNumber(2.5, 0), "3");
+  EXPECT_EQ(Whole(2.5), 2);
+}
+
+TEST(Numbers, a_value_that_is_no_number_has_no_text) {
+  for (const double value : {NotANumber, Infinity, -Infinity}) {
+    EXPECT_EQ(ErrorOf([&] { FormatNumber(value, 0); }), "Overflow");
+    EXPECT_EQ(ErrorOf([&] { ShortestText(value); }), "Overflow");
+  }
+}
+
+TEST(Numbers, ShortestText_of_a_64_bit_float_has_up_to_15_digits) {
+  struct Case {
+    double Value;
+    const char* Text;
+  };
+  const std::vector<Case> cases = {
+      {0, "0"},
+      {-0.0, "0"},
+      {0.5, "0.5"},
+      {-0.5, "-0.5"},
+      {12.50, "12.5"},
+      {22.5, "22.5"},
+      {1200, "1200"},
+      {-32768, "-32768"},
+      {0.1 + 0.2, "0.3"},
+      {1.0 / 3, "0.333333333333333"},
+      {2.0 / 3, "0.666666666666667"},
+      {100.0 / 3, "33.3333333333333"},
+      {0.0001, "0.0001"},
+      {0.00012345, "0.00012345"},
+      {0.00001, "1E-05"},
+      {-0.000012, "-1.2E-05"},
+      // The left-over of 1200.1 - 1200 - 0.1 and its like: a power of two over 10 to the 14th.
+      {0x1p-46, "1.4210854715202E-14"},
+      {999999999999999, "999999999999999"},
+      {1e15, "1E+15"},
+      {1234567890123456, "1.23456789012346E+15"},
+      {1e100, "1E+100"},
+      {99999999999999.94, "99999999999999.9"}};
+  for (const Case& c : cases) EXPECT_EQ(ShortestText(c.Value), c.Text) << c.Value;
+}
+
+TEST(Numbers, ShortestText_of_a_32_bit_float_has_up_to_7_digits) {
+  struct Case {
+    float Value;
+    const char* Text;
+  };
+  const std::vector<Case> cases = {{0.0F, "0"},
+                                   {-0.0F, "0"},
+                                   {22.5F, "22.5"},
+                                   {-7.25F, "-7.25"},
+                                   {0.1F, "0.1"},
+                                   {1.0F / 3, "0.3333333"},
+                                   {2.0F / 3, "0.6666667"},
+                                   {16.67F, "16.67"},
+                                   // needs nine digits to come back the same; seven are written
+                                   {16777.217F, "16777.22"},
+                                   {9999999.0F, "9999999"},
+                                   {10000000.0F, "1E+07"},
+                                   {16777216.0F, "1.677722E+07"},
+                                   {0.00001F, "1E-05"}};
+  for (const Case& c : cases) EXPECT_EQ(ShortestText(c.Value), c.Text) << c.Value;
+}
+
+TEST(Numbers, ShortestText_of_a_16_bit_number_is_its_digits) {
+  EXPECT_EQ(ShortestText(std::int16_t{0}), "0");
+  EXPECT_EQ(ShortestText(std::int16_t{5}), "5");
+  EXPECT_EQ(ShortestText(std::int16_t{32767}), "32767");
+  EXPECT_EQ(ShortestText(std::int16_t{-32768}), "-32768");
+}
+
+template <class Number>
+std::string FileNumber(Number value) {
+  std::string text = "x";  // what stands there already stays
+  AppendFileNumber(text, value);
+  return text.substr(1);
+}
+
+TEST(Numbers, the_file_form_is_a_blank_or_a_minus_the_digits_and_a_blank) {
+  EXPECT_EQ(FileNumber(std::int16_t{5}), " 5 ");
+  EXPECT_EQ(FileNumber(std::int16_t{0}), " 0 ");
+  EXPECT_EQ(FileNumber(std::int16_t{-5}), "-5 ");
+  EXPECT_EQ(FileNumber(std::int16_t{32767}), " 32767 ");
+  EXPECT_EQ(FileNumber(std::int16_t{-32768}), "-32768 ");
+  EXPECT_EQ(FileNumber(True), "-1 ");
+  EXPECT_EQ(FileNumber(False), " 0 ");
+  EXPECT_EQ(FileNumber(22.5F), " 22.5 ");
+  EXPECT_EQ(FileNumber(-22.5F), "-22.5 ");
+  EXPECT_EQ(FileNumber(-0.0F), " 0 ");
+  EXPECT_EQ(FileNumber(0.1F), " 0.1 ");
+  EXPECT_EQ(FileNumber(1.0F / 3), " 0.3333333 ");
+  EXPECT_EQ(FileNumber(0.0), " 0 ");
+  EXPECT_EQ(FileNumber(-0.0), " 0 ");
+  EXPECT_EQ(FileNumber(-0.5), "-0.5 ");
+  EXPECT_EQ(FileNumber(1.0 / 3), " 0.333333333333333 ");
+  EXPECT_EQ(FileNumber(-0x1p-46), "-1.4210854715202E-14 ");
+}
+
+TEST(Numbers, what_is_written_reads_back_as_the_number_it_shows) {
+  for (const double value : {0.5, -0.5, 22.5, 1.4210854715202e-14, 1e15, 33.3333333333333, 12000.0,
+                             -1.2e-05, 123456.789}) {
+    EXPECT_EQ(ParseDouble(FileNumber(value)), value) << value;
+  }
+  for (const float value : {0.1F, 22.5F, -7.25F, 1e7F, 16.67F, 0.00001F}) {
+    EXPECT_EQ(ParseFloat(FileNumber(value)), value) << value;
+  }
+}
+
+// --- Locales
+
+void ExpectNumbersWithPoints() {
+  EXPECT_EQ(Val("22.5mm"), 22.5);
+  EXPECT_EQ(Val("22,5"), 22);
+  EXPECT_EQ(Val("1.234.567"), 1.234);
+  EXPECT_TRUE(IsNumber("12.50"));
+  EXPECT_FALSE(IsNumber("12,50"));
+  EXPECT_EQ(ParseFloat("22.5"), 22.5F);
+  EXPECT_EQ(ParseDouble("-0.25"), -0.25);
+  EXPECT_EQ(ErrorOf([] { ParseDouble("0,25"); }), "Type mismatch");
+  EXPECT_EQ(FormatNumber(12345.25, 1), "12345.3");
+  EXPECT_EQ(FormatNumber(1234567.0, 0), "1234567");
+  EXPECT_EQ(ShortestText(12345.5), "12345.5");
+  EXPECT_EQ(ShortestText(0.5F), "0.5");
+  EXPECT_EQ(FileNumber(std::int16_t{12345}), " 12345 ");
+  EXPECT_EQ(FileNumber(1234.5), " 1234.5 ");
+}
+
+class DecimalComma : public std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+  char do_thousands_sep() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(Numbers, a_global_locale_with_decimal_comma_and_grouping_changes_nothing) {
+  const std::locale before =
+      std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
+  ExpectNumbersWithPoints();
+  std::locale::global(before);
+}
+
+TEST(Numbers, a_C_locale_with_decimal_comma_changes_nothing) {
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  const char* found = nullptr;
+  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "sv_SE.UTF-8", "German"}) {
+    if (found == nullptr) found = std::setlocale(LC_ALL, name);
+  }
+  if (found == nullptr) GTEST_SKIP() << "no locale with a decimal comma is installed";
+  EXPECT_STREQ(std::localeconv()->decimal_point, ",");
+  ExpectNumbersWithPoints();
+  std::setlocale(LC_ALL, before.c_str());
+}
+
+}  // namespace
