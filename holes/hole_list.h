@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/model.h"
 
@@ -35,7 +36,8 @@ bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow);
 void ConvertHolesToCustom(std::int16_t ItemIndex);
 
 // The table half of FillHoleGrid: what the hole grid shows, one row of nine texts for each hole of
-// kind "C", in list order: Xpos, Rel X, BF, W1, W2, TF, Dia, Slot (empty for a round hole), C.
+// kind "C", in list order: Xpos, Rel X, BF, W1, W2, TF, Dia, Slot (empty for a round hole), C. Rel
+// X counts from the previous hole of any kind.
 Table<Table<std::string>> HoleGridRows(std::int16_t ItemIndex);
 
 }  // namespace orvane
