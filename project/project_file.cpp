@@ -1,1 +1,153 @@
 #include "project/project_file.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <string_view>
+#include <utility>
+
+#include "core/desktop.h"
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "core/text_file.h"
+#include "project/project_backup.h"
+#include "project/project_layout.h"
+
+namespace orvane {
+
+namespace {
+
+// The version stamp is written and never compared with anything: reading drops as many characters
+// as it has, whatever they are.
+constexpr std::string_view VersionStamp = "v1.07:";
+constexpr std::size_t VersionStampLength = VersionStamp.size();
+
+// The layout's visitor that builds the file's text.
+class ProjectWriter {
+ public:
+  void OrvaneNumber(const std::string& text) {
+    Plain(std::string(VersionStamp).append(Trim(text)));
+  }
+  void Detail(const std::string& text) { lines_.QuotedLine(Trim(text)); }
+  void ProjectDate(const Date& date) { Plain(ProjectDateText(date, TheDesktop().ShortDateForm())); }
+
+  // A line end inside a plain text would add a line and make the file unreadable; it becomes a
+  // blank. Quotes keep theirs together, since a quoted text may span lines.
+  void Plain(const std::string& text) {
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+    if (std::none_of(text.begin(), text.end(), isLineEnd)) {
+      lines_.Line(text);
+    } else {
+      std::string line = text;
+      std::replace_if(line.begin(), line.end(), isLineEnd, ' ');
+      lines_.Line(line);
+    }
+  }
+  void Quoted(const std::string& text) { lines_.QuotedLine(text); }
+
+  void Number(std::int16_t field) { lines_.NumberLine(field); }
+  void Number(float field) { lines_.NumberLine(field); }
+  void Number(double field) { lines_.NumberLine(field); }
+  void Flag(int row) { lines_.NumberLine(ToBoolean(AccUsed.At(row) != False)); }
+
+  template <class Row>
+  int Count(const Table<Row>& table) {
+    lines_.NumberLine(Int16(table.UBound()));
+    return table.UBound();
+  }
+
+  template <class Row>
+  void Size(const Table<Row>&, int) {}
+
+  template <class Row>
+  void Rows(Table<Row>& table, int first, int last) {
+    for (int row = first; row <= last; ++row) Describe(*this, table.At(row));
+  }
+
+  std::string TakeText() { return lines_.TakeText(); }
+
+ private:
+  LineWriter lines_;
+};
+
+// The layout's visitor that reads a file into the model.
+class ProjectReader {
+ public:
+  explicit ProjectReader(TextFile& file) : file_(file) {}
+
+  // A line no longer than the stamp leaves the number of the project before, deliberately.
+  void OrvaneNumber(std::string& text) {
+    const std::string_view line = file_.ReadField();
+    if (CharCount(line) > VersionStampLength) {
+      text = line.substr(FirstChars(line, VersionStampLength).size());
+    }
+  }
+  void Detail(std::string& text) { text = file_.ReadField(); }
+  void ProjectDate(Date& date) {
+    date = ParseProjectDate(file_.ReadField(), TheDesktop().ShortDateForm());
+  }
+
+  void Plain(std::string& text) { text = file_.ReadField(); }
+  void Quoted(std::string& text) { text = file_.ReadField(); }
+
+  void Number(std::int16_t& field) { field = file_.ReadInt16(); }
+  void Number(float& field) { field = file_.ReadFloat(); }
+  void Number(double& field) { field = file_.ReadDouble(); }
+  void Flag(int row) { AccUsed.At(row) = ToBoolean(file_.ReadDouble() != 0); }
+
+  template <class Row>
+  int Count(const Table<Row>&) {
+    return file_.ReadInt16();
+  }
+
+  // A count that is refused leaves the table as it was.
+  template <class Row>
+  void Size(Table<Row>& table, int count) {
+    Table<Row> sized;
+    sized.Resize(count);
+    table = std::move(sized);
+  }
+
+  template <class Row>
+  void Rows(Table<Row>& table, int first, int last) {
+    for (int row = first; row <= last; ++row) Describe(*this, table.At(row));
+  }
+
+ private:
+  TextFile& file_;
+};
+
+}  // namespace
+
+std::string ProjectText() {
+  ProjectWriter writer;
+  DescribeSections(writer);
+  DescribeType2Lines(writer);
+  DescribeFlags(writer);
+  return writer.TakeText();
+}
+
+void WriteProjectFile(const std::string& path) {
+  const std::string text = ProjectText();
+  KeepProjectBackup(path);
+  WriteWholeFile(path, text);
+}
+
+void ReadProjectFile(const std::string& path) {
+  if (Trim(path).empty()) return;
+  TextFile file = TextFile::Open(path);
+  ProjectReader reader(file);
+  DescribeSections(reader);
+
+  AccLines2.Clear();
+  try {
+    DescribeType2Lines(reader);
+    DescribeFlags(reader);
+  } catch (const std::exception&) {
+    // The whole of the handling of old files: they end in front of the type 2 lines or the flags.
+  }
+}
+
+}  // namespace orvane

@@ -1,5 +1,5 @@
 // The project file: one value a line, no keys, the reader depending on the order. One description
-// of the layout drives the writer and the reader.
+// of the layout (project_layout.h) drives the writer and the reader.
 #pragma once
 
 #include <string>
@@ -8,19 +8,21 @@
 
 namespace orvane {
 
-// The whole text of the open project. A value that has no text in its field raises "Overflow",
-// before any file has been touched.
+// The whole text of the open project, UTF-8 without a mark, lines ended by CR LF. A number that its
+// line can't hold, or more rows than 16 bits count, raise "Overflow"; an item or line that holds
+// fewer rows than its count raises "Subscript out of range".
 std::string ProjectText();
 
 // The table half of SaveProject: builds the text, keeps the former content of a file that reads
-// back whole as PATH.bak, then replaces what the file held. Raises the system's error; a backup
-// that can't be made stops nothing.
+// back whole as PATH.bak, then replaces what the file held. Raises the system's error. An error of
+// building the text touches no file; a backup that can't be made stops nothing.
 void WriteProjectFile(const std::string& path);
 
-// The table half of OpenFile: reads a project into the model. An error up to the end of the type 1
-// accessory lines is raised, and the model then holds what was read until then. Behind them an
-// error, end of file above all, ends the reading without a word: files from before type 2
-// accessories end there.
+// The table half of OpenFile: reads a project into the model; a path of blanks does nothing. An
+// error up to the end of the type 1 accessory lines is raised, and the model then holds what was
+// read until then. Behind them an error, end of file above all, ends the reading without a word:
+// files from before type 2 accessories end there. ProjectFileName and ProjectDirty stay; the
+// command sets them.
 void ReadProjectFile(const std::string& path);
 
 }  // namespace orvane

@@ -1,1 +1,160 @@
 #include "project/sections.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "holes/hole_list.h"
+
+namespace orvane {
+
+namespace {
+
+// The number of the row that is appended next; "Overflow" when it has none in 16 bits.
+std::int16_t NextRow() {
+  return Int16(Items.UBound() + 1);
+}
+
+// The holes of a section turned end for end. Lines and off-gauge distances stay: top stays top.
+void MirrorHoles(const Item& source, Item& hand) {
+  const int last = source.Holes.UBound();
+  for (int row = 1; row <= last; ++row) {
+    const Hole& from = source.Holes.At(row);
+    Hole& to = hand.Holes.At(last - row + 1);
+    to.BF = from.BF;
+    to.W1 = from.W1;
+    to.W2 = from.W2;
+    to.TF = from.TF;
+    to.CounterSunk = from.CounterSunk;
+    to.Diameter = from.Diameter;
+    to.SlotLength = from.SlotLength;
+    to.Kind = from.Kind;
+    to.XPos = Int16(source.Length - from.XPos);
+  }
+}
+
+// What becomes of a notch's position.
+enum class Position { Cleared, Kept, Mirrored };
+
+struct MirroredCode {
+  std::string_view Code;
+  std::string_view NewCode;
+  Position Size3;
+};
+
+// A corner notch has its position cleared, an end notch keeps it, a notch along the length is
+// mirrored: all three are deliberate.
+constexpr MirroredCode MirroredCodes[] = {
+    {"TL1", "TR1", Position::Cleared}, {"TR1", "TL1", Position::Cleared},
+    {"T2", "T2", Position::Mirrored},  {"L3", "R3", Position::Kept},
+    {"R3", "L3", Position::Kept},      {"BL1", "BR1", Position::Cleared},
+    {"BR1", "BL1", Position::Cleared}, {"B2", "B2", Position::Mirrored},
+};
+
+// The notch as the mirrored section has it; a code that isn't known keeps neither code nor
+// position.
+Notch MirrorNotch(const Notch& source, std::int16_t length) {
+  Notch hand;
+  hand.Size1 = source.Size1;
+  hand.Size2 = source.Size2;
+  for (const MirroredCode& mirrored : MirroredCodes) {
+    if (mirrored.Code != source.Code) continue;
+    hand.Code = mirrored.NewCode;
+    if (mirrored.Size3 == Position::Kept) hand.Size3 = source.Size3;
+    if (mirrored.Size3 == Position::Mirrored) {
+      hand.Size3 = Float32(length - static_cast<double>(source.Size3));
+    }
+  }
+  return hand;
+}
+
+void MirrorNotches(const Item& source, Item& hand) {
+  if (source.NotchCount <= 0) return;
+  hand.Notches.Clear();
+  hand.Notches.Resize(source.NotchCount);
+  for (int row = 1; row <= source.NotchCount; ++row) {
+    hand.Notches.At(row) = MirrorNotch(source.Notches.At(row), source.Length);
+  }
+}
+
+template <class Field>
+void SortItemsBy(Field Item::*key) {
+  std::stable_sort(Items.begin(), Items.end(),
+                   [key](const Item& a, const Item& b) { return a.*key < b.*key; });
+}
+
+}  // namespace
+
+std::int16_t AddSectionRow(std::string_view SectionType) {
+  const std::int16_t row = NextRow();
+  Item item;
+  item.SectionType = SectionType;
+  if (SectionType == "V") item.Product = "VCR";
+  if (SectionType == "R") item.Product = "CLR";
+  Items.Append(std::move(item));
+  ProjectDirty = True;
+  return row;
+}
+
+std::int16_t DuplicateRow(std::int16_t ItemIndex) {
+  if (ItemIndex < 1) return 0;
+  const std::int16_t row = NextRow();
+  Item copy = Items.At(ItemIndex);
+  copy.Mark += "A";
+  Items.Append(std::move(copy));
+  SortHoles(row);
+  AdjustHoleSpacing(row);
+  ProjectDirty = True;
+  return row;
+}
+
+std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
+  if (ItemIndex < 1) return 0;
+  const std::int16_t row = NextRow();
+  const Item source = Items.At(ItemIndex);
+  Item& hand = Items.Append(source);
+
+  MirrorHoles(source, hand);
+  // Swapped and negated, which keeps the shape of each cut.
+  hand.MitreLeft = Float32(source.MitreRight * -1.0);
+  hand.MitreRight = Float32(source.MitreLeft * -1.0);
+  MirrorNotches(source, hand);
+  hand.Mark = source.Mark + "X";
+
+  SortHoles(row);
+  AdjustHoleSpacing(row);
+  ProjectDirty = True;
+  return row;
+}
+
+void DeleteItemRow(std::int16_t ItemIndex) {
+  Items.Remove(ItemIndex);
+}
+
+void SortItemRows(SortKey Key) {
+  switch (Key) {
+    case SortKey::Mark:
+      SortItemsBy(&Item::Mark);
+      break;
+    case SortKey::Product:
+      SortItemsBy(&Item::Product);
+      break;
+    case SortKey::Length:
+      SortItemsBy(&Item::Length);
+      break;
+  }
+}
+
+void NewProjectTables(const Date& today) {
+  Items.Clear();
+  txtProject = {};
+  DTPicker1 = today;
+  CurrentItem = 0;
+  ProjectFileName.clear();
+  AccLines1.Clear();
+  AccLines2.Clear();
+  // The flags go, their number stays: it is the catalogues' and not the project's.
+  std::fill(AccUsed.begin(), AccUsed.end(), False);
+}
+
+}  // namespace orvane

@@ -1,0 +1,108 @@
+#include "project/project_backup.h"
+
+#include <cstdint>
+#include <exception>
+
+#include "core/desktop.h"
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+#include "core/text.h"
+#include "core/text_file.h"
+#include "project/project_layout.h"
+
+namespace orvane {
+
+namespace {
+
+// The layout's visitor that reads a file to see whether it can be read. Counts land in records of
+// its own; the tables of the open project stay as they are.
+class FileCheck {
+ public:
+  explicit FileCheck(TextFile& file) : file_(file) {}
+
+  void OrvaneNumber(const std::string&) { file_.ReadField(); }
+  void Detail(const std::string&) { file_.ReadField(); }
+  void Plain(const std::string&) { file_.ReadField(); }
+  void Quoted(const std::string&) { file_.ReadField(); }
+  void ProjectDate(const Date&) {
+    ParseProjectDate(file_.ReadField(), TheDesktop().ShortDateForm());
+  }
+
+  void Number(std::int16_t& field) { field = file_.ReadInt16(); }
+  void Number(float& field) { field = file_.ReadFloat(); }
+  void Number(double& field) { field = file_.ReadDouble(); }
+  void Flag(int) { file_.ReadDouble(); }
+
+  template <class Row>
+  int Count(const Table<Row>&) {
+    return file_.ReadInt16();
+  }
+
+  template <class Row>
+  void Size(const Table<Row>&, int count) {
+    if (count < 0) throw RuntimeError(Failure::SubscriptOutOfRange);
+  }
+
+  template <class Row>
+  void Rows(const Table<Row>&, int first, int last) {
+    Row scratch;
+    for (int row = first; row <= last; ++row) Describe(*this, scratch);
+  }
+
+ private:
+  TextFile& file_;
+};
+
+// Whether the last line has its line end. A carriage return is one only in a file that has no line
+// feeds: elsewhere it is the half of a line end that was cut.
+bool EndsItsLastLine(const std::string& bytes) {
+  if (bytes.empty()) return false;
+  return bytes.back() == '\n' || (bytes.back() == '\r' && bytes.find('\n') == std::string::npos);
+}
+
+}  // namespace
+
+ProjectContent CheckProjectContent(const std::string& bytes) {
+  if (!EndsItsLastLine(bytes)) return ProjectContent::Broken;
+  try {
+    TextFile file(DecodeText(bytes));
+    FileCheck check(file);
+    DescribeSections(check);
+    if (file.AtEnd()) return ProjectContent::PerhapsCut;
+    DescribeType2Lines(check);
+    // Without a catalogue nothing tells how many flags the file should have.
+    if (AccType1Count + AccType2Count == 0) return ProjectContent::PerhapsCut;
+    try {
+      DescribeFlags(check);
+    } catch (const RuntimeError& error) {
+      const bool ended = error.Number() == static_cast<int>(Failure::InputPastEndOfFile);
+      return ended ? ProjectContent::PerhapsCut : ProjectContent::Broken;
+    }
+    return ProjectContent::Whole;
+  } catch (const RuntimeError&) {
+    return ProjectContent::Broken;
+  }
+}
+
+void KeepProjectBackup(const std::string& path) {
+  try {
+    if (!IsRegularFile(path)) return;
+    const std::string bytes = ReadWholeFile(path);
+    const std::string backup = path + ".bak";
+    switch (CheckProjectContent(bytes)) {
+      case ProjectContent::Whole:
+        ReplaceWholeFile(backup, bytes);
+        break;
+      case ProjectContent::PerhapsCut:
+        if (!IsRegularFile(backup)) ReplaceWholeFile(backup, bytes);
+        break;
+      case ProjectContent::Broken:
+        break;
+    }
+  } catch (const std::exception&) {
+    // Saving goes on without a backup.
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,25 @@
+// The copy of a project file's former content that saving keeps beside it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+enum class ProjectContent {
+  Whole,       // reads to its end: the sections, the accessory lines, a flag for every accessory
+  PerhapsCut,  // reads, but ends where an older file may end: it can't be told from a cut one
+  Broken,      // doesn't read, or its last line lacks its line end
+};
+
+// Whether the bytes of a project file would read back whole with the present catalogues. Changes no
+// table.
+ProjectContent CheckProjectContent(const std::string& bytes);
+
+// Copies the content of `path` to PATH.bak, synced and then put in place in one step, so that
+// nobody loses work by a save that fails half-way. Only an ordinary file that reads back whole is
+// copied, lest a half-written file replace a good backup; one that may be cut is copied where no
+// backup stands yet. What goes wrong is passed over: a missing backup must not stop the saving.
+void KeepProjectBackup(const std::string& path);
+
+}  // namespace orvane

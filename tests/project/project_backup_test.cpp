@@ -1,0 +1,254 @@
+#include "project/project_backup.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "project/project_file.h"
+#include "tests/project/small_project.h"
+
+namespace orvane {
+
+namespace {
+
+using test::AsOrdinaryUser;
+using test::BytesOf;
+using test::ErrorOf;
+using test::First;
+using test::Joined;
+using test::ProjectFileTest;
+using test::SmallProjectLines;
+using test::With;
+namespace line = test::line;
+
+class ProjectBackupTest : public ProjectFileTest {
+ protected:
+  // The files of the test: the project and its backup.
+  std::string Job() { return TempPath("job.ovd"); }
+  std::string Backup() { return TempPath("job.ovd.bak"); }
+
+  // Saves the small project over a file of these bytes.
+  void SaveOver(const std::string& bytes) {
+    TempFile("job.ovd", bytes);
+    FillSmallProject();
+    WriteProjectFile(Job());
+    EXPECT_EQ(BytesOf(Job()), Joined(SmallProjectLines()));
+    EXPECT_FALSE(std::filesystem::exists(Backup() + ".tmp"));
+  }
+};
+
+std::string Whole() {
+  return Joined(With(SmallProjectLines(), line::Notes, "\"the job before\""));
+}
+
+TEST_F(ProjectBackupTest, The_first_save_makes_no_backup) {
+  FillSmallProject();
+  WriteProjectFile(Job());
+  EXPECT_EQ(BytesOf(Job()), Joined(SmallProjectLines()));
+  EXPECT_FALSE(std::filesystem::exists(Backup()));
+}
+
+TEST_F(ProjectBackupTest, Each_save_keeps_the_content_before_it_byte_for_byte) {
+  FillSmallProject();
+  WriteProjectFile(Job());
+  const std::string first = BytesOf(Job());
+  Items.At(1).Notes = "second";
+  WriteProjectFile(Job());
+  EXPECT_EQ(BytesOf(Backup()), first);
+  const std::string second = BytesOf(Job());
+  Items.At(1).Notes = "third";
+  WriteProjectFile(Job());
+  EXPECT_EQ(BytesOf(Backup()), second);
+}
+
+TEST_F(ProjectBackupTest, A_backup_keeps_the_bytes_of_an_old_code_page_and_of_other_line_ends) {
+  std::string bytes = Joined(SmallProjectLines(), "\n");
+  bytes.replace(bytes.find("K. Müller"), std::string("K. Müller").size(), "K. M\xFCller");
+  SaveOver(bytes);
+  EXPECT_EQ(BytesOf(Backup()), bytes);
+  SaveOver(Joined(SmallProjectLines(), "\r"));
+  EXPECT_EQ(BytesOf(Backup()), Joined(SmallProjectLines(), "\r"));
+}
+
+TEST_F(ProjectBackupTest, Checking_a_file_changes_no_table) {
+  FillEarlierProject();
+  AccUsed.At(2) = False;
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::Whole);
+  ExpectEarlierItems();
+  ExpectEarlierLines1();
+  ExpectEarlierLines2();
+  ExpectFlags({-1, 0, -1, -1});
+  EXPECT_EQ(txtProject.at(0), "old 0");
+  EXPECT_EQ(DTPicker1, (Date{2019, 12, 31}));
+}
+
+TEST_F(ProjectBackupTest, A_file_cut_at_any_byte_is_not_whole) {
+  const std::string whole = Joined(SmallProjectLines());
+  EXPECT_EQ(CheckProjectContent(whole), ProjectContent::Whole);
+  // Where an older file, or one of a smaller catalogue, may end: behind the type 1 lines, behind
+  // the type 2 lines, and behind each flag but the last.
+  std::vector<std::size_t> ends = {Joined(First(SmallProjectLines(), line::Lines1End)).size()};
+  for (int kept = line::Lines2End; kept < line::LastFlag; ++kept) {
+    ends.push_back(Joined(First(SmallProjectLines(), kept)).size());
+  }
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    const bool mayEnd = std::count(ends.begin(), ends.end(), size) != 0;
+    EXPECT_EQ(CheckProjectContent(whole.substr(0, size)),
+              mayEnd ? ProjectContent::PerhapsCut : ProjectContent::Broken)
+        << "cut behind " << size << " bytes";
+  }
+}
+
+TEST_F(ProjectBackupTest, A_file_that_does_not_read_back_is_not_whole) {
+  struct Case {
+    int Line;
+    std::string Text;
+  };
+  const std::vector<Case> cases = {
+      {line::ProjectDate, "tomorrow"},
+      {line::ItemCount, "-1 "},
+      {line::ItemCount, " 3 "},
+      {line::Length, " 32768 "},
+      {line::Length, "x"},
+      {13, " 1E39 "},
+      {27, " 1E309 "},
+      {line::HoleCount, "-2 "},
+      {line::Product, "A,B"},
+      {line::Lines1Count, "x"},
+      {line::Lines2Count, "x"},
+      {line::Lines2Mark, "A,1"},
+      {line::Lines2ValueCount, "-1 "},
+      {line::FirstFlag, "x"},
+      {line::LastFlag, "x"},
+      {line::LastFlag, ""},
+      {line::Mark, "\"never closed"},
+      {line::Lines2End - 3, "x"},
+  };
+  for (const Case& each : cases) {
+    EXPECT_EQ(CheckProjectContent(Joined(With(SmallProjectLines(), each.Line, each.Text))),
+              ProjectContent::Broken)
+        << each.Line << " " << each.Text;
+  }
+  EXPECT_EQ(CheckProjectContent(""), ProjectContent::Broken);
+}
+
+TEST_F(ProjectBackupTest, More_flags_than_the_catalogue_has_are_fine_and_fewer_are_not_sure) {
+  SetCatalogue(1, 1);
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::Whole);
+  SetCatalogue(3, 2);
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::PerhapsCut);
+  SetCatalogue(0, 0);  // nothing tells how many there should be
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::PerhapsCut);
+}
+
+TEST_F(ProjectBackupTest, A_whole_file_replaces_the_backup) {
+  TempFile("job.ovd.bak", "an older backup");
+  SaveOver(Whole());
+  EXPECT_EQ(BytesOf(Backup()), Whole());
+}
+
+TEST_F(ProjectBackupTest, A_half_written_file_never_replaces_a_backup) {
+  TempFile("job.ovd.bak", "a good backup");
+  for (std::size_t size = 0; size < Whole().size(); size += 7) {
+    SaveOver(Whole().substr(0, size));
+    EXPECT_EQ(BytesOf(Backup()), "a good backup") << "cut behind " << size << " bytes";
+  }
+  for (int kept = 0; kept < line::LastFlag; ++kept) {
+    SaveOver(Joined(First(SmallProjectLines(), kept)));
+    EXPECT_EQ(BytesOf(Backup()), "a good backup") << "cut behind line " << kept;
+  }
+  SaveOver(Whole() + "no line end");
+  EXPECT_EQ(BytesOf(Backup()), "a good backup");
+}
+
+TEST_F(ProjectBackupTest, A_half_written_file_makes_no_backup) {
+  SaveOver(Whole().substr(0, Whole().size() / 2));
+  EXPECT_FALSE(std::filesystem::exists(Backup()));
+  SaveOver("");
+  EXPECT_FALSE(std::filesystem::exists(Backup()));
+}
+
+TEST_F(ProjectBackupTest, A_file_that_ends_like_an_older_one_is_kept_where_no_backup_stands) {
+  const std::string old = Joined(First(SmallProjectLines(), line::Lines1End));
+  SaveOver(old);
+  EXPECT_EQ(BytesOf(Backup()), old);
+  SaveOver(Joined(First(SmallProjectLines(), line::LastFlag - 1)));
+  EXPECT_EQ(BytesOf(Backup()), old);
+}
+
+TEST_F(ProjectBackupTest, A_backup_that_can_t_be_made_does_not_stop_the_saving) {
+  std::filesystem::create_directory(Backup());
+  SaveOver(Whole());
+  EXPECT_TRUE(std::filesystem::is_directory(Backup()));
+  EXPECT_TRUE(std::filesystem::is_empty(Backup()));
+}
+
+TEST_F(ProjectBackupTest, A_writable_file_in_a_read_only_folder_is_saved_without_a_backup) {
+  const std::string folder = TempPath("closed");
+  std::filesystem::create_directory(folder);
+  const std::string path = TempFile("closed/job.ovd", Whole());
+  std::filesystem::permissions(path, std::filesystem::perms(0666));
+  std::filesystem::permissions(folder, std::filesystem::perms(0555));
+  FillSmallProject();
+  EXPECT_EQ(AsOrdinaryUser([&]() -> std::string {
+              WriteProjectFile(path);
+              return "saved";
+            }),
+            "saved");
+  std::filesystem::permissions(folder, std::filesystem::perms(0755));
+  EXPECT_EQ(BytesOf(path), Joined(SmallProjectLines()));
+  EXPECT_FALSE(std::filesystem::exists(path + ".bak"));
+}
+
+TEST_F(ProjectBackupTest, A_file_that_can_be_written_but_not_read_is_saved_without_a_backup) {
+  const std::string folder = TempPath("open");
+  std::filesystem::create_directory(folder);
+  std::filesystem::permissions(folder, std::filesystem::perms(0777));
+  const std::string path = TempFile("open/job.ovd", Whole());
+  std::filesystem::permissions(path, std::filesystem::perms(0222));
+  FillSmallProject();
+  EXPECT_EQ(AsOrdinaryUser([&]() -> std::string {
+              WriteProjectFile(path);
+              return "saved";
+            }),
+            "saved");
+  std::filesystem::permissions(path, std::filesystem::perms(0644));
+  EXPECT_EQ(BytesOf(path), Joined(SmallProjectLines()));
+  EXPECT_FALSE(std::filesystem::exists(path + ".bak"));
+}
+
+TEST_F(ProjectBackupTest, A_text_that_can_t_be_built_leaves_the_file_and_its_backup) {
+  TempFile("job.ovd", Whole());
+  TempFile("job.ovd.bak", "a good backup");
+  FillSmallProject();
+  Items.At(1).Holes.At(1).RelX = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(ErrorOf([&] { WriteProjectFile(Job()); }), "Overflow");
+  FillSmallProject();
+  AccLines1.Resize(40000);
+  EXPECT_EQ(ErrorOf([&] { WriteProjectFile(Job()); }), "Overflow");
+  FillSmallProject();
+  Items.At(2).HoleCount = 1;
+  EXPECT_EQ(ErrorOf([&] { WriteProjectFile(Job()); }), "Subscript out of range");
+  EXPECT_EQ(BytesOf(Job()), Whole());
+  EXPECT_EQ(BytesOf(Backup()), "a good backup");
+}
+
+TEST_F(ProjectBackupTest, A_failed_save_leaves_the_former_content_in_the_backup) {
+  // A file that may be read but not written, in a folder that takes the backup.
+  const std::string folder = TempPath("open");
+  std::filesystem::create_directory(folder);
+  std::filesystem::permissions(folder, std::filesystem::perms(0777));
+  const std::string path = TempFile("open/job.ovd", Whole());
+  std::filesystem::permissions(path, std::filesystem::perms(0444));
+  FillSmallProject();
+  EXPECT_EQ(AsOrdinaryUser([&] { return ErrorOf([&] { WriteProjectFile(path); }); }),
+            "Permission denied");
+  EXPECT_EQ(BytesOf(path), Whole());
+  EXPECT_EQ(BytesOf(path + ".bak"), Whole());
+}
+
+}  // namespace
+
+}  // namespace orvane
