@@ -1,1 +1,115 @@
 #include "output/cam_export.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <string>
+
+#include "core/desktop.h"
+#include "core/model.h"
+#include "core/settings.h"
+#include "holes/hole_list.h"
+#include "output/accessory_blocks.h"
+#include "output/accessory_list.h"
+#include "output/accessory_rows.h"
+#include "output/output_screen.h"
+#include "output/section_blocks.h"
+#include "output/validation.h"
+
+namespace orvane {
+
+namespace {
+
+// Whether the accessories alone call for a CAM file. Vertical cladding rails don't, and the
+// accessory of HeaderOnlyRow does: deliberate.
+bool ForcesCamFile() {
+  const auto forces1 = [](const AccLine1& line) {
+    return line.AccIndex == DeepSleeveRow || line.AccIndex == HalfSleeveRow;
+  };
+  const auto forces2 = [](const AccLine2& line) {
+    return line.AccIndex == PurlinSleeveRow || line.AccIndex == HeaderOnlyRow ||
+           line.AccIndex == CChannelRow;
+  };
+  return std::any_of(AccLines1.begin(), AccLines1.end(), forces1) ||
+         std::any_of(AccLines2.begin(), AccLines2.end(), forces2);
+}
+
+// The dialog's open form, which lets a new name be typed and replaces an existing file without a
+// question.
+std::optional<std::string> AskForFile() {
+  FileDialog dialog;
+  dialog.Title = "CAM File Export";
+  dialog.Filter = "CAM Files|*.xov";
+  dialog.DefaultExtension = ".xov";
+  dialog.InitialFolder = CamDirectory();
+  return TheDesktop().ShowOpenDialog(dialog);
+}
+
+void RebuildPatternHoles() {
+  for (int row = 1; row <= Items.UBound(); ++row) {
+    if (Items.At(row).PatternName == "Custom") continue;
+    RebuildHoles(Int16(row), Items.At(row).PatternName);
+  }
+}
+
+// About the size of the CAM file, nearly all of which is hole lines.
+std::size_t LikelySize() {
+  constexpr std::size_t HoleLine = 43, RestOfBlock = 100;
+  std::size_t size = 4 * RestOfBlock;
+  for (const Item& item : Items) {
+    size += RestOfBlock + HoleLine * static_cast<std::size_t>(item.Holes.UBound());
+  }
+  return size;
+}
+
+ExportOutcome ExportSteps() {
+  if (!CheckExportData()) {
+    TheOutputScreen().ShowExportErrors();
+    return ExportOutcome::Refused;
+  }
+  const bool forceCamFile = ForcesCamFile();
+  if (Items.Empty() && AccLines1.Empty() && AccLines2.Empty()) return ExportOutcome::Nothing;
+
+  const std::optional<std::string> path = AskForFile();
+  if (!path) return ExportOutcome::Cancelled;
+  StoreCamDirectory(FolderOfPath(*path));
+  if (path->empty()) return ExportOutcome::Cancelled;
+
+  if (!Items.Empty() || forceCamFile) {
+    RebuildPatternHoles();
+    WriteFactoryFile(*path, CamFile(TheDesktop().Now()));
+  }
+  if (!AccLines1.Empty() || !AccLines2.Empty()) ExportAccList(*path);
+  TheDesktop().Message("CAM export complete");
+  return ExportOutcome::Done;
+}
+
+}  // namespace
+
+void ExportCAM() {
+  RunExport();
+}
+
+ExportOutcome RunExport() {
+  try {
+    return ExportSteps();
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+    return ExportOutcome::Failed;
+  }
+}
+
+FactoryFile CamFile(const Moment& created) {
+  return BuildFactoryFile([&created](FactoryWriter& out) {
+    out.Reserve(LikelySize());
+    out.Line("COLDCAM 5.3");
+    WriteJobLines(out, "* ");
+    out.Line("*");
+    WriteCreatedLine(out, "* ", created);
+    out.Line();
+    for (const Item& item : Items) WriteSectionBlock(out, item);
+    WriteAccessoryBlocks(out);
+  });
+}
+
+}  // namespace orvane

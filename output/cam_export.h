@@ -1,9 +1,7 @@
-// The CAM file, which drives the production line.
+// The CAM file, which drives the production line, and the command that writes it.
 #pragma once
 
-#include <string>
-
-#include "core/model.h"
+#include "core/dates.h"
 #include "output/factory_text.h"
 
 namespace orvane {
@@ -14,21 +12,17 @@ enum class ExportOutcome {
   Nothing,    // neither sections nor accessory lines: ended silently
   Refused,    // the check refused it; its lines were shown
   Cancelled,  // no file was chosen
-  Failed,     // an error stopped the CAM file; its description was shown
+  Failed,     // an error stopped the export; its description was shown
 };
 
-// The command "Export CAM File": checks the project, asks for a file, rebuilds the holes of all
-// sections that have a pattern, and writes the CAM file and the accessory list beside it.
+// The command "Export CAM File": checks the project, asks for a file, makes the holes of all
+// sections but those of the pattern "Custom" afresh, and writes the CAM file and the accessory list
+// beside it. The fresh holes stay in the model; ProjectDirty stays as it is. An error ends it and
+// shows its description; what was written of the file stays on the disk.
 void ExportCAM();
 ExportOutcome RunExport();
 
 // The CAM file of the model as it stands; `created` is the moment of export.
 FactoryFile CamFile(const Moment& created);
-
-// Distance of a vertical cladding rail's hole from its end, mm: the cleat's own distance less the
-// end allowance, rounded. An unknown cleat code raises an error that names it and the mark of the
-// line.
-std::int16_t VcrInset(const std::string& cleatCode, const std::string& allowance,
-                      const std::string& mark);
 
 }  // namespace orvane

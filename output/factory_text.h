@@ -2,9 +2,12 @@
 // and how they reach the disk.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/dates.h"
 #include "core/runtime_error.h"
@@ -22,5 +25,43 @@ struct FactoryFile {
 // Writes the text over whatever the file held, then raises the error that cut it short, if any. An
 // error of the file system comes first.
 void WriteFactoryFile(const std::string& path, const FactoryFile& file);
+
+// The lines of a factory file. Texts are UTF-8 and encoded on their way in, so that from then on
+// one byte is one column.
+class FactoryWriter {
+ public:
+  // Room for that many bytes, so that a large file isn't moved about as it grows.
+  void Reserve(std::size_t size) { bytes_.reserve(size); }
+
+  // Puts a text behind what the present line holds.
+  FactoryWriter& Text(std::string_view text);
+  FactoryWriter& Blank() {
+    bytes_ += ' ';
+    return *this;
+  }
+  // The same, followed by blanks and then cut to exactly `width` columns.
+  FactoryWriter& Column(std::string_view text, std::size_t width);
+  // Follows the present line by blanks and cuts it to exactly `width` columns.
+  FactoryWriter& Fit(std::size_t width);
+  void EndLine();
+  // A line of its own.
+  void Line(std::string_view text = {}) { Text(text).EndLine(); }
+
+  // All lines that were ended, given away; one that an error broke off in the middle is dropped.
+  std::string TakeLines();
+
+ private:
+  std::string bytes_;
+  std::size_t lineStart_ = 0;
+};
+
+// Runs `write` and gives what it wrote, with the RuntimeError that stopped it, if any.
+FactoryFile BuildFactoryFile(const std::function<void(FactoryWriter&)>& write);
+
+// The five header lines of the job, "Job Number: " to "Date:       ", from the project details;
+// `lead` stands in front of each.
+void WriteJobLines(FactoryWriter& out, std::string_view lead);
+// The header line "Created:    ", in the same way.
+void WriteCreatedLine(FactoryWriter& out, std::string_view lead, const Moment& created);
 
 }  // namespace orvane

@@ -1,0 +1,181 @@
+#include "output/accessory_blocks.h"
+
+#include <array>
+#include <string_view>
+
+#include "core/model.h"
+#include "core/numbers.h"
+#include "output/accessory_rows.h"
+
+namespace orvane {
+
+namespace {
+
+// Cleats at the ends of a vertical cladding rail.
+struct Cleat {
+  std::string_view Code;
+  double HoleDistance;  // of the rail's hole from the end of the assembly, mm
+};
+
+constexpr std::array<Cleat, 5> Cleats = {{
+    {"KT31", 100},
+    {"KT33", 100},
+    {"KT36", 100},
+    {"KT39", 120},
+    {"KT41", 120},
+}};
+
+// C-channels: all of one product, notched at their four corners.
+constexpr std::string_view ChannelProduct = "30116";
+constexpr double ChannelLengthAllowance = 104;  // length beyond the entered distance, mm
+constexpr double ChannelHoleAllowance = 52;     // the same at one end, for the middle hole, mm
+constexpr int ChannelEndHole = 25;              // from either end, mm
+constexpr std::int16_t ChannelNotchSize = 62;   // where none was entered, mm
+constexpr std::string_view ChannelNotchWidth = "25";
+constexpr std::size_t NotchCodeWidth = 5;
+// "BR2" twice and no "TL1" is deliberate: four notches, the last two with one code.
+constexpr std::array<std::string_view, 4> ChannelNotchCodes = {"TR1", "BL1", "BR2", "BR2"};
+
+// Sleeves of fixed sizes.
+struct FixedSleeve {
+  std::int16_t AccIndex;
+  std::int16_t ParamIndex;
+  std::string_view Mark;
+  std::string_view Product;
+};
+
+constexpr std::array<FixedSleeve, 5> FixedSleeves = {{
+    {DeepSleeveRow, 1, "KSL301", "K30124"},
+    {DeepSleeveRow, 2, "KSL321", "K32124"},
+    {DeepSleeveRow, 3, "KSL351", "K35124"},
+    {HalfSleeveRow, 1, "KHL90", "KHL90"},
+    {HalfSleeveRow, 2, "KHL190", "KHL190"},
+}};
+
+constexpr std::string_view SquareEnds = "0.0 0.0";
+
+// A hole of a rail or a channel, in the two web rows. Unlike those of a section block its line is
+// not filled up.
+void WriteFixedHoleLine(FactoryWriter& out, double position) {
+  out.Column(FormatNumber(position, 0), 10).Line("n y y n 14");
+}
+
+struct VcrHoles {
+  int First;
+  int Second;
+};
+
+// `quantity` must be a number from end to end, else "Type mismatch" where it is to be written.
+void WriteVcrBlock(FactoryWriter& out, const std::string& mark, const std::string& quantity,
+                   std::int16_t length, const VcrHoles& holes) {
+  out.Line("VCR");
+  out.Line(mark);
+  out.Line("VCR");
+  out.Line(ShortestText(ParseDouble(quantity)));
+  out.Line(ShortestText(length));
+  out.Line("2");
+  WriteFixedHoleLine(out, holes.First);
+  WriteFixedHoleLine(out, holes.Second);
+  out.Line(SquareEnds);
+  out.Line("0");
+  out.Line();
+}
+
+// The rails as drawn, then those of opposite hand: the rail turned end for end.
+void WriteVcrBlocks(FactoryWriter& out, const AccLine2& line) {
+  const Table<std::string>& values = line.Values;
+  const bool asDrawn = Val(values.At(1)) > 0;
+  const bool oppositeHand = Val(values.At(2)) > 0;
+  if (!asDrawn && !oppositeHand) return;
+
+  const std::int16_t length = Whole(Val(values.At(3)) - Val(values.At(4)) - Val(values.At(5)));
+  const int start = VcrInset(values.At(6), values.At(5), line.Mark);
+  const int end = VcrInset(values.At(7), values.At(4), line.Mark);
+  if (asDrawn) {
+    WriteVcrBlock(out, line.Mark, values.At(1), length, {start, length - end});
+  }
+  if (oppositeHand) {
+    WriteVcrBlock(out, line.Mark + "X", values.At(2), length, {end, length - start});
+  }
+}
+
+std::int16_t NotchSize(const std::string& value) {
+  // Rounded before it is looked at: 0.4 is no size.
+  const std::int16_t size = Whole(Val(value));
+  return size > 0 ? size : ChannelNotchSize;
+}
+
+void WriteChannelBlock(FactoryWriter& out, const AccLine2& line) {
+  const Table<std::string>& values = line.Values;
+  const std::int16_t length = Whole(Val(values.At(1)) + ChannelLengthAllowance);
+  std::array<std::int16_t, ChannelNotchCodes.size()> sizes{};
+  for (int n = 1; n <= 4; ++n) {
+    sizes.at(static_cast<std::size_t>(n - 1)) = NotchSize(values.At(n + 1));
+  }
+  const double middle = Val(values.At(6));
+
+  out.Line("C-CHANNEL");
+  out.Line(line.Mark);
+  out.Line(ChannelProduct);
+  out.Line(ShortestText(line.NoOff));
+  out.Line(ShortestText(length));
+  out.Line(middle > 0 ? "3" : "2");
+  WriteFixedHoleLine(out, ChannelEndHole);
+  if (middle > 0) WriteFixedHoleLine(out, middle + ChannelHoleAllowance);
+  WriteFixedHoleLine(out, length - ChannelEndHole);
+  out.Line(SquareEnds);
+  out.Line("4");
+  for (std::size_t n = 0; n < sizes.size(); ++n) {
+    out.Column(ChannelNotchCodes.at(n), NotchCodeWidth);
+    out.Blank().Text(ShortestText(sizes.at(n))).Blank().Line(ChannelNotchWidth);
+  }
+  out.Line();
+}
+
+void WriteSleeveBlock(FactoryWriter& out, std::string_view mark, std::string_view product,
+                      std::int16_t quantity) {
+  out.Line("SLEEVE");
+  out.Line(mark);
+  out.Line(product);
+  out.Line(ShortestText(quantity));
+  out.Line();
+}
+
+void WriteFixedSleeveBlock(FactoryWriter& out, const AccLine1& line) {
+  for (const FixedSleeve& sleeve : FixedSleeves) {
+    if (sleeve.AccIndex == line.AccIndex && sleeve.ParamIndex == line.ParamIndex) {
+      WriteSleeveBlock(out, sleeve.Mark, sleeve.Product, line.Qty);
+    }
+  }
+}
+
+}  // namespace
+
+std::int16_t VcrInset(const std::string& cleatCode, const std::string& allowance,
+                      const std::string& mark) {
+  for (const Cleat& cleat : Cleats) {
+    if (cleat.Code == cleatCode) return Whole(cleat.HoleDistance - Val(allowance));
+  }
+  throw RuntimeError(Failure::TypeMismatch, mark + ": unknown cleat code \"" + cleatCode + "\"");
+}
+
+void WriteAccessoryBlocks(FactoryWriter& out) {
+  for (const AccLine2& line : AccLines2) {
+    if (line.AccIndex == VcrAssemblyRow) WriteVcrBlocks(out, line);
+  }
+  for (const AccLine2& line : AccLines2) {
+    if (line.AccIndex == CChannelRow) WriteChannelBlock(out, line);
+  }
+  for (const AccLine2& line : AccLines2) {
+    if (line.AccIndex != PurlinSleeveRow) continue;
+    WriteSleeveBlock(out, line.Mark, line.Values.At(1), line.NoOff);
+  }
+  for (const AccLine1& line : AccLines1) {
+    if (line.AccIndex == DeepSleeveRow) WriteFixedSleeveBlock(out, line);
+  }
+  for (const AccLine1& line : AccLines1) {
+    if (line.AccIndex == HalfSleeveRow) WriteFixedSleeveBlock(out, line);
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,122 @@
+#include "output/section_blocks.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "core/numbers.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::size_t HoleLineWidth = 41;
+constexpr std::size_t PositionWidth = 10;
+constexpr std::size_t NotchCodeWidth = 5;
+
+struct Keyword {
+  std::string_view SectionType;
+  std::string_view Text;
+};
+
+constexpr std::array<Keyword, 6> Keywords = {{
+    {"Z", "PURLIN"},
+    {"C", "C-SECTION"},
+    {"E", "EAVES BEAM"},
+    {"R", "CLEADER"},
+    {"V", "VCR"},
+    {"T", "TOPHAT"},
+}};
+
+// How a purlin's notches are written.
+struct MirroredNotch {
+  std::string_view Stored;
+  std::string_view Written;
+  bool FromOtherEnd;  // the position is measured from the other end
+};
+
+constexpr std::array<MirroredNotch, 8> MirroredNotches = {{
+    {"TL1", "TR1", false},
+    {"TR1", "TL1", false},
+    {"L3", "R3", false},
+    {"R3", "L3", false},
+    {"BL1", "BR1", false},
+    {"BR1", "BL1", false},
+    {"T2", "T2", true},
+    {"B2", "B2", true},
+}};
+
+// The 32-bit figure as the decimal number that it stands for. A difference of such numbers is the
+// one that a person works out, and its half is a half: 20.3 - 13.8 is 6.5, not 6.499999.
+double DecimalValue(float figure) {
+  return ParseDouble(ShortestText(figure));
+}
+
+std::string PitchText(const std::string& pitch) {
+  return IsNumber(pitch) ? FormatNumber(ParseDouble(pitch), 1) : pitch;
+}
+
+void WriteHoleLine(FactoryWriter& out, const Item& item, const Hole& hole, bool mirrored) {
+  // A hole beyond a purlin's end comes out negative; plain integers bear the widest difference.
+  const int x = mirrored ? item.Length - hole.XPos : hole.XPos;
+  out.Text(FormatNumber(static_cast<double>(x), 0)).Fit(PositionWidth);
+  out.Text(hole.BF).Blank();
+  out.Text(hole.W1).Blank();
+  out.Text(hole.W2).Blank();
+  out.Text(hole.TF).Blank();
+  out.Text(FormatNumber(hole.Diameter, 0));
+  if (hole.CounterSunk == "*") {
+    out.Text(" x");
+  } else if (hole.SlotLength > 0) {
+    // The slot's extension beyond the round hole. Back in the 7 digits of a 32-bit figure, the
+    // error of the subtraction itself falls off.
+    const float extension = Float32(DecimalValue(hole.SlotLength) - DecimalValue(hole.Diameter));
+    out.Blank().Text(FormatNumber(extension, 0));
+  }
+  out.Fit(HoleLineWidth).EndLine();
+}
+
+void WriteNotchLine(FactoryWriter& out, const Item& item, const Notch& notch, bool mirrored) {
+  std::string_view code = notch.Code;
+  double position = DecimalValue(notch.Size3);
+  if (mirrored) {
+    const auto* rule =
+        std::find_if(MirroredNotches.begin(), MirroredNotches.end(),
+                     [&notch](const MirroredNotch& row) { return row.Stored == notch.Code; });
+    if (rule != MirroredNotches.end()) {
+      code = rule->Written;
+      if (rule->FromOtherEnd) position = item.Length - position;
+    }
+  }
+  out.Column(code, NotchCodeWidth);
+  out.Blank().Text(FormatNumber(notch.Size1, 0));
+  out.Blank().Text(FormatNumber(notch.Size2, 0));
+  if (position > 0) out.Blank().Text(FormatNumber(position, 0));
+  out.EndLine();
+}
+
+}  // namespace
+
+void WriteSectionBlock(FactoryWriter& out, const Item& item) {
+  const bool mirrored = item.SectionType == "Z";
+
+  for (const Keyword& keyword : Keywords) {
+    if (keyword.SectionType == item.SectionType) out.Line(keyword.Text);
+  }
+  out.Line(item.Mark);
+  out.Line(item.Product);
+  if (item.SectionType == "E") out.Line(PitchText(item.Pitch));
+  out.Line(ShortestText(item.Quantity));
+  out.Line(FormatNumber(static_cast<double>(item.Length), 0));
+  out.Line(ShortestText(item.HoleCount));
+  for (const Hole& hole : item.Holes) WriteHoleLine(out, item, hole, mirrored);
+  out.Line(FormatNumber(item.MitreLeft, 1) + " " + FormatNumber(item.MitreRight, 1));
+  out.Line(ShortestText(item.NotchCount));
+  for (int row = 1; row <= item.NotchCount; ++row) {
+    WriteNotchLine(out, item, item.Notches.At(row), mirrored);
+  }
+  out.Line();
+}
+
+}  // namespace orvane

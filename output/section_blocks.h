@@ -1,0 +1,13 @@
+// The CAM file's blocks of the sections.
+#pragma once
+
+#include "core/model.h"
+#include "output/factory_text.h"
+
+namespace orvane {
+
+// The block of one section. A purlin goes through the line end for end, so its holes and notches
+// are written mirrored; its mitres never are.
+void WriteSectionBlock(FactoryWriter& out, const Item& item);
+
+}  // namespace orvane

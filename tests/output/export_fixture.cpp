@@ -1,0 +1,69 @@
+#include "tests/output/export_fixture.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/settings.h"
+#include "output/validation.h"
+
+namespace orvane::test {
+
+Answer TracingDesktop::MessageBox(const std::string& text, const std::string& title,
+                                  Buttons buttons, Icon icon) {
+  const bool plain = title.empty() && buttons == Buttons::Ok && icon == Icon::None;
+  trace_.push_back((plain ? "message: " : title + ": ") + text);
+  return ScriptedDesktop::MessageBox(text, title, buttons, icon);
+}
+
+std::optional<std::string> TracingDesktop::ShowOpenDialog(const FileDialog& dialog) {
+  trace_.emplace_back("open dialog");
+  return ScriptedDesktop::ShowOpenDialog(dialog);
+}
+
+std::optional<std::string> TracingDesktop::ShowSaveDialog(const FileDialog& dialog) {
+  trace_.emplace_back("save dialog");
+  return ScriptedDesktop::ShowSaveDialog(dialog);
+}
+
+void TracingScreen::ShowExportErrors() {
+  trace_.emplace_back("error list");
+  for (const std::string& line : ExportErrors) trace_.push_back(line);
+}
+
+ExportRunTest::ExportRunTest() {
+  InstallDesktop(user);
+  InstallOutputScreen(window);
+  AddAccessories();
+}
+
+ExportOutcome ExportRunTest::Export(const std::optional<std::string>& chosen) {
+  trace.clear();
+  user.Chosen = {chosen};
+  return RunExport();
+}
+
+void ExportRunTest::AddChannel() {
+  Items.Append(MakeItem("C", "C1", 900));
+}
+
+void ExportRunTest::AddListedAccessory() {
+  AccLines1.Append(MakeLine1(1, 2, 7));
+  AccUsed.At(1) = True;
+}
+
+std::string ExportRunTest::CamDirectorySetting() {
+  return user.Values.Query(TheSettingsRoot, "SOFTWARE\\Lintaro\\Settings", "CAMDirectory")
+      .value_or("not stored");
+}
+
+TextList ExportRunTest::Files() {
+  TextList names;
+  const std::filesystem::path folder = std::filesystem::path(TempPath("x")).parent_path();
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace orvane::test
