@@ -1,0 +1,106 @@
+#include "bench/bench_support.h"
+
+#include <filesystem>
+
+#include "core/desktop.h"
+#include "core/model.h"
+#include "core/settings_file.h"
+#include "holes/hole_list.h"
+
+namespace orvane::bench {
+
+namespace {
+
+class StillDesktop : public Desktop {
+ public:
+  Answer MessageBox(const std::string&, const std::string&, Buttons, Icon) override {
+    return Answer::No;
+  }
+  std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return std::nullopt; }
+  std::optional<std::string> ShowSaveDialog(const FileDialog&) override { return std::nullopt; }
+  void ProcessEvents() override {}
+  std::string ShortDateForm() const override { return "dd/MM/yyyy"; }
+  SettingsStore& Settings() override { return settings_; }
+  void ShowHelp(const std::string&) override {}
+  Moment Now() const override { return {{2024, 3, 5}, 14, 7, 9}; }
+
+ private:
+  MemorySettings settings_;
+};
+
+// Codes that give `holes` holes: each quarter an A0, an A6 and nothing else, so that the count is
+// exact and the short gaps between the pairs must be widened.
+std::string Codes(int holes) {
+  std::string codes;
+  for (int made = 0; made < holes; made += 4) {
+    codes += codes.empty() ? "A0 A6" : made % 8 == 4 ? " E1 E5" : " F2 F4 F7 F8";
+  }
+  return codes;
+}
+
+}  // namespace
+
+void FillTables(int sections, int holes) {
+  ResetModel();
+  InstallStillDesktop();
+  for (int row = 1; row <= 100; ++row) {
+    SectionDim dim;
+    dim.SectionType = "Z";
+    dim.Product = "Z" + std::to_string(10000 + row);
+    dim.Dim13 = 75;
+    SectionDims.Append(dim);
+  }
+  for (int row = 1; row <= 60; ++row) {
+    PunchPattern pattern;
+    pattern.SectionType = "Z";
+    pattern.Name = "Pattern " + std::to_string(row);
+    pattern.Codes = Codes(holes);
+    PunchPatterns.Append(pattern);
+  }
+  DrawingWidth = 180;
+  MinHoleSep = 4;
+  DTPicker1 = {2024, 3, 5};
+  txtProject = {"1234", "J100", "Customer", "Shed", "AB"};
+
+  Items.Reserve(sections);
+  for (int row = 1; row <= sections; ++row) {
+    Item item;
+    item.Mark = "Z" + std::to_string(row);
+    item.SectionType = "Z";
+    item.Product = "Z" + std::to_string(10001 + row % 100);
+    item.Length = Int16(3000 + row % 7001);
+    item.Quantity = Int16(1 + row % 40);
+    item.Notes = "Bay " + std::to_string(row % 17);
+    item.PatternName = "Pattern " + std::to_string(1 + row % 60);
+    item.SagBarDia = 18;
+    Items.Append(item);
+    RebuildHoles(Int16(row), item.PatternName);
+  }
+}
+
+std::string TempPath(const std::string& name) {
+  static const std::filesystem::path folder = [] {
+    std::filesystem::path made = std::filesystem::temp_directory_path() / "orvane-bench";
+    std::filesystem::create_directories(made);
+    return made;
+  }();
+  return (folder / name).string();
+}
+
+std::vector<std::string_view> SplitFields(std::string_view text) {
+  std::vector<std::string_view> fields;
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t end = at;
+    while (end < text.size() && text[end] != ',' && text[end] != '\r' && text[end] != '\n') ++end;
+    fields.push_back(text.substr(at, end - at));
+    at = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
+  }
+  return fields;
+}
+
+void InstallStillDesktop() {
+  static StillDesktop desktop;
+  InstallDesktop(desktop);
+}
+
+}  // namespace orvane::bench
