@@ -1,1 +1,8 @@
-int main() { return 0; }
+#include <iostream>
+
+#include "tools/batch.h"
+#include "tools/batch_platform.h"
+
+int main(int argc, char** argv) {
+  return orvane::RunCompanion(orvane::ProgramArguments(argc, argv), std::cout, std::cerr);
+}

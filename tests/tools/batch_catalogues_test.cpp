@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "tests/tools/companion.h"
+
+namespace orvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using test::BytesOf;
+using test::JobOf;
+using test::Outcome;
+using test::Purlin;
+using test::RunAs;
+
+class BatchCatalogues : public test::CompanionTest {};
+
+constexpr const char* Note = "Nothing to export: the job has neither sections nor accessories\n";
+
+TEST_F(BatchCatalogues, A_faulty_catalogue_shows_its_message_and_ends_the_run) {
+  File("a.ovd", JobOf({Purlin()}));
+  TempFile("catalogue/accs1.csv", "A,Bolts,None,0,wide,0,Y\r\n");
+  const Outcome outcome = Run({"--out", "to", "--cam", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 3);
+  EXPECT_EQ(outcome.Err,
+            "Orvane Detailing System\n"
+            "Error loading data from " +
+                catalogue + "/accs1.csv\nType mismatch (row 1, column 5)\n");
+  EXPECT_FALSE(Exists("to"));
+}
+
+TEST_F(BatchCatalogues, Every_faulty_catalogue_that_the_start_up_reads_is_told) {
+  File("a.ovd", JobOf({Purlin()}));
+  fs::remove(catalogue + "/accs2.csv");
+  fs::remove(catalogue + "/dims.csv");
+  fs::remove(catalogue + "/punch.csv");
+  const std::string title = "Orvane Detailing System\nError loading data from " + catalogue;
+  const Outcome outcome = Run({"--cam", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 3);
+  EXPECT_EQ(outcome.Err, title + "/accs2.csv\nFile not found\n" + title +
+                             "/dims.csv\nFile not found\n" + title +
+                             "/punch.csv\nFile not found\n");
+}
+
+TEST_F(BatchCatalogues, A_catalogue_folder_that_is_not_there_is_a_fault) {
+  File("a.ovd", JobOf({Purlin()}));
+  const Outcome outcome = RunProgram(ORVANE_BATCH, {"--catalogue", "nowhere", "--cam", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 3);
+  EXPECT_EQ(outcome.Err.find("Orvane Detailing System\nError loading data from "), 0U);
+  EXPECT_NE(outcome.Err.find("/work/nowhere/accs1.csv\nPath not found\n"), std::string::npos);
+}
+
+TEST_F(BatchCatalogues, Catalogue_names_are_found_without_regard_to_case) {
+  File("a.ovd", JobOf({Purlin()}));
+  fs::rename(catalogue + "/dims.csv", catalogue + "/DIMS.CSV");
+  EXPECT_EQ(Run({"--cam", "a.ovd"}).Code, 0);
+}
+
+TEST_F(BatchCatalogues, In_the_build_tree_the_shipped_catalogue_lies_beside_the_program) {
+  File("a.ovd", JobOf({}));
+  const Outcome outcome = RunProgram(ORVANE_BATCH, {"--cam", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(outcome.Err, Note);
+  for (const std::string name : {"dims.csv", "punch.csv", "accs1.csv", "accs2.csv"}) {
+    const std::string copy = (fs::path(ORVANE_BATCH).parent_path() / "catalogue" / name).string();
+    EXPECT_EQ(BytesOf(copy), BytesOf(ORVANE_SOURCE_DIR "/catalogue/" + name)) << name;
+  }
+}
+
+TEST_F(BatchCatalogues, Installed_the_program_finds_them_in_its_folder_whatever_the_current_one) {
+  const std::string program = Install("");
+  File("a.ovd", JobOf({Purlin()}));
+  EXPECT_EQ(RunProgram(program, {"--cam", "a.ovd"}).Code, 0);
+  EXPECT_TRUE(Exists("a.xov"));
+  // The folder of the program itself, not that of a link to it.
+  fs::create_symlink(program, TempPath("work/linked"));
+  EXPECT_EQ(RunProgram(TempPath("work/linked"), {"--cam", "a.ovd"}).Code, 0);
+}
+
+TEST_F(BatchCatalogues, The_programs_own_folder_comes_before_the_catalogue_folder_in_it) {
+  const std::string program = Install("");
+  File("a.ovd", JobOf({Purlin()}));
+  fs::create_directories(TempPath("installed/catalogue"));
+  EXPECT_EQ(RunProgram(program, {"--cam", "a.ovd"}).Code, 0);
+}
+
+TEST_F(BatchCatalogues, A_read_only_program_folder_serves_an_ordinary_user) {
+  const std::string program = Install("catalogue");
+  fs::permissions(TempPath("installed"), fs::perms(0555));
+  File("a.ovd", JobOf({Purlin()}));
+  fs::permissions(TempPath("work"), fs::perms(0777));
+  const Outcome outcome = RunProgram(program, {"--cam", "a.ovd"}, RunAs::OrdinaryUser);
+  EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+  EXPECT_TRUE(Exists("a.xov"));
+  fs::permissions(TempPath("installed"), fs::perms(0755));
+}
+
+}  // namespace
+
+}  // namespace orvane

@@ -1,0 +1,108 @@
+#include "tools/batch_desktop.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <ostream>
+
+#include "core/numbers.h"
+#include "output/validation.h"
+#include "tools/batch_platform.h"
+
+namespace orvane {
+
+namespace {
+
+// Without its control characters: the bytes below the blank, the one at the end of the seven-bit
+// range, and the upper set, which UTF-8 writes as C2 80 to C2 9F.
+std::string Printable(std::string text) {
+  char before = ' ';
+  for (char& letter : text) {
+    const auto code = static_cast<unsigned char>(letter);
+    const bool upper = before == '\xc2' && code >= 0x80 && code <= 0x9f;
+    before = letter;
+    if (code < 0x20 || code == 0x7f) letter = ' ';
+    if (upper) letter = '\xa0';  // which makes the pair a blank of its own
+  }
+  return text;
+}
+
+}  // namespace
+
+void Console::Say(std::string_view text) {
+  const std::string front = job_.empty() ? "" : job_ + ": ";
+  for (;;) {
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    WriteLine(front, text.substr(0, end));
+    if (end == text.size()) return;
+    text.remove_prefix(text.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
+  }
+}
+
+void Console::SayFault(const std::string& file, std::string_view description) {
+  WriteLine(file + ": ", description);
+}
+
+void Console::ShowProgress(int job, int jobs, const std::string& name) {
+  if (!terminal_) return;
+  ClearProgress();
+  stream_ << Printable("Job " + FormatNumber(static_cast<double>(job), 0) + " of " +
+                       FormatNumber(static_cast<double>(jobs), 0) + ": " + name)
+          << std::flush;
+  progressShown_ = true;
+}
+
+void Console::ClearProgress() {
+  // Back to the line's start, and erase it to its end.
+  if (progressShown_) stream_ << "\r\x1b[K" << std::flush;
+  progressShown_ = false;
+}
+
+void Console::WriteLine(const std::string& front, std::string_view text) {
+  ClearProgress();
+  stream_ << Printable(front + std::string(text)) << std::endl;
+}
+
+BatchSettings::BatchSettings(const std::string& file) {
+  if (!file.empty()) file_.emplace(file);
+}
+
+std::optional<std::string> BatchSettings::Query(SettingsRoot root, const std::string& key,
+                                                const std::string& name) {
+  std::optional<std::string> text = stored_.Query(root, key, name);
+  if (!text && file_) text = file_->Query(root, key, name);
+  return text;
+}
+
+bool BatchSettings::Store(SettingsRoot root, const std::string& key, const std::string& name,
+                          const std::string& text) {
+  return stored_.Store(root, key, name, text);
+}
+
+Answer BatchDesktop::MessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                                Icon) {
+  if (!title.empty()) console_.Say(title);
+  switch (buttons) {
+    case Buttons::Ok:
+      ++messages_;
+      console_.Say(text);
+      return Answer::Ok;
+    case Buttons::YesNo:
+      console_.Say(text + (answers_.Sleeves ? " Yes" : " No"));
+      return answers_.Sleeves ? Answer::Yes : Answer::No;
+    case Buttons::YesNoCancel:
+      break;
+  }
+  console_.Say(text + " Cancel");
+  return Answer::Cancel;
+}
+
+Moment BatchDesktop::Now() const {
+  return answers_.Created ? *answers_.Created : LocalMoment();
+}
+
+void BatchScreen::ShowExportErrors() {
+  console_.Say("Validation Errors");
+  for (const std::string& line : ExportErrors) console_.Say(line);
+}
+
+}  // namespace orvane

@@ -1,0 +1,101 @@
+// The person in front of the screen, as the companion has him: standard error, and answers settled
+// on the command line.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/desktop.h"
+#include "core/settings_file.h"
+#include "output/output_screen.h"
+
+namespace orvane {
+
+// Lines for a person on standard error. While a job is named, its name stands in front of each.
+class Console {
+ public:
+  // On a terminal there is a progress line too, which the next line takes away.
+  Console(std::ostream& stream, bool terminal) : stream_(stream), terminal_(terminal) {}
+
+  void NameJob(const std::string& job) { job_ = job; }
+
+  // A text of one or more lines, each ended by a carriage return, a line feed or both. Control
+  // characters, which a job's texts may hold, become blanks, so that they can't steer the terminal.
+  void Say(std::string_view text);
+  // A fault of a named file.
+  void SayFault(const std::string& file, std::string_view description);
+
+  void ShowProgress(int job, int jobs, const std::string& name);
+  void ClearProgress();
+
+ private:
+  void WriteLine(const std::string& front, std::string_view text);
+
+  std::ostream& stream_;
+  bool terminal_;
+  bool progressShown_ = false;
+  std::string job_;
+};
+
+// The settings of a user's file, or the defaults without one. What is stored is remembered until
+// the store goes; the file is never written.
+class BatchSettings : public SettingsStore {
+ public:
+  explicit BatchSettings(const std::string& file);
+  std::optional<std::string> Query(SettingsRoot root, const std::string& key,
+                                   const std::string& name) override;
+  bool Store(SettingsRoot root, const std::string& key, const std::string& name,
+             const std::string& text) override;
+
+ private:
+  MemorySettings stored_;
+  std::optional<FileSettings> file_;
+};
+
+// What the desktop answers, settled on the command line.
+struct BatchAnswers {
+  bool Sleeves = false;           // to each question
+  std::optional<Moment> Created;  // the present moment; none for the clock's
+  std::string SettingsFile;       // empty for the defaults
+};
+
+class BatchDesktop : public Desktop {
+ public:
+  BatchDesktop(Console& console, const BatchAnswers& answers)
+      : console_(console), answers_(answers), settings_(answers.SettingsFile) {}
+
+  // The file that file dialogs choose from now on.
+  void ChooseFile(const std::string& file) { chosenFile_ = file; }
+  // How many boxes without a choice were shown.
+  int Messages() const { return messages_; }
+
+  Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                    Icon icon) override;
+  std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return chosenFile_; }
+  std::optional<std::string> ShowSaveDialog(const FileDialog&) override { return chosenFile_; }
+  void ProcessEvents() override {}
+  std::string ShortDateForm() const override { return "dd/MM/yyyy"; }
+  SettingsStore& Settings() override { return settings_; }
+  void ShowHelp(const std::string&) override {}
+  Moment Now() const override;
+
+ private:
+  Console& console_;
+  BatchAnswers answers_;
+  BatchSettings settings_;
+  std::string chosenFile_;
+  int messages_ = 0;
+};
+
+class BatchScreen : public OutputScreen {
+ public:
+  explicit BatchScreen(Console& console) : console_(console) {}
+  void ShowExportErrors() override;
+
+ private:
+  Console& console_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,46 @@
+// The companion's command line: what may stand on it and what it means.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/dates.h"
+
+namespace orvane {
+
+// All texts are UTF-8; paths stand as they were given.
+struct BatchOptions {
+  std::vector<std::string> Jobs;  // project files, in the order given
+  bool Cam = false;               // write each job's CAM file and accessory list
+  std::string Resave;             // write the one job again to this file; empty for not
+  std::string CatalogueFolder;    // empty for the program's own
+  std::string OutFolder;          // where the factory files go; empty for the current folder
+  std::string SettingsFile;       // empty for the defaults
+  std::optional<Moment> Created;  // the moment to work at; none for the present one
+  bool Sleeves = false;           // the answer to each question about missing sleeves
+  std::int16_t DrawingWidth = 0;  // room for the elevation on a sheet, mm; 0 before any drawing
+};
+
+enum class Request { Run, ShowHelp, ShowVersion };
+
+struct CommandLine {
+  Request Wanted = Request::Run;
+  BatchOptions Options;
+  std::string Fault;  // why the command line can't be followed; empty for a good one
+};
+
+// Reads the arguments behind the program's name. An option stands at most once, its value behind
+// it; all other arguments are jobs, and so is everything behind "--". "--help" and "--version" end
+// the reading.
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+// What "--help" shows.
+std::string HelpText();
+
+// The CAM file of a job, without a folder: the job's file name with ".xov" in the place of ".ovd".
+// A name that doesn't end in ".ovd" keeps its whole.
+std::string CamFileName(const std::string& job);
+
+}  // namespace orvane

@@ -1,0 +1,82 @@
+#include "tools/batch_platform.h"
+
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+#ifdef _WIN32
+#include <windows.h>
+// (after windows.h, which it needs)
+#include <io.h>
+#include <shellapi.h>
+
+#include <array>
+#else
+#include <unistd.h>
+#endif
+
+namespace orvane {
+
+namespace {
+
+std::string Text(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+#ifdef _WIN32
+
+std::vector<std::string> ProgramArguments(int, char**) {
+  int count = 0;
+  wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int at = 1; at < count; ++at) arguments.push_back(Text(wide[at]));
+  LocalFree(wide);
+  return arguments;
+}
+
+std::string ExecutableFolder() {
+  std::array<wchar_t, 32768> path{};
+  const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  return Text(std::filesystem::path(path.data(), path.data() + length).parent_path());
+}
+
+bool ErrorsOnTerminal() {
+  return _isatty(2) != 0;
+}
+
+#else
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+  return argc < 1 ? std::vector<std::string>{} : std::vector<std::string>(argv + 1, argv + argc);
+}
+
+std::string ExecutableFolder() {
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? "" : Text(path.parent_path());
+}
+
+bool ErrorsOnTerminal() {
+  return isatty(STDERR_FILENO) == 1;
+}
+
+#endif
+
+Moment LocalMoment() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  return {{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday},
+          local.tm_hour,
+          local.tm_min,
+          local.tm_sec};
+}
+
+}  // namespace orvane
