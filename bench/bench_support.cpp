@@ -57,6 +57,10 @@ void FillTables(int sections, int holes) {
     pattern.Codes = Codes(holes);
     PunchPatterns.Append(pattern);
   }
+  AccType1Count = 5;
+  AccType2Count = 17;
+  AccDefs.Resize(AccType1Count + AccType2Count);
+  AccUsed.Resize(AccDefs.UBound());
   DrawingWidth = 180;
   MinHoleSep = 4;
   DTPicker1 = {2024, 3, 5};

@@ -42,7 +42,7 @@ std::string_view TextFile::ReadField() {
   const std::string_view text = text_;
   fieldRow_ = row_;
   fieldColumn_ = ++column_;
-  at_ = std::min(text.find_first_not_of(' ', at_), text.size());
+  while (!AtEnd() && text[at_] == ' ') ++at_;
 
   std::string_view field;
   if (!AtEnd() && text[at_] == '"') {
@@ -88,7 +88,8 @@ std::string_view TextFile::ReadRestOfLine() {
 
 void TextFile::ConsumeLineEnd() {
   if (AtEnd()) return;
-  at_ += text_.compare(at_, 2, "\r\n") == 0 ? 2 : 1;
+  const bool pair = text_[at_] == '\r' && at_ + 1 < text_.size() && text_[at_ + 1] == '\n';
+  at_ += pair ? 2 : 1;
   ++row_;
   column_ = 0;
 }

@@ -34,7 +34,7 @@ class ProjectWriter {
   void ProjectDate(const Date& date) { Plain(ProjectDateText(date, TheDesktop().ShortDateForm())); }
 
   // A line end inside a plain text would add a line and make the file unreadable; it becomes a
-  // blank. Quotes keep theirs together, since a quoted text may span lines.
+  // blank. A quoted text keeps its own, since a quoted field may span lines.
   void Plain(const std::string& text) {
     const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
     if (std::none_of(text.begin(), text.end(), isLineEnd)) {

@@ -146,6 +146,7 @@ TEST_F(Files, a_read_only_folder_or_file_is_Permission_denied) {
   EXPECT_EQ(AsOrdinaryUser([&] { return Outcome([&] { WriteWholeFile(file, "x"); }); }),
             "Permission denied");
   EXPECT_EQ(BytesOf(file), "old");
+  Mode(folder, 0755);
 }
 
 // --- Replacing
@@ -260,6 +261,7 @@ TEST_F(Files, a_file_that_may_not_be_written_may_not_be_replaced) {
               "Permission denied")
         << path;
   }
+  Mode(shut, 0755);
   EXPECT_EQ(BytesOf(locked), "old");
   EXPECT_EQ(BytesOf(inside), "old");
   EXPECT_EQ(NamesIn(open), (Names{"a.txt"}));

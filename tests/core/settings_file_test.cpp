@@ -357,6 +357,8 @@ TEST_F(FileStore, without_the_rights_nothing_is_read_stored_or_lost) {
   EXPECT_EQ(AsOrdinaryUser([&] { return Tried(locked); }), "1 refused");
   EXPECT_EQ(AsOrdinaryUser([&] { return Tried(inside); }), "1 refused");
   EXPECT_EQ(AsOrdinaryUser([&] { return Tried(shut + "/new/settings.txt"); }), "none refused");
+  mode(secret, 0644);
+  mode(shut, 0755);
   for (const std::string& name : {secret, locked, inside}) EXPECT_EQ(BytesOf(name), bytes);
   EXPECT_FALSE(std::filesystem::exists(shut + "/new"));
 }
