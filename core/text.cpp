@@ -72,7 +72,7 @@ bool IsAscii(std::string_view text) {
 char FactoryByte(char32_t point) {
   if (point == U'\r' || point == U'\n') return ' ';
   if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<char>(point);
-  const auto* found = std::find(UpperControls.begin(), UpperControls.end(), point);
+  const auto found = std::find(UpperControls.begin(), UpperControls.end(), point);
   if (found == UpperControls.end()) return '?';
   return static_cast<char>(0x80 + (found - UpperControls.begin()));
 }

@@ -1,7 +1,7 @@
 #include "output/section_blocks.h"
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -80,14 +80,10 @@ void WriteHoleLine(FactoryWriter& out, const Item& item, const Hole& hole, bool 
 void WriteNotchLine(FactoryWriter& out, const Item& item, const Notch& notch, bool mirrored) {
   std::string_view code = notch.Code;
   double position = DecimalValue(notch.Size3);
-  if (mirrored) {
-    const auto* rule =
-        std::find_if(MirroredNotches.begin(), MirroredNotches.end(),
-                     [&notch](const MirroredNotch& row) { return row.Stored == notch.Code; });
-    if (rule != MirroredNotches.end()) {
-      code = rule->Written;
-      if (rule->FromOtherEnd) position = item.Length - position;
-    }
+  for (const MirroredNotch& rule : MirroredNotches) {
+    if (!mirrored || rule.Stored != notch.Code) continue;
+    code = rule.Written;
+    if (rule.FromOtherEnd) position = item.Length - position;
   }
   out.Column(code, NotchCodeWidth);
   out.Blank().Text(FormatNumber(notch.Size1, 0));
