@@ -13,7 +13,7 @@ namespace {
 
 class StillDesktop : public Desktop {
  public:
-  Answer MessageBox(const std::string&, const std::string&, Buttons, Icon) override {
+  Answer ShowMessageBox(const std::string&, const std::string&, Buttons, Icon) override {
     return Answer::No;
   }
   std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return std::nullopt; }
@@ -28,7 +28,7 @@ class StillDesktop : public Desktop {
   MemorySettings settings_;
 };
 
-// Codes that give `holes` holes: each quarter an A0, an A6 and nothing else, so that the count is
+// Codes that give `holes` holes: the end pairs first, then four at a time, so that the count is
 // exact and the short gaps between the pairs must be widened.
 std::string Codes(int holes) {
   std::string codes;

@@ -46,8 +46,8 @@ void ReadRows(TextFile& file, const RowReader& readRow) {
 // none.
 RuntimeError AtPlace(const RuntimeError& error, const TextFile& file) {
   if (error.Number() == static_cast<int>(Failure::InputPastEndOfFile)) return error;
-  return {error.Number(), error.Description() + " (row " + std::to_string(file.Row()) +
-                              ", column " + std::to_string(file.Column()) + ")"};
+  return {error.Number(), error.Description() + " (row " + DecimalText(file.Row()) + ", column " +
+                              DecimalText(file.Column()) + ")"};
 }
 
 // Opens a catalogue file and reads its rows. Whatever goes wrong is told in a message box, and the
@@ -65,8 +65,8 @@ bool Load(const std::string& path, const RowReader& readRow) {
   } catch (const std::exception& error) {
     description = error.what();
   }
-  TheDesktop().MessageBox("Error loading data from " + path + "\r" + description,
-                          "Orvane Detailing System", Buttons::Ok, Icon::Stop);
+  TheDesktop().ShowMessageBox("Error loading data from " + path + "\r" + description,
+                              "Orvane Detailing System", Buttons::Ok, Icon::Stop);
   return false;
 }
 
@@ -145,9 +145,7 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
     AppendParam(row, "Mark");
     AppendParam(row, "No.Off");
     AccType2Count = Int16(AccType2Count + 1);
-    // The counts say where the row stands, whatever an earlier reading of the file has left behind.
-    AccDefs.Resize(AccType1Count + AccType2Count);
-    AccDefs.At(AccDefs.UBound()) = std::move(row);
+    AccDefs.Append(std::move(row));
   } else if (tag == "P") {
     AccDef& accessory = LastAccessory(AccType2Count);
     AppendParam(accessory, file.ReadField());
@@ -193,6 +191,7 @@ bool LoadAccessories1(const std::string& path) {
 
 bool LoadAccessories2(const std::string& path) {
   AccType2Count = 0;
+  AccDefs.Resize(AccType1Count);  // without the rows of an earlier reading
   return Load(path, ReadAccessory2);
 }
 
@@ -211,11 +210,16 @@ bool LoadSectionCatalogues() {
   return dims && patterns;
 }
 
-SectionDim GetSectionDim(std::string_view product) {
-  for (const SectionDim& row : SectionDims) {
-    if (row.Product == product) return row;
+int FindSectionDim(std::string_view product) {
+  for (int row = 1; row <= SectionDims.UBound(); ++row) {
+    if (SectionDims.At(row).Product == product) return row;
   }
-  return {};
+  return 0;
+}
+
+SectionDim GetSectionDim(std::string_view product) {
+  const int row = FindSectionDim(product);
+  return row == 0 ? SectionDim{} : SectionDims.At(row);
 }
 
 std::int16_t FindPunchPattern(std::string_view name) {

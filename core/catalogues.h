@@ -20,7 +20,8 @@ bool LoadSectionDims(const std::string& path);
 bool LoadPunchPatterns(const std::string& path);
 // AccDefs, emptied first, and AccType1Count.
 bool LoadAccessories1(const std::string& path);
-// Rows behind those of the type 1 accessories, and AccType2Count.
+// Rows of AccDefs behind those of the type 1 accessories, where all that stood there is emptied
+// first, and AccType2Count.
 bool LoadAccessories2(const std::string& path);
 
 // The two catalogue steps of the start-up, from the program's folder. The first reads accs1.csv,
@@ -30,7 +31,10 @@ bool LoadAccessories2(const std::string& path);
 bool LoadAccessoryCatalogues();
 bool LoadSectionCatalogues();
 
-// A copy of the first row of that product, compared exactly; a blank record without one.
+// The row of SectionDims that is the first of that product, compared exactly; 0 without one.
+int FindSectionDim(std::string_view product);
+
+// A copy of that row; a blank record without one.
 SectionDim GetSectionDim(std::string_view product);
 
 // The row of the first pattern of that name, else 0. It deliberately doesn't look at the section

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
 
@@ -35,12 +36,6 @@ int DayOfWeek(const Date& date) {
   int days = years * 365 + years / 4 - years / 100 + years / 400;
   for (int month = 1; month < date.Month; ++month) days += DaysInMonth(date.Year, month);
   return (days + date.Day) % 7;
-}
-
-std::string Padded(int value, std::size_t width) {
-  std::string digits = std::to_string(value);
-  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-  return digits;
 }
 
 // One piece of a pattern: a run of one pattern letter, or text that stands for itself.
@@ -75,30 +70,19 @@ std::string FormatDate(const Date& date, std::string_view pattern) {
     const Piece piece = NextPiece(pattern);
     switch (piece.Letter) {
       case 'd':
-        text += Padded(date.Day, piece.Count);
+        text += PaddedText(date.Day, piece.Count);
         break;
       case 'M':
-        text += Padded(date.Month, piece.Count);
+        text += PaddedText(date.Month, piece.Count);
         break;
       case 'y':
-        text += piece.Count >= 3 ? Padded(date.Year, 4) : Padded(date.Year % 100, 2);
+        text += piece.Count >= 3 ? PaddedText(date.Year, 4) : PaddedText(date.Year % 100, 2);
         break;
       default:
         text += piece.Text;
     }
   }
   return text;
-}
-
-// Takes a number of one to `most` digits off the front of the text; -1 if there is none.
-int TakeNumber(std::string_view& text, std::size_t most) {
-  int value = -1;
-  while (most > 0 && !text.empty() && text.front() >= '0' && text.front() <= '9') {
-    value = std::max(value, 0) * 10 + (text.front() - '0');
-    text.remove_prefix(1);
-    --most;
-  }
-  return value;
 }
 
 // Takes an English three-letter month name off the front of the text; -1 if there is none.
@@ -118,14 +102,14 @@ std::optional<Date> ParseDate(std::string_view text, std::string_view pattern) {
     const Piece piece = NextPiece(pattern);
     int* part = nullptr;
     if (piece.Letter == 'd') {
-      date.Day = TakeNumber(text, 2);
+      date.Day = TakeDigits(text, 2);
       part = &date.Day;
     } else if (piece.Letter == 'M') {
-      date.Month = piece.Count == 3 ? TakeMonthName(text) : TakeNumber(text, 2);
+      date.Month = piece.Count == 3 ? TakeMonthName(text) : TakeDigits(text, 2);
       part = &date.Month;
     } else if (piece.Letter == 'y') {
       const std::size_t before = text.size();
-      date.Year = TakeNumber(text, piece.Count >= 3 ? 4 : 2);
+      date.Year = TakeDigits(text, piece.Count >= 3 ? 4 : 2);
       // A year of four digits must have them all, or "24" would be the year 24.
       if (piece.Count >= 3 && before - text.size() != 4) return std::nullopt;
       if (piece.Count < 3 && date.Year >= 0) date.Year += 2000;
@@ -198,9 +182,9 @@ std::string CreatedText(const Moment& moment) {
   std::string text(DayNames.at(static_cast<std::size_t>(DayOfWeek(moment.Day))));
   text.append(1, ' ').append(MonthNames.at(static_cast<std::size_t>(moment.Day.Month - 1)));
   text.append(1, ' ').append(FormatDate(moment.Day, "dd yyyy"));
-  text.append(1, ' ').append(Padded(moment.Hour, 2));
-  text.append(1, ':').append(Padded(moment.Minute, 2));
-  text.append(1, ':').append(Padded(moment.Second, 2));
+  text.append(1, ' ').append(PaddedText(moment.Hour, 2));
+  text.append(1, ':').append(PaddedText(moment.Minute, 2));
+  text.append(1, ':').append(PaddedText(moment.Second, 2));
   return text;
 }
 
@@ -226,7 +210,7 @@ std::optional<Moment> ParseMoment(std::string_view text) {
   Moment moment{*day};
   const auto part = [text](std::size_t at) {
     std::string_view digits = text.substr(at, 2);
-    const int value = TakeNumber(digits, 2);
+    const int value = TakeDigits(digits, 2);
     return digits.empty() ? value : -1;
   };
   moment.Hour = part(11);

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <vector>
 
+#include "core/files.h"
 #include "core/text.h"
 
 namespace orvane {
@@ -15,11 +16,6 @@ namespace {
 
 Desktop* installedDesktop = nullptr;  // not owned
 
-std::string Text(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
-}
-
 // The name of an entry of `folder` that equals `name` but for the case of its letters; `name`
 // itself when it stands there as it is, or when nothing matches.
 std::string EntryLike(const std::filesystem::path& folder, const std::string& name) {
@@ -27,7 +23,7 @@ std::string EntryLike(const std::filesystem::path& folder, const std::string& na
   std::vector<std::string> matches;
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    std::string found = Text(entry->path().filename());
+    std::string found = PathText(entry->path().filename());
     if (found == name) return name;
     if (UpperCase(found) == UpperCase(name)) matches.push_back(std::move(found));
   }
@@ -42,21 +38,25 @@ void InstallDesktop(Desktop& desktop) {
   installedDesktop = &desktop;
 }
 
+void UninstallDesktop() {
+  installedDesktop = nullptr;
+}
+
 Desktop& TheDesktop() {
   if (installedDesktop == nullptr) throw std::logic_error("no desktop installed");
   return *installedDesktop;
 }
 
 std::string ProgramPath(std::string_view suffix) {
-  std::filesystem::path path(std::u8string(ProgramFolder.begin(), ProgramFolder.end()));
+  std::filesystem::path path = NativePath(ProgramFolder);
   while (!suffix.empty()) {
     if (suffix.front() == '\\') suffix.remove_prefix(1);
     const std::size_t end = std::min(suffix.find('\\'), suffix.size());
     const std::string name = EntryLike(path, std::string(suffix.substr(0, end)));
-    path /= std::u8string(name.begin(), name.end());
+    path /= NativePath(name);
     suffix.remove_prefix(end);
   }
-  return Text(path);
+  return PathText(path);
 }
 
 }  // namespace orvane

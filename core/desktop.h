@@ -29,8 +29,8 @@ class Desktop : public Clock {
  public:
   // A message box. A carriage return in the text ends a line. A box that is closed without a button
   // gives No where there is one and no Cancel, else Cancel or Ok.
-  virtual Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
-                            Icon icon) = 0;
+  virtual Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                                Icon icon) = 0;
 
   // A file dialog of the open or the save form; none when it was cancelled. Paths are UTF-8,
   // absolute and in the platform's own form.
@@ -50,13 +50,14 @@ class Desktop : public Clock {
   virtual void ShowHelp(const std::string& file) = 0;
 
   // A plain message box: no title of its own, no icon, one button.
-  void Message(const std::string& text) { MessageBox(text, "", Buttons::Ok, Icon::None); }
+  void Message(const std::string& text) { ShowMessageBox(text, "", Buttons::Ok, Icon::None); }
 };
 
 // The desktop that the system runs on, application-wide; installed first thing, and kept alive by
-// who installs it. Without one, the logic can't speak, and asking for it is an error of the
-// program.
+// who installs it until it is replaced or uninstalled. Without one, the logic can't speak, and
+// asking for it is an error of the program.
 void InstallDesktop(Desktop& desktop);
+void UninstallDesktop();
 Desktop& TheDesktop();
 
 // The program's own folder, which holds the catalogue files, the pictures and the help: the folder

@@ -7,10 +7,12 @@
 #include <system_error>
 #include <utility>
 
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 
 #ifdef _WIN32
 #include <io.h>
+#include <process.h>
 #else
 #include <unistd.h>
 #endif
@@ -18,15 +20,6 @@
 namespace orvane {
 
 namespace {
-
-std::filesystem::path NativePath(const std::string& path) {
-  return std::filesystem::path(std::u8string(path.begin(), path.end()));
-}
-
-std::string TextOf(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
-}
 
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -73,6 +66,19 @@ bool Sync(std::FILE* file) {
 #endif
 }
 
+// A number that no other running program has, for names that must not meet.
+long long ProcessId() {
+#ifdef _WIN32
+  return _getpid();
+#else
+  return getpid();
+#endif
+}
+
+// The largest file that is read, in bytes. A text of the system is a thousandth of that; what
+// claims to be larger is none, and its size must not be asked of the memory.
+constexpr std::size_t LargestFile = std::size_t{1} << 30;
+
 // What a pipe or a device may give beyond the size it told, in bytes: far more than any file of the
 // system, and an end to a device that has none.
 constexpr std::size_t LargestSurplus = std::size_t{64} << 20;
@@ -88,10 +94,20 @@ void WriteAndClose(FileHandle file, const std::string& path, std::string_view by
 
 }  // namespace
 
+std::filesystem::path NativePath(const std::string& path) {
+  return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string PathText(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
+}
+
 std::string ReadWholeFile(const std::string& path) {
   const FileHandle file = Open(path, Use::Read);
   std::error_code unknown;
   const auto size = std::filesystem::file_size(NativePath(path), unknown);
+  if (!unknown && size > LargestFile) throw SystemError(EFBIG, path);
   const std::size_t told = unknown ? 4095 : static_cast<std::size_t>(size);
 
   // One byte more than the size that the system tells, so that one call reads a file to its end.
@@ -131,10 +147,12 @@ void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
     if (!error) target = linked;
   }
 
-  std::string fresh = TextOf(target);
+  // The process's own number keeps the name apart from what another program, or one that was
+  // killed, has left beside the file.
+  std::string fresh = PathText(target) + "." + DecimalText(ProcessId());
   FileHandle file;
   while (!file) {
-    fresh += ".tmp";  // once more where another program has that name in use
+    fresh += ".tmp";  // once more where even that name is in use
     file = Create(fresh);
   }
   try {
@@ -157,7 +175,7 @@ bool IsRegularFile(const std::string& path) {
 }
 
 std::string FileName(const std::string& path) {
-  return TextOf(NativePath(path).filename());
+  return PathText(NativePath(path).filename());
 }
 
 }  // namespace orvane

@@ -2,12 +2,18 @@
 // the platform's own form. Failures raise RuntimeError with the system's description.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace orvane {
 
-// All bytes of a file. A device that gives bytes without end is refused as too large.
+// The system's paths are UTF-8 text; these are the two doors to the platform's own type.
+std::filesystem::path NativePath(const std::string& path);
+std::string PathText(const std::filesystem::path& path);
+
+// All bytes of a file. One of more than 1 GiB, or a device that gives bytes without end, is refused
+// as too large.
 std::string ReadWholeFile(const std::string& path);
 
 // Opens `path` for output, replacing what it held, and writes, flushes, syncs and closes it, each

@@ -1,5 +1,7 @@
 #include "core/model.h"
 
+#include "core/section_families.h"
+
 namespace orvane {
 
 Table<Item> Items;
@@ -38,7 +40,7 @@ void ResetModel() {
   LeftMargin = RightMargin = TopMargin = BottomMargin = 0;
   MinHoleSep = 0;
   MaxDims.Clear();
-  MaxDims.Resize(6);
+  MaxDims.Resize(static_cast<int>(SectionFamilies.size()));
 
   CurrentItem = 0;
   CurrentAcc = 0;

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/dates.h"
 #include "core/numbers.h"
@@ -13,13 +14,20 @@
 
 namespace orvane {
 
+// Texts of the trade that the records hold, in the project file too.
+
+constexpr std::string_view CustomKind = "C";       // Hole.Kind: placed by hand
+constexpr std::string_view PatternKind = "S";      // Hole.Kind: made from the pattern
+constexpr std::string_view CounterSunkMark = "*";  // Hole.CounterSunk: compare with this text only
+constexpr std::string_view CustomPattern = "Custom";  // Item.PatternName: holes placed by hand
+
 // Records of the project.
 
 // One hole or slot of a section. A hole line ("BF" to "TF") holds "n" for no hole, "y" for a hole
 // at the standard gauge, or a number as text: a hole off gauge, at that distance.
 struct Hole {
   std::int16_t XPos = 0;  // distance from the left-hand end, mm
-  std::string Kind;       // "C" custom hole; "S" pattern hole, made afresh from the pattern
+  std::string Kind;       // CustomKind, or PatternKind: made afresh from the pattern
   std::string BF;         // bottom flange
   std::string W1;         // first web row
   std::string W2;         // second web row
@@ -28,7 +36,7 @@ struct Hole {
   float SlotLength = 0;   // whole length of a slot, mm; 0 for a round hole
   double RelX = 0;        // distance from the previous hole, mm
   double DrawGap = 0;     // that gap as drawn: RelX widened to a least separation on paper, mm
-  // "*" for a countersunk hole; else empty for a custom hole, one blank for a pattern hole.
+  // CounterSunkMark; else empty for a custom hole, one blank for a pattern hole.
   std::string CounterSunk;
 };
 
@@ -55,8 +63,8 @@ struct Item {
   Table<Hole> Holes;            // element 0 is the end sentinel that AdjustHoleSpacing writes
   std::int16_t NotchCount = 0;  // rows of Notches
   Table<Notch> Notches;
-  std::string PatternName;           // a PunchPattern's Name, or "Custom" for holes placed by hand
-  std::int16_t CustomHoleCount = 0;  // holes with Kind "C"
+  std::string PatternName;           // a PunchPattern's Name, or CustomPattern
+  std::int16_t CustomHoleCount = 0;  // holes of CustomKind
   std::string Pitch;                 // eaves beams: roof pitch as chosen, degrees as text
   std::int16_t JointingPieces = 0;   // cleader rails: number of jointing pieces
   std::int16_t SagBarDia = 0;        // 0 without sag bars, else their hole diameter, 14 or 18 mm
@@ -153,7 +161,7 @@ extern Date DTPicker1;                           // project date
 extern std::string CompanyName, CompanyDetails;  // printed on sheets and reports
 extern std::int16_t LeftMargin, RightMargin, TopMargin, BottomMargin;  // of the sheets, mm
 extern double MinHoleSep;      // least separation of holes on paper, mm
-extern Table<double> MaxDims;  // greatest length of Z, E, C, V, R, T sections, mm
+extern Table<double> MaxDims;  // greatest length of each of SectionFamilies, mm
 
 // What is worked out or kept while the system runs.
 

@@ -216,6 +216,15 @@ std::int16_t ParseInt16(std::string_view text) {
   return Whole(ParseStrict<double>(text));
 }
 
+int TakeDigits(std::string_view& text, std::size_t most) {
+  int value = -1;
+  for (; most > 0 && !text.empty() && IsDigit(text.front()); --most) {
+    value = std::max(value, 0) * 10 + (text.front() - '0');
+    text.remove_prefix(1);
+  }
+  return value;
+}
+
 std::int16_t Whole(double value) {
   // nearbyint rounds a half to the even neighbour in the default rounding mode, which nothing
   // changes.
@@ -236,11 +245,11 @@ std::int16_t Int16(long long value) {
 }
 
 float Float32(double value) {
-  const float narrowed = std::fabs(value) <= std::numeric_limits<float>::max()
-                             ? static_cast<float>(value)
-                             : std::numeric_limits<float>::infinity();
-  if (!std::isfinite(narrowed)) throw RuntimeError(Failure::Overflow);
-  return narrowed;
+  // What is not a number fails the comparison too.
+  if (!(std::fabs(value) <= std::numeric_limits<float>::max())) {
+    throw RuntimeError(Failure::Overflow);
+  }
+  return static_cast<float>(value);
 }
 
 double Divide(double dividend, double divisor) {
@@ -263,9 +272,19 @@ std::string ShortestText(float value) {
 }
 
 std::string ShortestText(std::int16_t value) {
+  return DecimalText(value);
+}
+
+std::string DecimalText(long long value) {
   std::string text;
-  AppendInteger(text, static_cast<int>(value));
+  AppendInteger(text, value);
   return text;
+}
+
+std::string PaddedText(long long value, std::size_t width) {
+  std::string digits = DecimalText(value);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+  return digits;
 }
 
 void AppendFileNumber(std::string& out, double value) {

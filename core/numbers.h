@@ -2,6 +2,7 @@
 // parses or formats a number; nothing here depends on the locale.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,10 +17,10 @@ constexpr Boolean ToBoolean(bool condition) {
   return condition ? True : False;
 }
 
-// --- Text to number
-// --------------------------------------------------------------------------------- A number is:
-// one sign or none, digits with at most one point among or around them, and an exponent
-// ("E" or "e", a sign or none, digits). No grouping, no hexadecimal, no words.
+// Text to number.
+
+// A number is: one sign or none, digits with at most one point among or around them, and an
+// exponent ("E" or "e", a sign or none, digits). No grouping, no hexadecimal, no words.
 
 // Number-prefix conversion for what people type and what settings and dimension columns hold:
 // leading blanks are skipped, reading stops at the first character that can't belong to a number,
@@ -35,6 +36,10 @@ bool IsNumber(std::string_view text);
 double ParseDouble(std::string_view text);
 float ParseFloat(std::string_view text);
 std::int16_t ParseInt16(std::string_view text);
+
+// Takes a number of one to `most` digits off the front of the text, for texts of parts such as
+// dates; -1 if it doesn't begin with a digit. `most` is at most 9, so that the number fits.
+int TakeDigits(std::string_view& text, std::size_t most);
 
 // Rounding and limits.
 
@@ -65,6 +70,13 @@ std::string FormatNumber(float value, int decimals);
 std::string ShortestText(double value);
 std::string ShortestText(float value);
 std::string ShortestText(std::int16_t value);
+
+// A whole number in plain digits: row numbers, error numbers.
+std::string DecimalText(long long value);
+
+// The same of a number that isn't negative, zeros put in front up to `width` digits; more digits
+// than that stay.
+std::string PaddedText(long long value, std::size_t width);
 
 // The number form of project files, appended to `out`: a blank or a minus sign, the shortest text
 // of the magnitude, a blank behind it.

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/files.h"
+
 namespace orvane {
 
 std::string DescriptionOf(Failure failure) {
@@ -41,8 +43,7 @@ RuntimeError::RuntimeError(int number, const std::string& description)
 RuntimeError SystemError(int code, const std::string& path) {
   switch (code) {
     case ENOENT: {
-      const std::filesystem::path folder =
-          std::filesystem::path(std::u8string(path.begin(), path.end())).parent_path();
+      const std::filesystem::path folder = NativePath(path).parent_path();
       std::error_code ignored;
       const bool folderMissing = !folder.empty() && !std::filesystem::is_directory(folder, ignored);
       return RuntimeError(folderMissing ? Failure::PathNotFound : Failure::FileNotFound);

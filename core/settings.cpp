@@ -1,16 +1,18 @@
 #include "core/settings.h"
 
-#include <array>
 #include <cstdint>
 #include <exception>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <variant>
+#include <vector>
 
 #include "core/desktop.h"
 #include "core/model.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "core/section_families.h"
 
 namespace orvane {
 
@@ -22,48 +24,63 @@ constexpr std::string_view General = "\\Settings";
 constexpr std::string_view PageSetup = "\\Settings\\PageSetup";
 constexpr std::string_view Drawings = "\\Settings\\Drawings";
 constexpr std::string_view MaxLengths = "\\Settings\\MaxDims";
+constexpr std::string_view Screen = "\\Settings\\Screen";
+constexpr std::string_view RecentFiles = "\\Settings\\RecentFiles";
 
 // Where a setting is held while the system runs: nowhere, in a value of the model, or in a row of
 // MaxDims.
-struct MaxDimsRow {
+struct InMaxDims {
   int Row = 0;
 };
-using Holder = std::variant<std::monostate, std::string*, std::int16_t*, double*, MaxDimsRow>;
+using Holder = std::variant<std::monostate, std::string*, std::int16_t*, double*, InMaxDims>;
 
 struct Setting {
   std::string_view Key;
   std::string_view Name;
-  std::string_view Default;
+  std::optional<std::string> Default;  // none: the caller has it
   Holder HeldIn;
 };
 
 // Every setting, in the order in which the values of a key are read and written.
-constexpr auto Settings = std::to_array<Setting>({
-    // clang-format off
-    {Registration, "Company Name",     "",      &CompanyName},
-    {Registration, "Company Details",  "",      &CompanyDetails},
-    {General,      "ProjectDirectory", "",      {}},
-    {General,      "CAMDirectory",     "",      {}},
-    {PageSetup,    "LeftMargin",       "10",    &LeftMargin},
-    {PageSetup,    "RightMargin",      "10",    &RightMargin},
-    {PageSetup,    "TopMargin",        "10",    &TopMargin},
-    {PageSetup,    "BottomMargin",     "10",    &BottomMargin},
-    {Drawings,     "MinHoleSep",       "4",     &MinHoleSep},
-    {MaxLengths,   "Z",                "15000", MaxDimsRow{1}},
-    {MaxLengths,   "E",                "15000", MaxDimsRow{2}},
-    {MaxLengths,   "C",                "15000", MaxDimsRow{3}},
-    {MaxLengths,   "V",                "3050",  MaxDimsRow{4}},
-    {MaxLengths,   "R",                "3050",  MaxDimsRow{5}},
-    {MaxLengths,   "T",                "4000",  MaxDimsRow{6}},
-    // clang-format on
-});
-constexpr int MaxDimsCount = 6;
+const std::vector<Setting>& Settings() {
+  static const std::vector<Setting> settings = [] {
+    std::vector<Setting> all = {
+        // clang-format off
+        {Registration, "Company Name",     "",           &CompanyName},
+        {Registration, "Company Details",  "",           &CompanyDetails},
+        {General,      "ProjectDirectory", "",           {}},
+        {General,      "CAMDirectory",     "",           {}},
+        {PageSetup,    "LeftMargin",       "10",         &LeftMargin},
+        {PageSetup,    "RightMargin",      "10",         &RightMargin},
+        {PageSetup,    "TopMargin",        "10",         &TopMargin},
+        {PageSetup,    "BottomMargin",     "10",         &BottomMargin},
+        {Drawings,     "MinHoleSep",       "4",          &MinHoleSep},
+        {Screen,       "State",            "0",          {}},
+        {Screen,       "Width",            std::nullopt, {}},
+        {Screen,       "Height",           std::nullopt, {}},
+        {Screen,       "Top",              std::nullopt, {}},
+        {Screen,       "Left",             std::nullopt, {}},
+        {RecentFiles,  "Recent1",          "",           {}},
+        {RecentFiles,  "Recent2",          "",           {}},
+        {RecentFiles,  "Recent3",          "",           {}},
+        {RecentFiles,  "Recent4",          "",           {}},
+        {RecentFiles,  "Recent5",          "",           {}},
+        // clang-format on
+    };
+    for (const SectionFamily& family : SectionFamilies) {
+      all.push_back({MaxLengths, family.Letter, FormatNumber(family.DefaultMaxLength, 0),
+                     InMaxDims{MaxDimsRow(family.Letter)}});
+    }
+    return all;
+  }();
+  return settings;
+}
 
 // The number shown for an error that isn't one of the system's own, such as a lack of memory.
 constexpr int ForeignErrorNumber = 900;
 
 void ShowError(int number, const std::string& description) {
-  TheDesktop().Message("ERROR #" + ShortestText(static_cast<double>(number)) + " : " + description);
+  TheDesktop().Message("ERROR #" + DecimalText(number) + " : " + description);
 }
 
 // Runs an action on the store; an error in it is shown, and gives `failed`.
@@ -87,7 +104,7 @@ void Take(const Holder& holder, const std::string& text) {
     **margin = Whole(Val(text));
   } else if (const auto* size = std::get_if<double*>(&holder)) {
     **size = Val(text);
-  } else if (const auto* length = std::get_if<MaxDimsRow>(&holder)) {
+  } else if (const auto* length = std::get_if<InMaxDims>(&holder)) {
     MaxDims.At(length->Row) = Val(text);
   }
 }
@@ -95,19 +112,18 @@ void Take(const Holder& holder, const std::string& text) {
 // What is held as the text to store: numbers in the form "0".
 std::string TextOf(const Holder& holder) {
   if (const auto* held = std::get_if<std::string*>(&holder)) return **held;
-  if (const auto* margin = std::get_if<std::int16_t*>(&holder)) {
-    return FormatNumber(static_cast<double>(**margin), 0);
-  }
+  if (const auto* margin = std::get_if<std::int16_t*>(&holder)) return DecimalText(**margin);
   if (const auto* size = std::get_if<double*>(&holder)) return FormatNumber(**size, 0);
-  if (const auto* length = std::get_if<MaxDimsRow>(&holder)) {
+  if (const auto* length = std::get_if<InMaxDims>(&holder)) {
     return FormatNumber(MaxDims.At(length->Row), 0);
   }
   return {};
 }
 
-std::string StoredText(const Setting& setting) {
+// The stored text, else the setting's default, else the caller's.
+std::string StoredText(const Setting& setting, const std::string& callersDefault = {}) {
   return GetRegValue(TheSettingsRoot, SettingsKey + std::string(setting.Key),
-                     std::string(setting.Name), std::string(setting.Default));
+                     std::string(setting.Name), setting.Default.value_or(callersDefault));
 }
 
 void StoreText(const Setting& setting, const std::string& text) {
@@ -116,23 +132,27 @@ void StoreText(const Setting& setting, const std::string& text) {
 }
 
 void LoadKey(std::string_view key) {
-  for (const Setting& setting : Settings) {
+  for (const Setting& setting : Settings()) {
     if (setting.Key == key) Take(setting.HeldIn, StoredText(setting));
   }
 }
 
 void SaveKey(std::string_view key) {
-  for (const Setting& setting : Settings) {
+  for (const Setting& setting : Settings()) {
     if (setting.Key == key) StoreText(setting, TextOf(setting.HeldIn));
   }
 }
 
-// The setting of that name under the general key, where those stand that nothing holds.
-const Setting& GeneralSetting(std::string_view name) {
-  for (const Setting& setting : Settings) {
-    if (setting.Key == General && setting.Name == name) return setting;
+// A setting that nothing holds, so that its callers name it.
+const Setting& SettingOf(std::string_view key, std::string_view name) {
+  for (const Setting& setting : Settings()) {
+    if (setting.Key == key && setting.Name == name) return setting;
   }
   throw std::logic_error("no such setting");
+}
+
+const Setting& RecentSetting(int number) {
+  return SettingOf(RecentFiles, "Recent" + DecimalText(number));
 }
 
 }  // namespace
@@ -167,7 +187,7 @@ void SaveDrawingSettings() {
 }
 
 void LoadMaxDims() {
-  MaxDims.Resize(MaxDimsCount);
+  MaxDims.Resize(static_cast<int>(SectionFamilies.size()));
   LoadKey(MaxLengths);
 }
 void SaveMaxDims() {
@@ -182,17 +202,31 @@ void SaveRegistration() {
 }
 
 std::string ProjectDirectory() {
-  return StoredText(GeneralSetting("ProjectDirectory"));
+  return StoredText(SettingOf(General, "ProjectDirectory"));
 }
 void StoreProjectDirectory(const std::string& folder) {
-  StoreText(GeneralSetting("ProjectDirectory"), folder);
+  StoreText(SettingOf(General, "ProjectDirectory"), folder);
 }
 
 std::string CamDirectory() {
-  return StoredText(GeneralSetting("CAMDirectory"));
+  return StoredText(SettingOf(General, "CAMDirectory"));
 }
 void StoreCamDirectory(const std::string& folder) {
-  StoreText(GeneralSetting("CAMDirectory"), folder);
+  StoreText(SettingOf(General, "CAMDirectory"), folder);
+}
+
+std::string ScreenSetting(std::string_view name, const std::string& presentValue) {
+  return StoredText(SettingOf(Screen, name), presentValue);
+}
+void StoreScreenSetting(std::string_view name, const std::string& text) {
+  StoreText(SettingOf(Screen, name), text);
+}
+
+std::string RecentFile(int number) {
+  return StoredText(RecentSetting(number));
+}
+void StoreRecentFile(int number, const std::string& path) {
+  StoreText(RecentSetting(number), path);
 }
 
 std::string FolderOfPath(std::string_view path) {

@@ -41,11 +41,11 @@ std::string GetRegValue(SettingsRoot root, const std::string& key, const std::st
 bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
                  const std::string& text);
 
-// --- The settings, by key
-// ----------------------------------------------------------------------------- Each procedure
-// reads or writes the values of one key in their fixed order. Numbers are stored in the form "0"
-// and read back by number prefix, margins then rounded to 16 bits ("Overflow" beyond them). Storing
-// MinHoleSep in the form "0" gives up its fraction: deliberate.
+// The settings, by key.
+
+// Each procedure reads or writes the values of one key in their fixed order. Numbers are stored in
+// the form "0" and read back by number prefix, margins then rounded to 16 bits ("Overflow" beyond
+// them). Storing MinHoleSep in the form "0" gives up its fraction: deliberate.
 
 void LoadPageSetup();
 void SavePageSetup();
@@ -61,6 +61,16 @@ std::string ProjectDirectory();
 void StoreProjectDirectory(const std::string& folder);
 std::string CamDirectory();
 void StoreCamDirectory(const std::string& folder);
+
+// The window: "State", which is "0" if it isn't stored, and "Width", "Height", "Top" and "Left",
+// for which a missing value gives the present one. Another name is an error of the program.
+std::string ScreenSetting(std::string_view name, const std::string& presentValue = {});
+void StoreScreenSetting(std::string_view name, const std::string& text);
+
+// The paths of the recent files, number 1 to 5; empty for none. Another number is an error of the
+// program.
+std::string RecentFile(int number);
+void StoreRecentFile(int number, const std::string& path);
 
 // The path up to and including its last backslash or slash; empty without either.
 std::string FolderOfPath(std::string_view path);

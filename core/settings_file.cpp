@@ -126,7 +126,7 @@ Place Find(const std::vector<Line>& lines, const std::string& key, const std::st
   bool inside = false;
   bool insideFirst = false;
   for (std::size_t i = 0; i < lines.size() && !place.Value; ++i) {
-    const Line& line = lines[i];
+    const Line& line = lines.at(i);
     if (line.Meaning == Line::Kind::Section) {
       inside = line.Name == key;
       insideFirst = inside && !place.Behind;
@@ -147,7 +147,7 @@ void Put(std::vector<Line>& lines, const std::string& key, const std::string& na
   const std::string value = name + "=" + Escaped(text);
   const Place place = Find(lines, key, name);
   if (place.Value) {
-    lines[*place.Value].Bytes = value;
+    lines.at(*place.Value).Bytes = value;
     return;
   }
   const std::string end = lines.empty() || lines.front().End.empty() ? "\n" : lines.front().End;
@@ -176,10 +176,6 @@ std::vector<Line> ReadLines(const std::string& path) {
   return {};
 }
 
-std::filesystem::path NativePath(const std::string& path) {
-  return std::filesystem::path(std::u8string(path.begin(), path.end()));
-}
-
 }  // namespace
 
 std::optional<std::string> MemorySettings::Query(SettingsRoot /*root*/, const std::string& key,
@@ -200,7 +196,7 @@ std::optional<std::string> FileSettings::Query(SettingsRoot /*root*/, const std:
   try {
     const std::vector<Line> lines = ReadLines(path_);
     const Place place = Find(lines, key, name);
-    if (place.Value) return lines[*place.Value].Text;
+    if (place.Value) return lines.at(*place.Value).Text;
   } catch (const RuntimeError&) {
     // A store that can't be read is one without the value.
   }
@@ -237,8 +233,7 @@ std::string UserSettingsPath() {
     if (folder.empty()) return "";
     folder /= ".config";
   }
-  const std::u8string path = (folder / "Lintaro" / "settings.txt").u8string();
-  return std::string(path.begin(), path.end());
+  return PathText(folder / "Lintaro" / "settings.txt");
 }
 
 }  // namespace orvane

@@ -28,8 +28,9 @@ class MemorySettings : public SettingsStore {
 //
 // in UTF-8, sections and values in the order in which they came. Carriage return, line feed and
 // backslash in a value are written \r, \n and \\. The file is read afresh at each query and
-// replaced as a whole at each store, so that a second running program loses nothing of what it
-// stored before. Lines that are neither are kept where they stand.
+// at each store, and replaced as a whole: what a second running program stored before stays. Of two
+// stores at the same moment the later one may lose the other's value. Lines that are neither are
+// kept where they stand.
 class FileSettings : public SettingsStore {
  public:
   explicit FileSettings(std::string path) : path_(std::move(path)) {}

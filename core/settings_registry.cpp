@@ -46,21 +46,39 @@ std::string FromSystemPage(const std::string& text) {
   return Converted(text, CP_ACP, CP_UTF8);
 }
 
+// An open key of the registry, which is closed when this goes.
+class OpenKey {
+ public:
+  OpenKey() = default;
+  ~OpenKey() {
+    if (key_ != nullptr) RegCloseKey(key_);
+  }
+  OpenKey(const OpenKey&) = delete;
+  OpenKey& operator=(const OpenKey&) = delete;
+
+  HKEY Get() const { return key_; }
+  HKEY* Address() { return &key_; }  // for the call that opens it
+
+ private:
+  HKEY key_ = nullptr;
+};
+
 }  // namespace
 
 std::optional<std::string> RegistrySettings::Query(SettingsRoot root, const std::string& key,
                                                    const std::string& name) {
+  const std::string keyName = ToSystemPage(key);
+  const std::string valueName = ToSystemPage(name);
   std::string buffer(BufferLength, ' ');
-  HKEY opened = nullptr;
-  if (RegOpenKeyExA(HiveOf(root), ToSystemPage(key).c_str(), 0, QueryValueAccess, &opened) !=
+  OpenKey opened;
+  if (RegOpenKeyExA(HiveOf(root), keyName.c_str(), 0, QueryValueAccess, opened.Address()) !=
       ERROR_SUCCESS) {
     return std::nullopt;
   }
-  const std::string valueName = ToSystemPage(name);
   DWORD length = 0;
   const auto query = [&] {
     length = static_cast<DWORD>(buffer.size());
-    return RegQueryValueExA(opened, valueName.c_str(), nullptr, nullptr,
+    return RegQueryValueExA(opened.Get(), valueName.c_str(), nullptr, nullptr,
                             reinterpret_cast<BYTE*>(buffer.data()), &length);
   };
   LSTATUS result = query();
@@ -68,7 +86,6 @@ std::optional<std::string> RegistrySettings::Query(SettingsRoot root, const std:
     buffer.resize(length, ' ');
     result = query();
   }
-  RegCloseKey(opened);
   if (result != ERROR_SUCCESS) return std::nullopt;
   // The reported length counts the zero that ends the text; a value without any bytes has none.
   buffer.resize(length == 0 ? 0 : length - 1);
@@ -77,18 +94,18 @@ std::optional<std::string> RegistrySettings::Query(SettingsRoot root, const std:
 
 bool RegistrySettings::Store(SettingsRoot root, const std::string& key, const std::string& name,
                              const std::string& text) {
-  HKEY opened = nullptr;
+  const std::string keyName = ToSystemPage(key);
+  const std::string valueName = ToSystemPage(name);
+  const std::string stored = ToSystemPage(text);
+  OpenKey opened;
   DWORD disposition = 0;
-  if (RegCreateKeyExA(HiveOf(root), ToSystemPage(key).c_str(), 0, nullptr, 0, AllAccess, nullptr,
-                      &opened, &disposition) != ERROR_SUCCESS) {
+  if (RegCreateKeyExA(HiveOf(root), keyName.c_str(), 0, nullptr, 0, AllAccess, nullptr,
+                      opened.Address(), &disposition) != ERROR_SUCCESS) {
     return false;
   }
-  const std::string stored = ToSystemPage(text);
-  const LSTATUS result = RegSetValueExA(opened, ToSystemPage(name).c_str(), 0, StringType,
-                                        reinterpret_cast<const BYTE*>(stored.c_str()),
-                                        static_cast<DWORD>(stored.size() + 1));
-  RegCloseKey(opened);
-  return result == ERROR_SUCCESS;
+  return RegSetValueExA(opened.Get(), valueName.c_str(), 0, StringType,
+                        reinterpret_cast<const BYTE*>(stored.c_str()),
+                        static_cast<DWORD>(stored.size() + 1)) == ERROR_SUCCESS;
 }
 
 }  // namespace orvane

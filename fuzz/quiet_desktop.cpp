@@ -10,8 +10,8 @@
 
 namespace orvane::fuzz {
 
-Answer QuietDesktop::MessageBox(const std::string& text, const std::string&, Buttons buttons,
-                                Icon) {
+Answer QuietDesktop::ShowMessageBox(const std::string& text, const std::string&, Buttons buttons,
+                                    Icon) {
   ++Boxes;
   LastText = text;
   return buttons == Buttons::Ok ? Answer::Ok : Answer::No;

@@ -16,8 +16,8 @@ class QuietDesktop : public Desktop {
   int Boxes = 0;
   std::string LastText;
 
-  Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
-                    Icon icon) override;
+  Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                        Icon icon) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return std::nullopt; }
   std::optional<std::string> ShowSaveDialog(const FileDialog&) override { return std::nullopt; }
   void ProcessEvents() override {}

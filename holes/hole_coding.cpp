@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 
 #include "core/catalogues.h"
 #include "core/text.h"
@@ -85,6 +86,13 @@ const PunchPattern* PatternOf(std::string_view sectionType, std::string_view nam
   return nullptr;
 }
 
+// The spacing of the pair of holes at an end of that product, mm; 0 for a product without
+// dimensions.
+double PairSpacing(std::string_view product) {
+  const int row = FindSectionDim(product);
+  return row == 0 ? 0 : SectionDims.At(row).Dim13;
+}
+
 // The table row of a code; none for a text that is no code.
 const Family* FamilyOf(std::string_view code) {
   if (code.size() != 2) return nullptr;
@@ -102,11 +110,10 @@ void ExpandPattern(std::string_view PatternName, std::int16_t ItemIndex) {
   const Item& item = Items.At(ItemIndex);
   const double length = item.Length;
   const std::int16_t sagBarDia = item.SagBarDia;
-  const double pairSpacing = GetSectionDim(item.Product).Dim13;
-
   const PunchPattern* pattern = PatternOf(item.SectionType, PatternName);
   if (pattern == nullptr || pattern->Codes.empty()) return;
 
+  std::optional<double> pairSpacing;  // looked up at the first hole that needs it
   std::string_view rest = pattern->Codes;
   const int codes = Whole(static_cast<double>(CharCount(rest) + 1) / 3);
   for (int k = 1; k <= codes; ++k) {
@@ -120,9 +127,13 @@ void ExpandPattern(std::string_view PatternName, std::int16_t ItemIndex) {
     const std::int16_t diameter = family->Diameter == SagBar ? sagBarDia : family->Diameter;
     for (const HoleOfCode& hole : {family->First, family->Second}) {
       if (hole.Lines.empty()) continue;
-      // Rounded once, behind every sum.
-      const std::int16_t x = Whole(position + hole.Offset + hole.PairSpacings * pairSpacing);
-      AddHole(ItemIndex, x, "S", hole.Lines.substr(0, 1), hole.Lines.substr(1, 1),
+      double distance = position + hole.Offset;
+      if (hole.PairSpacings != 0) {
+        if (!pairSpacing) pairSpacing = PairSpacing(item.Product);
+        distance += hole.PairSpacings * *pairSpacing;
+      }
+      const std::int16_t x = Whole(distance);  // rounded once, behind every sum
+      AddHole(ItemIndex, x, PatternKind, hole.Lines.substr(0, 1), hole.Lines.substr(1, 1),
               hole.Lines.substr(2, 1), hole.Lines.substr(3, 1), diameter, family->SlotLength,
               pattern->Starred);
     }
@@ -147,7 +158,7 @@ std::int16_t AddHole(std::int16_t ItemIndex, std::int16_t X, std::string_view Ki
   hole.Diameter = Diameter;
   hole.SlotLength = SlotLength;
   // One blank, never empty text: the empty form belongs to holes placed by hand.
-  hole.CounterSunk = Starred != False ? "*" : " ";
+  hole.CounterSunk = Starred != False ? CounterSunkMark : " ";
   item.HoleCount = count;
   return X;
 }

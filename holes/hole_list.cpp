@@ -13,11 +13,8 @@ namespace {
 // The drawing never goes above 1:10.
 constexpr double GreatestScale = 0.1;
 
-// The kind of a hole placed by hand.
-constexpr std::string_view Custom = "C";
-
 bool IsCustom(const Hole& hole) {
-  return hole.Kind == Custom;
+  return hole.Kind == CustomKind;
 }
 
 // Moves the holes so that each row gets the one that stood at row from.At(row). Rows that change
@@ -157,7 +154,7 @@ bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow) {
 void ConvertHolesToCustom(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
   Item& item = Items.At(ItemIndex);
-  for (int row = 1; row <= item.HoleCount; ++row) item.Holes.At(row).Kind = Custom;
+  for (int row = 1; row <= item.HoleCount; ++row) item.Holes.At(row).Kind = CustomKind;
   item.CustomHoleCount = item.HoleCount;
 }
 

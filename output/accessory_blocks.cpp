@@ -32,7 +32,6 @@ constexpr double ChannelHoleAllowance = 52;     // the same at one end, for the 
 constexpr int ChannelEndHole = 25;              // from either end, mm
 constexpr std::int16_t ChannelNotchSize = 62;   // where none was entered, mm
 constexpr std::string_view ChannelNotchWidth = "25";
-constexpr std::size_t NotchCodeWidth = 5;
 // "BR2" twice and no "TL1" is deliberate: four notches, the last two with one code.
 constexpr std::array<std::string_view, 4> ChannelNotchCodes = {"TR1", "BL1", "BR2", "BR2"};
 
@@ -57,7 +56,7 @@ constexpr std::string_view SquareEnds = "0.0 0.0";
 // A hole of a rail or a channel, in the two web rows. Unlike those of a section block its line is
 // not filled up.
 void WriteFixedHoleLine(FactoryWriter& out, double position) {
-  out.Column(FormatNumber(position, 0), 10).Line("n y y n 14");
+  out.Position(position).Line("n y y n 14");
 }
 
 struct VcrHoles {
@@ -126,7 +125,7 @@ void WriteChannelBlock(FactoryWriter& out, const AccLine2& line) {
   out.Line(SquareEnds);
   out.Line("4");
   for (std::size_t n = 0; n < sizes.size(); ++n) {
-    out.Column(ChannelNotchCodes.at(n), NotchCodeWidth);
+    out.NotchCode(ChannelNotchCodes.at(n));
     out.Blank().Text(ShortestText(sizes.at(n))).Blank().Line(ChannelNotchWidth);
   }
   out.Line();

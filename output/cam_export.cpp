@@ -47,7 +47,7 @@ std::optional<std::string> AskForFile() {
 
 void RebuildPatternHoles() {
   for (int row = 1; row <= Items.UBound(); ++row) {
-    if (Items.At(row).PatternName == "Custom") continue;
+    if (Items.At(row).PatternName == CustomPattern) continue;
     RebuildHoles(Int16(row), Items.At(row).PatternName);
   }
 }
@@ -79,9 +79,9 @@ ExportOutcome ExportSteps() {
     RebuildPatternHoles();
     WriteFactoryFile(*path, CamFile(TheDesktop().Now()));
   }
-  if (!AccLines1.Empty() || !AccLines2.Empty()) ExportAccList(*path);
+  const bool listed = (AccLines1.Empty() && AccLines2.Empty()) || ExportAccList(*path);
   TheDesktop().Message("CAM export complete");
-  return ExportOutcome::Done;
+  return listed ? ExportOutcome::Done : ExportOutcome::ListFailed;
 }
 
 }  // namespace

@@ -8,11 +8,13 @@ namespace orvane {
 
 // How an export ended; a screen has no use for it, the companion tells it by its exit code.
 enum class ExportOutcome {
-  Done,       // "CAM export complete" was shown
-  Nothing,    // neither sections nor accessory lines: ended silently
-  Refused,    // the check refused it; its lines were shown
-  Cancelled,  // no file was chosen
-  Failed,     // an error stopped the export; its description was shown
+  Done,        // "CAM export complete" was shown
+  ListFailed,  // the same, but an error stopped the accessory list; its description was shown
+               // before
+  Nothing,     // neither sections nor accessory lines: ended silently
+  Refused,     // the check refused it; its lines were shown
+  Cancelled,   // no file was chosen
+  Failed,      // an error stopped the export; its description was shown
 };
 
 // The command "Export CAM File": checks the project, asks for a file, makes the holes of all

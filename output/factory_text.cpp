@@ -5,6 +5,7 @@
 
 #include "core/files.h"
 #include "core/model.h"
+#include "core/numbers.h"
 #include "core/text.h"
 
 namespace orvane {
@@ -50,6 +51,16 @@ FactoryWriter& FactoryWriter::Text(std::string_view text) {
 FactoryWriter& FactoryWriter::Column(std::string_view text, std::size_t width) {
   bytes_.append(PadRight(FactoryText(text), width));
   return *this;
+}
+
+FactoryWriter& FactoryWriter::Position(double position) {
+  constexpr std::size_t width = 10;
+  return Text(FormatNumber(position, 0)).Fit(width);
+}
+
+FactoryWriter& FactoryWriter::NotchCode(std::string_view code) {
+  constexpr std::size_t width = 5;
+  return Column(code, width);
 }
 
 FactoryWriter& FactoryWriter::Fit(std::size_t width) {

@@ -41,6 +41,10 @@ class FactoryWriter {
   }
   // The same, followed by blanks and then cut to exactly `width` columns.
   FactoryWriter& Column(std::string_view text, std::size_t width);
+  // The columns that hole and notch lines of every block begin with: a position in mm in the form
+  // "0", which starts a line, and a notch's code.
+  FactoryWriter& Position(double position);
+  FactoryWriter& NotchCode(std::string_view code);
   // Follows the present line by blanks and cuts it to exactly `width` columns.
   FactoryWriter& Fit(std::size_t width);
   void EndLine();

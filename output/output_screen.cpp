@@ -14,6 +14,10 @@ void InstallOutputScreen(OutputScreen& screen) {
   installedScreen = &screen;
 }
 
+void UninstallOutputScreen() {
+  installedScreen = nullptr;
+}
+
 OutputScreen& TheOutputScreen() {
   if (installedScreen == nullptr) throw std::logic_error("no output screen installed");
   return *installedScreen;

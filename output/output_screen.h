@@ -11,8 +11,10 @@ class OutputScreen {
   virtual void ShowExportErrors() = 0;
 };
 
-// The window that the outputs speak to, application-wide; kept alive by who installs it.
+// The window that the outputs speak to, application-wide; kept alive by who installs it until it is
+// replaced or uninstalled. Asking for it without one is an error of the program.
 void InstallOutputScreen(OutputScreen& screen);
+void UninstallOutputScreen();
 OutputScreen& TheOutputScreen();
 
 }  // namespace orvane

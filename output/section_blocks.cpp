@@ -12,8 +12,6 @@ namespace orvane {
 namespace {
 
 constexpr std::size_t HoleLineWidth = 41;
-constexpr std::size_t PositionWidth = 10;
-constexpr std::size_t NotchCodeWidth = 5;
 
 struct Keyword {
   std::string_view SectionType;
@@ -47,12 +45,6 @@ constexpr std::array<MirroredNotch, 8> MirroredNotches = {{
     {"B2", "B2", true},
 }};
 
-// The 32-bit figure as the decimal number that it stands for. A difference of such numbers is the
-// one that a person works out, and its half is a half: 20.3 - 13.8 is 6.5, not 6.499999.
-double DecimalValue(float figure) {
-  return ParseDouble(ShortestText(figure));
-}
-
 std::string PitchText(const std::string& pitch) {
   return IsNumber(pitch) ? FormatNumber(ParseDouble(pitch), 1) : pitch;
 }
@@ -60,35 +52,37 @@ std::string PitchText(const std::string& pitch) {
 void WriteHoleLine(FactoryWriter& out, const Item& item, const Hole& hole, bool mirrored) {
   // A hole beyond a purlin's end comes out negative; plain integers bear the widest difference.
   const int x = mirrored ? item.Length - hole.XPos : hole.XPos;
-  out.Text(FormatNumber(static_cast<double>(x), 0)).Fit(PositionWidth);
+  out.Position(x);
   out.Text(hole.BF).Blank();
   out.Text(hole.W1).Blank();
   out.Text(hole.W2).Blank();
   out.Text(hole.TF).Blank();
   out.Text(FormatNumber(hole.Diameter, 0));
-  if (hole.CounterSunk == "*") {
+  if (hole.CounterSunk == CounterSunkMark) {
     out.Text(" x");
   } else if (hole.SlotLength > 0) {
-    // The slot's extension beyond the round hole. Back in the 7 digits of a 32-bit figure, the
-    // error of the subtraction itself falls off.
-    const float extension = Float32(DecimalValue(hole.SlotLength) - DecimalValue(hole.Diameter));
-    out.Blank().Text(FormatNumber(extension, 0));
+    // The slot's extension beyond the round hole, a 32-bit figure as its two parts are.
+    out.Blank().Text(FormatNumber(hole.SlotLength - hole.Diameter, 0));
   }
   out.Fit(HoleLineWidth).EndLine();
 }
 
 void WriteNotchLine(FactoryWriter& out, const Item& item, const Notch& notch, bool mirrored) {
   std::string_view code = notch.Code;
-  double position = DecimalValue(notch.Size3);
+  double position = notch.Size3;
+  std::string positionText = FormatNumber(notch.Size3, 0);
   for (const MirroredNotch& rule : MirroredNotches) {
     if (!mirrored || rule.Stored != notch.Code) continue;
     code = rule.Written;
-    if (rule.FromOtherEnd) position = item.Length - position;
+    if (!rule.FromOtherEnd) continue;
+    // Wider than a 32-bit figure, which would lose decimals of a position far from the end.
+    position = item.Length - position;
+    positionText = FormatNumber(position, 0);
   }
-  out.Column(code, NotchCodeWidth);
+  out.NotchCode(code);
   out.Blank().Text(FormatNumber(notch.Size1, 0));
   out.Blank().Text(FormatNumber(notch.Size2, 0));
-  if (position > 0) out.Blank().Text(FormatNumber(position, 0));
+  if (position > 0) out.Blank().Text(positionText);
   out.EndLine();
 }
 

@@ -34,7 +34,7 @@ bool GoOnWithoutSleeves(std::int16_t index, const std::string& mark) {
                                " requires sleeves and none were found\r"
                                "Do you wish to continue with the export?";
   const Answer answer =
-      TheDesktop().MessageBox(question, "Checking Data", Buttons::YesNo, Icon::None);
+      TheDesktop().ShowMessageBox(question, "Checking Data", Buttons::YesNo, Icon::None);
   return answer == Answer::Yes;
 }
 

@@ -64,25 +64,22 @@ bool EndsItsLastLine(const std::string& bytes) {
 }  // namespace
 
 ProjectContent CheckProjectContent(const std::string& bytes) {
-  if (!EndsItsLastLine(bytes)) return ProjectContent::Broken;
+  TextFile file(DecodeText(bytes));
+  FileCheck check(file);
   try {
-    TextFile file(DecodeText(bytes));
-    FileCheck check(file);
     DescribeSections(check);
-    if (file.AtEnd()) return ProjectContent::PerhapsCut;
-    DescribeType2Lines(check);
-    // Without a catalogue nothing tells how many flags the file should have.
-    if (AccType1Count + AccType2Count == 0) return ProjectContent::PerhapsCut;
-    try {
-      DescribeFlags(check);
-    } catch (const RuntimeError& error) {
-      const bool ended = error.Number() == static_cast<int>(Failure::InputPastEndOfFile);
-      return ended ? ProjectContent::PerhapsCut : ProjectContent::Broken;
-    }
-    return ProjectContent::Whole;
   } catch (const RuntimeError&) {
     return ProjectContent::Broken;
   }
+  try {
+    DescribeType2Lines(check);
+    DescribeFlags(check);
+  } catch (const RuntimeError&) {
+    return ProjectContent::PerhapsCut;
+  }
+  // Without a catalogue nothing tells how many flags the file should have.
+  const bool flagsKnown = AccType1Count + AccType2Count > 0;
+  return flagsKnown && EndsItsLastLine(bytes) ? ProjectContent::Whole : ProjectContent::PerhapsCut;
 }
 
 void KeepProjectBackup(const std::string& path) {

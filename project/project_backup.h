@@ -7,9 +7,11 @@
 namespace orvane {
 
 enum class ProjectContent {
-  Whole,       // reads to its end: the sections, the accessory lines, a flag for every accessory
-  PerhapsCut,  // reads, but ends where an older file may end: it can't be told from a cut one
-  Broken,      // doesn't read, or its last line lacks its line end
+  Whole,  // reads to its end: the sections, the accessory lines, a flag for every accessory
+  // Opens without a word, but what stands behind the type 1 lines ends early or doesn't read: an
+  // older file, a cut one, or one with a comma in a plain text. They can't be told apart.
+  PerhapsCut,
+  Broken,  // doesn't open
 };
 
 // Whether the bytes of a project file would read back whole with the present catalogues. Changes no
@@ -18,8 +20,9 @@ ProjectContent CheckProjectContent(const std::string& bytes);
 
 // Copies the content of `path` to PATH.bak, synced and then put in place in one step, so that
 // nobody loses work by a save that fails half-way. Only an ordinary file that reads back whole is
-// copied, lest a half-written file replace a good backup; one that may be cut is copied where no
-// backup stands yet. What goes wrong is passed over: a missing backup must not stop the saving.
+// copied, lest a half-written file replace a good backup; one that opens but may be cut is copied
+// where no backup stands yet, since saving it is how the rest of it would be lost. What goes wrong
+// is passed over: a missing backup must not stop the saving.
 void KeepProjectBackup(const std::string& path);
 
 }  // namespace orvane

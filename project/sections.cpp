@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "core/section_families.h"
 #include "holes/hole_list.h"
 
 namespace orvane {
@@ -89,8 +90,9 @@ std::int16_t AddSectionRow(std::string_view SectionType) {
   const std::int16_t row = NextRow();
   Item item;
   item.SectionType = SectionType;
-  if (SectionType == "V") item.Product = "VCR";
-  if (SectionType == "R") item.Product = "CLR";
+  for (const SectionFamily& family : SectionFamilies) {
+    if (family.Letter == SectionType) item.Product = family.FixedProduct;
+  }
   Items.Append(std::move(item));
   ProjectDirty = True;
   return row;

@@ -10,17 +10,18 @@
 namespace orvane {
 
 // The table half of AddSection: appends a blank row of that section letter, with the fixed product
-// of a V ("VCR") or R ("CLR"), sets ProjectDirty and returns the new row.
+// of its family if it has one, sets ProjectDirty and returns the new row.
 std::int16_t AddSectionRow(std::string_view SectionType);
 
 // The table half of Duplicate, for a row of at least 1: appends a copy with "A" behind its mark,
 // sorts its holes and adjusts their gaps, sets ProjectDirty and returns the new row; 0 for a row
-// below 1.
+// below 1. Gaps that can't be adjusted raise their error; the copy then stays appended, and
+// ProjectDirty as it was.
 std::int16_t DuplicateRow(std::int16_t ItemIndex);
 
 // The table half of CreateOppHand, for a row of at least 1: appends the section turned end for end,
 // with "X" behind its mark, sets ProjectDirty and returns the new row; 0 for a row below 1. An
-// error leaves the row appended as far as it came.
+// error leaves the row appended as far as it came, and ProjectDirty as it was.
 std::int16_t CreateOppHandRow(std::int16_t ItemIndex);
 
 // The table half of DeleteItem: takes the row out; those behind it move up by one.

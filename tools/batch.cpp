@@ -16,6 +16,7 @@
 #include "core/settings.h"
 #include "output/accessory_list.h"
 #include "output/cam_export.h"
+#include "project/project_backup.h"
 #include "project/project_file.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_options.h"
@@ -27,18 +28,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path NativePath(const std::string& path) {
-  return {std::u8string(path.begin(), path.end())};
-}
-
-std::string Text(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 // A path as it is meant now; the current folder is about to change. Empty stays empty.
 std::string Absolute(const std::string& path) {
-  return path.empty() ? path : Text(fs::absolute(NativePath(path)));
+  return path.empty() ? path : PathText(fs::absolute(NativePath(path)));
 }
 
 [[noreturn]] void Raise(const std::error_code& error, const std::string& path) {
@@ -54,15 +46,16 @@ struct Catalogues {
   std::int16_t Type2Count = 0;
 };
 
+constexpr std::array<std::string_view, 4> CatalogueNames = {"\\dims.csv", "\\punch.csv",
+                                                            "\\accs1.csv", "\\accs2.csv"};
+
 // The folder that holds the catalogues when none is named: the program's own, as installed, or the
 // folder "catalogue" in it.
 std::string OwnCatalogueFolder() {
-  constexpr std::array<std::string_view, 4> Names = {"\\dims.csv", "\\punch.csv", "\\accs1.csv",
-                                                     "\\accs2.csv"};
   ProgramFolder = ExecutableFolder();
-  const bool installed = std::any_of(Names.begin(), Names.end(), [](std::string_view name) {
-    return IsRegularFile(ProgramPath(name));
-  });
+  const bool installed =
+      std::any_of(CatalogueNames.begin(), CatalogueNames.end(),
+                  [](std::string_view name) { return IsRegularFile(ProgramPath(name)); });
   const std::string folder = ProgramPath("\\catalogue");
   std::error_code unknown;
   return !installed && fs::is_directory(NativePath(folder), unknown) ? folder : ProgramFolder;
@@ -94,18 +87,26 @@ void StartAfresh(const Catalogues& catalogues, std::int16_t drawingWidth) {
   DrawingWidth = drawingWidth;
 }
 
-int ExportJob(Console& console, const BatchDesktop& desktop) {
-  const int before = desktop.Messages();
+// Accessory lines that no list will hold, because the job has no flag set for any accessory.
+bool HasUnmarkedLines() {
+  const auto used = [](Boolean flag) { return flag != False; };
+  return (!AccLines1.Empty() || !AccLines2.Empty()) &&
+         std::none_of(AccUsed.begin(), AccUsed.end(), used);
+}
+
+int ExportJob(Console& console) {
   switch (RunExport()) {
     case ExportOutcome::Done:
-      // The closing message stands alone, unless the accessory list, whose failure doesn't stop
-      // the export, had one of its own.
-      return desktop.Messages() > before + 1 ? ExitFault : ExitDone;
+      if (HasUnmarkedLines()) {
+        console.Say("No accessory list: none of the job's accessories is marked as used");
+      }
+      return ExitDone;
     case ExportOutcome::Nothing:
       console.Say("Nothing to export: the job has neither sections nor accessories");
       return ExitDone;
     case ExportOutcome::Refused:
       return ExitRefused;
+    case ExportOutcome::ListFailed:
     case ExportOutcome::Cancelled:
     case ExportOutcome::Failed:
       break;
@@ -134,10 +135,14 @@ bool Try(Console& console, const std::string& file, const std::function<void()>&
 int DoJob(const Job& job, const BatchOptions& options, const std::string& resave,
           const Catalogues& catalogues, BatchDesktop& desktop, Console& console) {
   desktop.ChooseFile(CamFileName(job.Path));
-  // Half a job would make half a delivery: what can't be read whole goes no further.
+  // Half a list of sections would make half a delivery: a job that can't be read goes no further.
+  // Behind the sections the program opens a file however it ends; here that is said.
   const bool read = Try(console, job.Name, [&] {
     StartAfresh(catalogues, options.DrawingWidth);
     ReadProjectFile(job.Path);
+    if (CheckProjectContent(ReadWholeFile(job.Path)) == ProjectContent::PerhapsCut) {
+      console.SayFault(job.Name, "read, but accessory lines or marks may be missing at its end");
+    }
   });
   if (!read) return ExitFault;
 
@@ -146,7 +151,7 @@ int DoJob(const Job& job, const BatchOptions& options, const std::string& resave
   if (!resave.empty() && !Try(console, options.Resave, [&] { WriteProjectFile(resave); })) {
     code = ExitFault;
   }
-  if (options.Cam) code = std::max(code, ExportJob(console, desktop));
+  if (options.Cam) code = std::max(code, ExportJob(console));
   return code;
 }
 
@@ -163,6 +168,26 @@ bool Overwrites(const std::string& job, const fs::path& outFolder, const std::st
   const fs::path target = Resolved(NativePath(file));
   return target == Resolved(outFolder / NativePath(cam)) ||
          target == Resolved(outFolder / NativePath(AccListPath(cam)));
+}
+
+// Says what the job, written again, would destroy; empty if nothing. Over its own file it may be
+// written: that is a save.
+std::string ResaveFault(const BatchOptions& options) {
+  if (options.Resave.empty()) return "";
+  const fs::path target = Resolved(NativePath(options.Resave));
+  std::vector<std::string> kept;
+  if (!options.SettingsFile.empty()) kept.push_back(options.SettingsFile);
+  for (const std::string_view name : CatalogueNames) kept.push_back(ProgramPath(name));
+  for (const std::string& file : kept) {
+    if (Resolved(NativePath(file)) == target) return "--resave would overwrite " + file;
+  }
+  // A save keeps the former file as its backup, which would be the job itself.
+  for (const std::string& job : options.Jobs) {
+    if (Resolved(NativePath(job)) == Resolved(NativePath(options.Resave + ".bak"))) {
+      return "--resave would overwrite " + job + ", the backup of its file";
+    }
+  }
+  return "";
 }
 
 // Says which file of the command line the export would write over; empty if there is none.
@@ -196,9 +221,6 @@ int RunBatch(const BatchOptions& options, Console& console) {
   for (const std::string& job : options.Jobs) jobs.push_back({job, Absolute(job)});
   const std::string resave = Absolute(options.Resave);
   const std::string settingsFile = Absolute(options.SettingsFile);
-  ProgramFolder =
-      options.CatalogueFolder.empty() ? OwnCatalogueFolder() : Absolute(options.CatalogueFolder);
-
   BatchDesktop desktop(console, {options.Sleeves, options.Created, settingsFile});
   InstallDesktop(desktop);
   // A missing setting is its default; a settings file that was named and isn't there is a mistake.
@@ -239,6 +261,9 @@ int RunCompanion(const std::vector<std::string>& arguments, std::ostream& out, s
 
   Console console(err, ErrorsOnTerminal());
   try {
+    const std::string& catalogues = line.Options.CatalogueFolder;
+    ProgramFolder = catalogues.empty() ? OwnCatalogueFolder() : Absolute(catalogues);
+    if (line.Fault.empty()) line.Fault = ResaveFault(line.Options);
     if (line.Fault.empty() && line.Options.Cam) line.Fault = OverwriteFault(line.Options);
     if (!line.Fault.empty()) {
       console.SayFault("orvane-batch", line.Fault);

@@ -78,12 +78,11 @@ bool BatchSettings::Store(SettingsRoot root, const std::string& key, const std::
   return stored_.Store(root, key, name, text);
 }
 
-Answer BatchDesktop::MessageBox(const std::string& text, const std::string& title, Buttons buttons,
-                                Icon) {
+Answer BatchDesktop::ShowMessageBox(const std::string& text, const std::string& title,
+                                    Buttons buttons, Icon) {
   if (!title.empty()) console_.Say(title);
   switch (buttons) {
     case Buttons::Ok:
-      ++messages_;
       console_.Say(text);
       return Answer::Ok;
     case Buttons::YesNo:
@@ -94,6 +93,10 @@ Answer BatchDesktop::MessageBox(const std::string& text, const std::string& titl
   }
   console_.Say(text + " Cancel");
   return Answer::Cancel;
+}
+
+std::string BatchDesktop::ShortDateForm() const {
+  return SystemShortDateForm();
 }
 
 Moment BatchDesktop::Now() const {

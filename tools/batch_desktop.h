@@ -68,15 +68,13 @@ class BatchDesktop : public Desktop {
 
   // The file that file dialogs choose from now on.
   void ChooseFile(const std::string& file) { chosenFile_ = file; }
-  // How many boxes without a choice were shown.
-  int Messages() const { return messages_; }
 
-  Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
-                    Icon icon) override;
+  Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                        Icon icon) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return chosenFile_; }
   std::optional<std::string> ShowSaveDialog(const FileDialog&) override { return chosenFile_; }
   void ProcessEvents() override {}
-  std::string ShortDateForm() const override { return "dd/MM/yyyy"; }
+  std::string ShortDateForm() const override;
   SettingsStore& Settings() override { return settings_; }
   void ShowHelp(const std::string&) override {}
   Moment Now() const override;
@@ -86,7 +84,6 @@ class BatchDesktop : public Desktop {
   BatchAnswers answers_;
   BatchSettings settings_;
   std::string chosenFile_;
-  int messages_ = 0;
 };
 
 class BatchScreen : public OutputScreen {

@@ -58,7 +58,7 @@ constexpr std::array<ValueOption, 7> ValueOptions = {{
 // The index of an option in ValueOptions; their number for any other text.
 std::size_t FindOption(std::string_view name) {
   std::size_t at = 0;
-  while (at < ValueOptions.size() && ValueOptions[at].Name != name) ++at;
+  while (at < ValueOptions.size() && ValueOptions.at(at).Name != name) ++at;
   return at;
 }
 
@@ -75,14 +75,14 @@ bool SameName(const std::string& a, const std::string& b) {
 // Two jobs that would write one file; empty if there are none.
 std::string OutputClash(const std::vector<std::string>& jobs) {
   for (std::size_t later = 1; later < jobs.size(); ++later) {
-    const std::string laterCam = CamFileName(jobs[later]);
+    const std::string laterCam = CamFileName(jobs.at(later));
     for (std::size_t earlier = 0; earlier < later; ++earlier) {
-      const std::string cam = CamFileName(jobs[earlier]);
+      const std::string cam = CamFileName(jobs.at(earlier));
       std::string clash;
       if (SameName(AccListPath(cam), AccListPath(laterCam))) clash = AccListPath(laterCam);
       if (SameName(cam, laterCam)) clash = laterCam;
       if (clash.empty()) continue;
-      return jobs[earlier] + " and " + jobs[later] + " would both write " + clash;
+      return jobs.at(earlier) + " and " + jobs.at(later) + " would both write " + clash;
     }
   }
   return "";
@@ -109,7 +109,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   std::array<bool, ValueOptions.size()> given{};
   bool onlyJobs = false;
   for (std::size_t at = 0; at < arguments.size(); ++at) {
-    const std::string& argument = arguments[at];
+    const std::string& argument = arguments.at(at);
     if (argument.empty()) return Faulty("an argument is empty");
     if (onlyJobs || !IsOption(argument)) {
       line.Options.Jobs.push_back(argument);
@@ -131,10 +131,10 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       // A forgotten value must not swallow the option behind it; a path that really begins so can
       // be given as "./--name".
       ++at;
-      const bool missing =
-          at == arguments.size() || arguments[at].empty() || arguments[at].substr(0, 2) == "--";
-      if (missing || !ValueOptions[option].Set(line.Options, arguments[at])) {
-        return Faulty(argument + " takes " + std::string(ValueOptions[option].Form));
+      const bool missing = at == arguments.size() || arguments.at(at).empty() ||
+                           arguments.at(at).substr(0, 2) == "--";
+      if (missing || !ValueOptions.at(option).Set(line.Options, arguments.at(at))) {
+        return Faulty(argument + " takes " + std::string(ValueOptions.at(option).Form));
       }
     }
   }

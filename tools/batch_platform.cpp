@@ -1,8 +1,12 @@
 #include "tools/batch_platform.h"
 
+#include <cctype>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
+
+#include "core/files.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -12,6 +16,8 @@
 
 #include <array>
 #else
+#include <langinfo.h>
+#include <locale.h>
 #include <unistd.h>
 #endif
 
@@ -19,10 +25,7 @@ namespace orvane {
 
 namespace {
 
-std::string Text(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
+constexpr const char* PlainDateForm = "dd/MM/yyyy";
 
 }  // namespace
 
@@ -32,7 +35,7 @@ std::vector<std::string> ProgramArguments(int, char**) {
   int count = 0;
   wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;
-  for (int at = 1; at < count; ++at) arguments.push_back(Text(wide[at]));
+  for (int at = 1; at < count; ++at) arguments.push_back(PathText(wide[at]));
   LocalFree(wide);
   return arguments;
 }
@@ -40,11 +43,22 @@ std::vector<std::string> ProgramArguments(int, char**) {
 std::string ExecutableFolder() {
   std::array<wchar_t, 32768> path{};
   const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  return Text(std::filesystem::path(path.data(), path.data() + length).parent_path());
+  return PathText(std::filesystem::path(path.data(), path.data() + length).parent_path());
 }
 
 bool ErrorsOnTerminal() {
   return _isatty(2) != 0;
+}
+
+void PrepareConsole() {
+  SetConsoleOutputCP(CP_UTF8);
+}
+
+std::string SystemShortDateForm() {
+  std::array<wchar_t, 80> form{};
+  const int length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SSHORTDATE, form.data(),
+                                     static_cast<int>(form.size()));
+  return length == 0 ? PlainDateForm : PathText(form.data());
 }
 
 #else
@@ -56,14 +70,69 @@ std::vector<std::string> ProgramArguments(int argc, char** argv) {
 std::string ExecutableFolder() {
   std::error_code error;
   const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
-  return error ? "" : Text(path.parent_path());
+  return error ? "" : PathText(path.parent_path());
 }
 
 bool ErrorsOnTerminal() {
   return isatty(STDERR_FILENO) == 1;
 }
 
+void PrepareConsole() {}
+
+std::string SystemShortDateForm() {
+  // The first of these that is set names the country for dates.
+  std::string name;
+  for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+    const char* value = std::getenv(variable);
+    if (name.empty() && value != nullptr) name = value;
+  }
+  if (name.empty() || name == "C" || name == "POSIX" || name.rfind("C.", 0) == 0) {
+    return PlainDateForm;
+  }
+  const locale_t country = newlocale(LC_TIME_MASK, name.c_str(), nullptr);
+  if (country == nullptr) return PlainDateForm;
+  const std::string form = nl_langinfo_l(D_FMT, country);
+  freelocale(country);
+  return PatternOfDateForm(form);
+}
+
 #endif
+
+std::string PatternOfDateForm(std::string_view form) {
+  std::string pattern;
+  while (!form.empty()) {
+    if (form.front() != '%') {
+      const bool letter = std::isalpha(static_cast<unsigned char>(form.front())) != 0;
+      pattern += letter ? "'" + std::string(1, form.front()) + "'" : std::string(1, form.front());
+      form.remove_prefix(1);
+      continue;
+    }
+    form.remove_prefix(1);
+    const bool unpadded = !form.empty() && form.front() == '-';
+    if (unpadded) form.remove_prefix(1);
+    switch (form.empty() ? '\0' : form.front()) {
+      case 'd':
+        pattern += unpadded ? "d" : "dd";
+        break;
+      case 'e':
+        pattern += "d";
+        break;
+      case 'm':
+        pattern += unpadded ? "M" : "MM";
+        break;
+      case 'y':
+        pattern += "yy";
+        break;
+      case 'Y':
+        pattern += "yyyy";
+        break;
+      default:
+        return PlainDateForm;
+    }
+    form.remove_prefix(1);
+  }
+  return pattern;
+}
 
 Moment LocalMoment() {
   const std::time_t now = std::time(nullptr);

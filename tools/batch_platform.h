@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/dates.h"
@@ -16,6 +17,16 @@ std::string ExecutableFolder();
 
 // The present moment in local time.
 Moment LocalMoment();
+
+// The system's short date form as a pattern of d, dd, M, MM, yy and yyyy; "dd/MM/yyyy" where no
+// country is set or its form has other parts.
+std::string SystemShortDateForm();
+
+// A date form of the C library, such as "%d.%m.%y", as such a pattern.
+std::string PatternOfDateForm(std::string_view form);
+
+// Makes the console show the UTF-8 text that the companion writes.
+void PrepareConsole();
 
 // True if a person sees standard error as it is written.
 bool ErrorsOnTerminal();

@@ -4,5 +4,6 @@
 #include "tools/batch_platform.h"
 
 int main(int argc, char** argv) {
+  orvane::PrepareConsole();
   return orvane::RunCompanion(orvane::ProgramArguments(argc, argv), std::cout, std::cerr);
 }

@@ -236,6 +236,34 @@ TEST_F(AccessoryCatalogues, accs2_read_again_puts_its_rows_at_the_same_places) {
   EXPECT_EQ(AccDefs.At(1).Name, "N1");
 }
 
+TEST_F(AccessoryCatalogues, accs2_read_again_leaves_no_row_of_the_earlier_reading) {
+  ASSERT_TRUE(Load1("A,N1,D,1,2,3,Y\nI,t,c\n"));
+  const auto readOnce = [this] {
+    ASSERT_TRUE(Load2("A,N2,D,7,8,9,T\nP,X\nA,N3,D,7,8,9,T\n"));
+    ASSERT_EQ(AccDefs.UBound(), 3);
+  };
+  const auto expectType1Only = [] {
+    EXPECT_EQ(AccType1Count, 1);
+    EXPECT_EQ(AccType2Count, 0);
+    ASSERT_EQ(AccDefs.UBound(), 1);
+    EXPECT_EQ(Type1Text(AccDefs.At(1)), "N1|D|1 2 3|Y|[t=c]");
+  };
+
+  readOnce();
+  ASSERT_TRUE(Load2("Row,Name\nremark,x\n"));  // without an accessory
+  expectType1Only();
+
+  readOnce();
+  EXPECT_FALSE(LoadAccessories2(TempPath("gone.csv")));
+  expectType1Only();
+
+  readOnce();
+  EXPECT_FALSE(Load2("A,N4,D,1,2,3,T\nA,N5,D,1,x,3,T\n"));
+  EXPECT_EQ(AccType2Count, 1);
+  ASSERT_EQ(AccDefs.UBound(), 2);
+  EXPECT_EQ(Type2Text(AccDefs.At(2)), "N4|D|1 2 3|T|[Mark][No.Off]|");
+}
+
 TEST_F(AccessoryCatalogues, accs2_stores_its_texts_as_read) {
   EXPECT_EQ(Type2Of("A, N ,\" D \",0,0,0, T \nP,\" X \"\nO, a \nP,\nO,\nG,\"g,h\",1\n"),
             (Texts{"N | D |0 0 0|T |[Mark][No.Off][ X /a ][/]|[g,h 5+1]"}));

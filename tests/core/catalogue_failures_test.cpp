@@ -206,7 +206,7 @@ TEST_F(CatalogueFailures, a_faulty_group_size_is_told_with_its_row_and_column) {
             "Overflow (row 2, column 3)");
 }
 
-TEST_F(CatalogueFailures, rows_are_counted_as_a_spreadsheet_counts_them) {
+TEST_F(CatalogueFailures, rows_are_counted_by_the_lines_of_the_file_whatever_ends_them) {
   for (const std::string end : {"\n", "\r\n", "\r"}) {
     EXPECT_EQ(DescriptionOf(Readers[2], "Row,Name" + end + end + ",,," + end + "remark" + end +
                                             "A,N,D,1,2,3,Y" + end + "I,t,c" + end +

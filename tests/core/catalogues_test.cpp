@@ -338,6 +338,15 @@ TEST_F(Catalogues, GetSectionDim_gives_the_first_row_of_the_product_whatever_its
   EXPECT_EQ(GetSectionDim("Q").Dim3, 2);
 }
 
+TEST_F(Catalogues, FindSectionDim_gives_the_row_that_GetSectionDim_copies_and_0_without_one) {
+  ASSERT_TRUE(LoadDims("C,P," + Dims + "\nZ,Q," + Dims + "\nZ,P," + Dims + "\n"));
+  EXPECT_EQ(FindSectionDim("P"), 1);
+  EXPECT_EQ(FindSectionDim("Q"), 2);
+  for (const std::string product : {"", "p", "P ", "nope"}) {
+    EXPECT_EQ(FindSectionDim(product), 0) << product;
+  }
+}
+
 TEST_F(Catalogues, GetSectionDim_compares_exactly) {
   ASSERT_TRUE(LoadDims("Z,\"P \"," + Dims + "\n"));
   EXPECT_EQ(GetSectionDim("P ").Dim3, 3);

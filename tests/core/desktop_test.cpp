@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,18 @@ TEST_F(Desktops, Message_is_a_plain_box_without_title_or_icon) {
 TEST_F(Desktops, the_installed_desktop_is_the_one_in_use) {
   EXPECT_EQ(&TheDesktop(), &desktop);
   EXPECT_EQ(&TheDesktop().Settings(), &desktop.Values);
+}
+
+TEST_F(Desktops, asking_without_an_installed_desktop_is_an_error_of_the_program) {
+  UninstallDesktop();
+  try {
+    TheDesktop();
+    FAIL() << "a desktop was given";
+  } catch (const std::logic_error& error) {
+    EXPECT_STREQ(error.what(), "no desktop installed");
+  }
+  InstallDesktop(desktop);
+  EXPECT_EQ(&TheDesktop(), &desktop);
 }
 
 TEST_F(Desktops, ProgramPath_joins_the_programs_folder_and_a_backslash_led_name) {

@@ -4,16 +4,19 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "tests/support/fixture.h"
 
@@ -82,6 +85,15 @@ TEST_F(Files, a_file_whose_size_the_system_does_not_tell_is_read_to_its_end) {
 
 TEST_F(Files, a_device_without_an_end_is_refused) {
   EXPECT_EQ(ErrorOf([] { ReadWholeFile("/dev/zero"); }), std::strerror(EFBIG));
+}
+
+TEST_F(Files, a_file_that_tells_more_than_a_GiB_is_refused_before_memory_is_asked_for) {
+  const std::string path = TempFile("a.txt", "");
+  // A file of holes, which takes no room on the disk.
+  std::filesystem::resize_file(path, (std::uintmax_t{1} << 30) + 1);
+  EXPECT_EQ(ErrorOf([&] { ReadWholeFile(path); }), std::strerror(EFBIG));
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 40);
+  EXPECT_EQ(ErrorOf([&] { ReadWholeFile(path); }), std::strerror(EFBIG));
 }
 
 TEST_F(Files, what_cannot_be_read_raises_the_systems_description) {
@@ -191,12 +203,40 @@ TEST_F(Files, ReplaceWholeFile_follows_a_link_and_keeps_it) {
 TEST_F(Files, ReplaceWholeFile_leaves_files_alone_that_bear_the_name_it_would_use) {
   const std::string folder = Folder("f");
   TempFile("f/a.txt", "old");
-  TempFile("f/a.txt.tmp", "someone else's");
-  Folder("f/a.txt.tmp.tmp");
+  const std::string fresh = "a.txt." + DecimalText(getpid()) + ".tmp";
+  TempFile("f/" + fresh, "someone else's");
+  Folder("f/" + fresh + ".tmp");
   ReplaceWholeFile(folder + "/a.txt", "new");
   EXPECT_EQ(BytesOf(folder + "/a.txt"), "new");
-  EXPECT_EQ(BytesOf(folder + "/a.txt.tmp"), "someone else's");
-  EXPECT_EQ(NamesIn(folder), (Names{"a.txt", "a.txt.tmp", "a.txt.tmp.tmp"}));
+  EXPECT_EQ(BytesOf(folder + "/" + fresh), "someone else's");
+  EXPECT_EQ(NamesIn(folder), (Names{"a.txt", fresh, fresh + ".tmp"}));
+}
+
+TEST_F(Files, ReplaceWholeFile_names_its_new_file_after_the_process_beside_the_old_one) {
+  const std::string folder = Folder("f");
+  const std::string path = folder + "/a.txt";
+  const std::string fresh = "a.txt." + DecimalText(getpid()) + ".tmp";
+  // A child that is killed in the middle of the write leaves its file behind.
+  const pid_t child = fork();
+  if (child == 0) {
+    std::signal(SIGXFSZ, SIG_DFL);
+    const rlimit limit{1000, 1000};
+    const rlimit noCore{0, 0};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    setrlimit(RLIMIT_CORE, &noCore);
+    Outcome([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
+    _exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  const std::string leftover = "a.txt." + DecimalText(child) + ".tmp";
+  EXPECT_EQ(NamesIn(folder), (Names{leftover}));
+  // Another process's leftover is not in the way of the next one's file.
+  ASSERT_NE(leftover, fresh);
+  ReplaceWholeFile(path, "new");
+  EXPECT_EQ(BytesOf(path), "new");
+  EXPECT_EQ(NamesIn(folder), (Names{"a.txt", leftover}));
 }
 
 TEST_F(Files, ReplaceWholeFile_writes_a_pipe_and_never_takes_its_name) {
@@ -269,6 +309,13 @@ TEST_F(Files, a_file_that_may_not_be_written_may_not_be_replaced) {
 }
 
 // --- Names
+
+TEST_F(Files, paths_go_to_the_platforms_own_type_and_back_as_UTF_8) {
+  for (const std::string path : {"", "/", "a.ovd", "/home/u/caf\xC3\xA9.ovd", "a\\b/c"}) {
+    EXPECT_EQ(PathText(NativePath(path)), path);
+  }
+  EXPECT_EQ(NativePath("/home/u/a.ovd").parent_path(), NativePath("/home/u"));
+}
 
 TEST_F(Files, IsRegularFile_is_true_for_ordinary_files_only) {
   EXPECT_TRUE(IsRegularFile(TempFile("a.txt", "")));

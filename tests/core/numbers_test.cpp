@@ -9,12 +9,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/decimal_comma.h"
 #include "tests/support/fixture.h"
 
 namespace {
 
 using namespace orvane;
 using orvane::test::ErrorOf;
+using orvane::test::WithDecimalComma;
 
 const double NotANumber = std::numeric_limits<double>::quiet_NaN();
 const double Infinity = std::numeric_limits<double>::infinity();
@@ -451,16 +453,16 @@ TEST(Numbers, a_global_locale_with_decimal_comma_and_grouping_changes_nothing) {
   std::locale::global(before);
 }
 
-TEST(Numbers, a_C_locale_with_decimal_comma_changes_nothing) {
-  const std::string before = std::setlocale(LC_ALL, nullptr);
-  const char* found = nullptr;
-  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "sv_SE.UTF-8", "German"}) {
-    if (found == nullptr) found = std::setlocale(LC_ALL, name);
-  }
-  if (found == nullptr) GTEST_SKIP() << "no locale with a decimal comma is installed";
-  EXPECT_STREQ(std::localeconv()->decimal_point, ",");
-  ExpectNumbersWithPoints();
-  std::setlocale(LC_ALL, before.c_str());
+class NumbersInTheLocale : public orvane::test::SystemTest {};
+
+TEST_F(NumbersInTheLocale, a_C_locale_with_decimal_comma_changes_nothing) {
+  bool ran = false;
+  WithDecimalComma(TempPath("locales"), [&ran] {
+    ExpectNumbersWithPoints();
+    ran = true;
+  });
+  EXPECT_TRUE(ran);
+  EXPECT_STREQ(std::localeconv()->decimal_point, ".");
 }
 
 }  // namespace

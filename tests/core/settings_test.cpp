@@ -78,6 +78,8 @@ const std::string Drawings = "SOFTWARE\\Lintaro\\Settings\\Drawings";
 const std::string Lengths = "SOFTWARE\\Lintaro\\Settings\\MaxDims";
 const std::string Registration = "SOFTWARE\\Lintaro\\Registration";
 const std::string General = "SOFTWARE\\Lintaro\\Settings";
+const std::string Screen = "SOFTWARE\\Lintaro\\Settings\\Screen";
+const std::string RecentFiles = "SOFTWARE\\Lintaro\\Settings\\RecentFiles";
 
 void LoadAll() {
   LoadMaxDims();
@@ -362,6 +364,78 @@ TEST_F(Settings, LoadMaxDims_makes_the_table_of_six_if_it_is_not_there) {
   MaxDims.Clear();
   LoadMaxDims();
   EXPECT_EQ(MaxDimsNow(), (std::vector<double>{15000, 15000, 15000, 3050, 3050, 4000}));
+}
+
+// --- The window and the recent files
+
+TEST_F(Settings, the_windows_state_is_0_without_a_stored_one_and_its_measures_are_the_present) {
+  EXPECT_EQ(ScreenSetting("State"), "0");
+  EXPECT_EQ(ScreenSetting("State", "2"), "0");
+  EXPECT_EQ(ScreenSetting("Width", "1024"), "1024");
+  EXPECT_EQ(ScreenSetting("Height", "768"), "768");
+  EXPECT_EQ(ScreenSetting("Top", "-8"), "-8");
+  EXPECT_EQ(ScreenSetting("Left", "0"), "0");
+  EXPECT_TRUE(desktop.Boxes.empty());
+}
+
+TEST_F(Settings, the_windows_values_lie_under_their_key_and_names) {
+  TracedStore store;
+  desktop.Store = &store;
+  StoreScreenSetting("State", "2");
+  StoreScreenSetting("Width", "1280");
+  StoreScreenSetting("Height", "960");
+  StoreScreenSetting("Top", "15");
+  StoreScreenSetting("Left", "-20");
+  EXPECT_EQ(ScreenSetting("State"), "2");
+  EXPECT_EQ(ScreenSetting("Width", "1"), "1280");
+  EXPECT_EQ(ScreenSetting("Height", "1"), "960");
+  EXPECT_EQ(ScreenSetting("Top", "1"), "15");
+  EXPECT_EQ(ScreenSetting("Left", "1"), "-20");
+  const std::vector<std::string> expected = {
+      "set " + Screen + " State=2",    "set " + Screen + " Width=1280",
+      "set " + Screen + " Height=960", "set " + Screen + " Top=15",
+      "set " + Screen + " Left=-20",   "get " + Screen + " State",
+      "get " + Screen + " Width",      "get " + Screen + " Height",
+      "get " + Screen + " Top",        "get " + Screen + " Left",
+  };
+  EXPECT_EQ(store.Calls, expected);
+}
+
+TEST_F(Settings, the_recent_files_are_five_values_that_are_empty_at_first) {
+  TracedStore store;
+  desktop.Store = &store;
+  for (int number = 1; number <= 5; ++number) EXPECT_EQ(RecentFile(number), "");
+  StoreRecentFile(1, "/home/u/a.ovd");
+  StoreRecentFile(5, "C:\\e.ovd");
+  EXPECT_EQ(RecentFile(1), "/home/u/a.ovd");
+  EXPECT_EQ(RecentFile(5), "C:\\e.ovd");
+  const std::vector<std::string> expected = {
+      "get " + RecentFiles + " Recent1",           "get " + RecentFiles + " Recent2",
+      "get " + RecentFiles + " Recent3",           "get " + RecentFiles + " Recent4",
+      "get " + RecentFiles + " Recent5",           "set " + RecentFiles + " Recent1=/home/u/a.ovd",
+      "set " + RecentFiles + " Recent5=C:\\e.ovd", "get " + RecentFiles + " Recent1",
+      "get " + RecentFiles + " Recent5",
+  };
+  EXPECT_EQ(store.Calls, expected);
+}
+
+TEST_F(Settings, an_empty_stored_measure_or_recent_file_is_not_missing) {
+  StoreScreenSetting("State", "");
+  StoreScreenSetting("Width", "");
+  EXPECT_EQ(ScreenSetting("State"), "");
+  EXPECT_EQ(ScreenSetting("Width", "1024"), "");
+  StoreRecentFile(2, "/home/u/a.ovd");
+  StoreRecentFile(2, "");
+  EXPECT_EQ(RecentFile(2), "");
+  EXPECT_EQ(Stored(RecentFiles, "Recent2"), "");
+}
+
+TEST_F(Settings, a_setting_that_the_table_lacks_is_an_error_of_the_program) {
+  EXPECT_THROW(ScreenSetting("Depth", "1"), std::logic_error);
+  EXPECT_THROW(StoreScreenSetting("ProjectDirectory", "x"), std::logic_error);
+  EXPECT_THROW(RecentFile(0), std::logic_error);
+  EXPECT_THROW(RecentFile(6), std::logic_error);
+  EXPECT_THROW(StoreRecentFile(-1, "x"), std::logic_error);
 }
 
 // --- FolderOfPath

@@ -357,6 +357,84 @@ TEST_F(HoleListTest, the_hole_grid_of_a_section_without_custom_holes_is_empty) {
   EXPECT_EQ(HoleGridRows(1).UBound(), 0);
 }
 
+TEST_F(HoleListTest, the_blank_element_0_of_Items_is_never_converted_nor_deleted_from) {
+  Hole hole;
+  hole.XPos = 700;
+  hole.Kind = "S";
+  Items.At(0).Holes.Append(hole);
+  hole.XPos = 900;
+  hole.Kind = "C";
+  Items.At(0).Holes.Append(hole);
+  Items.At(0).HoleCount = 2;
+  Items.At(0).CustomHoleCount = 1;
+
+  ConvertHolesToCustom(0);
+  EXPECT_FALSE(DeleteCustomHoleRow(0, 1));
+
+  const Item& blank = Items.At(0);
+  EXPECT_EQ(blank.HoleCount, 2);
+  EXPECT_EQ(blank.CustomHoleCount, 1);
+  ASSERT_EQ(blank.Holes.UBound(), 2);
+  EXPECT_EQ(blank.Holes.At(1).Kind, "S");
+  EXPECT_EQ(blank.Holes.At(1).XPos, 700);
+  EXPECT_EQ(blank.Holes.At(2).Kind, "C");
+  EXPECT_EQ(blank.Holes.At(2).XPos, 900);
+}
+
+// Row 0 may come out of a file with any content: it is no hole, whatever it says.
+class CustomRow0Test : public HoleListTest {
+ protected:
+  CustomRow0Test() {
+    Add(100, "S");
+    Add(200, "C");
+    Add(300, "S");
+    Hole& row0 = Items.At(1).Holes.At(0);
+    row0.Kind = "C";
+    row0.XPos = 50;
+    row0.BF = "y";
+    row0.Diameter = 22;
+  }
+};
+
+TEST_F(CustomRow0Test, RemoveStandardHoles_blanks_it_and_keeps_the_real_custom_hole) {
+  RemoveStandardHoles(1);
+  EXPECT_EQ(PositionsNow(), (Positions{200}));
+  EXPECT_EQ(Items.At(1).HoleCount, 1);
+  EXPECT_EQ(Items.At(1).CustomHoleCount, 1);
+  ExpectBlank(Items.At(1).Holes.At(0));
+}
+
+TEST_F(CustomRow0Test, HoleGridRows_does_not_show_it) {
+  const Table<Table<std::string>> rows = HoleGridRows(1);
+  ASSERT_EQ(rows.UBound(), 1);
+  EXPECT_EQ(CellsOf(rows.At(1)), (Cells{"200", "0", "n", "n", "n", "n", "18", "", ""}));
+}
+
+TEST_F(CustomRow0Test, DeleteCustomHoleRow_does_not_count_it) {
+  EXPECT_FALSE(DeleteCustomHoleRow(1, 2));
+  EXPECT_EQ(PositionsNow(), (Positions{100, 200, 300}));
+  EXPECT_TRUE(DeleteCustomHoleRow(1, 1));
+  EXPECT_EQ(PositionsNow(), (Positions{100, 300}));
+  EXPECT_EQ(Items.At(1).HoleCount, 2);
+  EXPECT_EQ(Items.At(1).CustomHoleCount, 0);
+  EXPECT_EQ(Items.At(1).Holes.At(0).XPos, 50);
+  EXPECT_EQ(Items.At(1).Holes.At(0).Kind, "C");
+}
+
+TEST_F(CustomRow0Test, ConvertHolesToCustom_neither_counts_nor_changes_it) {
+  Items.At(1).Holes.At(0).Kind = "S";
+  ConvertHolesToCustom(1);
+  EXPECT_EQ(Items.At(1).Holes.At(0).Kind, "S");
+  Items.At(1).Holes.At(0).Kind = "C";
+  ConvertHolesToCustom(1);
+  EXPECT_EQ(Items.At(1).CustomHoleCount, 3);
+  EXPECT_EQ(Items.At(1).HoleCount, 3);
+  for (const Hole& hole : Items.At(1).Holes) EXPECT_EQ(hole.Kind, "C");
+  EXPECT_EQ(Items.At(1).Holes.At(0).Kind, "C");
+  EXPECT_EQ(Items.At(1).Holes.At(0).XPos, 50);
+  EXPECT_EQ(Items.At(1).Holes.At(0).BF, "y");
+}
+
 TEST_F(HoleListTest, a_row_outside_the_table_is_out_of_range) {
   for (const std::int16_t row : {std::int16_t{2}, std::int16_t{-1}}) {
     EXPECT_EQ(test::ErrorOf([&] { RemoveStandardHoles(row); }), "Subscript out of range");

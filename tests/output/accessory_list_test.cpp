@@ -70,7 +70,7 @@ TEST_F(AccessoryListTest, A_list_of_both_types_is_written_whole) {
             "\r\n"
             "Accessory 10                       Mark        Quantity    "
             "A           B           C           D           E           \r\n"
-            "Part 10                            T1          2           "
+            "Text 10                            T1          2           "
             "Z20018      1250        12.5                    left        \r\n");
 }
 
@@ -85,8 +85,8 @@ TEST_F(AccessoryListTest, The_lists_keep_their_own_orders_type_1_first) {
       Heading1("Accessory 3") + Lines({ListRow({"Size Two", "STwo", "1"})}) +
           Heading1("Accessory 2") +
           Lines({ListRow({"Size Three", "SThree", "1"}), ListRow({"Size One", "SOne", "1"})}) +
-          Heading2("Accessory 12") + Lines({ListRow({"Part 12", "B", "1", "", "", "", "", ""})}) +
-          Heading2("Accessory 10") + Lines({ListRow({"Part 10", "A", "1", "", "", "", "", ""})}));
+          Heading2("Accessory 12") + Lines({ListRow({"Text 12", "B", "1", "", "", "", "", ""})}) +
+          Heading2("Accessory 10") + Lines({ListRow({"Text 10", "A", "1", "", "", "", "", ""})}));
 }
 
 TEST_F(AccessoryListTest, Lines_of_one_accessory_share_a_heading_until_another_comes_between) {
@@ -102,9 +102,9 @@ TEST_F(AccessoryListTest, Lines_of_one_accessory_share_a_heading_until_another_c
   const auto line2 = [](const char* part) {
     return Lines({ListRow({part, "M", "1", "", "", "", "", ""})});
   };
-  EXPECT_EQ(ListLines(), Heading2("Accessory 10") + line2("Part 10") + line2("Part 10") +
-                             Heading2("Accessory 12") + line2("Part 12") +
-                             Heading2("Accessory 10") + line2("Part 10"));
+  EXPECT_EQ(ListLines(), Heading2("Accessory 10") + line2("Text 10") + line2("Text 10") +
+                             Heading2("Accessory 12") + line2("Text 12") +
+                             Heading2("Accessory 10") + line2("Text 10"));
 }
 
 TEST_F(AccessoryListTest, Two_accessories_of_one_name_share_a_heading) {
@@ -134,8 +134,8 @@ TEST_F(AccessoryListTest, A_line_without_a_quantity_starts_no_heading_and_breaks
             Heading1("Accessory 1") +
                 Lines({ListRow({"Size One", "SOne", "1"}), ListRow({"Size Two", "STwo", "1"})}) +
                 Heading2("Accessory 10") +
-                Lines({ListRow({"Part 10", "M1", "1", "", "", "", "", ""}),
-                       ListRow({"Part 10", "M3", "1", "", "", "", "", ""})}));
+                Lines({ListRow({"Text 10", "M1", "1", "", "", "", "", ""}),
+                       ListRow({"Text 10", "M3", "1", "", "", "", "", ""})}));
 }
 
 TEST_F(AccessoryListTest, A_line_without_a_quantity_needs_no_row_in_the_catalogue) {
@@ -151,7 +151,7 @@ TEST_F(AccessoryListTest, The_second_list_begins_with_a_heading_even_under_the_s
   AccLines2.Append(MakeLine2(10, "M", 1, {"", "", "", "", ""}));
   EXPECT_EQ(ListLines(), Heading1("Accessory 1") + Lines({ListRow({"Size One", "SOne", "1"})}) +
                              Heading2("Accessory 1") +
-                             Lines({ListRow({"Part 10", "M", "1", "", "", "", "", ""})}));
+                             Lines({ListRow({"Text 10", "M", "1", "", "", "", "", ""})}));
 }
 
 TEST_F(AccessoryListTest, A_type_1_line_shows_the_sizes_code_under_the_heading_Mark) {
@@ -169,8 +169,8 @@ TEST_F(AccessoryListTest, An_accessory_without_value_columns_has_rows_of_59_colu
   EXPECT_EQ(ListLines(),
             "\r\n"
             "Accessory 10                       Mark        Quantity    \r\n"
-            "Part 10                            M1          3           \r\n"
-            "Part 10                            M2          4           \r\n");
+            "Text 10                            M1          3           \r\n"
+            "Text 10                            M2          4           \r\n");
 }
 
 TEST_F(AccessoryListTest, A_value_that_is_a_number_is_written_in_shortest_form) {
@@ -185,7 +185,7 @@ TEST_F(AccessoryListTest, A_value_that_is_a_number_is_written_in_shortest_form) 
     AccLines2.Clear();
     AccLines2.Append(MakeLine2(10, "M", 1, {value, "", "", "", "end"}));
     EXPECT_EQ(ListLines(), Heading2("Accessory 10") +
-                               Lines({ListRow({"Part 10", "M", "1", text, "", "", "", "end"})}))
+                               Lines({ListRow({"Text 10", "M", "1", text, "", "", "", "end"})}))
         << value;
   }
 }
@@ -195,7 +195,7 @@ TEST_F(AccessoryListTest, Values_stand_under_their_headings) {
   AccLines2.Append(MakeLine2(10, "M", 1, {"v1", "v2", "v3", "v4", "v5"}));
   const std::string text = ListLines();
   const std::size_t heading = text.find("Accessory 10");
-  const std::size_t line = text.find("Part 10");
+  const std::size_t line = text.find("Text 10");
   ASSERT_NE(line, std::string::npos);
   EXPECT_EQ(text.find("Centres") - heading, 35U + 12 + 12 + 2 * 12);
   EXPECT_EQ(text.find("v3") - line, 35U + 12 + 12 + 2 * 12);
@@ -244,9 +244,9 @@ TEST_F(AccessoryListTest, Every_accessory_in_use_is_listed) {
   AccLines2.Append(MakeLine2(22, "M1", 1, {"", "", "", "", ""}));
   AccLines2.Append(MakeLine2(7, "M2", 1, {"", "", "", "", ""}));
   EXPECT_EQ(ListLines(), Heading2("Accessory 22") +
-                             Lines({ListRow({"Part 22", "M1", "1", "", "", "", "", ""})}) +
+                             Lines({ListRow({"Text 22", "M1", "1", "", "", "", "", ""})}) +
                              Heading2("Accessory 7") +
-                             Lines({ListRow({"Part 7", "M2", "1", "", "", "", "", ""})}));
+                             Lines({ListRow({"Text 7", "M2", "1", "", "", "", "", ""})}));
 }
 
 // The accessory in row 9.
@@ -257,7 +257,7 @@ TEST_F(AccessoryListTest, Row_9_joins_its_first_value_to_the_part_and_leaves_out
             "\r\n"
             "Accessory 9                        Mark        Quantity    "
             "B           C           D           E           \r\n"
-            "Part 9 EB2                         B1          4           "
+            "Text 9 EB2                         B1          4           "
             "450         300         x           12.5        \r\n");
 }
 
@@ -283,11 +283,11 @@ TEST_F(AccessoryListTest, Row_9_sets_an_empty_second_and_third_value_to_0_in_the
             "\r\n"
             "Accessory 9                        Mark        Quantity    "
             "B           C           D           E           \r\n"
-            "Part 9                             B1          4           "
+            "Text 9                             B1          4           "
             "0           0                                   \r\n"
-            "Part 9 EB2                         B2          4           "
+            "Text 9 EB2                         B2          4           "
             "450         0                                   \r\n"
-            "Part 9 EB2                         B3          4           "
+            "Text 9 EB2                         B3          4           "
             "            300                                 \r\n");
   const std::vector<std::vector<std::string>> values = {
       {"", "0", "0", "", ""}, {"EB2", "450", "0", "", ""}, {"EB2", " ", "300", "", ""}};
@@ -367,7 +367,7 @@ TEST_F(AccessoryListTest, A_missing_value_stops_the_list_before_its_line) {
   AccLines2.Append(MakeLine2(10, "M2", 1, {"1", "2", "3", "4"}));
   const Broken broken = BrokenList();
   EXPECT_EQ(broken.Lines, Heading2("Accessory 10") +
-                              Lines({ListRow({"Part 10", "M1", "1", "1", "2", "3", "4", "5"})}));
+                              Lines({ListRow({"Text 10", "M1", "1", "1", "2", "3", "4", "5"})}));
   EXPECT_EQ(broken.Description, "Subscript out of range");
 }
 

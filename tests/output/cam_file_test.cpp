@@ -1,9 +1,9 @@
 // The layout of the whole CAM file.
-#include <clocale>
 #include <locale>
 
 #include "output/cam_export.h"
 #include "tests/output/output_test.h"
+#include "tests/support/decimal_comma.h"
 
 namespace orvane {
 
@@ -134,12 +134,8 @@ TEST_F(CamFileTest, Numbers_dont_depend_on_the_locale) {
   Items.Append(item);
 
   const std::locale before = std::locale::global(std::locale(std::locale(), new CommaPoint));
-  // Where the machine has such a locale, the C library's too.
-  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8"}) {
-    if (std::setlocale(LC_NUMERIC, name) != nullptr) break;
-  }
-  const std::string blocks = Blocks();
-  std::setlocale(LC_NUMERIC, "C");
+  std::string blocks;
+  WithDecimalComma(TempPath("locales"), [&] { blocks = Blocks(); });
   std::locale::global(before);
   EXPECT_EQ(blocks, Lines({"EAVES BEAM", "E1", "X20018", "22.5", "1", "12000", "1",
                            HoleLine("11000     n y y n 18"), "12.3 0.0", "0", ""}));

@@ -55,6 +55,7 @@ TEST_F(ExportRunTest, A_full_disk_ends_the_export) {
   AddListedAccessory();
   EXPECT_EQ(Export("/dev/full"), ExportOutcome::Failed);
   EXPECT_EQ(trace, (TextList{"open dialog", "message: Disk full"}));
+  EXPECT_FALSE(fs::exists("/dev/full.xac"));
 }
 
 TEST_F(ExportRunTest, A_read_only_folder_ends_the_export) {
@@ -77,7 +78,7 @@ TEST_F(ExportRunTest, A_list_that_cant_be_written_shows_its_error_and_the_export
   AddChannel();
   AddListedAccessory();
   fs::create_directory(TempPath("a.xac"));
-  EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
+  EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::ListFailed);
   EXPECT_EQ(trace, (TextList{"open dialog", "message: Is a directory", Complete}));
   EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader + ChannelBlock);
 }
@@ -86,7 +87,7 @@ TEST_F(ExportRunTest, A_faulty_line_of_the_list_shows_its_error_and_the_export_i
   AddChannel();
   AddListedAccessory();
   AccLines1.Append(MakeLine1(99, 1, 1));
-  EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
+  EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::ListFailed);
   EXPECT_EQ(trace, (TextList{"open dialog", "message: Subscript out of range", Complete}));
   EXPECT_EQ(BytesOf(TempPath("a.xac")), ListHeader + ListBlock);
 }

@@ -8,11 +8,11 @@
 
 namespace orvane::test {
 
-Answer TracingDesktop::MessageBox(const std::string& text, const std::string& title,
-                                  Buttons buttons, Icon icon) {
+Answer TracingDesktop::ShowMessageBox(const std::string& text, const std::string& title,
+                                      Buttons buttons, Icon icon) {
   const bool plain = title.empty() && buttons == Buttons::Ok && icon == Icon::None;
   trace_.push_back((plain ? "message: " : title + ": ") + text);
-  return ScriptedDesktop::MessageBox(text, title, buttons, icon);
+  return ScriptedDesktop::ShowMessageBox(text, title, buttons, icon);
 }
 
 std::optional<std::string> TracingDesktop::ShowOpenDialog(const FileDialog& dialog) {

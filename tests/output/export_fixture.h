@@ -18,8 +18,8 @@ using TextList = std::vector<std::string>;
 class TracingDesktop : public ScriptedDesktop {
  public:
   explicit TracingDesktop(TextList& trace) : trace_(trace) {}
-  Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
-                    Icon icon) override;
+  Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                        Icon icon) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
 

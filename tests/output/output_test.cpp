@@ -148,7 +148,7 @@ void OutputTest::AddAccessories() {
         accessory.ParamNames.Append("S" + std::string(size));
       }
     } else {
-      accessory.Option = "Part " + std::to_string(row);
+      accessory.Option = "Text " + std::to_string(row);
       for (const char* heading : {"Mark", "No.Off", "A", "B", "C", "D", "E"}) {
         accessory.ParamNames.Append(heading);
       }

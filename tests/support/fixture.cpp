@@ -26,6 +26,9 @@ std::filesystem::path NewFolder() {
 
 constexpr unsigned NobodyId = 65534;
 
+// How a child of AsOrdinaryUser ends, as its exit code.
+enum class ChildEnd { Done, NoResult, Exception, FailedTest };
+
 }  // namespace
 
 SystemTest::SystemTest() {
@@ -36,6 +39,8 @@ SystemTest::SystemTest() {
 }
 
 SystemTest::~SystemTest() {
+  UninstallOutputScreen();
+  UninstallDesktop();
   std::error_code ignored;
   if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
 }
@@ -82,13 +87,19 @@ std::string AsOrdinaryUser(const std::function<std::string()>& action) {
   const pid_t child = fork();
   if (child == 0) {
     close(ends[0]);
-    int code = 1;
-    if (getuid() != 0 || (setgid(NobodyId) == 0 && setuid(NobodyId) == 0)) {
-      const std::string result = action();
-      const auto size = static_cast<ssize_t>(result.size());
-      code = write(ends[1], result.data(), result.size()) == size ? 0 : 1;
+    // Nothing may get out of here, or the child would go on with the parent's tests.
+    ChildEnd end = ChildEnd::NoResult;
+    try {
+      if (getuid() != 0 || (setgid(NobodyId) == 0 && setuid(NobodyId) == 0)) {
+        const std::string result = action();
+        const auto size = static_cast<ssize_t>(result.size());
+        if (write(ends[1], result.data(), result.size()) == size) end = ChildEnd::Done;
+      }
+      if (::testing::Test::HasFailure()) end = ChildEnd::FailedTest;
+    } catch (...) {
+      end = ChildEnd::Exception;
     }
-    _exit(code);
+    _exit(static_cast<int>(end));
   }
   close(ends[1]);
   std::string result;
@@ -99,7 +110,13 @@ std::string AsOrdinaryUser(const std::function<std::string()>& action) {
   close(ends[0]);
   int status = 0;
   waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  EXPECT_EQ(code, static_cast<int>(ChildEnd::Done))
+      << "the child "
+      << (code == static_cast<int>(ChildEnd::NoResult)     ? "gave no result"
+          : code == static_cast<int>(ChildEnd::Exception)  ? "threw an exception"
+          : code == static_cast<int>(ChildEnd::FailedTest) ? "failed the test"
+                                                           : "died");
   return result;
 }
 

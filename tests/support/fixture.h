@@ -14,7 +14,7 @@
 namespace orvane::test {
 
 // Resets the application-wide tables and values, and installs the scripted desktop and output
-// screen.
+// screen for the time of the test.
 class SystemTest : public ::testing::Test {
  protected:
   SystemTest();
@@ -43,8 +43,9 @@ std::string ErrorOf(const std::function<void()>& action);
 std::string BytesOf(const std::string& path);
 
 // Runs the action in a child process under an unprivileged user, since root passes every permission
-// check, and gives what it returned (at most 64 KiB). Fails the test if the child died. When the
-// tests don't run as root, it runs with the present rights.
+// check, and gives what it returned (at most 64 KiB). Fails the test if the child
+// died, if the action threw, and if an expectation in it failed. When the tests don't run as root,
+// it runs with the present rights.
 std::string AsOrdinaryUser(const std::function<std::string()>& action);
 
 }  // namespace orvane::test

@@ -6,8 +6,8 @@
 
 namespace orvane::test {
 
-Answer ScriptedDesktop::MessageBox(const std::string& text, const std::string& title,
-                                   Buttons buttons, Icon icon) {
+Answer ScriptedDesktop::ShowMessageBox(const std::string& text, const std::string& title,
+                                       Buttons buttons, Icon icon) {
   Boxes.push_back({text, title, buttons, icon});
   if (buttons == Buttons::Ok) return Answer::Ok;
   if (Answers.empty()) {

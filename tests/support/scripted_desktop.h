@@ -38,8 +38,8 @@ class ScriptedDesktop : public Desktop {
   mutable int ClockReads = 0;
   std::vector<std::string> HelpFiles;
 
-  Answer MessageBox(const std::string& text, const std::string& title, Buttons buttons,
-                    Icon icon) override;
+  Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                        Icon icon) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
   void ProcessEvents() override { ++EventRuns; }

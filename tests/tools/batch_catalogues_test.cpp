@@ -51,7 +51,7 @@ TEST_F(BatchCatalogues, A_catalogue_folder_that_is_not_there_is_a_fault) {
   const Outcome outcome = RunProgram(ORVANE_BATCH, {"--catalogue", "nowhere", "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
   EXPECT_EQ(outcome.Err.find("Orvane Detailing System\nError loading data from "), 0U);
-  EXPECT_NE(outcome.Err.find("/work/nowhere/accs1.csv\nPath not found\n"), std::string::npos);
+  EXPECT_NE(outcome.Err.find("/desk/nowhere/accs1.csv\nPath not found\n"), std::string::npos);
 }
 
 TEST_F(BatchCatalogues, Catalogue_names_are_found_without_regard_to_case) {
@@ -64,7 +64,9 @@ TEST_F(BatchCatalogues, In_the_build_tree_the_shipped_catalogue_lies_beside_the_
   File("a.ovd", JobOf({}));
   const Outcome outcome = RunProgram(ORVANE_BATCH, {"--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 0);
-  EXPECT_EQ(outcome.Err, Note);
+  // The job has flags for the six accessories of the tests' catalogue; the one that ships has more.
+  EXPECT_EQ(outcome.Err, "a.ovd: read, but accessory lines or marks may be missing at its end\n" +
+                             std::string(Note));
   for (const std::string name : {"dims.csv", "punch.csv", "accs1.csv", "accs2.csv"}) {
     const std::string copy = (fs::path(ORVANE_BATCH).parent_path() / "catalogue" / name).string();
     EXPECT_EQ(BytesOf(copy), BytesOf(ORVANE_SOURCE_DIR "/catalogue/" + name)) << name;
@@ -77,8 +79,8 @@ TEST_F(BatchCatalogues, Installed_the_program_finds_them_in_its_folder_whatever_
   EXPECT_EQ(RunProgram(program, {"--cam", "a.ovd"}).Code, 0);
   EXPECT_TRUE(Exists("a.xov"));
   // The folder of the program itself, not that of a link to it.
-  fs::create_symlink(program, TempPath("work/linked"));
-  EXPECT_EQ(RunProgram(TempPath("work/linked"), {"--cam", "a.ovd"}).Code, 0);
+  fs::create_symlink(program, TempPath("desk/linked"));
+  EXPECT_EQ(RunProgram(TempPath("desk/linked"), {"--cam", "a.ovd"}).Code, 0);
 }
 
 TEST_F(BatchCatalogues, The_programs_own_folder_comes_before_the_catalogue_folder_in_it) {
@@ -92,7 +94,7 @@ TEST_F(BatchCatalogues, A_read_only_program_folder_serves_an_ordinary_user) {
   const std::string program = Install("catalogue");
   fs::permissions(TempPath("installed"), fs::perms(0555));
   File("a.ovd", JobOf({Purlin()}));
-  fs::permissions(TempPath("work"), fs::perms(0777));
+  fs::permissions(TempPath("desk"), fs::perms(0777));
   const Outcome outcome = RunProgram(program, {"--cam", "a.ovd"}, RunAs::OrdinaryUser);
   EXPECT_EQ(outcome.Code, 0) << outcome.Err;
   EXPECT_TRUE(Exists("a.xov"));

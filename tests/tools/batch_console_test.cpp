@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "output/validation.h"
 #include "tests/tools/companion.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_options.h"
+#include "tools/batch_platform.h"
 
 namespace orvane {
 
@@ -83,21 +86,47 @@ TEST_F(BatchConsole, The_desktop_answers_every_box_by_what_was_settled) {
   std::ostringstream stream;
   Console console(stream, false);
   BatchDesktop no(console, {});
-  EXPECT_EQ(no.MessageBox("Go on?", "", Buttons::YesNo, Icon::None), Answer::No);
+  EXPECT_EQ(no.ShowMessageBox("Go on?", "", Buttons::YesNo, Icon::None), Answer::No);
   BatchDesktop yes(console, {true, Moment{{2024, 3, 5}, 14, 7, 9}, ""});
-  EXPECT_EQ(yes.MessageBox("Go on?", "", Buttons::YesNo, Icon::None), Answer::Yes);
-  EXPECT_EQ(yes.MessageBox("Save?", "Title", Buttons::YesNoCancel, Icon::None), Answer::Cancel);
-  EXPECT_EQ(yes.Messages(), 0);
-  EXPECT_EQ(yes.MessageBox("Done", "", Buttons::Ok, Icon::Stop), Answer::Ok);
-  EXPECT_EQ(yes.Messages(), 1);
+  EXPECT_EQ(yes.ShowMessageBox("Go on?", "", Buttons::YesNo, Icon::None), Answer::Yes);
+  EXPECT_EQ(yes.ShowMessageBox("Save?", "Title", Buttons::YesNoCancel, Icon::None), Answer::Cancel);
+  EXPECT_EQ(yes.ShowMessageBox("Done", "", Buttons::Ok, Icon::Stop), Answer::Ok);
   EXPECT_EQ(stream.str(), "Go on? No\nGo on? Yes\nTitle\nSave? Cancel\nDone\n");
 
   yes.ChooseFile("a.xov");
   EXPECT_EQ(yes.ShowOpenDialog({}), "a.xov");
   EXPECT_EQ(yes.ShowSaveDialog({}), "a.xov");
-  EXPECT_EQ(yes.ShortDateForm(), "dd/MM/yyyy");
   EXPECT_EQ(yes.Now().Day, (Date{2024, 3, 5}));
   EXPECT_EQ(yes.Now().Hour, 14);
+}
+
+TEST_F(BatchConsole, Without_a_country_dates_have_the_day_first_and_four_digits_of_the_year) {
+  std::ostringstream stream;
+  Console console(stream, false);
+  const BatchDesktop desk(console, {});
+  const char* before = std::getenv("LC_ALL");
+  const std::string kept = before == nullptr ? "" : before;
+  for (const char* name : {"C", "POSIX", "C.UTF-8", "no_SUCH.UTF-8"}) {
+    setenv("LC_ALL", name, 1);
+    EXPECT_EQ(desk.ShortDateForm(), "dd/MM/yyyy") << name;
+  }
+  before == nullptr ? unsetenv("LC_ALL") : setenv("LC_ALL", kept.c_str(), 1);
+}
+
+TEST_F(BatchConsole, The_systems_date_forms_become_patterns) {
+  struct Case {
+    std::string Form;
+    std::string Pattern;
+  };
+  const std::vector<Case> cases = {
+      {"%d/%m/%y", "dd/MM/yy"},       {"%m/%d/%Y", "MM/dd/yyyy"},    {"%d.%m.%Y", "dd.MM.yyyy"},
+      {"%Y-%m-%d", "yyyy-MM-dd"},     {"%e.%m.%Y", "d.MM.yyyy"},     {"%-d.%-m.%Y", "d.M.yyyy"},
+      {"%d.%m.%Yg", "dd.MM.yyyy'g'"}, {"%a %d %b %Y", "dd/MM/yyyy"}, {"%d/%m/%", "dd/MM/yyyy"},
+      {"%d/%m/%Oy", "dd/MM/yyyy"},
+  };
+  for (const Case& each : cases) {
+    EXPECT_EQ(PatternOfDateForm(each.Form), each.Pattern) << each.Form;
+  }
 }
 
 TEST_F(BatchConsole, The_check_is_shown_under_its_caption) {

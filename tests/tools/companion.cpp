@@ -57,7 +57,8 @@ int RunChild(const std::string& program, const std::vector<std::string>& argumen
   std::vector<char*> argv = Pointers(all);
   const pid_t child = fork();
   if (child == 0) {
-    if (prepare()) execv(program.c_str(), argv.data());
+    // Dates are written as where no country is set, whatever the machine's is.
+    if (setenv("LC_ALL", "C", 1) == 0 && prepare()) execv(program.c_str(), argv.data());
     _exit(126);
   }
   whileRunning();
@@ -188,7 +189,7 @@ std::string SleeveList() {
 }
 
 CompanionTest::CompanionTest() : catalogue(TempPath("catalogue")) {
-  fs::create_directories(TempPath("work"));
+  fs::create_directories(TempPath("desk"));
   fs::create_directories(catalogue);
   TempFile("catalogue/dims.csv", Dims);
   TempFile("catalogue/punch.csv", Punch);
@@ -197,18 +198,18 @@ CompanionTest::CompanionTest() : catalogue(TempPath("catalogue")) {
 }
 
 std::string CompanionTest::Path(const std::string& name) {
-  const std::string path = TempPath("work/" + name);
+  const std::string path = TempPath("desk/" + name);
   fs::create_directories(fs::path(path).parent_path());
   return path;
 }
 
 std::string CompanionTest::File(const std::string& name, std::string_view bytes) {
   Path(name);
-  return TempFile("work/" + name, bytes);
+  return TempFile("desk/" + name, bytes);
 }
 
 bool CompanionTest::Exists(const std::string& name) {
-  return fs::exists(TempPath("work/" + name));
+  return fs::exists(TempPath("desk/" + name));
 }
 
 Outcome CompanionTest::Run(const std::vector<std::string>& arguments) {
@@ -219,7 +220,7 @@ Outcome CompanionTest::RunProgram(const std::string& program,
                                   const std::vector<std::string>& arguments, RunAs user) {
   const std::string out = TempPath("stdout.txt");
   const std::string err = TempPath("stderr.txt");
-  const std::string folder = TempPath("work");
+  const std::string folder = TempPath("desk");
   Outcome outcome;
   outcome.Code = RunChild(
       program, arguments,
@@ -247,7 +248,7 @@ Outcome CompanionTest::RunOnTerminal(const std::vector<std::string>& arguments) 
   cfmakeraw(&form);
   tcsetattr(terminal, TCSANOW, &form);
 
-  const std::string folder = TempPath("work");
+  const std::string folder = TempPath("desk");
   Outcome outcome;
   outcome.Code = RunChild(
       ORVANE_BATCH, WithCatalogue(catalogue, arguments),

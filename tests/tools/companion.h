@@ -46,20 +46,20 @@ std::string SleeveList();
 // The moment that those texts bear.
 constexpr const char* CreatedMoment = "2024-03-05T14:07:09";
 
-// Each test works in its own folder "work", with the catalogues in "catalogue" beside it.
+// Each test works in its own folder "desk", with the catalogues in "catalogue" beside it.
 class CompanionTest : public SystemTest {
  protected:
   CompanionTest();
 
-  // A path below "work", with its folders made; and a file there.
+  // A path below "desk", with its folders made; and a file there.
   std::string Path(const std::string& name);
   std::string File(const std::string& name, std::string_view bytes);
   bool Exists(const std::string& name);
 
-  // Runs the companion inside "work", with "--catalogue" of the test's own in front of the
+  // Runs the companion inside "desk", with "--catalogue" of the test's own in front of the
   // arguments.
   Outcome Run(const std::vector<std::string>& arguments);
-  // Runs `program` inside "work" with the arguments as they stand.
+  // Runs `program` inside "desk" with the arguments as they stand.
   Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      RunAs user = RunAs::Self);
   // Like Run, with a terminal as standard error; what came out on it, line feeds as they were
