@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -175,7 +176,7 @@ void SaveProject(benchmark::State& state) {
   for (auto _ : state) {
     if (!over) {
       state.PauseTiming();
-      std::remove(path.c_str());
+      std::filesystem::remove(path);
       state.ResumeTiming();
     }
     WriteProjectFile(path);
@@ -200,7 +201,7 @@ void FloorOfSaveProject(benchmark::State& state) {
       WriteWholeFile(path + ".bak", former);
     } else {
       state.PauseTiming();
-      std::remove(path.c_str());
+      std::filesystem::remove(path);
       state.ResumeTiming();
     }
     WriteWholeFile(path, StraightProjectText());

@@ -22,7 +22,7 @@ namespace orvane {
 namespace {
 
 struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+  void operator()(std::FILE* file) const { (void)std::fclose(file); }
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 

@@ -27,7 +27,7 @@ std::string InputFile(const std::uint8_t* data, std::size_t size) {
 }
 
 void Fail(const char* finding) {
-  std::fprintf(stderr, "finding: %s\n", finding);
+  (void)std::fprintf(stderr, "finding: %s\n", finding);
   std::abort();
 }
 

@@ -33,7 +33,7 @@ constexpr std::array<JobLine, 4> JobLines = {{
 
 void WriteFactoryFile(const std::string& path, const FactoryFile& file) {
   WriteWholeFile(path, file.Text);
-  if (file.Error) throw *file.Error;
+  if (file.Error) throw RuntimeError(*file.Error);
 }
 
 FactoryWriter& FactoryWriter::Text(std::string_view text) {

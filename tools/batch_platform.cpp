@@ -17,8 +17,9 @@
 #include <array>
 #else
 #include <langinfo.h>
-#include <locale.h>
 #include <unistd.h>
+
+#include <clocale>
 #endif
 
 namespace orvane {

@@ -41,7 +41,7 @@ std::string Outcome(const Action& action) {
 class Files : public orvane::test::SystemTest {
  protected:
   std::string Folder(const std::string& name, unsigned mode = 0755) {
-    const std::string path = TempPath(name);
+    std::string path = TempPath(name);
     std::filesystem::create_directories(path);
     Mode(path, mode);
     return path;
@@ -219,7 +219,7 @@ TEST_F(Files, ReplaceWholeFile_names_its_new_file_after_the_process_beside_the_o
   // A child that is killed in the middle of the write leaves its file behind.
   const pid_t child = fork();
   if (child == 0) {
-    std::signal(SIGXFSZ, SIG_DFL);
+    (void)std::signal(SIGXFSZ, SIG_DFL);
     const rlimit limit{1000, 1000};
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_FSIZE, &limit);
@@ -278,7 +278,7 @@ TEST_F(Files, a_replacement_that_runs_out_of_room_keeps_the_old_file) {
   Mode(path, 0666);
   const std::string outcome = AsOrdinaryUser([&] {
     // A limit on the size of files stands for the full disk; its signal would end the process.
-    std::signal(SIGXFSZ, SIG_IGN);
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{1000, 1000};
     setrlimit(RLIMIT_FSIZE, &limit);
     return Outcome([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });

@@ -30,6 +30,7 @@ TEST(SectionFamilies, are_the_six_of_the_trade_in_the_order_of_the_greatest_leng
   EXPECT_EQ(rows, expected);
 
   std::vector<double> lengths;
+  lengths.reserve(SectionFamilies.size());
   for (const SectionFamily& family : SectionFamilies) lengths.push_back(family.DefaultMaxLength);
   EXPECT_EQ(lengths, (std::vector<double>{15000, 15000, 15000, 3050, 3050, 4000}));
 }

@@ -374,7 +374,7 @@ TEST_F(FileStore, any_bytes_are_read_and_stored_into_without_harm) {
                                           "\n\n\n",
                                           "\\",
                                           "[a]b",
-                                          "\xFF\xFE[\0K",
+                                          std::string("\xFF\xFE[\0K", 5),
                                           "]",
                                           "[[K]]\nA=1",
                                           std::string(100000, '['),

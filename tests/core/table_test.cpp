@@ -10,7 +10,6 @@
 
 namespace {
 
-using orvane::RuntimeError;
 using orvane::Table;
 using orvane::test::ErrorOf;
 

@@ -401,11 +401,8 @@ TEST_F(SectionBlockTest, Texts_of_a_section_are_one_byte_a_character) {
   Item item = MakeItem("C", "P\u00e91", 900);
   item.Product = "\u20ac\u0416";
   AddHoles(item, {MakeHole(100, 18, 0, "", {"\u00e9", "y", "y", "n"})});
-  EXPECT_EQ(Block(item), Lines({"C-SECTION",
-                                "P\xe9"
-                                "1",
-                                "\x80?", "1", "900", "1", HoleLine("100       \xe9 y y n 18"),
-                                "0.0 0.0", "0", ""}));
+  EXPECT_EQ(Block(item), Lines({"C-SECTION", std::string("P\xe9") + "1", "\x80?", "1", "900", "1",
+                                HoleLine("100       \xe9 y y n 18"), "0.0 0.0", "0", ""}));
 }
 
 TEST_F(SectionBlockTest, A_line_end_in_a_text_adds_no_line) {

@@ -83,7 +83,7 @@ std::string ExpectedOfCut(const std::vector<std::string>& lines, std::size_t siz
     if (++index == lines.size()) return "";
   }
   const int number = static_cast<int>(index) + 1;
-  const std::string whole = lines.at(index);
+  const std::string& whole = lines.at(index);
   const std::string part = whole.substr(0, std::min(size - start, whole.size()));
   const bool inside = size > start && size < start + whole.size();
 

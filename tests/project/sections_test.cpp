@@ -262,15 +262,9 @@ TEST_F(SectionsTest, deleting_the_only_row_leaves_an_empty_table) {
 }
 
 TEST_F(SectionsTest, marks_sort_by_character_code) {
-  for (const char* mark : {"a1", "A9", "", "B1", "A10",
-                           "\xC3\x84"
-                           "1",
-                           "A1", "a"})
-    AddItem(mark);
+  for (const char* mark : {"a1", "A9", "", "B1", "A10", "\u00c41", "A1", "a"}) AddItem(mark);
   SortItemRows(SortKey::Mark);
-  EXPECT_EQ(Marks(), (Texts{"", "A1", "A10", "A9", "B1", "a", "a1",
-                            "\xC3\x84"
-                            "1"}));
+  EXPECT_EQ(Marks(), (Texts{"", "A1", "A10", "A9", "B1", "a", "a1", "\u00c41"}));
   EXPECT_EQ(ProjectDirty, False);
 }
 

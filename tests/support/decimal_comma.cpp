@@ -47,7 +47,7 @@ class LocaleKeeper {
     } else {
       unsetenv("LOCPATH");
     }
-    std::setlocale(LC_ALL, locale_.c_str());
+    (void)std::setlocale(LC_ALL, locale_.c_str());
   }
   LocaleKeeper(const LocaleKeeper&) = delete;
   LocaleKeeper& operator=(const LocaleKeeper&) = delete;
@@ -65,7 +65,7 @@ void WithDecimalComma(const std::string& folder, const std::function<void()>& ac
   setenv("LOCPATH", folder.c_str(), 1);
   ASSERT_NE(std::setlocale(LC_ALL, LocaleName.c_str()), nullptr);
   std::array<char, 8> printed{};
-  std::snprintf(printed.data(), printed.size(), "%.1f", 1.5);
+  (void)std::snprintf(printed.data(), printed.size(), "%.1f", 1.5);
   ASSERT_STREQ(printed.data(), "1,5");
   action();
 }

@@ -51,7 +51,7 @@ std::string SystemTest::TempPath(const std::string& name) {
 }
 
 std::string SystemTest::TempFile(const std::string& name, std::string_view bytes) {
-  const std::string path = TempPath(name);
+  std::string path = TempPath(name);
   std::ofstream file(path, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   EXPECT_TRUE(file.good()) << path;

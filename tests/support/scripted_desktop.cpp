@@ -39,7 +39,7 @@ std::optional<std::string> ScriptedDesktop::NextFile() {
     ADD_FAILURE() << "unforeseen file dialog";
     return std::nullopt;
   }
-  const std::optional<std::string> file = Chosen.front();
+  std::optional<std::string> file = Chosen.front();
   Chosen.pop_front();
   return file;
 }

@@ -44,6 +44,7 @@ constexpr const char* Accs2 =
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
@@ -266,7 +267,7 @@ Outcome CompanionTest::RunOnTerminal(const std::vector<std::string>& arguments) 
 }
 
 std::string CompanionTest::Install(const std::string& catalogueFolder) {
-  const std::string program = TempPath("installed/orvane-batch");
+  std::string program = TempPath("installed/orvane-batch");
   fs::create_directories(TempPath("installed"));
   fs::copy_file(ORVANE_BATCH, program);
   fs::create_directories(TempPath("installed/" + catalogueFolder));
