@@ -199,7 +199,7 @@ CompanionTest::CompanionTest() : catalogue(TempPath("catalogue")) {
 }
 
 std::string CompanionTest::Path(const std::string& name) {
-  const std::string path = TempPath("desk/" + name);
+  std::string path = TempPath("desk/" + name);
   fs::create_directories(fs::path(path).parent_path());
   return path;
 }
