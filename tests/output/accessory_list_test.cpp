@@ -40,20 +40,7 @@ std::string Heading2(const std::string& name) {
 TEST_F(AccessoryListTest, The_header_has_thirteen_lines) {
   const FactoryFile file = AccListFile(desktop.Present);
   EXPECT_FALSE(file.Error);
-  EXPECT_EQ(file.Text,
-            "ACCLIST 5.3\r\n"
-            "----------------------------------------------------------\r\n"
-            "\r\n"
-            "Job Number: J1042\r\n"
-            "Customer:   Dunmore Farms\r\n"
-            "Project:    Grain store\r\n"
-            "Designer:   A. Reid\r\n"
-            "Date:       04/03/24\r\n"
-            "\r\n"
-            "Created:    Tue Mar 05 2024 14:07:09\r\n"
-            "\r\n"
-            "----------------------------------------------------------\r\n"
-            "\r\n");
+  EXPECT_EQ(file.Text, ListHeader);
   const std::size_t dashes = file.Text.find('-');
   EXPECT_EQ(file.Text.find("\r\n", dashes) - dashes, 58U);
 }
