@@ -135,10 +135,13 @@ bool Try(Console& console, const std::string& file, const std::function<void()>&
 int DoJob(const Job& job, const BatchOptions& options, const std::string& resave,
           const Catalogues& catalogues, BatchDesktop& desktop, Console& console) {
   desktop.ChooseFile(CamFileName(job.Path));
+  const std::string& settings = options.SettingsFile.empty() ? job.Name : options.SettingsFile;
+  const bool fresh = Try(console, settings, [&] { StartAfresh(catalogues, options.DrawingWidth); });
+  if (!fresh) return ExitFault;
+
   // Half a list of sections would make half a delivery: a job that can't be read goes no further.
   // Behind the sections the program opens a file however it ends; here that is said.
   const bool read = Try(console, job.Name, [&] {
-    StartAfresh(catalogues, options.DrawingWidth);
     ReadProjectFile(job.Path);
     if (CheckProjectContent(ReadWholeFile(job.Path)) == ProjectContent::PerhapsCut) {
       console.SayFault(job.Name, "read, but accessory lines or marks may be missing at its end");

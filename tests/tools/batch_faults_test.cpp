@@ -215,6 +215,15 @@ TEST_F(BatchFaults, A_resave_that_fails_does_not_keep_the_export_back) {
   EXPECT_EQ(full.Err, "/dev/full: Disk full\n");
 }
 
+TEST_F(BatchFaults, A_setting_that_no_value_can_hold_is_a_fault_of_the_settings_file) {
+  File("a.ovd", JobOf({Purlin()}));
+  File("set.txt", "[SOFTWARE\\Lintaro\\Settings\\PageSetup]\nTopMargin=99999\n");
+  const Outcome outcome = Run({"--settings", "set.txt", "--cam", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 3);
+  EXPECT_EQ(outcome.Err, "set.txt: Overflow\n");
+  EXPECT_FALSE(Exists("a.xov"));
+}
+
 TEST_F(BatchFaults, A_settings_file_that_is_not_there_is_a_fault) {
   File("a.ovd", JobOf({Purlin()}));
   const Outcome outcome = Run({"--settings", "set.txt", "--cam", "a.ovd"});
