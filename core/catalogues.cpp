@@ -198,15 +198,15 @@ bool LoadAccessories2(const std::string& path) {
 bool LoadAccessoryCatalogues() {
   AccType2Count = 0;
   const bool loaded =
-      LoadAccessories1(ProgramPath("\\accs1.csv")) && LoadAccessories2(ProgramPath("\\accs2.csv"));
+      LoadAccessories1(ProgramPath(Accs1File)) && LoadAccessories2(ProgramPath(Accs2File));
   AccUsed.Clear();
   AccUsed.Resize(AccType1Count + AccType2Count);
   return loaded;
 }
 
 bool LoadSectionCatalogues() {
-  const bool dims = LoadSectionDims(ProgramPath("\\dims.csv"));
-  const bool patterns = LoadPunchPatterns(ProgramPath("\\punch.csv"));
+  const bool dims = LoadSectionDims(ProgramPath(DimsFile));
+  const bool patterns = LoadPunchPatterns(ProgramPath(PunchFile));
   return dims && patterns;
 }
 

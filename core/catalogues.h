@@ -9,6 +9,12 @@
 
 namespace orvane {
 
+// The catalogue files in the program's folder.
+constexpr std::string_view DimsFile = "\\dims.csv";
+constexpr std::string_view PunchFile = "\\punch.csv";
+constexpr std::string_view Accs1File = "\\accs1.csv";
+constexpr std::string_view Accs2File = "\\accs2.csv";
+
 // Each reader takes a file's full path, fills its tables and gives true. On any error it shows
 // "Error loading data from ", the path, a carriage return and the description, under the title
 // "Orvane Detailing System" with a stop icon, and gives false; rows read before the error stay. The

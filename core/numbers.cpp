@@ -84,12 +84,15 @@ Float Convert(std::string_view number) {
   return value;
 }
 
+// Whether the trimmed text is one number from end to end.
+bool IsOneNumber(std::string_view trimmed) {
+  return !trimmed.empty() && NumberLength(trimmed) == trimmed.size();
+}
+
 template <class Float>
 Float ParseStrict(std::string_view text) {
   const std::string_view number = Trim(text);
-  if (number.empty() || NumberLength(number) != number.size()) {
-    throw RuntimeError(Failure::TypeMismatch);
-  }
+  if (!IsOneNumber(number)) throw RuntimeError(Failure::TypeMismatch);
   return Convert<Float>(number);
 }
 
@@ -200,8 +203,7 @@ double Val(std::string_view text) {
 }
 
 bool IsNumber(std::string_view text) {
-  const std::string_view number = Trim(text);
-  return !number.empty() && NumberLength(number) == number.size();
+  return IsOneNumber(Trim(text));
 }
 
 double ParseDouble(std::string_view text) {

@@ -46,8 +46,8 @@ struct Catalogues {
   std::int16_t Type2Count = 0;
 };
 
-constexpr std::array<std::string_view, 4> CatalogueNames = {"\\dims.csv", "\\punch.csv",
-                                                            "\\accs1.csv", "\\accs2.csv"};
+constexpr std::array<std::string_view, 4> CatalogueNames = {DimsFile, PunchFile, Accs1File,
+                                                            Accs2File};
 
 // The folder that holds the catalogues when none is named: the program's own, as installed, or the
 // folder "catalogue" in it.
