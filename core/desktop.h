@@ -46,6 +46,10 @@ class Desktop : public Clock {
   // Where settings are kept.
   virtual SettingsStore& Settings() = 0;
 
+  // A folder of the user's own for data of the program, made if it isn't there; without a separator
+  // at its end.
+  virtual std::string UserDataFolder() = 0;
+
   // Starts the help viewer on a file and does not wait for it.
   virtual void ShowHelp(const std::string& file) = 0;
 

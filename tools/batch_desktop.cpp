@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "core/numbers.h"
+#include "core/system_dates.h"
 #include "output/validation.h"
 #include "tools/batch_platform.h"
 

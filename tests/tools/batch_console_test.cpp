@@ -9,7 +9,6 @@
 #include "tests/tools/companion.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_options.h"
-#include "tools/batch_platform.h"
 
 namespace orvane {
 
@@ -111,22 +110,6 @@ TEST_F(BatchConsole, Without_a_country_dates_have_the_day_first_and_four_digits_
     EXPECT_EQ(desk.ShortDateForm(), "dd/MM/yyyy") << name;
   }
   before == nullptr ? unsetenv("LC_ALL") : setenv("LC_ALL", kept.c_str(), 1);
-}
-
-TEST_F(BatchConsole, The_systems_date_forms_become_patterns) {
-  struct Case {
-    std::string Form;
-    std::string Pattern;
-  };
-  const std::vector<Case> cases = {
-      {"%d/%m/%y", "dd/MM/yy"},       {"%m/%d/%Y", "MM/dd/yyyy"},    {"%d.%m.%Y", "dd.MM.yyyy"},
-      {"%Y-%m-%d", "yyyy-MM-dd"},     {"%e.%m.%Y", "d.MM.yyyy"},     {"%-d.%-m.%Y", "d.M.yyyy"},
-      {"%d.%m.%Yg", "dd.MM.yyyy'g'"}, {"%a %d %b %Y", "dd/MM/yyyy"}, {"%d/%m/%", "dd/MM/yyyy"},
-      {"%d/%m/%Oy", "dd/MM/yyyy"},
-  };
-  for (const Case& each : cases) {
-    EXPECT_EQ(PatternOfDateForm(each.Form), each.Pattern) << each.Form;
-  }
 }
 
 TEST_F(BatchConsole, The_check_is_shown_under_its_caption) {
