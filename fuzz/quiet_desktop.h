@@ -23,6 +23,7 @@ class QuietDesktop : public Desktop {
   void ProcessEvents() override {}
   std::string ShortDateForm() const override { return "dd/MM/yyyy"; }
   SettingsStore& Settings() override { return settings_; }
+  std::string UserDataFolder() override { return {}; }
   void ShowHelp(const std::string&) override {}
   Moment Now() const override { return {{2024, 3, 5}, 14, 7, 9}; }
 

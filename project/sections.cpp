@@ -117,9 +117,9 @@ std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
   Item& hand = Items.Append(source);
 
   MirrorHoles(source, hand);
-  // Swapped and negated, which keeps the shape of each cut.
-  hand.MitreLeft = Float32(source.MitreRight * -1.0);
-  hand.MitreRight = Float32(source.MitreLeft * -1.0);
+  // Swapped and negated, which keeps the shape of each cut; a square end bears no minus sign.
+  hand.MitreLeft = Float32(source.MitreRight * -1.0 + 0.0);
+  hand.MitreRight = Float32(source.MitreLeft * -1.0 + 0.0);
   MirrorNotches(source, hand);
   hand.Mark = source.Mark + "X";
 

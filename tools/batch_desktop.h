@@ -76,6 +76,7 @@ class BatchDesktop : public Desktop {
   void ProcessEvents() override {}
   std::string ShortDateForm() const override;
   SettingsStore& Settings() override { return settings_; }
+  std::string UserDataFolder() override { return {}; }  // nothing here can be lost
   void ShowHelp(const std::string&) override {}
   Moment Now() const override;
 

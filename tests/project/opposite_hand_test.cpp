@@ -1,3 +1,4 @@
+#include <cmath>
 #include <vector>
 
 #include "holes/hole_list.h"
@@ -168,6 +169,8 @@ TEST_F(OppositeHandTest, square_ends_stay_square_and_show_no_sign) {
   const Item& hand = Items.At(2);
   EXPECT_EQ(hand.MitreLeft, 0.0F);
   EXPECT_EQ(hand.MitreRight, 0.0F);
+  EXPECT_FALSE(std::signbit(hand.MitreLeft));
+  EXPECT_FALSE(std::signbit(hand.MitreRight));
   EXPECT_EQ(FormatNumber(hand.MitreLeft, 1), "0.0");
   EXPECT_EQ(ShortestText(hand.MitreRight), "0");
   std::string line;

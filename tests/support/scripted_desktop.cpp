@@ -29,6 +29,11 @@ std::optional<std::string> ScriptedDesktop::ShowSaveDialog(const FileDialog& dia
   return NextFile();
 }
 
+std::string ScriptedDesktop::UserDataFolder() {
+  EXPECT_FALSE(DataFolder.empty()) << "unforeseen use of the user's data folder";
+  return DataFolder;
+}
+
 Moment ScriptedDesktop::Now() const {
   ++ClockReads;
   return Present;

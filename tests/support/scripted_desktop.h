@@ -28,6 +28,7 @@ class ScriptedDesktop : public Desktop {
   Moment Present{{2024, 3, 5}, 14, 7, 9};
   std::string DateForm = "dd/MM/yyyy";
   MemorySettings Values;
+  std::string DataFolder;         // the user's data folder; asking for it while empty fails the test
   SettingsStore* Store = &Values;  // the store in use; a test may put another
 
   // What happened.
@@ -45,6 +46,7 @@ class ScriptedDesktop : public Desktop {
   void ProcessEvents() override { ++EventRuns; }
   std::string ShortDateForm() const override { return DateForm; }
   SettingsStore& Settings() override { return *Store; }
+  std::string UserDataFolder() override;
   void ShowHelp(const std::string& file) override { HelpFiles.push_back(file); }
   Moment Now() const override;
 

@@ -1,0 +1,180 @@
+#include "project/lifecycle.h"
+
+#include <exception>
+#include <optional>
+
+#include "core/desktop.h"
+#include "core/model.h"
+#include "core/settings.h"
+#include "core/text.h"
+#include "project/main_screen.h"
+#include "project/project_backup.h"
+#include "project/project_file.h"
+#include "project/recent_files.h"
+#include "project/section_rules.h"
+#include "project/sections.h"
+
+namespace orvane {
+
+namespace {
+
+FileDialog ProjectDialog(const std::string& title) {
+  FileDialog dialog;
+  dialog.Title = title;
+  dialog.Filter = "Orvane Detail Projects (*.ovd)|*.ovd";
+  dialog.DefaultExtension = ".ovd";
+  return dialog;
+}
+
+// Whether the changes are to be saved.
+Answer AskToSave(const std::string& title) {
+  return TheDesktop().ShowMessageBox("Save changes to current project?", title,
+                                     Buttons::YesNoCancel, Icon::None);
+}
+
+// The save that was asked for before the project goes. It goes whatever becomes of the save; the
+// user's work doesn't go with it.
+void SaveBeforeItGoes() {
+  if (!SaveProject(False)) KeepRecoveredProject();
+}
+
+// The question before another project takes the place of this one; true when the action goes on.
+// The title is the same for both actions, deliberately.
+bool MayReplaceProject() {
+  if (ProjectDirty == False) return true;
+  const Answer answer = AskToSave("New Project");
+  if (answer == Answer::Cancel) return false;
+  if (answer == Answer::Yes) SaveBeforeItGoes();
+  return true;
+}
+
+// The path to save under: the project's own, or one that the user chooses; none if he chose none.
+std::optional<std::string> PathToSave(Boolean SaveAs) {
+  if (!Trim(ProjectFileName).empty() && SaveAs == False) return ProjectFileName;
+
+  FileDialog dialog = ProjectDialog("Save Project");
+  dialog.OverwritePrompt = true;
+  dialog.InitialFolder = ProjectDirectory();
+  std::optional<std::string> path = TheDesktop().ShowSaveDialog(dialog);
+  if (!path || Trim(*path).empty()) return std::nullopt;
+  StoreProjectDirectory(FolderOfPath(*path));
+  return path;
+}
+
+void TakeFileName(const std::string& path) {
+  ProjectFileName = path;
+  TheMainScreen().ShowFileName(path);
+}
+
+// Reads a project; true when it was read, false after its error was shown.
+bool ReadAndTell(const std::string& path) {
+  try {
+    ReadProjectFile(path);
+    return true;
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+    return false;
+  }
+}
+
+// Draws the first section. What its holes or its sheet raise is shown; the project is open all the
+// same, and is treated as such.
+void ShowFirstItem() {
+  if (Items.Empty()) {
+    TheMainScreen().ClearDrawing();
+    return;
+  }
+  try {
+    TheMainScreen().SelectFirstItem();
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+  }
+}
+
+// The check at exit; one that can't be made is told and stops nobody.
+bool LengthsAllowExit() {
+  try {
+    return CheckLength();
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+    return true;
+  }
+}
+
+}  // namespace
+
+void NewProject() {
+  if (!MayReplaceProject()) return;
+  MainScreen& screen = TheMainScreen();
+  screen.ForgetEditors();
+
+  NewProjectTables(TheDesktop().Now().Day);
+  screen.DisplayItems();
+  screen.ClearDetailPanel();
+  screen.EmptyHoleList();
+  screen.ClearAccUsage();
+  screen.ShowFileName("None");
+  screen.ClearDrawing();
+  screen.RefreshProjectDetails();
+  screen.ShowProjectDetails();
+  ProjectDirty = True;
+}
+
+void OpenProject() {
+  if (!MayReplaceProject()) return;
+  FileDialog dialog = ProjectDialog("Open Project");
+  dialog.FileMustExist = true;
+  if (const std::optional<std::string> path = TheDesktop().ShowOpenDialog(dialog)) OpenFile(*path);
+}
+
+void OpenFile(const std::string& path) {
+  if (Trim(path).empty()) return;
+  MainScreen& screen = TheMainScreen();
+  screen.ForgetEditors();
+  CurrentItem = 0;  // its row may be gone before the sections are shown afresh
+
+  if (!ReadAndTell(path)) {
+    screen.DisplayItems();
+    screen.ClearDetailPanel();
+    screen.RefreshProjectDetails();
+    screen.ClearDrawing();
+    return;
+  }
+  screen.DisplayItems();
+  screen.ClearDetailPanel();
+  screen.SetAccUsage();
+  screen.RefreshProjectDetails();
+  TakeFileName(path);
+  ShowFirstItem();
+  AddRecent(path);
+  // Opening counts as a change, deliberately: leaving the project always brings the save prompt.
+  ProjectDirty = True;
+}
+
+bool SaveProject(Boolean SaveAs) {
+  bool written = false;
+  try {
+    const std::optional<std::string> path = PathToSave(SaveAs);
+    if (!path) return false;
+    WriteProjectFile(*path);
+    written = true;
+    TakeFileName(*path);
+    ProjectDirty = False;
+    AddRecent(*path);
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+  }
+  return written;
+}
+
+bool ExitProject() {
+  if (!LengthsAllowExit()) return false;
+  if (ProjectDirty == False) return true;
+  const Answer answer = AskToSave("Exit");
+  if (answer == Answer::Cancel) return false;
+  ProjectDirty = False;
+  if (answer == Answer::Yes) SaveBeforeItGoes();
+  return true;
+}
+
+}  // namespace orvane

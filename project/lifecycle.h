@@ -1,0 +1,34 @@
+// The life of the open project: new, open, save, exit and their prompts. Everything goes through
+// TheDesktop and TheMainScreen.
+#pragma once
+
+#include <string>
+
+#include "core/numbers.h"
+
+namespace orvane {
+
+// "New": the save prompt, then an empty project, whose details are asked for; it counts as changed.
+// A save asked for by Yes that failed or was cancelled stops neither this, nor "Open", nor the
+// exit; the project then goes quietly to the user's data folder.
+void NewProject();
+
+// "Open": the save prompt, then the open dialog, then OpenFile. The dialog starts in its own last
+// folder.
+void OpenProject();
+
+// Reads a project into the model and shows it; asks nothing, and counts as a change. An error of
+// reading shows its description; the model then holds what was read until then, the grid shows it,
+// and the name, the flag and the recent list stay. A path of blanks does nothing.
+void OpenFile(const std::string& path);
+
+// "Save", and "Save As" with a true argument: true when the file was written. A cancelled dialog is
+// no error and changes nothing. An error shows its description; the name, the flag and the recent
+// list then stay, and a file that was begun stays half written.
+bool SaveProject(Boolean SaveAs);
+
+// True when the system may close: asks about holes beyond a section's end, then about unsaved
+// changes; Yes and No both clear the flag, so that a second pass doesn't ask to save again.
+bool ExitProject();
+
+}  // namespace orvane
