@@ -1,0 +1,276 @@
+#include "ui/controls/flex_grid.h"
+
+#include <QColor>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPalette>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <numeric>
+
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+// Backgrounds of the cells, the same in a light and a dark desktop; their text is black.
+constexpr QRgb GreyCell = 0xFFE0E0E0;
+constexpr QRgb WhiteCell = 0xFFFFFFFF;
+
+// Air above and below a row's text, device-independent pixels.
+constexpr int RowPadding = 5;
+// Around a heading.
+constexpr int HeadingMargin = 3;
+
+}  // namespace
+
+// The model.
+
+void FlexGridModel::SetGreyRow(int row) {
+  const int former = greyRow_;
+  if (row == former) return;
+  greyRow_ = row;
+  RowChanged(former);
+  RowChanged(row);
+}
+
+void FlexGridModel::SetAlignment(int column, Qt::Alignment alignment) {
+  alignments_.at(static_cast<std::size_t>(column)) = alignment | Qt::AlignVCenter;
+}
+
+Qt::Alignment FlexGridModel::AlignmentOf(int column) const {
+  return alignments_.at(static_cast<std::size_t>(column));
+}
+
+int FlexGridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : DataRows();
+}
+
+int FlexGridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(headings_.size());
+}
+
+QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const bool fixed = index.column() < fixedColumns_;
+  switch (role) {
+    case Qt::DisplayRole:
+      return ToQt(CellText(index.row() + 1, index.column()));
+    case Qt::BackgroundRole:
+      if (fixed) return QPalette().color(QPalette::Button);
+      return QColor(index.row() + 1 == greyRow_ ? GreyCell : WhiteCell);
+    case Qt::ForegroundRole:
+      if (fixed) return QPalette().color(QPalette::ButtonText);
+      return QColor(Qt::black);
+    case Qt::TextAlignmentRole:
+      return fixed ? QVariant(Qt::AlignCenter) : QVariant(AlignmentOf(index.column()));
+    default:
+      return {};
+  }
+}
+
+QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+  if (role == Qt::DisplayRole) return ToQt(headings_.at(static_cast<std::size_t>(section)));
+  if (role == Qt::TextAlignmentRole) {
+    return static_cast<int>(AlignmentOf(section)) | static_cast<int>(Qt::TextWordWrap);
+  }
+  return {};
+}
+
+Qt::ItemFlags FlexGridModel::flags(const QModelIndex&) const {
+  return Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+}
+
+void FlexGridModel::CellChanged(int row, int column) {
+  const QModelIndex cell = index(row - 1, column);
+  if (cell.isValid()) emit dataChanged(cell, cell);
+}
+
+void FlexGridModel::RowChanged(int row) {
+  const QModelIndex first = index(row - 1, 0);
+  if (first.isValid()) emit dataChanged(first, index(row - 1, columnCount() - 1));
+}
+
+void TextGridModel::SetRows(Table<Table<std::string>> rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  endResetModel();
+}
+
+std::string TextGridModel::CellText(int row, int column) const {
+  if (row < 1 || row > rows_.UBound()) return {};
+  const Table<std::string>& cells = rows_.At(row);
+  return column < 0 || column >= cells.UBound() ? std::string() : cells.At(column + 1);
+}
+
+// The grid.
+
+FlexGrid::FlexGrid(FlexGridModel* model, QWidget* parent) : QTableView(parent), model_(model) {
+  setModel(model);
+  setFocusPolicy(Qt::NoFocus);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setTabKeyNavigation(false);
+  setAutoScroll(false);
+  setWordWrap(false);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setCornerButtonEnabled(false);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setMinimumSectionSize(1);
+  horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setHighlightSections(false);
+  // Lines between white cells, in a dark desktop too.
+  setStyleSheet("QTableView { gridline-color: #d0d0d0; }");
+  LayRows();
+}
+
+int FlexGrid::Rows() const {
+  return model_->DataRows() + 1;
+}
+
+int FlexGrid::Cols() const {
+  return model_->columnCount();
+}
+
+int FlexGrid::Row() const {
+  return std::min(row_, model_->DataRows());
+}
+
+int FlexGrid::Col() const {
+  return col_;
+}
+
+void FlexGrid::SetCurrent(int row, int column) {
+  row_ = std::clamp(row, 0, model_->DataRows());
+  col_ = std::clamp(column, 0, std::max(0, Cols() - 1));
+  // Readers of the screen follow the toolkit's own current cell; nothing else hangs on it.
+  const QSignalBlocker quiet(selectionModel());
+  selectionModel()->setCurrentIndex(model_->index(row_ - 1, col_), QItemSelectionModel::NoUpdate);
+}
+
+std::string FlexGrid::TextMatrix(int row, int column) const {
+  if (row == 0) {
+    return FromQt(model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+  }
+  return model_->CellText(row, column);
+}
+
+QRect FlexGrid::CellRect(int row, int column) const {
+  return visualRect(model_->index(row - 1, column));
+}
+
+void FlexGrid::EnsureVisible(int row, int column) {
+  const QModelIndex cell = model_->index(row - 1, column);
+  // A row just added isn't in the scroll bar's range before the layout.
+  executeDelayedItemsLayout();
+  updateGeometries();
+  if (cell.isValid()) scrollTo(cell, QAbstractItemView::EnsureVisible);
+}
+
+void FlexGrid::SetColumnRatio(std::vector<int> ratio) {
+  ratio_ = std::move(ratio);
+  LayColumns();
+}
+
+void FlexGrid::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  const QPoint position = event->position().toPoint();
+  const QModelIndex cell = indexAt(position);
+  const Qt::MouseButton button = event->button();
+  const QPoint global = event->globalPosition().toPoint();
+  Guard([&] {
+    if (cell.isValid() && CellPressed) CellPressed(cell.row() + 1, cell.column(), button, global);
+    if (button == Qt::RightButton && MenuAsked) MenuAsked(global);
+  });
+}
+
+void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
+
+// A drag selects nothing, and a release ends nothing.
+void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
+  event->accept();
+}
+
+void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+}
+
+// The press of the right button has opened the menu already; by the keyboard it opens at the
+// current cell.
+void FlexGrid::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Mouse || !MenuAsked) return;
+  const QPoint place = CellRect(Row(), Col()).bottomLeft();
+  Guard([&] { MenuAsked(viewport()->mapToGlobal(place)); });
+}
+
+// Keys that an editor leaves over must not move the toolkit's own current cell.
+void FlexGrid::keyPressEvent(QKeyEvent* event) {
+  event->ignore();
+}
+
+void FlexGrid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  LayColumns();
+}
+
+void FlexGrid::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) LayRows();
+}
+
+void FlexGrid::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  if (Scrolled) Guard([&] { Scrolled(); });
+}
+
+void FlexGrid::LayColumns() {
+  if (ratio_.empty()) return;
+  const int sum = std::accumulate(ratio_.begin(), ratio_.end(), 0);
+  const int width = viewport()->width();
+  int left = 0;
+  int passed = 0;
+  for (std::size_t column = 0; column < ratio_.size(); ++column) {
+    passed += ratio_[column];
+    // Edges are worked out from the left, so that the roundings don't add up.
+    const int right = static_cast<int>(static_cast<long long>(width) * passed / sum);
+    setColumnWidth(static_cast<int>(column), right - left);
+    left = right;
+  }
+  LayHeading();
+  if (Scrolled) Guard([&] { Scrolled(); });
+}
+
+// A heading that its narrow column can't hold in one line is broken into two.
+void FlexGrid::LayHeading() {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  bool twoLines = false;
+  for (int column = 0; column < Cols(); ++column) {
+    const QString heading = ToQt(TextMatrix(0, column));
+    if (!heading.contains(u' ')) continue;
+    const int width = metrics.horizontalAdvance(heading) + 2 * HeadingMargin;
+    twoLines = twoLines || width > columnWidth(column);
+  }
+  const int lines = twoLines ? 2 : 1;
+  const int height = lines * metrics.lineSpacing() + 2 * HeadingMargin;
+  if (horizontalHeader()->minimumHeight() != height) horizontalHeader()->setFixedHeight(height);
+}
+
+void FlexGrid::LayRows() {
+  const int height = fontMetrics().height() + 2 * RowPadding;
+  verticalHeader()->setMinimumSectionSize(height);
+  verticalHeader()->setDefaultSectionSize(height);
+  if (Scrolled) Guard([&] { Scrolled(); });
+}
+
+}  // namespace orvane

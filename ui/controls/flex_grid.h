@@ -1,0 +1,125 @@
+// A grid with a heading row 0 and, where it is wanted, a fixed column 0, as the system counts them.
+// It has no editing and no focus of its own and never moves its current cell by itself: whoever
+// owns it decides what a click means. No other code sees the toolkit's row numbers.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTableView>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/table.h"
+
+namespace orvane {
+
+// What a grid shows. Rows count from 1 behind the heading.
+class FlexGridModel : public QAbstractTableModel {
+ public:
+  FlexGridModel(std::vector<std::string> headings, QObject* parent)
+      : QAbstractTableModel(parent),
+        headings_(std::move(headings)),
+        alignments_(headings_.size(), Qt::AlignLeft | Qt::AlignVCenter) {}
+
+  // The cell's text; empty for a row or column that isn't there.
+  virtual std::string CellText(int row, int column) const = 0;
+  // Data rows, the heading apart.
+  virtual int DataRows() const = 0;
+
+  // The row marked by the background 0xE0E0E0; 0 for none. Columns left of `firstColumn` stay.
+  void SetGreyRow(int row);
+  int GreyRow() const { return greyRow_; }
+  void SetFixedColumns(int count) { fixedColumns_ = count; }
+  Qt::Alignment AlignmentOf(int column) const;
+  // Texts stand left unless a column says otherwise.
+  void SetAlignment(int column, Qt::Alignment alignment);
+
+  // The toolkit's side.
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+ protected:
+  void CellChanged(int row, int column);
+  void RowChanged(int row);
+
+ private:
+  std::vector<std::string> headings_;
+  std::vector<Qt::Alignment> alignments_;
+  int fixedColumns_ = 0;
+  int greyRow_ = 0;
+};
+
+// A model that holds its texts.
+class TextGridModel : public FlexGridModel {
+ public:
+  using FlexGridModel::FlexGridModel;
+  // Replaces all rows.
+  void SetRows(Table<Table<std::string>> rows);
+  std::string CellText(int row, int column) const override;
+  int DataRows() const override { return rows_.UBound(); }
+
+ private:
+  Table<Table<std::string>> rows_;
+};
+
+class FlexGrid : public QTableView {
+ public:
+  FlexGrid(FlexGridModel* model, QWidget* parent);
+
+  // Counts, the heading row included.
+  int Rows() const;
+  int Cols() const;
+
+  // The current cell. Row is 0 when there is no data row or none is current; both are clamped to
+  // the rows there are.
+  int Row() const;
+  int Col() const;
+  // Moves it, without any notification and without scrolling.
+  void SetCurrent(int row, int column);
+
+  // Text of a cell, the heading row 0 included; empty outside the grid.
+  std::string TextMatrix(int row, int column) const;
+
+  // Place of a cell in viewport coordinates, also when it is scrolled out of sight.
+  QRect CellRect(int row, int column) const;
+  void EnsureVisible(int row, int column);
+
+  // Column widths in this ratio over the whole width; the last column takes what is left over.
+  void SetColumnRatio(std::vector<int> ratio);
+
+  // A mouse button pressed on a data row (its column 0 included); never for the heading or the
+  // empty space. Double clicks come as a second press.
+  std::function<void(int row, int column, Qt::MouseButton button, QPoint globalPos)> CellPressed;
+  // The right button pressed, after CellPressed if it hit a cell.
+  std::function<void(QPoint globalPos)> MenuAsked;
+  // The content moved under the viewport, or the columns were laid out anew.
+  std::function<void()> Scrolled;
+
+  FlexGridModel& Model() const { return *model_; }
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+
+ private:
+  void LayColumns();
+  void LayHeading();
+  void LayRows();
+
+  FlexGridModel* model_;
+  std::vector<int> ratio_;
+  int row_ = 0;
+  int col_ = 0;
+};
+
+}  // namespace orvane

@@ -1,0 +1,60 @@
+#include "ui/controls/plain_combo.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+void PlainCombo::Fill(const Table<std::string>& entries) {
+  const QSignalBlocker quiet(this);
+  clear();
+  for (const std::string& entry : entries) addItem(ToQt(entry));
+  // The first entry added to an empty box selects itself.
+  setCurrentIndex(-1);
+}
+
+void PlainCombo::SelectQuietly(int index) {
+  const QSignalBlocker quiet(this);
+  setCurrentIndex(index);
+}
+
+Table<std::string> PlainCombo::Entries() const {
+  Table<std::string> entries;
+  for (int at = 0; at < count(); ++at) entries.Append(FromQt(itemText(at)));
+  return entries;
+}
+
+std::string PlainCombo::Text() const {
+  return currentIndex() < 0 ? std::string() : FromQt(currentText());
+}
+
+void PlainCombo::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+}
+
+void PlainCombo::keyPressEvent(QKeyEvent* event) {
+  const bool plain = !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+  const bool letter = plain && !event->text().isEmpty() && event->text().front().isPrint();
+  const bool searching =
+      lastLetter_.isValid() && !lastLetter_.hasExpired(QApplication::keyboardInputInterval());
+  if (letter && event->key() == Qt::Key_Space && searching) {
+    lastLetter_.start();
+    view()->keyboardSearch(event->text());
+    const int found = view()->currentIndex().row();
+    if (found >= 0 && found != currentIndex()) {
+      setCurrentIndex(found);
+      emit activated(found);
+    }
+    event->accept();
+    return;
+  }
+  if (letter) lastLetter_.start();
+  QComboBox::keyPressEvent(event);
+}
+
+}  // namespace orvane

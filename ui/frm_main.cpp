@@ -1,0 +1,265 @@
+// The main window's areas, and what its commands call.
+#include "ui/frm_main.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <stdexcept>
+
+#include "core/desktop.h"
+#include "core/numbers.h"
+#include "output/cam_export.h"
+#include "project/lifecycle.h"
+#include "project/recent_files.h"
+#include "ui/frm_about.h"
+#include "ui/frm_errors.h"
+#include "ui/frm_max_dims.h"
+#include "ui/frm_registration.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::string_view HelpFile = "\\Lintaro.chm";
+
+constexpr int PaneMargin = 8;
+constexpr int LeastListLines = 3;  // of the accessory list
+
+}  // namespace
+
+FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
+  setObjectName("frmMain");
+  setWindowTitle("Orvane Detailing System");
+  BuildMenus();
+  BuildToolbar();
+  BuildFilePanel();
+  BuildPanes();
+  WatchFields();
+  TakeFirstSize();
+  // A person's dialog belongs to this window on the desktop; its life is the start-up's.
+  details_.setParent(this, details_.windowFlags());
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, const QWidget* now) { GuardFocusChange([&] { FocusMoved(now); }); });
+  // Nothing is chosen at first: neither a cell nor the accessory list may have the focus.
+  centralWidget()->setFocus();
+  InstallMainScreen(*this);
+  InstallOutputScreen(*this);
+}
+
+FrmMain::~FrmMain() {
+  UninstallOutputScreen();
+  UninstallMainScreen();
+  details_.setParent(nullptr, details_.windowFlags());
+}
+
+void FrmMain::BuildFilePanel() {
+  SSPanelFile_ = new QWidget(this);
+  SSPanelFile_->setObjectName("SSPanelFile");
+  auto* row = new QHBoxLayout(SSPanelFile_);
+  row->setContentsMargins(PaneMargin, 0, PaneMargin, 0);
+  auto* label = new QLabel("File:", SSPanelFile_);
+  label->setObjectName("lblFilename(0)");
+  fileName_ = new ElidingLabel(SSPanelFile_);
+  fileName_->setObjectName("lblFilename(1)");
+  row->addWidget(label);
+  row->addWidget(fileName_, 1);
+}
+
+void FrmMain::BuildPanes() {
+  auto* central = new QWidget(this);
+  SSPanel2_ = new QWidget(central);
+  SSPanel2_->setObjectName("SSPanel2");
+  SSSplitter1_ = new QSplitter(Qt::Horizontal, SSPanel2_);
+  SSSplitter1_->setObjectName("SSSplitter1");
+  SSSplitter1_->setChildrenCollapsible(false);
+  SSPanel7_ = new QWidget;
+  SSPanel7_->setObjectName("SSPanel7");
+  SSPanel4_ = new QWidget;
+  SSPanel4_->setObjectName("SSPanel4");
+  SSSplitter1_->addWidget(SSPanel7_);
+  SSSplitter1_->addWidget(SSPanel4_);
+  SSSplitter1_->setStretchFactor(0, 0);
+  SSSplitter1_->setStretchFactor(1, 1);
+
+  sheet_ = new SheetView(SSPanel4_);
+  sections_ = new SectionsGrid(SSPanel7_);
+  detail_ = new DetailPanel(sections_->Grid(), *sheet_, SSPanel7_);
+  accessories_ = new AccessoryList(SSPanel7_);
+  sections_->Connect(*detail_, *sheet_);
+  connect(sections_, &SectionsGrid::MenuAsked, this,
+          [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });
+
+  auto* left = new QVBoxLayout(SSPanel7_);
+  left->setContentsMargins(PaneMargin, PaneMargin, PaneMargin / 2, PaneMargin);
+  left->setSpacing(PaneMargin);
+  left->addWidget(sections_, 5);
+  left->addWidget(detail_);
+  auto* list = new QVBoxLayout;
+  list->setSpacing(PaneMargin / 2);
+  list->addWidget(new QLabel("Accessories", SSPanel7_));
+  list->addWidget(accessories_);
+  left->addLayout(list, 2);
+  // On a small screen the list gives way to the grid.
+  accessories_->setMinimumHeight(accessories_->fontMetrics().lineSpacing() * LeastListLines);
+  auto* right = new QVBoxLayout(SSPanel4_);
+  right->setContentsMargins(0, 0, 0, 0);
+  right->addWidget(sheet_);
+
+  auto* whole = new QVBoxLayout(SSPanel2_);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->addWidget(SSSplitter1_);
+
+  auto* line = new QHBoxLayout;
+  line->setSpacing(0);
+  line->addWidget(SSPanelToolbar_);
+  line->addWidget(SSPanelFile_, 1);
+  auto* areas = new QVBoxLayout(central);
+  areas->setContentsMargins(0, 0, 0, 0);
+  areas->setSpacing(0);
+  areas->addLayout(line);
+  areas->addWidget(SSPanel2_, 1);
+  setCentralWidget(central);
+}
+
+void FrmMain::Run(Command command, int index) {
+  Guard([&] { Dispatch(command, index); });
+}
+
+int FrmMain::SelectedRow() const {
+  return sections_->Grid().Row();
+}
+
+// Each command checks for the row it needs; none of them is ever greyed.
+void FrmMain::Dispatch(Command command, int index) {
+  switch (command) {
+    case Command::Exit:
+      return Exit();
+    case Command::New:
+      return NewProject();
+    case Command::Open:
+      return OpenProject();
+    case Command::Details:
+      return ShowProjectDetails();
+    case Command::Save:
+      return static_cast<void>(SaveProject(False));
+    case Command::SaveAs:
+      return static_cast<void>(SaveProject(True));
+    case Command::MaxDims:
+      return static_cast<void>(FrmMaxDims(this).exec());
+    case Command::Recent: {
+      // A copy: opening puts the path in front and so moves the entries.
+      const std::string path = RecentFiles.at(static_cast<std::size_t>(index) - 1);
+      return OpenFile(path);
+    }
+    case Command::AddZ:
+      return sections_->AddSection("Z");
+    case Command::AddE:
+      return sections_->AddSection("E");
+    case Command::AddC:
+      return sections_->AddSection("C");
+    case Command::AddV:
+      return sections_->AddSection("V");
+    case Command::AddR:
+      return sections_->AddSection("R");
+    case Command::AddT:
+      return sections_->AddSection("T");
+    case Command::Duplicate:
+      return sections_->Duplicate(SelectedRow());
+    case Command::HolesAbsolute:
+      return detail_->AddCustomHoles(2);
+    case Command::HolesRelative:
+      return detail_->AddCustomHoles(3);
+    case Command::ConvertHoles:
+      if (SelectedRow() >= 1) detail_->ConvertToCustom(Int16(SelectedRow()));
+      return;
+    case Command::SortByMark:
+      return sections_->SortItems(SortKey::Mark);
+    case Command::SortBySection:
+      return sections_->SortItems(SortKey::Product);
+    case Command::SortByLength:
+      return sections_->SortItems(SortKey::Length);
+    case Command::Delete:
+      if (SelectedRow() >= 1) sections_->DeleteItem(SelectedRow());
+      return;
+    case Command::ExportCam:
+      return ExportCAM();
+    case Command::ToggleDrawing:
+      return ToggleDrawingArea();
+    case Command::HelpIndex:
+      return TheDesktop().ShowHelp(ProgramPath(HelpFile));
+    case Command::About:
+      return static_cast<void>(FrmAbout(this).exec());
+    case Command::Registration:
+      return ShowRegistration();
+    case Command::OppositeHand:
+    case Command::Mitres:
+    case Command::Notches:
+    case Command::PrintDrawing:
+    case Command::PrintAllDrawings:
+    case Command::PrintAccessoryList:
+    case Command::PrintAccessorySheets:
+    case Command::PrintSummary:
+    case Command::RemoveHole:  // the hole list's own
+    case Command::None:
+      return;
+  }
+}
+
+void FrmMain::ShowRegistration() {
+  FrmRegistration(this).exec();
+  sheet_->ApplyMargins();
+  // Every change shows on the sheet at once.
+  sheet_->DrawSection(SelectedRow());
+}
+
+void FrmMain::ForgetEditors() {
+  sections_->ForgetEditors();
+}
+
+void FrmMain::DisplayItems() {
+  sections_->DisplayItems();
+}
+
+void FrmMain::ClearDetailPanel() {
+  detail_->ClearDetailPanel();
+}
+
+void FrmMain::EmptyHoleList() {
+  detail_->EmptyHoleGrid();
+}
+
+void FrmMain::SelectFirstItem() {
+  sections_->SelectFirstItem();
+}
+
+void FrmMain::SetAccUsage() {
+  accessories_->SetAccUsage();
+}
+
+void FrmMain::ClearAccUsage() {
+  accessories_->ClearAccUsage();
+}
+
+void FrmMain::ShowFileName(const std::string& text) {
+  fileName_->ShowText(ToQt(text));
+}
+
+void FrmMain::ClearDrawing() {
+  sheet_->Clear();
+}
+
+void FrmMain::RefreshProjectDetails() {
+  details_.Refresh();
+}
+
+void FrmMain::ShowProjectDetails() {
+  details_.exec();
+}
+
+void FrmMain::ShowExportErrors() {
+  FrmErrors(this).exec();
+}
+
+}  // namespace orvane

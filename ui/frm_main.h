@@ -1,0 +1,122 @@
+// The main window: toolbar, menus, splitter, window state; it turns entries into calls.
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPointer>
+#include <QSplitter>
+#include <QToolButton>
+#include <array>
+#include <map>
+#include <string>
+
+#include "output/output_screen.h"
+#include "project/main_screen.h"
+#include "ui/commands.h"
+#include "ui/controls/eliding_label.h"
+#include "ui/frm_main_accessories.h"
+#include "ui/frm_main_detail.h"
+#include "ui/frm_main_grid.h"
+#include "ui/frm_project_details.h"
+#include "ui/sheet_view.h"
+
+namespace orvane {
+
+class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
+  Q_OBJECT
+
+ public:
+  // Builds the controls only, so that it can't fail; installs itself as the main screen and the
+  // output screen for its life. The project details outlive it.
+  explicit FrmMain(FrmProjectDetails& details);
+  ~FrmMain() override;
+
+  // The ten steps of the load, in one guard: an error shows its description and stops there, and
+  // the window stays up. Called once, before the window is shown.
+  void Load();
+
+  // What every menu entry, button and shortcut ends in. An error shows its description. `index`
+  // tells recent files apart, 1 to 5.
+  void Run(Command command, int index = 0);
+
+  // MainScreen.
+  void ForgetEditors() override;
+  void DisplayItems() override;
+  void ClearDetailPanel() override;
+  void EmptyHoleList() override;
+  void SelectFirstItem() override;
+  void SetAccUsage() override;
+  void ClearAccUsage() override;
+  void ShowFileName(const std::string& text) override;
+  void ShowRecentFiles() override;
+  void ClearDrawing() override;
+  void RefreshProjectDetails() override;
+  void ShowProjectDetails() override;
+
+  // OutputScreen.
+  void ShowExportErrors() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // The actions of one menu by their index in the control array, never by their place in the menu.
+  using Actions = std::map<int, QAction*>;
+
+  // Building, once.
+  void BuildToolbar();
+  void BuildFilePanel();
+  void BuildPanes();
+  void BuildMenus();
+  void WatchFields();
+  void FillMenu(QMenu& menu, Place place, Actions& actions);
+  QAction* MakeAction(QMenu& menu, const CommandEntry& entry);
+
+  // Commands.
+  void Dispatch(Command command, int index);
+  void Exit();
+  void ShowRegistration();
+  void ToggleDrawingArea();
+  void MaximizeDrawing();
+  void RestoreDrawing();
+  // A cursor that comes to the grid's side, by a command or a key, brings that side back.
+  void FocusMoved(const QWidget* now);
+  int SelectedRow() const;
+
+  // The window.
+  bool AskToExit();
+  void LayOut();
+  void TakeFirstSize();
+  void RestoreGeometry();
+  void RestoreState(int state);
+  void StoreWindow() const;
+
+  FrmProjectDetails& details_;
+  QWidget* SSPanelToolbar_ = nullptr;
+  QWidget* SSPanelFile_ = nullptr;
+  QWidget* SSPanel2_ = nullptr;
+  QWidget* SSPanel4_ = nullptr;
+  QWidget* SSPanel7_ = nullptr;
+  QSplitter* SSSplitter1_ = nullptr;
+  ElidingLabel* fileName_ = nullptr;  // lblFilename(1)
+  std::array<QMenu*, 4> mnuBar_{};
+  Actions mnuProject_, mnuSection_, mnuOutput_, mnuHelp_;
+
+  SheetView* sheet_ = nullptr;
+  SectionsGrid* sections_ = nullptr;
+  DetailPanel* detail_ = nullptr;
+  AccessoryList* accessories_ = nullptr;
+
+  bool drawingMaximized_ = false;
+  int drawingWidth_ = 0;           // of the drawing pane before it was maximized
+  QPointer<QWidget> focusBefore_;  // what had the focus then
+  bool asking_ = false;            // the questions of the exit are open
+  bool Ending_ = false;            // the exit was consented to by its command
+};
+
+}  // namespace orvane

@@ -1,0 +1,335 @@
+// The floating editors of the sections grid: placing, keys, typing, leaving.
+#include <QApplication>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyle>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cctype>
+
+#include "core/catalogues.h"
+#include "core/desktop.h"
+#include "core/model.h"
+#include "project/section_rules.h"
+#include "ui/frm_main_grid.h"
+#include "ui/platform/busy.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+#include "ui/sections_model.h"
+
+namespace orvane {
+
+namespace {
+
+// A panel of that name over the grid, hidden, with the one control that it holds.
+QFrame* MakePanel(const char* name, QWidget* control, QWidget* parent) {
+  auto* panel = new QFrame(parent);
+  panel->setObjectName(name);
+  panel->setFrameShape(QFrame::NoFrame);
+  control->setParent(panel);
+  auto* layout = new QVBoxLayout(panel);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(control);
+  panel->hide();
+  return panel;
+}
+
+// True while the toolkit takes the focus away only for a while: a menu or list is open, a box is
+// shown, another program is in front.
+bool OnlyAWhile(const QFocusEvent& event) {
+  return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason ||
+         event.reason() == Qt::ActiveWindowFocusReason ||
+         QApplication::activePopupWidget() != nullptr ||
+         QApplication::activeModalWidget() != nullptr;
+}
+
+}  // namespace
+
+void SectionsGrid::MakeEditors() {
+  txtEdit_ = new QLineEdit;
+  txtEdit_->setObjectName("txtEdit");
+  txtEdit_->setFrame(false);
+  sspEditText_ = MakePanel("sspEditText", txtEdit_, grid_->viewport());
+  sspEditText_->layout()->setContentsMargins(1, 1, 1, 1);
+  // The cell under it is white with black text in a dark desktop too. While the cursor is
+  // elsewhere, the frame is grey.
+  sspEditText_->setStyleSheet(
+      "#sspEditText { background: white; border: 1px solid #a0a0a0; }"
+      "#sspEditText[cursor=true] { border: 1px solid palette(highlight); }"
+      "#txtEdit { background: white; color: black; border: none; }");
+
+  cboEdit_ = new PlainCombo;
+  cboEdit_->setObjectName("cboEdit");
+  cboEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+  sspEditCombo_ = MakePanel("sspEditCombo", cboEdit_, grid_->viewport());
+
+  txtEdit_->installEventFilter(this);
+  cboEdit_->installEventFilter(this);
+  // The quiet door is setText; only what a person types or pastes comes here.
+  connect(txtEdit_, &QLineEdit::textEdited, this,
+          [this](const QString& text) { Guard([&] { TextTyped(FromQt(text)); }); });
+  connect(cboEdit_, &QComboBox::activated, this, [this] { Guard([&] { ProductChosen(); }); });
+}
+
+// Placing.
+
+void SectionsGrid::GridEnterCell() {
+  const int row = grid_->Row();
+  const int column = grid_->Col();
+  if (row == 0) return;
+  if (row != EditRow_ || column != EditCol_) EditError_ = false;
+  const bool product = column == ProductColumn;
+  if (product && !HasProductChoice(Items.At(row).SectionType)) {
+    // Passed over, in the direction in which the cursor was going.
+    const int next = EditPrevCol_ == LengthColumn ? MarkColumn : LengthColumn;
+    EditPrevCol_ = column;
+    EditCol_ = column;
+    EditRow_ = row;
+    MoveTo(row, next);
+    return;
+  }
+  EditPrevCol_ = column;
+  EditCol_ = column;
+  EditRow_ = row;
+  const std::string text = grid_->TextMatrix(row, column);
+  QWidget* shown = product ? sspEditCombo_ : sspEditText_;
+  QWidget* hidden = product ? sspEditText_ : sspEditCombo_;
+  if (product) {
+    cboEdit_->SelectQuietly(FindComboIndex(cboEdit_->Entries(), text));
+  } else {
+    txtEdit_->setText(ToQt(text));
+    txtEdit_->setAlignment(model_->AlignmentOf(column));
+    txtEdit_->selectAll();
+  }
+  PlaceEditor();
+  shown->show();
+  shown->raise();
+  if (product) {
+    cboEdit_->setFocus();
+  } else {
+    txtEdit_->setFocus();
+  }
+  // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
+  hidden->hide();
+}
+
+// Keeps the editor over its cell; out of sight it is parked there, with its focus and its text.
+void SectionsGrid::PlaceEditor() {
+  if (EditRow_ == 0 || EditCol_ == 0) return;
+  const QRect cell = grid_->CellRect(EditRow_, EditCol_);
+  (EditCol_ == ProductColumn ? sspEditCombo_ : sspEditText_)->setGeometry(cell);
+}
+
+// The editor's frame tells whether typing goes there.
+void SectionsGrid::ShowCursor() {
+  const bool here = txtEdit_->hasFocus();
+  if (sspEditText_->property("cursor").toBool() == here) return;
+  sspEditText_->setProperty("cursor", here);
+  sspEditText_->style()->unpolish(sspEditText_);
+  sspEditText_->style()->polish(sspEditText_);
+}
+
+void SectionsGrid::ForgetEditors() {
+  // Also behind a message box, whose window is the active one still.
+  const QWidget* focus = window()->focusWidget();
+  if (focus != nullptr && grid_->viewport()->isAncestorOf(focus)) setFocus();
+  sspEditText_->hide();
+  sspEditCombo_->hide();
+  EditCol_ = 0;
+  EditRow_ = 0;
+  EditError_ = false;
+  typed_ = false;
+}
+
+// Keys.
+
+bool SectionsGrid::eventFilter(QObject* watched, QEvent* event) {
+  bool taken = false;
+  Guard([&] {
+    if (event->type() == QEvent::KeyPress) {
+      const auto& key = *static_cast<QKeyEvent*>(event);
+      taken =
+          GridBusy_ || refusing_ || EditorKey(key) || (watched == txtEdit_ && DropsCharacter(key));
+    } else if (event->type() == QEvent::FocusOut) {
+      const auto& focus = *static_cast<QFocusEvent*>(event);
+      ShowCursor();
+      if (!GridBusy_ && LosesFocus(focus)) EditorLeft(watched);
+    } else if (event->type() == QEvent::FocusIn) {
+      ShowCursor();
+    }
+  });
+  return taken || QWidget::eventFilter(watched, event);
+}
+
+// The keys of both editors; true when the key was one of them.
+bool SectionsGrid::EditorKey(const QKeyEvent& key) {
+  const int row = grid_->Row();
+  const int column = grid_->Col();
+  const int lastRow = grid_->Rows() - 1;
+  const bool shift = key.modifiers().testFlag(Qt::ShiftModifier);
+  if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+
+  int toRow = row;
+  int toColumn = column;
+  switch (key.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (shift || key.key() == Qt::Key_Backtab) {
+        if (column > MarkColumn) --toColumn;
+      } else if (column < SectionColumns - 1) {
+        ++toColumn;
+      }
+      break;
+    case Qt::Key_Up:
+      if (row > 1) --toRow;
+      break;
+    case Qt::Key_Down:
+      if (row < lastRow) ++toRow;
+      break;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: {
+      const int page =
+          std::max(1, grid_->viewport()->height() / std::max(1, grid_->rowHeight(0)) - 1);
+      toRow = std::clamp(key.key() == Qt::Key_PageUp ? row - page : row + page, 1, lastRow);
+      break;
+    }
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      // In the text they move the cursor; on the closed list they would choose another product.
+      return column == ProductColumn;
+    default:
+      return false;
+  }
+  if (toRow != row || toColumn != column) {
+    const Busy busy(GridBusy_);
+    MoveTo(toRow, toColumn);
+  }
+  return true;
+}
+
+// Of typed characters a length and a quantity take digits alone. What edits the text passes, and so
+// does what comes from the clipboard.
+bool SectionsGrid::DropsCharacter(const QKeyEvent& key) const {
+  if (grid_->Col() != LengthColumn && grid_->Col() != QuantityColumn) return false;
+  // With Alt a letter is still typed into a field, and Ctrl with Alt types a third letter.
+  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier) {
+    return false;
+  }
+  const QString typed = key.text();
+  return std::any_of(typed.begin(), typed.end(),
+                     [](QChar c) { return c.isPrint() && (c < u'0' || c > u'9'); });
+}
+
+// Typing.
+
+void SectionsGrid::TextTyped(const std::string& text) {
+  EditError_ = false;
+  const int row = grid_->Row();
+  const int column = grid_->Col();
+  if (row < 1) return;
+  model_->SetTyped(row, column, text);
+  ProjectDirty = True;
+  const Typed result = TakeTypedText(Int16(row), column, text);
+  if (result != Typed::Taken) {
+    model_->ShowRecord(row, column);
+    txtEdit_->setText(ToQt(grid_->TextMatrix(row, column)));
+    txtEdit_->end(false);
+  }
+  typed_ = true;
+  RedrawWhileTyping(row, column == LengthColumn);
+  if (result == Typed::Overflow) throw RuntimeError(Failure::Overflow);
+}
+
+void SectionsGrid::RedrawWhileTyping(int row, bool rebuild) {
+  try {
+    if (rebuild) detail_->RebuildShownHoles(Int16(row));
+    sheet_->DrawSection(row);
+  } catch (const std::exception&) {
+    // A length half typed may be too short for its holes: the sheet keeps its last state, and
+    // leaving the cell draws again and tells.
+  }
+}
+
+void SectionsGrid::ProductChosen() {
+  const int row = grid_->Row();
+  if (row < 1) return;
+  const std::string product = cboEdit_->Text();
+  if (Items.At(row).Product == product) return;
+  Items.At(row).Product = product;
+  model_->ShowRecord(row, ProductColumn);
+  ProjectDirty = True;
+  detail_->RebuildShownHoles(Int16(row));
+  sheet_->DrawSection(row);
+}
+
+// Leaving.
+
+// Validates the cell that is left; false when it was refused.
+bool SectionsGrid::LeaveCell() {
+  if (EditCol_ == 0 || EditRow_ == 0 || EditError_) return true;
+  if (EditCol_ == ProductColumn) return true;
+  const auto refusal = CellRefusal(Int16(EditRow_), EditCol_, FromQt(txtEdit_->text()));
+  if (!refusal) return true;
+  Refuse(*refusal);
+  return false;
+}
+
+// The cursor goes back at once. The box comes when the press or the change of focus that led here
+// is over, since both would go on behind it.
+void SectionsGrid::Refuse(const std::string& message) {
+  EditError_ = true;
+  refusing_ = true;
+  grid_->SetCurrent(EditRow_, EditCol_);
+  QTimer::singleShot(0, this, [this, message] {
+    refusing_ = false;
+    // A list that the press opened would lie over the box.
+    while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    Guard([&] {
+      {
+        const Busy busy(GridBusy_);
+        TheDesktop().Message(message);
+      }
+      grid_->EnsureVisible(grid_->Row(), grid_->Col());
+      GridEnterCell();
+    });
+  });
+}
+
+bool SectionsGrid::SettleEditor() {
+  if (refusing_ || !LeaveCell()) return false;
+  EditCol_ = 0;
+  EditRow_ = 0;
+  return true;
+}
+
+// True when the focus goes to another control of the window for good. A move inside the grid
+// validates by itself.
+bool SectionsGrid::LosesFocus(const QFocusEvent& event) const {
+  if (OnlyAWhile(event) || refusing_) return false;
+  const QWidget* now = QApplication::focusWidget();
+  return now != nullptr && now != this && !isAncestorOf(now);
+}
+
+void SectionsGrid::EditorLeft(const QObject* editor) {
+  if (editor == cboEdit_) {
+    sspEditCombo_->hide();
+    return;
+  }
+  if (LeaveCell()) DrawTyped();
+}
+
+// Holes and sheet of a row that was typed into, with its errors told.
+void SectionsGrid::DrawTyped() {
+  if (!typed_) return;
+  typed_ = false;
+  const int row = grid_->Row();
+  if (row < 1) return;
+  detail_->RebuildShownHoles(Int16(row));
+  sheet_->DrawSection(row);
+}
+
+}  // namespace orvane

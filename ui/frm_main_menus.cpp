@@ -1,0 +1,171 @@
+// The main window's toolbar and menus, made from the table of commands.
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <algorithm>
+
+#include "core/numbers.h"
+#include "project/recent_files.h"
+#include "ui/frm_main.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/icons.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+// Recent file n is entry 8 + n of the project menu; entry 8 is the separator in front of them.
+constexpr int RecentBase = 8;
+
+// Icons of the toolbar, device-independent pixels.
+constexpr int ToolIconSize = 22;
+
+constexpr int GroupGap = 10;  // between groups of buttons
+
+// The buttons that begin a group: the six sections, then the drawing and the help.
+bool BeginsGroup(Command command) {
+  return command == Command::New || command == Command::AddZ || command == Command::ToggleDrawing;
+}
+
+std::string_view ArrayName(Place place) {
+  switch (place) {
+    case Place::SSCommand1:
+      return "SSCommand1";
+    case Place::mnuProject:
+      return "mnuProject";
+    case Place::mnuSection:
+      return "mnuSection";
+    case Place::mnuOutput:
+      return "mnuOutput";
+    case Place::mnuHelp:
+      return "mnuHelp";
+    case Place::mnuCHPUI:
+      return "mnuCHPUI";
+  }
+  return "";
+}
+
+bool IsShortcut(const QKeyEvent& key) {
+  const QKeySequence pressed(key.keyCombination());
+  const auto& entries = CommandTable();
+  return std::any_of(entries.begin(), entries.end(), [&](const CommandEntry& entry) {
+    return !entry.Shortcut.empty() && pressed == QKeySequence(ToQt(entry.Shortcut));
+  });
+}
+
+QString IndexedName(std::string_view array, int index) {
+  return ToQt(std::string(array) + "(" + DecimalText(index) + ")");
+}
+
+}  // namespace
+
+void FrmMain::BuildToolbar() {
+  SSPanelToolbar_ = new QWidget(this);
+  SSPanelToolbar_->setObjectName("SSPanelToolbar");
+  SSPanelToolbar_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+  auto* row = new QHBoxLayout(SSPanelToolbar_);
+  row->setContentsMargins(4, 3, 4, 3);
+  row->setSpacing(1);
+  for (const CommandEntry& entry : CommandsOf(Place::SSCommand1)) {
+    if (BeginsGroup(entry.What)) row->addSpacing(GroupGap);
+    auto* button = new QToolButton(SSPanelToolbar_);
+    button->setObjectName(IndexedName(ArrayName(entry.Where), entry.Index));
+    button->setText(ToQt(entry.Caption));
+    button->setToolTip(ToQt(entry.ToolTip));
+    button->setIcon(LineIcon(entry.Icon));
+    button->setIconSize({ToolIconSize, ToolIconSize});
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setAutoRaise(true);
+    // Pressing a button doesn't take the cursor out of the cell that is being typed.
+    button->setFocusPolicy(Qt::NoFocus);
+    connect(button, &QToolButton::clicked, this, [this, what = entry.What] { Run(what); });
+    row->addWidget(button);
+  }
+}
+
+void FrmMain::BuildMenus() {
+  const std::array<std::pair<Place, Actions*>, 4> menus = {{{Place::mnuProject, &mnuProject_},
+                                                            {Place::mnuSection, &mnuSection_},
+                                                            {Place::mnuOutput, &mnuOutput_},
+                                                            {Place::mnuHelp, &mnuHelp_}}};
+  for (std::size_t i = 0; i < menus.size(); ++i) {
+    const int index = static_cast<int>(i);
+    QMenu* menu = menuBar()->addMenu(ToQt(MenuBarCaption(index)));
+    menu->setObjectName(IndexedName("mnuBar", index));
+    mnuBar_.at(i) = menu;
+    FillMenu(*menu, menus.at(i).first, *menus.at(i).second);
+  }
+  mnuProject_.at(RecentBase)->setVisible(false);
+}
+
+void FrmMain::FillMenu(QMenu& menu, Place place, Actions& actions) {
+  for (const CommandEntry& entry : CommandsOf(place)) {
+    if (entry.What == Command::Recent) continue;  // made when there are recent files
+    QAction* action = MakeAction(menu, entry);
+    menu.addAction(action);
+    actions[entry.Index] = action;
+  }
+}
+
+QAction* FrmMain::MakeAction(QMenu& menu, const CommandEntry& entry) {
+  auto* action = new QAction(&menu);
+  action->setObjectName(IndexedName(ArrayName(entry.Where), entry.Index));
+  action->setMenuRole(QAction::NoRole);
+  if (entry.What == Command::None) {
+    action->setSeparator(true);
+    return action;
+  }
+  action->setText(ToQt(entry.Caption));
+  action->setIcon(LineIcon(entry.Icon));
+  action->setShortcut(QKeySequence::fromString(ToQt(entry.Shortcut), QKeySequence::PortableText));
+  connect(action, &QAction::triggered, this, [this, what = entry.What] { Run(what); });
+  return action;
+}
+
+// On some desktops a field takes keys of the menu for its own, such as Ctrl+E for the end of the
+// line and Ctrl+D for Delete. The cursor is nearly always in a field, so the menu goes first.
+void FrmMain::WatchFields() {
+  for (QLineEdit* field : findChildren<QLineEdit*>()) field->installEventFilter(this);
+}
+
+bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride &&
+      IsShortcut(*static_cast<const QKeyEvent*>(event))) {
+    event->ignore();
+    return true;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void FrmMain::ShowRecentFiles() {
+  QMenu& menu = *mnuBar_[0];
+  QAction* separator = mnuProject_.at(RecentBase);
+  separator->setVisible(false);
+  const int count = static_cast<int>(RecentFiles.size());
+  for (int n = 1; n <= count; ++n) {
+    const auto old = mnuProject_.find(RecentBase + n);
+    if (old == mnuProject_.end()) continue;
+    // It may be the very entry whose choice led here, so it goes later.
+    menu.removeAction(old->second);
+    old->second->setObjectName({});
+    old->second->deleteLater();
+    mnuProject_.erase(old);
+  }
+  for (int n = 1; n <= count; ++n) {
+    const std::string& path = RecentFiles.at(static_cast<std::size_t>(n) - 1);
+    if (path.empty()) continue;
+    auto* action = new QAction(&menu);
+    action->setObjectName(IndexedName(ArrayName(Place::mnuProject), RecentBase + n));
+    action->setMenuRole(QAction::NoRole);
+    // An "&" of the path isn't the mark of a key.
+    action->setText(ToQt(RecentCaption(path)).replace("&", "&&"));
+    connect(action, &QAction::triggered, this, [this, n] { Run(Command::Recent, n); });
+    menu.insertAction(mnuProject_.at(RecentBase + count + 1), action);
+    mnuProject_[RecentBase + n] = action;
+    separator->setVisible(true);
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,209 @@
+// The main window's load, its place on the screen, the size of the drawing area, and its end.
+#include <QCloseEvent>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QLayout>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <algorithm>
+
+#include "core/catalogues.h"
+#include "core/desktop.h"
+#include "core/model.h"
+#include "core/numbers.h"
+#include "core/settings.h"
+#include "project/lifecycle.h"
+#include "project/recent_files.h"
+#include "ui/frm_main.h"
+#include "ui/platform/guard.h"
+
+namespace orvane {
+
+namespace {
+
+// "State" of the stored window.
+constexpr int NormalState = 0;
+constexpr int MinimizedState = 1;
+constexpr int MaximizedState = 2;
+
+// The first size: this share of the free screen, more of a small one, and no more than a hand can
+// oversee.
+constexpr int FirstWidthPercent = 94;
+constexpr int FirstHeightPercent = 92;
+constexpr QSize LeastFirstSize(1024, 660);
+constexpr QSize GreatestFirstSize(1720, 1000);
+
+// What the frame around a window takes of the screen, about.
+constexpr QSize Frame(8, 36);
+
+// The grid's columns stand in it without crowding; the drawing takes what is left.
+constexpr int FirstGridWidth = 460;
+
+// What must be on a screen of the window's upper edge, so that it can be dragged.
+constexpr int TitleHeight = 24;
+
+// A stored measure, device-independent pixels. The numbers of a screen fit 16 bits.
+int Measure(std::string_view name, int present) {
+  const double value = Val(ScreenSetting(name, DecimalText(present)));
+  return Whole(std::clamp(value, -32768.0, 32767.0));
+}
+
+bool IsOnAScreen(const QRect& titleBar) {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+    return screen->availableGeometry().intersects(titleBar);
+  });
+}
+
+}  // namespace
+
+// The grids bear their headings and column widths since they were made, and the panes lay
+// themselves out; what is left of those steps is done where it falls.
+void FrmMain::Load() {
+  Guard([this] {
+    TheDesktop().ProcessEvents();
+    LoadRecent();
+    detail_->EmptyHoleGrid();
+    LoadSectionCatalogues();
+    accessories_->FillAccessoryList();
+    detail_->FillPitches();
+    Items.Clear();
+    sections_->DisplayItems();
+    AccLines1.Clear();
+    AccLines2.Clear();
+    const int state = Whole(std::clamp(Val(ScreenSetting("State")), -1.0, 3.0));
+    if (state == NormalState) RestoreGeometry();
+    sheet_->ApplyMargins();
+    RestoreState(state);
+  });
+}
+
+void FrmMain::TakeFirstSize() {
+  const QRect free = screen()->availableGeometry();
+  const QSize share(free.width() * FirstWidthPercent / 100,
+                    free.height() * FirstHeightPercent / 100);
+  QRect place(
+      QPoint(0, 0),
+      share.expandedTo(LeastFirstSize).boundedTo(GreatestFirstSize).boundedTo(free.size() - Frame));
+  place.moveCenter(free.center());
+  setGeometry(place);
+  SSSplitter1_->setSizes({FirstGridWidth, place.width() - FirstGridWidth});
+}
+
+void FrmMain::RestoreGeometry() {
+  const int width = Measure("Width", this->width());
+  const int height = Measure("Height", this->height());
+  const int top = Measure("Top", y());
+  const int left = Measure("Left", x());
+  const QSize most = screen()->availableVirtualGeometry().size();
+  resize(QSize(width, height).boundedTo(most).expandedTo(minimumSizeHint().boundedTo(most)));
+  QRect place(QPoint(left, top), size());
+  if (!IsOnAScreen(QRect(left, top, this->width(), TitleHeight))) {
+    place.moveCenter(screen()->availableGeometry().center());
+  }
+  move(place.topLeft());
+}
+
+void FrmMain::RestoreState(int state) {
+  if (state == MinimizedState) setWindowState(Qt::WindowMinimized);
+  if (state == MaximizedState) setWindowState(Qt::WindowMaximized);
+}
+
+void FrmMain::StoreWindow() const {
+  if (isMinimized()) return;
+  StoreScreenSetting("State", DecimalText(isMaximized() ? MaximizedState : NormalState));
+  StoreScreenSetting("Width", DecimalText(width()));
+  StoreScreenSetting("Height", DecimalText(height()));
+  StoreScreenSetting("Top", DecimalText(y()));
+  StoreScreenSetting("Left", DecimalText(x()));
+}
+
+void FrmMain::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  Guard([this] { LayOut(); });
+}
+
+void FrmMain::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) Guard([this] { LayOut(); });
+}
+
+// While the window is minimized its areas keep their places.
+void FrmMain::LayOut() {
+  if (centralWidget() == nullptr) return;
+  centralWidget()->layout()->setEnabled(!isMinimized());
+  if (!isMinimized()) centralWidget()->layout()->activate();
+}
+
+void FrmMain::ToggleDrawingArea() {
+  if (drawingMaximized_) {
+    RestoreDrawing();
+  } else {
+    MaximizeDrawing();
+  }
+}
+
+void FrmMain::MaximizeDrawing() {
+  // The cursor must not get lost in a pane without a size.
+  QWidget* focus = focusWidget();
+  focusBefore_.clear();
+  if (focus != nullptr && SSPanel7_->isAncestorOf(focus)) {
+    const bool inGrid = sections_->isAncestorOf(focus);
+    // A refused cell has the cursor back in it: then the grid stays in sight.
+    if (inGrid && !sections_->SettleEditor()) return;
+    centralWidget()->setFocus();
+    if (inGrid) sections_->ForgetEditors();
+    focusBefore_ = inGrid ? sections_ : focus;
+  }
+  drawingWidth_ = SSPanel4_->width();
+  SSSplitter1_->setCollapsible(0, true);
+  SSSplitter1_->setHandleWidth(0);
+  SSSplitter1_->setSizes({0, SSPanel2_->width()});
+  drawingMaximized_ = true;
+}
+
+void FrmMain::RestoreDrawing() {
+  drawingMaximized_ = false;
+  SSSplitter1_->setHandleWidth(-1);
+  const int rest = SSPanel2_->width() - SSSplitter1_->handleWidth() - drawingWidth_;
+  SSSplitter1_->setSizes({std::max(rest, 1), drawingWidth_});
+  SSSplitter1_->setCollapsible(0, false);
+  if (focusBefore_ == nullptr || focusWidget() != centralWidget()) return;
+  if (focusBefore_ == sections_) {
+    sections_->GridEnterCell();
+  } else {
+    focusBefore_->setFocus();
+  }
+}
+
+void FrmMain::FocusMoved(const QWidget* now) {
+  if (drawingMaximized_ && now != nullptr && SSPanel7_->isAncestorOf(now)) RestoreDrawing();
+}
+
+bool FrmMain::AskToExit() {
+  if (asking_) return false;
+  const QScopedValueRollback<bool> asked(asking_, true);
+  return ExitProject();
+}
+
+void FrmMain::Exit() {
+  if (!AskToExit()) return;
+  Ending_ = true;
+  close();
+  QCoreApplication::quit();
+}
+
+// After the exit command this asks a second time, deliberately, and closes whatever the answer is.
+void FrmMain::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  bool consent = false;
+  Guard([&] { consent = AskToExit(); });
+  if (!consent && !Ending_) return;
+  Guard([this] { StoreWindow(); });
+  event->accept();
+  // Later, when this window is gone: ending the program asks each window that is still open.
+  QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,
+                            Qt::QueuedConnection);
+}
+
+}  // namespace orvane

@@ -1,0 +1,34 @@
+// "Project Details": the five texts and the date of the project. The fields are the user's door to
+// txtProject and DTPicker1; typing takes effect at once.
+#pragma once
+
+#include <QDateEdit>
+#include <QLineEdit>
+#include <array>
+
+#include "ui/controls/plain_dialog.h"
+
+namespace orvane {
+
+// Made once at the start and kept; "&Close" hides it.
+class FrmProjectDetails : public PlainDialog {
+ public:
+  // A date before 01/01/2002 is one never set: it becomes today, here and nowhere else.
+  explicit FrmProjectDetails(QWidget* parent = nullptr);
+
+  // Brings the model's texts and date into the fields, without counting as typing.
+  void Refresh();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void AddFields();
+  void AddPicker();
+
+  std::array<QLineEdit*, 5> txtProject_{};
+  QDateEdit* picker_ = nullptr;
+};
+
+}  // namespace orvane

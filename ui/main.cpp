@@ -1,0 +1,20 @@
+// The entry point. It takes no arguments; the program's folder is that of the executable.
+#include <QApplication>
+#include <QDir>
+
+#include "core/desktop.h"
+#include "ui/platform/qt_desktop.h"
+#include "ui/platform/qt_text.h"
+#include "ui/start_up.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  orvane::PrepareApplication();
+  orvane::QtDesktop desktop(orvane::UserSettings());
+  orvane::InstallDesktop(desktop);
+  orvane::ProgramFolder =
+      orvane::FromQt(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+  orvane::StartUp start;
+  start.Run();
+  return QApplication::exec();
+}

@@ -1,0 +1,36 @@
+// The wrapper that every slot, event override and menu action goes through: an exception that
+// reached the event loop would end the process.
+#pragma once
+
+#include <exception>
+
+namespace orvane {
+
+// Shows an error's description in a plain message box.
+void ShowError(const std::exception& error);
+
+// The same when the event that is under way is over.
+void ShowErrorLater(const std::exception& error);
+
+// Runs the action; an error shows its description, and the state stays as the action left it.
+template <class Action>
+void Guard(Action&& action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    ShowError(error);
+  }
+}
+
+// The same for an action in the middle of a change of focus, which a message box would disturb: the
+// box comes behind it.
+template <class Action>
+void GuardFocusChange(Action&& action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    ShowErrorLater(error);
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,155 @@
+#include "ui/platform/qt_desktop.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPointer>
+#include <QStandardPaths>
+
+#include "core/settings_file.h"
+#include "core/system_dates.h"
+#include "ui/platform/file_dialog.h"
+#include "ui/platform/help_viewer.h"
+#include "ui/platform/qt_text.h"
+
+#ifdef Q_OS_WIN
+#include "core/settings_registry.h"
+#endif
+
+namespace orvane {
+
+namespace {
+
+// The window that a dialog belongs to.
+QWidget* OwnerWindow() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  // Another program is in front.
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
+  }
+  return nullptr;
+}
+
+// Opens the way for a dialog and puts the focus back where it was when the dialog has gone.
+class DialogStay {
+ public:
+  DialogStay() : owner_(OwnerWindow()), focus_(QApplication::focusWidget()) {
+    if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    if (focus_ == nullptr && owner_ != nullptr) focus_ = owner_->focusWidget();
+  }
+  ~DialogStay() {
+    if (owner_ == nullptr || !owner_->isVisible()) return;
+    owner_->activateWindow();
+    if (focus_ != nullptr && focus_->isVisible() && focus_->window() == owner_) {
+      focus_->setFocus(Qt::ActiveWindowFocusReason);
+    }
+  }
+  DialogStay(const DialogStay&) = delete;
+  DialogStay& operator=(const DialogStay&) = delete;
+
+  QWidget* Owner() const { return owner_; }
+
+ private:
+  QPointer<QWidget> owner_;
+  QPointer<QWidget> focus_;
+};
+
+// The toolkit's side of a set of buttons: which one Enter presses at once, which one Escape and the
+// window's frame stand for.
+struct ButtonSet {
+  Buttons Choice;
+  QMessageBox::StandardButtons Shown;
+  QMessageBox::StandardButton Default;
+  QMessageBox::StandardButton Escape;
+};
+constexpr ButtonSet ButtonSets[] = {
+    {Buttons::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
+    {Buttons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No},
+    {Buttons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+     QMessageBox::Yes, QMessageBox::Cancel},
+};
+
+Answer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Cancel:
+      return Answer::Cancel;
+    default:
+      return Answer::Ok;
+  }
+}
+
+QString WithLineEnds(const std::string& text) {
+  return ToQt(text).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+}  // namespace
+
+Answer QtDesktop::ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                                 Icon icon) {
+  const DialogStay stay;
+  QMessageBox box(stay.Owner());
+  box.setObjectName("MessageBox");
+  box.setWindowTitle(title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(WithLineEnds(text));
+  box.setIcon(icon == Icon::Stop ? QMessageBox::Critical : QMessageBox::NoIcon);
+  for (const ButtonSet& set : ButtonSets) {
+    if (set.Choice != buttons) continue;
+    box.setStandardButtons(set.Shown);
+    box.setDefaultButton(set.Default);
+    box.setEscapeButton(set.Escape);
+  }
+  const int line = box.fontMetrics().height();
+  box.layout()->setContentsMargins(line, line, line, line);
+  return AnswerOf(box.exec());
+}
+
+std::optional<std::string> QtDesktop::ShowOpenDialog(const FileDialog& dialog) {
+  const DialogStay stay;
+  return AskForFile(dialog, DialogForm::Open, stay.Owner());
+}
+
+std::optional<std::string> QtDesktop::ShowSaveDialog(const FileDialog& dialog) {
+  const DialogStay stay;
+  return AskForFile(dialog, DialogForm::Save, stay.Owner());
+}
+
+void QtDesktop::ProcessEvents() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+std::string QtDesktop::ShortDateForm() const {
+  return SystemShortDateForm();
+}
+
+void QtDesktop::ShowHelp(const std::string& file) {
+  StartHelp(file);
+}
+
+std::string QtDesktop::UserDataFolder() {
+  const QString folder =
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Lintaro";
+  QDir().mkpath(folder);
+  return FromQt(QDir::toNativeSeparators(folder));
+}
+
+Moment QtDesktop::Now() const {
+  return LocalMoment();
+}
+
+std::unique_ptr<SettingsStore> UserSettings() {
+#ifdef Q_OS_WIN
+  return std::make_unique<RegistrySettings>();
+#else
+  return std::make_unique<FileSettings>(UserSettingsPath());
+#endif
+}
+
+}  // namespace orvane

@@ -1,0 +1,36 @@
+// What the logic needs of the person and the platform, on the toolkit.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "core/desktop.h"
+
+namespace orvane {
+
+class QtDesktop : public Desktop {
+ public:
+  explicit QtDesktop(std::unique_ptr<SettingsStore> settings) : settings_(std::move(settings)) {}
+
+  // A carriage return in the text ends a line. A box without a title of its own bears the
+  // application's name. "No" is the answer by default of a box with Yes and No, and that of Escape.
+  Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                        Icon icon) override;
+  std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
+  std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
+  void ProcessEvents() override;
+  std::string ShortDateForm() const override;
+  SettingsStore& Settings() override { return *settings_; }
+  void ShowHelp(const std::string& file) override;
+  std::string UserDataFolder() override;
+  Moment Now() const override;
+
+ private:
+  std::unique_ptr<SettingsStore> settings_;
+};
+
+// The user's own store: the registry where there is one, else the settings file.
+std::unique_ptr<SettingsStore> UserSettings();
+
+}  // namespace orvane

@@ -1,0 +1,81 @@
+#include "ui/start_up.h"
+
+#include <QApplication>
+#include <QProxyStyle>
+
+#include "core/catalogues.h"
+#include "core/settings.h"
+#include "ui/frm_about.h"
+#include "ui/frm_registration.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/icons.h"
+
+namespace orvane {
+
+namespace {
+
+// The toolkit's own style on all platforms, with buttons that bear their captions alone.
+class PlainStyle : public QProxyStyle {
+ public:
+  PlainStyle() : QProxyStyle("Fusion") {}
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returned) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+  }
+};
+
+}  // namespace
+
+void PrepareApplication() {
+  // Only the name, no display name: the toolkit would put that behind each dialog's own title.
+  QApplication::setApplicationName("Orvane Detailing System");
+  QApplication::setApplicationVersion(ORVANE_VERSION);
+  QApplication::setWindowIcon(ProgramIcon());
+  QApplication::setStyle(new PlainStyle);  // the application keeps it
+  // The about box stands alone at first: closing it must not end the program.
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+void StartUp::LoadAccessories() {
+  LoadAccessoryCatalogues();
+}
+
+void StartUp::SetSettingsRoot() {
+  TheSettingsRoot = SettingsRoot::LocalMachine;
+}
+
+void StartUp::ShowAbout() {
+  FrmAbout().exec();
+}
+
+void StartUp::ReadSettings() {
+  // Each by itself: a margin that nobody can use must not cost the company's name.
+  Guard(LoadMaxDims);
+  Guard(LoadPageSetup);
+  Guard(LoadDrawingSettings);
+  Guard(LoadRegistration);
+}
+
+void StartUp::AskRegistration() {
+  if (CompanyName.empty()) FrmRegistration().exec();
+}
+
+void StartUp::ShowMain() {
+  details_ = std::make_unique<FrmProjectDetails>();
+  main_ = std::make_unique<FrmMain>(*details_);
+  main_->Load();
+  main_->show();
+  QApplication::setQuitOnLastWindowClosed(true);
+}
+
+void StartUp::Run() {
+  Guard([this] { LoadAccessories(); });
+  Guard([this] { SetSettingsRoot(); });
+  Guard([this] { ShowAbout(); });
+  Guard([this] { ReadSettings(); });
+  Guard([this] { AskRegistration(); });
+  Guard([this] { ShowMain(); });
+}
+
+}  // namespace orvane

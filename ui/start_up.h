@@ -1,0 +1,39 @@
+// The start of the program, step by step in its fixed order.
+#pragma once
+
+#include <memory>
+
+#include "ui/frm_main.h"
+#include "ui/frm_project_details.h"
+
+namespace orvane {
+
+// Gives the application its names, version, icon and look; called first, once it is made.
+void PrepareApplication();
+
+// Each step is a procedure, so that they can be run one by one. The desktop and the program's
+// folder are set before.
+class StartUp {
+ public:
+  StartUp() = default;
+  StartUp(const StartUp&) = delete;
+  StartUp& operator=(const StartUp&) = delete;
+
+  void LoadAccessories();  // accs1.csv, accs2.csv, the size of AccUsed
+  void SetSettingsRoot();  // where the settings lie
+  void ShowAbout();        // the splash: waits until the user has closed it
+  void ReadSettings();     // greatest lengths, margins, drawing settings, company
+  void AskRegistration();  // the first-run dialog, while the company has no name
+  void ShowMain();         // makes the project details, then the main window, loads and shows it
+
+  // All of them.
+  void Run();
+
+  FrmMain* Main() const { return main_.get(); }
+
+ private:
+  std::unique_ptr<FrmProjectDetails> details_;
+  std::unique_ptr<FrmMain> main_;
+};
+
+}  // namespace orvane
