@@ -1,0 +1,132 @@
+// The page of messages holds every message of the program, in its exact words, and no other.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/help/help_page.h"
+
+namespace orvane {
+
+namespace {
+
+using test::ElementsOf;
+using test::PageSource;
+using test::TextOf;
+
+constexpr const char* SleeveQuestion =
+    "Item 2: P2 requires sleeves and none were found\n"
+    "Do you wish to continue with the export?";
+
+// With the example values that the page gives: mark, number, path.
+const std::multiset<std::string> Messages = {
+    // What a cell of the sections grid refuses, and the question before a section is deleted.
+    "Error - Duplicate Mark",
+    "Invalid length",
+    "Length exceeds maximum for section (15000)",
+    "Remove mark P1?",
+    // Detail panel.
+    "Selecting a standard pattern will remove custom holes, continue?",
+    "Punching pattern must be 'Custom'",
+    // New, open, exit.
+    "Save changes to current project?",
+    "P1 : Z24520 Length shorter than last hole position \nQuit anyway?",
+    // File dialogs.
+    "shed.ovd already exists.\nDo you want to replace it?",
+    "The folder /jobs/north doesn't exist.",
+    "north.ovd is a folder.",
+    "shed.ovd doesn't exist.",
+    // Export, the lines of the validation errors among it.
+    SleeveQuestion,
+    "Item 3:  No mark",
+    "Item 3: P3 Zero length",
+    "Item 3: P3 Zero quantity",
+    "Item 3: P3 No sleeves",
+    "CAM export complete",
+    "VA1: unknown cleat code \"KT50\"",
+    // Catalogues and settings.
+    "Error loading data from /opt/lintaro/dims.csv\nFile not found",
+    "ERROR #3 : Permission denied",
+    "The help can't be shown: no viewer for /opt/lintaro/Lintaro.chm was found",
+    // The system's descriptions.
+    "File not found",
+    "Path not found",
+    "Permission denied",
+    "Disk full",
+    "Input past end of file",
+    "Type mismatch",
+    "Overflow",
+    "Division by zero",
+    "Subscript out of range",
+};
+
+// Titles of boxes that have one of their own.
+struct TitledBox {
+  std::string_view Text;
+  std::string_view Title;
+};
+constexpr TitledBox Titles[] = {
+    {"Selecting a standard pattern", "Punching Pattern"},
+    {"Save changes to current project?", "New Project, or Exit"},
+    {"P1 : Z24520 Length shorter", "Warning"},
+    {"Item 2: P2 requires sleeves", "Checking Data"},
+    {"Error loading data from", "Orvane Detailing System"},
+};
+
+std::string MessagesPage() {
+  return PageSource("messages.html");
+}
+
+TEST(HelpMessages, The_page_holds_each_message_in_its_exact_words_and_no_other) {
+  std::multiset<std::string> found;
+  for (const std::string& heading : ElementsOf(MessagesPage(), "h3 class=\"message\"")) {
+    found.insert(TextOf(heading));
+  }
+  EXPECT_EQ(found, Messages);
+}
+
+TEST(HelpMessages, Each_message_says_what_it_means_and_what_to_do) {
+  const std::string page = MessagesPage();
+  std::size_t at = page.find("<h3 class=\"message\">");
+  ASSERT_NE(at, std::string::npos);
+  while (at != std::string::npos) {
+    const std::size_t next = page.find("<h3 class=\"message\">", at + 1);
+    const std::string entry = page.substr(at, next == std::string::npos ? next : next - at);
+    const std::vector<std::string> paragraphs = ElementsOf(entry, "p");
+    EXPECT_GE(paragraphs.size(), 2U) << entry;
+    EXPECT_NE(entry.find("<b>What to do:</b> "), std::string::npos) << entry;
+    at = next;
+  }
+}
+
+TEST(HelpMessages, Titles_of_boxes_stand_below_their_messages) {
+  const std::string page = MessagesPage();
+  for (const TitledBox& box : Titles) {
+    bool found = false;
+    std::size_t at = page.find("<h3 class=\"message\">");
+    while (at != std::string::npos) {
+      const std::size_t end = page.find("</p>", at);
+      const std::string text = TextOf(page.substr(at, end - at));
+      found = found ||
+              (text.rfind(box.Text, 0) == 0 &&
+               text.find("\nTitle of the box: " + std::string(box.Title)) != std::string::npos);
+      at = page.find("<h3 class=\"message\">", end);
+    }
+    EXPECT_TRUE(found) << box.Text;
+  }
+}
+
+TEST(HelpMessages, The_page_of_validation_errors_names_the_four_words) {
+  std::multiset<std::string> words;
+  for (const auto& row : test::TableRows(PageSource("validation-errors.html"))) {
+    words.insert(row.at(0));
+  }
+  EXPECT_EQ(words, (std::multiset<std::string>{"Word", "No mark", "Zero length", "Zero quantity",
+                                               "No sleeves"}));
+}
+
+}  // namespace
+
+}  // namespace orvane

@@ -1,0 +1,279 @@
+// The program's own desktop but for its file dialogs and the help, and the guard of the handlers.
+#include <QtTest/QTest>
+
+#include <QAbstractButton>
+#include <QDateTime>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "core/settings_file.h"
+#include "tests/screens/dialog_fixture.h"
+#include "ui/platform/guard.h"
+
+namespace orvane {
+
+namespace {
+
+using test::DialogTest;
+
+// What a box looked like when it stood on the screen.
+struct Look {
+  std::string Text;
+  std::string Title;
+  std::vector<std::string> Buttons;
+  std::string Default;
+  std::string Escape;
+  QMessageBox::Icon Icon = QMessageBox::NoIcon;
+  Qt::TextFormat Format = Qt::AutoText;
+  QWidget* Parent = nullptr;
+};
+
+std::string TextOf(const QAbstractButton* button) {
+  return button == nullptr ? "" : FromQt(button->text());
+}
+
+Look LookOf(QWidget& window) {
+  const auto& box = dynamic_cast<QMessageBox&>(window);
+  Look look{FromQt(box.text()),
+            FromQt(box.windowTitle()),
+            {},
+            TextOf(box.defaultButton()),
+            TextOf(box.escapeButton()),
+            box.icon(),
+            box.textFormat(),
+            box.parentWidget()};
+  for (const auto button :
+       {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+    if (box.button(button) != nullptr) look.Buttons.push_back(TextOf(box.button(button)));
+  }
+  return look;
+}
+
+class MessageBoxTest : public DialogTest {
+ protected:
+  // Shows the box and answers it by the action.
+  Answer Ask(const std::string& text, const std::string& title, Buttons buttons, Icon icon,
+             std::function<void(QWidget&)> answer) {
+    dialogs.ExpectDialog("MessageBox", [this, answer = std::move(answer)](QWidget& window) {
+      look = LookOf(window);
+      answer(window);
+    });
+    return platform.ShowMessageBox(text, title, buttons, icon);
+  }
+
+  static void Escape(QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }
+  static void Enter(QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }
+  static void Frame(QWidget& window) { window.close(); }
+  static std::function<void(QWidget&)> Button(QMessageBox::StandardButton button) {
+    return [button](QWidget& window) {
+      QTest::mouseClick(dynamic_cast<QMessageBox&>(window).button(button), Qt::LeftButton);
+    };
+  }
+
+  Look look;
+};
+
+TEST_F(MessageBoxTest, A_plain_box_has_the_applications_name_no_icon_and_one_button) {
+  EXPECT_EQ(Ask("Invalid length", "", Buttons::Ok, Icon::None, Enter), Answer::Ok);
+  EXPECT_EQ(look.Text, "Invalid length");
+  EXPECT_EQ(look.Title, "Orvane Detailing System");
+  EXPECT_EQ(look.Icon, QMessageBox::NoIcon);
+  EXPECT_EQ(look.Buttons.size(), 1U);
+}
+
+TEST_F(MessageBoxTest, A_title_of_its_own_and_the_stop_icon_are_shown) {
+  Ask("Text", "Checking Data", Buttons::Ok, Icon::Stop, Enter);
+  EXPECT_EQ(look.Title, "Checking Data");
+  EXPECT_EQ(look.Icon, QMessageBox::Critical);
+}
+
+TEST_F(MessageBoxTest, A_carriage_return_ends_a_line) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"one\rtwo", "one\ntwo"},
+      {"one\r\ntwo", "one\ntwo"},
+      {"one\ntwo", "one\ntwo"},
+      {"one\r\rthree\r", "one\n\nthree\n"},
+  };
+  for (const auto& [text, shown] : cases) {
+    Ask(text, "", Buttons::Ok, Icon::None, Enter);
+    EXPECT_EQ(look.Text, shown);
+  }
+}
+
+TEST_F(MessageBoxTest, A_text_that_looks_like_markup_is_shown_as_it_stands) {
+  Ask("<b>P1</b> & <i>P2</i>", "", Buttons::Ok, Icon::None, Enter);
+  EXPECT_EQ(look.Text, "<b>P1</b> & <i>P2</i>");
+  EXPECT_EQ(look.Format, Qt::PlainText);
+}
+
+TEST_F(MessageBoxTest, Each_answer_of_each_set_of_buttons_comes_back) {
+  struct Case {
+    Buttons Set;
+    std::function<void(QWidget&)> Action;
+    Answer Expected;
+  };
+  const std::vector<Case> cases = {
+      {Buttons::Ok, Button(QMessageBox::Ok), Answer::Ok},
+      {Buttons::Ok, Enter, Answer::Ok},
+      {Buttons::Ok, Escape, Answer::Ok},
+      {Buttons::Ok, Frame, Answer::Ok},
+      {Buttons::YesNo, Button(QMessageBox::Yes), Answer::Yes},
+      {Buttons::YesNo, Button(QMessageBox::No), Answer::No},
+      {Buttons::YesNo, Enter, Answer::No},
+      {Buttons::YesNo, Escape, Answer::No},
+      {Buttons::YesNo, Frame, Answer::No},
+      {Buttons::YesNoCancel, Button(QMessageBox::Yes), Answer::Yes},
+      {Buttons::YesNoCancel, Button(QMessageBox::No), Answer::No},
+      {Buttons::YesNoCancel, Button(QMessageBox::Cancel), Answer::Cancel},
+      {Buttons::YesNoCancel, Enter, Answer::Yes},
+      {Buttons::YesNoCancel, Escape, Answer::Cancel},
+      {Buttons::YesNoCancel, Frame, Answer::Cancel},
+  };
+  for (std::size_t at = 0; at < cases.size(); ++at) {
+    SCOPED_TRACE(at);
+    EXPECT_EQ(Ask("?", "", cases.at(at).Set, Icon::None, cases.at(at).Action),
+              cases.at(at).Expected);
+  }
+}
+
+TEST_F(MessageBoxTest, Each_set_of_buttons_shows_its_own) {
+  const std::vector<std::pair<Buttons, std::size_t>> sets = {
+      {Buttons::Ok, 1}, {Buttons::YesNo, 2}, {Buttons::YesNoCancel, 3}};
+  for (const auto& [set, count] : sets) {
+    Ask("?", "", set, Icon::None, Escape);
+    EXPECT_EQ(look.Buttons.size(), count);
+  }
+}
+
+TEST_F(MessageBoxTest, The_box_belongs_to_the_window_in_front_and_gives_the_focus_back) {
+  QWidget window;
+  QVBoxLayout layout(&window);
+  QLineEdit first;
+  QLineEdit second;
+  layout.addWidget(&first);
+  layout.addWidget(&second);
+  ShowActive(window);
+  second.setFocus();
+  Ask("?", "", Buttons::YesNo, Icon::None, Escape);
+  EXPECT_EQ(look.Parent, &window);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_EQ(QApplication::focusWidget(), &second);
+}
+
+TEST_F(MessageBoxTest, A_box_over_a_dialog_belongs_to_the_dialog) {
+  QWidget window;
+  ShowActive(window);
+  QDialog dialog(&window);
+  dialog.setObjectName("Outer");
+  dialogs.ExpectDialog("Outer", [this](QWidget& outer) {
+    Ask("?", "", Buttons::Ok, Icon::None, Enter);
+    EXPECT_EQ(look.Parent, &outer);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&outer));
+    outer.close();
+  });
+  dialog.exec();
+}
+
+TEST_F(MessageBoxTest, An_open_list_is_closed_before_the_box_comes) {
+  QWidget window;
+  ShowActive(window);
+  QMenu menu(&window);
+  menu.addAction("Entry");
+  menu.popup(window.mapToGlobal(QPoint(0, 0)));
+  ASSERT_EQ(QApplication::activePopupWidget(), &menu);
+  Ask("?", "", Buttons::Ok, Icon::None, [](QWidget& box) {
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    Enter(box);
+  });
+  EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(MessageBoxTest, The_guard_shows_the_description_of_an_error_and_nothing_without_one) {
+  bool ran = false;
+  Guard([&] { ran = true; });
+  EXPECT_TRUE(ran);
+  dialogs.ExpectBox("Subscript out of range");
+  Guard([] { throw RuntimeError(Failure::SubscriptOutOfRange); });
+  EXPECT_TRUE(dialogs.Done());
+  dialogs.ExpectBox("no memory for that");
+  Guard([] { throw std::runtime_error("no memory for that"); });
+  EXPECT_TRUE(dialogs.Done());
+}
+
+TEST_F(MessageBoxTest, The_guard_of_a_change_of_focus_shows_it_when_the_change_is_over) {
+  GuardFocusChange([] { throw RuntimeError(Failure::Overflow); });
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  dialogs.ExpectBox("Overflow");
+  Settle();
+}
+
+TEST_F(MessageBoxTest, Pending_events_run_in_between) {
+  bool ran = false;
+  QMetaObject::invokeMethod(
+      qApp, [&ran] { ran = true; }, Qt::QueuedConnection);
+  EXPECT_FALSE(ran);
+  platform.ProcessEvents();
+  EXPECT_TRUE(ran);
+}
+
+// The rest of the desktop, as the program has it.
+
+class PlatformTest : public DialogTest {
+ protected:
+  QtDesktop desktop{std::make_unique<MemorySettings>()};
+};
+
+TEST_F(PlatformTest, The_present_moment_is_the_local_time) {
+  const auto ofClock = [] {
+    const QDateTime now = QDateTime::currentDateTime();
+    return FromQt(now.toString("yyyy-MM-ddTHH:mm:ss"));
+  };
+  const std::string before = ofClock();
+  const Moment now = desktop.Now();
+  const std::string after = ofClock();
+  const auto given = ParseMoment(before);
+  const auto later = ParseMoment(after);
+  ASSERT_TRUE(given && later);
+  const auto order = [](const Moment& moment) {
+    return std::tuple(moment.Day.Year, moment.Day.Month, moment.Day.Day, moment.Hour, moment.Minute,
+                      moment.Second);
+  };
+  EXPECT_LE(order(*given), order(now));
+  EXPECT_LE(order(now), order(*later));
+}
+
+TEST_F(PlatformTest, The_users_data_folder_is_made_when_it_is_asked_for) {
+  const std::string base = TempPath("share");
+  const QByteArray before = qgetenv("XDG_DATA_HOME");
+  qputenv("XDG_DATA_HOME", QByteArray::fromStdString(base));
+  EXPECT_FALSE(std::filesystem::exists(base));
+  EXPECT_EQ(desktop.UserDataFolder(), base + "/Lintaro");
+  EXPECT_TRUE(std::filesystem::is_directory(base + "/Lintaro"));
+  EXPECT_EQ(desktop.UserDataFolder(), base + "/Lintaro");
+  if (before.isNull()) {
+    qunsetenv("XDG_DATA_HOME");
+  } else {
+    qputenv("XDG_DATA_HOME", before);
+  }
+}
+
+TEST_F(PlatformTest, The_users_settings_lie_in_the_settings_file) {
+  const std::string base = TempPath("config");
+  const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+  qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(base));
+  EXPECT_TRUE(UserSettings()->Store(SettingsRoot::LocalMachine, SettingsKey + "\\Settings\\MaxDims",
+                                    "Z", "12000"));
+  EXPECT_EQ(test::BytesOf(base + "/Lintaro/settings.txt"),
+            "[SOFTWARE\\Lintaro\\Settings\\MaxDims]\nZ=12000\n");
+  if (before.isNull()) {
+    qunsetenv("XDG_CONFIG_HOME");
+  } else {
+    qputenv("XDG_CONFIG_HOME", before);
+  }
+}
+
+}  // namespace
+
+}  // namespace orvane
