@@ -21,6 +21,11 @@ constexpr std::string_view PatternKind = "S";      // Hole.Kind: made from the p
 constexpr std::string_view CounterSunkMark = "*";  // Hole.CounterSunk: compare with this text only
 constexpr std::string_view CustomPattern = "Custom";  // Item.PatternName: holes placed by hand
 
+// HoleDialogMode.
+constexpr std::int16_t EditHole = 1;
+constexpr std::int16_t AddAbsolute = 2;  // by the distance from the left-hand end
+constexpr std::int16_t AddRelative = 3;  // by the distance from the last hole
+
 // Records of the project.
 
 // One hole or slot of a section. A hole line ("BF" to "TF") holds "n" for no hole, "y" for a hole
@@ -171,8 +176,7 @@ extern Boolean ProjectDirty;         // unsaved changes exist
 extern std::string ProjectFileName;  // path of the open project; empty for a new one
 // Room for the elevation on a sheet, mm; 0 until a section was drawn.
 extern std::int16_t DrawingWidth;
-// 1 edit a custom hole, 2 add by absolute X, 3 add by relative X.
-extern std::int16_t HoleDialogMode;
+extern std::int16_t HoleDialogMode;  // EditHole, AddAbsolute or AddRelative
 extern std::string AccDialogResult;  // "OK" or "Cancelled"
 
 constexpr double Pi = 3.14159265358979;

@@ -1,0 +1,21 @@
+// One section's fabrication sheet.
+#pragma once
+
+#include <cstdint>
+
+#include "drawing/print_surface.h"
+
+namespace orvane {
+
+// Draws the sheet of a row of Items; nothing for a row below 1. `openDocument` starts a new
+// document, `closeDocument` ends it; a sheet of a longer document has neither or one.
+void DrawSection(PrintSurface& surface, std::int16_t ItemIndex, bool openDocument,
+                 bool closeDocument);
+
+// Sets DrawingWidth to the room on a landscape page of that surface with the present margins; true
+// if that changed it, so that gaps between holes that were worked out before (AdjustHoleSpacing)
+// have to be worked out anew. Called before holes are made or drawn for a screen, a run or a batch,
+// so that the very first sheet has its gaps.
+bool PrepareDrawingWidth(const PrintSurface& surface);
+
+}  // namespace orvane

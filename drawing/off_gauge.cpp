@@ -1,0 +1,180 @@
+#include "drawing/off_gauge.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "core/numbers.h"
+#include "drawing/drawing_state.h"
+#include "drawing/elevation.h"
+#include "drawing/length.h"
+#include "drawing/primitives.h"
+#include "drawing/section_views.h"
+
+namespace orvane {
+
+namespace {
+
+// The key: what its letters measure.
+
+// A point of the key's section, as shares of the section's dimensions.
+struct KeyPoint {
+  double OfDim4, OfDim5;  // its X
+  double OfDim3;          // its Y
+};
+
+enum class Datum { First, Second };  // the end at which a measure begins
+
+struct KeyMeasure {
+  std::string_view Families;  // section letters
+  std::string_view Letter;
+  KeyPoint First, Second;
+  double Right, Down;  // where its dimension stands off the section, mm
+  Datum From;
+};
+
+constexpr double Half = 1.0 / 2;
+constexpr double Third = 1.0 / 3;
+constexpr double TwoThirds = 2.0 / 3;
+
+// The eaves beam has no "t".
+constexpr std::array<KeyMeasure, 6> KeyMeasures = {{
+    // clang-format off
+    {"Z",  "w", {0, 1, Half},      {0, 1, 1},         +3, 0, Datum::Second},
+    {"Z",  "t", {0, 1, 0},         {TwoThirds, 1, 0}, 0, -3, Datum::First},
+    {"Z",  "b", {0, Third, 1},     {0, 1, 1},         0, +3, Datum::Second},
+    {"CE", "w", {0, 0, Half},      {0, 0, 1},         -3, 0, Datum::Second},
+    {"C",  "t", {0, 0, 0},         {TwoThirds, 0, 0}, 0, -3, Datum::First},
+    {"CE", "b", {0, 0, 1},         {0, TwoThirds, 1}, 0, +3, Datum::First},
+    // clang-format on
+}};
+
+Point OnPage(const KeyPoint& point, const SectionDim& dim, const Point& origin) {
+  return {CrossScale * (point.OfDim4 * dim.Dim4 + point.OfDim5 * dim.Dim5) + origin.X,
+          CrossScale * (point.OfDim3 * dim.Dim3) + origin.Y};
+}
+
+void DrawKeyMeasure(PrintSurface& surface, const KeyMeasure& measure, const SectionDim& dim,
+                    const Point& origin) {
+  const Point first = OnPage(measure.First, dim, origin);
+  const Point second = OnPage(measure.Second, dim, origin);
+  PenWidthMm(surface, ThinPen);
+  DrawDimension(surface, first.X + measure.Right, first.Y + measure.Down, second.X + measure.Right,
+                second.Y + measure.Down, measure.Letter);
+
+  // A tick across the section's line, at the end that the hole stands for.
+  constexpr double halfTick = 4.5;
+  const Point& end = measure.From == Datum::First ? second : first;
+  const bool upright = measure.Down != 0;
+  const double reachX = upright ? 0 : halfTick;
+  const double reachY = upright ? halfTick : 0;
+  DrawLineMm(surface, end.X - reachX, end.Y - reachY, end.X + reachX, end.Y + reachY);
+}
+
+// The table: its rows below the letters.
+
+std::string WebCell(const OffGaugeHole& hole) {
+  const std::string first = ShortestText(hole.Web1);
+  return hole.Web2 > 0 ? first + "," + ShortestText(hole.Web2) : first;
+}
+
+std::string PositiveCell(double distance) {
+  return distance > 0 ? ShortestText(distance) : "";
+}
+
+std::string BottomCell(const OffGaugeHole& hole) {
+  return PositiveCell(hole.Bottom);
+}
+
+std::string TopCell(const OffGaugeHole& hole) {
+  return PositiveCell(hole.Top);
+}
+
+struct TableRow {
+  std::string_view Label;
+  std::string (*Cell)(const OffGaugeHole& hole);
+};
+
+// Behind the row of letters; an eaves beam's table ends before "t".
+constexpr std::array<TableRow, 3> TableRows = {{
+    {"w", WebCell},
+    {"b", BottomCell},
+    {"t", TopCell},
+}};
+
+}  // namespace
+
+bool IsOffGauge(const Hole& hole) {
+  return Val(hole.BF) > 0 || Val(hole.TF) > 0 || Val(hole.W1) > 0;
+}
+
+void AddOffGauge(Table<OffGaugeHole>& list, const Hole& hole, double drawX) {
+  if (list.Empty() || list.At(list.UBound()).XPos != hole.XPos) {
+    OffGaugeHole row;
+    row.XPos = hole.XPos;
+    row.DrawX = drawX;
+    list.Append(row);
+  }
+  OffGaugeHole& last = list.At(list.UBound());
+  const double bottom = Val(hole.BF);
+  const double top = Val(hole.TF);
+  const double web = Val(hole.W1);
+  if (bottom > 0) last.Bottom = bottom;
+  if (top > 0) last.Top = top;
+  if (web > 0) (last.Web1 == 0 ? last.Web1 : last.Web2) = web;
+}
+
+std::string OffGaugeLetter(int row) {
+  constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  if (row < 1 || static_cast<std::size_t>(row) > letters.size()) return {};
+  return std::string(letters.substr(static_cast<std::size_t>(row) - 1, 1));
+}
+
+void DrawOffGaugeKey(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim) {
+  const Item& item = Items.At(ItemIndex);
+  if (item.SectionType != "Z" && item.SectionType != "C" && item.SectionType != "E") return;
+  const Point origin = KeyOrigin(surface);
+  PenWidthMm(surface, ObjectPen);
+  DrawKeyEdges(surface, item.SectionType, dim);
+  for (const KeyMeasure& measure : KeyMeasures) {
+    if (measure.Families.find(item.SectionType) == std::string_view::npos) continue;
+    DrawKeyMeasure(surface, measure, dim, origin);
+  }
+}
+
+void DrawOffGaugeTable(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim&,
+                       const Table<OffGaugeHole>& list) {
+  if (list.Empty()) return;
+  constexpr double columnWidth = 15;
+  constexpr double rowHeight = 5;
+  constexpr double keyGap = 30;
+  // The table ends 15 mm left of the key's origin, clear of the key. With many letters it begins
+  // left of the paper.
+  const double left = KeyOrigin(surface).X - keyGap - columnWidth * list.UBound();
+  WriteTextAt(surface, "Off-gauge hole Y dims.", left, TopMargin + 15);
+
+  const bool eaves = Items.At(ItemIndex).SectionType == "E";
+  const int rows = eaves ? 3 : 4;
+  surface.CurrentY(Length::OfMm(TopMargin + 20));
+  surface.StartTable();
+  surface.TableIndent(Length::OfMm(left - LeftMargin));
+  surface.TableCell(TableSetting::Columns, 0, 0, list.UBound() + 1);
+  surface.TableCell(TableSetting::Rows, 0, 0, rows);
+  surface.TableCell(TableSetting::RowHeight, 0, 0, MmText(rowHeight));
+  surface.TableCell(TableSetting::ColumnWidth, 0, 0, MmText(columnWidth));
+  surface.TableAlignment(0, 0, CellAlignment::Centre);
+  for (int column = 1; column <= list.UBound(); ++column) {
+    surface.TableCell(TableSetting::CellText, 1, column + 1, OffGaugeLetter(column));
+  }
+  for (int row = 2; row <= rows; ++row) {
+    const TableRow& content = TableRows.at(static_cast<std::size_t>(row) - 2);
+    surface.TableCell(TableSetting::CellText, row, 1, std::string(content.Label));
+    for (int column = 1; column <= list.UBound(); ++column) {
+      surface.TableCell(TableSetting::CellText, row, column + 1, content.Cell(list.At(column)));
+    }
+  }
+  surface.TableBorder(AllTableLines);
+  surface.EndTable();
+}
+
+}  // namespace orvane

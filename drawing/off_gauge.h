@@ -1,0 +1,36 @@
+// Holes off the standard gauges: their letters, the key section and the table of positions.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/model.h"
+#include "core/table.h"
+#include "drawing/print_surface.h"
+
+namespace orvane {
+
+// One position with off-gauge holes.
+struct OffGaugeHole {
+  std::int16_t XPos = 0;  // mm
+  double DrawX = 0;       // where it is drawn, mm of the section
+  double Bottom = 0;      // distances on the flanges and the web, mm; 0 for none
+  double Top = 0;
+  double Web1 = 0;
+  double Web2 = 0;
+};
+
+// True if the hole has a distance on a flange or the first web row.
+bool IsOffGauge(const Hole& hole);
+
+// Adds the hole to the last row, or to a new one for a new position.
+void AddOffGauge(Table<OffGaugeHole>& list, const Hole& hole, double drawX);
+
+// The letter of a row of the list; empty beyond "Z".
+std::string OffGaugeLetter(int row);
+
+void DrawOffGaugeKey(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim);
+void DrawOffGaugeTable(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
+                       const Table<OffGaugeHole>& list);
+
+}  // namespace orvane

@@ -1,0 +1,378 @@
+// The views of the six families, each as it stands in its table of edges. A closing or extension
+// line is drawn in the thin pen that the dimension before it left.
+#include <array>
+#include <cmath>
+#include <initializer_list>
+#include <memory>
+#include <string>
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "drawing/drawing_state.h"
+#include "drawing/elevation.h"
+#include "drawing/pictures.h"
+#include "drawing/primitives.h"
+#include "drawing/section_view_parts.h"
+
+namespace orvane {
+
+namespace {
+
+using enum EdgeSide;
+
+constexpr std::size_t ZWeb = 2;  // row of the web in ZEdges
+
+std::array<SectionEdge, 5> ZEdges(const SectionDim& dim) {
+  const double depth = dim.Dim3;
+  const double right = dim.Dim5 + dim.Dim4;
+  return {{
+      // clang-format off
+      // from                  to                  side    offset                      value
+      {right, 0,               right, dim.Dim7,    Right,  0,                          dim.Dim7},
+      {dim.Dim5, 0,            right, 0,           Top,    0,                          dim.Dim4},
+      {dim.Dim5, 0,            dim.Dim5, depth,    Left,   CrossScale * dim.Dim5 + 5,  depth},
+      {0, depth,               dim.Dim5, depth,    Bottom, 0,                          dim.Dim5},
+      {0, depth - dim.Dim8,    0, depth,           Left,   0,                          dim.Dim8},
+      // clang-format on
+  }};
+}
+
+std::array<SectionEdge, 5> CEdges(const SectionDim& dim) {
+  const double depth = dim.Dim3;
+  return {{
+      // clang-format off
+      // from                         to                     side    offset  value
+      {dim.Dim4, 0,                   dim.Dim4, dim.Dim7,    Right,  0,      dim.Dim7},
+      {0, 0,                          dim.Dim4, 0,           None,   0,      0},
+      {0, 0,                          0, depth,              Left,   0,      depth},
+      {0, depth,                      dim.Dim5, depth,       Bottom, 0,      dim.Dim5},
+      {dim.Dim5, depth - dim.Dim8,    dim.Dim5, depth,       Right,  0,      dim.Dim8},
+      // clang-format on
+  }};
+}
+
+// The gauges of a channel's open side, beyond its top flange.
+void DrawChannelGauges(const SectionView& view) {
+  const double x = SectionX(view.Dim.Dim4) + 10;
+  const double inner = SectionViewLeft - 2;
+  DrawGaugeColumn(view, x, {x - 3, inner, inner, x - 3}, x + 2);
+}
+
+// The top flange of an eaves beam, which follows the roof.
+struct Slope {
+  double Degrees, Radians;
+  double Cos, Sin;
+  double FlangeX, FlangeY;  // far end of the flange, mm of the page
+  double LipX, LipY;        // end of its lip
+};
+
+Slope SlopeOf(const SectionView& view) {
+  Slope slope{};
+  slope.Degrees = Val(Trim(view.Pitch));
+  slope.Radians = DegToRad(slope.Degrees);
+  slope.Cos = std::cos(slope.Radians);
+  slope.Sin = std::sin(slope.Radians);
+  slope.FlangeX = SectionX(slope.Cos * view.Dim.Dim4);
+  slope.FlangeY = SectionY(-slope.Sin * view.Dim.Dim4);
+  slope.LipX = slope.FlangeX + CrossScale * slope.Sin * view.Dim.Dim7;
+  slope.LipY = SectionY(-slope.Sin * view.Dim.Dim4 + slope.Cos * view.Dim.Dim7);
+  return slope;
+}
+
+// A dimension's value as it is measured and written along the slope, sizes in mm.
+struct SlopedValue {
+  std::string Text;
+  double WidthTwips, HeightTwips;
+  double Width, Height;
+};
+
+SlopedValue Measured(PrintSurface& surface, double value) {
+  const std::string text = ShortestText(value);
+  const double width = surface.TextWidth(text);
+  const double height = surface.TextHeight(text);
+  return {text, width, height, width / TwipsPerMm, height / TwipsPerMm};
+}
+
+// Turned about the top left corner of its white box, which stands at (x, y).
+void DrawSlopedValue(PrintSurface& surface, const SlopedValue& value, const Slope& slope, double x,
+                     double y) {
+  surface.BrushStyle(Brush::Solid);
+  surface.BrushColor(White);
+  surface.PenColor(White);
+  surface.TextAngle(Whole(10 * slope.Degrees));
+  surface.TextBox(value.Text, Length::OfMm(x), Length::OfMm(y), value.WidthTwips, value.HeightTwips,
+                  true);
+  surface.TextAngle(0);
+  surface.PenColor(Black);
+}
+
+// Of the lip, set off along the slope.
+void DrawLipDimension(const SectionView& view, const Slope& slope) {
+  const double c = slope.Cos;
+  const double n = slope.Sin;
+  const Point first{slope.FlangeX + 5 * c, slope.FlangeY - 5 * n};
+  const Point second{slope.LipX + 5 * c, slope.LipY - 5 * n};
+  const std::initializer_list<PageLine> lines = {
+      // clang-format off
+      {slope.LipX + 2 * c,    slope.LipY - 2 * n,    slope.LipX + 7 * c,    slope.LipY - 7 * n},
+      {slope.FlangeX + 2 * c, slope.FlangeY - 2 * n, slope.FlangeX + 7 * c, slope.FlangeY - 7 * n},
+      {first.X,               first.Y,               second.X,              second.Y},
+      // clang-format on
+  };
+  DrawPageLines(view.Surface, lines);
+  DrawArrowHead(view.Surface, HalfPi, first.X, first.Y);
+  DrawArrowHead(view.Surface, ThreeHalfPi, second.X, second.Y);
+
+  const SlopedValue value = Measured(view.Surface, view.Dim.Dim7);
+  const double e = value.Width / 2;
+  const double f = (CrossScale * view.Dim.Dim7 - value.Height) / 2;
+  DrawSlopedValue(view.Surface, value, slope, first.X - c * e + n * f, first.Y + c * f + n * e);
+}
+
+// Of the flange, above it.
+void DrawFlangeDimension(const SectionView& view, const Slope& slope) {
+  const double c = slope.Cos;
+  const double n = slope.Sin;
+  const double left = SectionViewLeft;
+  const Point first{left - 5 * n, ViewTop - 5 * c};
+  const Point second{slope.FlangeX - 5 * n, slope.FlangeY - 5 * c};
+  const std::initializer_list<PageLine> lines = {
+      // clang-format off
+      {left - 2 * n,          ViewTop - 2 * c,       left - 7 * n,          ViewTop - 7 * c},
+      {slope.FlangeX - 2 * n, slope.FlangeY - 2 * c, slope.FlangeX - 7 * n, slope.FlangeY - 7 * c},
+      {first.X,               first.Y,               second.X,              second.Y},
+      // clang-format on
+  };
+  DrawPageLines(view.Surface, lines);
+  DrawArrowHead(view.Surface, slope.Radians + Pi, first.X, first.Y);
+  DrawArrowHead(view.Surface, slope.Radians, second.X, second.Y);
+
+  const SlopedValue value = Measured(view.Surface, view.Dim.Dim4);
+  const double e = (CrossScale * view.Dim.Dim4 - value.Width) / 2;
+  const double f = value.Height / 2;
+  DrawSlopedValue(view.Surface, value, slope, first.X + c * e - n * f, first.Y - c * f - n * e);
+}
+
+// The roof's pitch over the flange.
+void DrawPitch(const SectionView& view, const Slope& slope) {
+  constexpr std::string_view degreeMark = "\xC2\xBA";  // a raised small o
+  const double level = slope.FlangeY - 8;
+  view.Surface.BrushStyle(Brush::Transparent);
+  DrawPageLines(view.Surface, {
+                                  {SectionViewLeft, level, SectionX(view.Dim.Dim5), level},
+                                  {SectionViewLeft, level, slope.FlangeX,
+                                   slope.FlangeY - CrossScale * slope.Sin * view.Dim.Dim4 - 8},
+                              });
+  view.Surface.DrawArc(Length::OfMm(SectionViewLeft), Length::OfMm(level), Length::OfMm(4), 0,
+                       slope.Radians);
+  DrawCentredText(view.Surface, std::string(Trim(view.Pitch)).append(degreeMark),
+                  slope.FlangeX + 1.5, slope.FlangeY - 9.5);
+}
+
+}  // namespace
+
+void DrawZViews(const SectionView& view) {
+  const SectionDim& dim = view.Dim;
+  const double web = SectionX(dim.Dim5);
+  const std::array<SectionEdge, 5> edges = ZEdges(dim);
+  for (std::size_t at = 0; at < edges.size(); ++at) {
+    DrawSectionEdge(view.Surface, edges.at(at));
+    // Closes the upper extension of the web's dimension, over the room of the bottom flange.
+    if (at == ZWeb) DrawLineMm(view.Surface, SectionViewLeft - 7, ViewTop, web - 2, ViewTop);
+  }
+
+  PenWidthMm(view.Surface, ThinPen);
+  const double x = SectionX(dim.Dim5 + dim.Dim4) + 10;
+  DrawGaugeColumn(view, x, {x - 3, web - 2, web - 2, web + 2}, x + 2);
+
+  DrawElevation(view, ViewTop, view.Bottom, {SectionY(dim.Dim7)});
+  // The lower lip lies on the far side, so that its line is hidden.
+  const double hidden = SectionY(view.Depth - dim.Dim8) * TwipsPerMm;
+  PenWidthMm(view.Surface, ThinPen);
+  DrawDashedLine(view.Surface, ElevationLeft * TwipsPerMm, hidden,
+                 ElevationX(view.Length) * TwipsPerMm, hidden, WholeTwips(1).Twips());
+  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+}
+
+void DrawCViews(const SectionView& view) {
+  const SectionDim& dim = view.Dim;
+  for (const SectionEdge& edge : CEdges(dim)) DrawSectionEdge(view.Surface, edge);
+
+  PenWidthMm(view.Surface, ThinPen);
+  DrawChannelGauges(view);
+  DrawPageLines(view.Surface, {
+                                  {SectionX(0), 92, SectionX(0), 98},
+                                  {SectionX(dim.Dim4), 92, SectionX(dim.Dim4), 98},
+                                  {SectionX(dim.Dim4 / 2), 92, SectionX(dim.Dim4 / 2), 102},
+                              });
+  DrawHalvedFlange(view.Surface, dim.Dim4, 94);
+
+  DrawElevation(view, ViewTop, view.Bottom, {SectionY(dim.Dim7), SectionY(view.Depth - dim.Dim8)});
+  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+}
+
+void DrawEavesViews(const SectionView& view) {
+  const SectionDim& dim = view.Dim;
+  const Slope slope = SlopeOf(view);
+  const double depth = view.Depth;
+  const double flangeX = slope.Cos * dim.Dim4;
+  const double flangeY = -slope.Sin * dim.Dim4;
+  const double lipX = flangeX + slope.Sin * dim.Dim7;
+  const double lipY = flangeY + slope.Cos * dim.Dim7;
+  const SectionEdge edges[] = {
+      // clang-format off
+      // from                         to                  side   offset  value
+      {flangeX, flangeY,              lipX, lipY,         None,  0,      0},
+      {0, 0,                          flangeX, flangeY,   None,  0,      0},
+      {0, 0,                          0, depth,           Left,  0,      depth},
+      {0, depth,                      dim.Dim5, depth,    None,  0,      0},
+      {dim.Dim5, depth - dim.Dim8,    dim.Dim5, depth,    Right, 0,      dim.Dim8},
+      // clang-format on
+  };
+  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+
+  PenWidthMm(view.Surface, ThinPen);
+  DrawChannelGauges(view);
+  DrawLipDimension(view, slope);
+  DrawFlangeDimension(view, slope);
+  const double below = view.Bottom;
+  DrawPageLines(view.Surface,
+                {
+                    {SectionX(0), below + 2, SectionX(0), below + 8},
+                    {SectionX(dim.Dim5), below + 2, SectionX(dim.Dim5), below + 8},
+                    {SectionX(dim.Dim5 / 2), below - 2, SectionX(dim.Dim5 / 2), below + 8},
+                });
+  DrawHalvedFlange(view.Surface, dim.Dim5, below + 6);
+  if (slope.Degrees > 0) DrawPitch(view, slope);
+
+  DrawElevation(view, slope.FlangeY, view.Bottom, {slope.LipY, SectionY(depth - dim.Dim8)});
+  DrawLengthDimension(view.Surface, view.Length, slope.FlangeY);
+}
+
+void DrawVViews(const SectionView& view) {
+  const SectionDim& dim = view.Dim;
+  const double depth = view.Depth;
+  const SectionEdge edges[] = {
+      // clang-format off
+      // from              to                           side    offset  value
+      {0, 0,               dim.Dim7, 0,                 Top,    0,      dim.Dim7},
+      {0, 0,               0, dim.Dim4,                 Left,   7,      dim.Dim4},
+      {0, dim.Dim4,        depth, dim.Dim4,             Bottom, 0,      depth},
+      {depth, dim.Dim4,    depth, dim.Dim4 - dim.Dim8,  Right,  0,      dim.Dim8},
+      // clang-format on
+  };
+  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+
+  PenWidthMm(view.Surface, ThinPen);
+  const double x = SectionViewLeft - 5;
+  const double start = SectionViewLeft - 1;
+  DrawGaugeColumn(view, x, {start, start, start, start}, x);
+
+  DrawElevation(view, ViewTop, view.Bottom, {});
+  const Length lip = WholeTwips(SectionY(dim.Dim4 - dim.Dim8));
+  view.Surface.DrawLine(WholeTwips(ElevationLeft), lip, WholeTwips(ElevationX(view.Length)), lip);
+  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+}
+
+void DrawRailViews(const SectionView& view) {
+  const SectionDim& dim = view.Dim;
+  const double depth = view.Depth;
+  const SectionEdge edges[] = {
+      // clang-format off
+      // from          to                  side    offset                  value
+      {dim.Dim5, 0,    dim.Dim5, depth,    Left,   CrossScale * dim.Dim5,  depth},
+      {0, depth,       dim.Dim5, depth,    Bottom, 0,                      dim.Dim5},
+      // clang-format on
+  };
+  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+
+  PenWidthMm(view.Surface, ThinPen);
+  const double web = SectionX(dim.Dim5);
+  const double x = web + 5;
+  const double row = SectionY(depth - dim.Dim11);
+  DrawPageLines(view.Surface, {
+                                  {SectionViewLeft - 2, ViewTop, web - 2, ViewTop},
+                                  {web - 2, row, x + 2, row},
+                                  {web + 2, view.Bottom, x + 2, view.Bottom},
+                              });
+  DrawDimension(view.Surface, x, row, x, view.Bottom, dim.Dim11);
+
+  DrawElevation(view, ViewTop, view.Bottom, {});
+  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+
+  const std::shared_ptr<const Picture> detail = LoadDrawing("\\drawings\\drg015.wmf");
+  constexpr double width = 75;
+  const double proportion = Divide(detail->Width, detail->Height);
+  view.Surface.DrawPicture(detail, Length::OfMm(160), Length::OfMm(125), Length::OfMm(width),
+                           Length::OfMm(Divide(width, proportion)));
+}
+
+void DrawTopHatViews(const SectionView& view) {
+  const SectionDim& dim = view.Dim;
+  const double reach = dim.Dim4;
+  const double rise = TopHatLean() * reach;  // of a sloping side
+  const double crown = rise + dim.Dim7;      // its upper end, from the top
+  const double foot = crown + dim.Dim3;      // its lower end
+  const double overall = 2 * crown + dim.Dim3;
+  const SectionEdge edges[] = {
+      // clang-format off
+      // from                 to                    side   offset  value
+      {reach, 0,              reach, dim.Dim7,      None,  0,      0},
+      {0, crown,              reach, dim.Dim7,      None,  0,      0},
+      {0, crown,              0, foot,              Left,  0,      dim.Dim3},
+      {0, foot,               reach, rise + foot,   None,  0,      0},
+      {reach, rise + foot,    reach, overall,       None,  0,      0},
+      // clang-format on
+  };
+  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+
+  PenWidthMm(view.Surface, ThinPen);
+  const double right = SectionX(reach);
+  DrawPageLines(view.Surface, {
+                                  {SectionX(0), 92, SectionX(0), SectionY(dim.Dim7)},
+                                  {right, 92, right, 98},
+                              });
+  DrawDimension(view.Surface, SectionX(0), 94, right, 94, reach);
+
+  const double x = right + 5;
+  const double upper = SectionY(dim.Dim9);
+  const double lower = SectionY(view.Depth - dim.Dim9);
+  DrawPageLines(view.Surface, {
+                                  {right + 2, ViewTop, right + 7, ViewTop},
+                                  {right - 2, upper, right + 7, upper},
+                              });
+  DrawDimension(view.Surface, x, ViewTop, x, upper, dim.Dim9);
+  DrawPageLines(view.Surface, {
+                                  {right - 2, lower, right + 7, lower},
+                                  {right + 2, view.Bottom, right + 7, view.Bottom},
+                              });
+  DrawDimension(view.Surface, x, lower, x, view.Bottom, dim.Dim9);
+
+  // Hole centres: a tick of 5 mm square across the middle of each sloping side.
+  const double tickX = 2.5 * std::sin(DegToRad(10));
+  const double tickY = 2.5 * std::cos(DegToRad(10));
+  const double middle = SectionX(reach / 2);
+  const double upperSide = SectionY(rise / 2 + dim.Dim7);
+  const double lowerSide = SectionY(1.5 * rise + dim.Dim7 + dim.Dim3);
+  DrawPageLines(view.Surface,
+                {
+                    {middle - tickX, upperSide - tickY, middle + tickX, upperSide + tickY},
+                    {middle + tickX, lowerSide - tickY, middle - tickX, lowerSide + tickY},
+                });
+
+  // The last line deliberately measures by the lip of the elevation, though the view's lower lip
+  // was built from the upper one.
+  DrawElevation(
+      view, ViewTop, SectionY(overall),
+      {SectionY(dim.Dim7), SectionY(crown), SectionY(foot), SectionY(overall - dim.Dim8)});
+  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+}
+
+void DrawKeyEdges(PrintSurface& surface, std::string_view sectionType, const SectionDim& dim) {
+  if (sectionType != "Z" && sectionType != "C" && sectionType != "E") return;
+  for (const SectionEdge& edge : sectionType == "Z" ? ZEdges(dim) : CEdges(dim)) {
+    DrawKeyEdge(surface, edge.X1, edge.Y1, edge.X2, edge.Y2);
+  }
+}
+
+}  // namespace orvane

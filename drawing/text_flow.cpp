@@ -1,0 +1,85 @@
+#include "drawing/text_flow.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "core/text.h"
+#include "drawing/length.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr char Blank = ' ';
+
+std::string_view WithoutBlanksAtEnd(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(Blank) + 1);
+}
+
+std::string_view WithoutBlanksInFront(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(Blank), text.size()));
+}
+
+// Where the line that `text` begins with ends: behind the last word that fits, or 0 where the first
+// word doesn't.
+std::size_t WholeWords(const FontMetrics& metrics, const Font& font, std::string_view text,
+                       double room) {
+  std::size_t end = 0;
+  while (end < text.size()) {
+    const std::size_t word = std::min(text.find_first_not_of(Blank, end), text.size());
+    const std::size_t next = std::min(text.find(Blank, word), text.size());
+    if (TextTwips(metrics, font, text.substr(0, next)) > room) break;
+    end = next;
+  }
+  return end;
+}
+
+// The same in characters, one at least.
+std::size_t WholeCharacters(const FontMetrics& metrics, const Font& font, std::string_view text,
+                            double room) {
+  std::size_t end = FirstChars(text, 1).size();
+  while (end < text.size()) {
+    const std::size_t next = end + FirstChars(text.substr(end), 1).size();
+    if (TextTwips(metrics, font, text.substr(0, next)) > room) break;
+    end = next;
+  }
+  return end;
+}
+
+}  // namespace
+
+std::string OneLine(std::string_view text) {
+  std::string line(text);
+  if (line.find_first_of("\r\n") == std::string::npos) return line;
+  // A carriage return and line feed together are one line end.
+  for (std::size_t at = line.find("\r\n"); at != std::string::npos; at = line.find("\r\n", at)) {
+    line.erase(at, 1);
+  }
+  std::replace(line.begin(), line.end(), '\r', Blank);
+  std::replace(line.begin(), line.end(), '\n', Blank);
+  return line;
+}
+
+double TextTwips(const FontMetrics& metrics, const Font& font, std::string_view text) {
+  return RoundedTwips(metrics.Width(font, text));
+}
+
+double LineTwips(const FontMetrics& metrics, const Font& font) {
+  return RoundedTwips(metrics.Height(font));
+}
+
+void AddWrappedLines(std::vector<std::string_view>& lines, const FontMetrics& metrics,
+                     const Font& font, std::string_view text, double room) {
+  std::string_view rest = WithoutBlanksAtEnd(text);
+  do {
+    std::size_t end = rest.size();
+    if (end > 0 && TextTwips(metrics, font, rest) > room) {
+      end = WholeWords(metrics, font, rest, room);
+      if (end == 0) end = WholeCharacters(metrics, font, rest, room);
+    }
+    lines.push_back(rest.substr(0, end));
+    rest = WithoutBlanksInFront(rest.substr(end));
+  } while (!rest.empty());
+}
+
+}  // namespace orvane

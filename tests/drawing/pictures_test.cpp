@@ -1,0 +1,148 @@
+#include "drawing/pictures.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+#include "core/files.h"
+#include "drawing/metafile.h"
+#include "tests/drawing/metafile_writer.h"
+#include "tests/drawing/page_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Pictures : public SystemTest {
+ protected:
+  ~Pictures() override { frmDrawings().imgAcc = nullptr; }
+
+  // A program folder of the test's own with a file in its folder Drawings.
+  void Lay(const std::string& name, std::string_view bytes) {
+    ProgramFolder = PathText(NativePath(TempFile("dims.csv", "")).parent_path());
+    fs::create_directory(NativePath(ProgramFolder) / "Drawings");
+    TempFile("Drawings/" + name, bytes);
+  }
+};
+
+TEST_F(Pictures, the_logo_is_there_without_any_file) {
+  ProgramFolder = TempPath("nowhere");
+  ASSERT_NE(frmDrawings().imgLogo, nullptr);
+  const Picture& logo = *frmDrawings().imgLogo;
+  EXPECT_DOUBLE_EQ(logo.Height, 18);
+  EXPECT_GE(logo.Width, 40);
+  EXPECT_LE(logo.Width, 55);
+  const auto name = std::find_if(logo.Shapes.begin(), logo.Shapes.end(), [](const Shape& shape) {
+    const auto* text = std::get_if<TextShape>(&shape);
+    return text != nullptr && text->Text == "Lintaro";
+  });
+  EXPECT_NE(name, logo.Shapes.end());
+  EXPECT_EQ(&frmDrawings(), &frmDrawings());
+}
+
+TEST_F(Pictures, LoadDrawing_finds_the_file_without_regard_to_case) {
+  Lay("Drg015.WMF", MetafileWriter().Placeable());
+  for (const char* suffix : {"\\drawings\\drg015.wmf", "\\Drawings\\DRG015.wmf"}) {
+    const auto picture = LoadDrawing(suffix);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->Width, 100);
+    EXPECT_EQ(picture, frmDrawings().imgAcc);
+  }
+}
+
+TEST_F(Pictures, a_missing_file_is_named_and_the_picture_stays) {
+  Lay("acc01.wmf", MetafileWriter().Placeable());
+  const auto before = LoadDrawing("\\Drawings\\acc01.wmf");
+  EXPECT_EQ(ErrorOf([] { LoadDrawing("\\Drawings\\None.wmf"); }),
+            "File not found: " + ProgramFolder + "/Drawings/None.wmf");
+  EXPECT_EQ(ErrorOf([] { LoadDrawing("\\nowhere\\a.wmf"); }),
+            "File not found: " + ProgramFolder + "/nowhere/a.wmf");
+  EXPECT_EQ(frmDrawings().imgAcc, before);
+}
+
+TEST_F(Pictures, a_file_that_is_no_picture_is_named_with_what_is_wrong) {
+  Lay("bad.wmf", std::string(100, 'x'));
+  EXPECT_EQ(ErrorOf([] { LoadDrawing("\\Drawings\\bad.wmf"); }),
+            "Invalid picture: " + ProgramFolder + "/Drawings/bad.wmf");
+  Lay("cut.wmf", MetafileWriter().Placeable().substr(0, 30));
+  EXPECT_EQ(ErrorOf([] { LoadDrawing("\\Drawings\\cut.wmf"); }),
+            "Input past end of file: " + ProgramFolder + "/Drawings/cut.wmf");
+  // A folder of that name.
+  fs::create_directory(NativePath(ProgramFolder) / "Drawings" / "folder.wmf");
+  const std::string error = ErrorOf([] { LoadDrawing("\\Drawings\\folder.wmf"); });
+  EXPECT_NE(error.find(": " + ProgramFolder + "/Drawings/folder.wmf"), std::string::npos) << error;
+}
+
+TEST_F(Pictures, a_name_that_leaves_the_programs_folder_is_refused) {
+  Lay("acc01.wmf", MetafileWriter().Placeable());
+  TempFile("outside.wmf", MetafileWriter().Placeable());
+  const std::string folder = ProgramFolder;
+  for (const std::string& suffix :
+       {std::string("\\Drawings\\..\\..\\x.wmf"), std::string("\\..\\x"), std::string("\\.."),
+        std::string("\\Drawings\\../../x.wmf"), "\\Drawings\\" + folder + "/Drawings/acc01.wmf",
+        std::string("\\Drawings\\c:x.wmf"), std::string("/etc/passwd")}) {
+    EXPECT_EQ(ErrorOf([&] { LoadDrawing(suffix); }),
+              "Picture outside the program's folder: " + suffix);
+  }
+  // Dots in a name are harmless.
+  TempFile("Drawings/a..b.wmf", MetafileWriter().Placeable());
+  EXPECT_NE(LoadDrawing("\\Drawings\\a..b.wmf"), nullptr);
+}
+
+// What ships.
+
+TEST_F(Pictures, the_rails_detail_is_wide_enough_to_stay_above_the_strip) {
+  const auto picture = LoadDrawing("\\drawings\\drg015.wmf");
+  EXPECT_DOUBLE_EQ(picture->Width, 75);
+  EXPECT_GE(picture->Width / picture->Height, 1.8);
+  // Its ground is transparent: no shape has a white inside.
+  for (const Shape& shape : picture->Shapes) {
+    EXPECT_EQ(Described(shape).find("fill 255,255,255"), std::string::npos) << Described(shape);
+  }
+}
+
+TEST_F(Pictures, each_accessory_of_the_catalogue_has_its_picture_in_its_own_scale) {
+  LoadShippedCatalogues();
+  int count = 0;
+  for (const AccDef& accessory : AccDefs) {
+    if (accessory.DrawingFile == "None") continue;
+    const auto picture = LoadDrawing("\\Drawings\\" + accessory.DrawingFile + ".wmf");
+    // Placed as wide as it is, so that its lines and letters come out as they were drawn.
+    EXPECT_DOUBLE_EQ(picture->Width, accessory.Value1) << accessory.DrawingFile;
+    EXPECT_LE(picture->Height, 60) << accessory.DrawingFile;
+    ++count;
+  }
+  EXPECT_EQ(count, 19);
+}
+
+TEST_F(Pictures, what_ships_is_drawn_within_its_size) {
+  int count = 0;
+  for (const auto& entry :
+       fs::directory_iterator(NativePath(ORVANE_SOURCE_DIR "/catalogue/Drawings"))) {
+    const std::string name = PathText(entry.path().filename());
+    const Picture picture = ReadMetafile(BytesOf(PathText(entry.path())));
+    EXPECT_GT(picture.Shapes.size(), 10U) << name;
+    const auto within = [&](const Point& point) {
+      EXPECT_TRUE(point.X >= 0 && point.X <= picture.Width && point.Y >= 0 &&
+                  point.Y <= picture.Height)
+          << name << ": " << point.X << ", " << point.Y;
+    };
+    for (const Shape& shape : picture.Shapes) {
+      if (const auto* line = std::get_if<LineShape>(&shape)) within(line->From), within(line->To);
+      if (const auto* text = std::get_if<TextShape>(&shape)) within(text->TopLeft);
+      if (const auto* polygon = std::get_if<PolygonShape>(&shape)) {
+        for (const Point& point : polygon->Rings.at(0)) within(point);
+      }
+      if (const auto* box = std::get_if<RectangleShape>(&shape)) {
+        within({box->Place.Left, box->Place.Top});
+        within({box->Place.Left + box->Place.Width, box->Place.Top + box->Place.Height});
+      }
+    }
+    ++count;
+  }
+  EXPECT_GT(count, 0);
+}
+
+}  // namespace
+}  // namespace orvane::test
