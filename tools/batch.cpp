@@ -5,6 +5,7 @@
 #include <exception>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string_view>
 #include <system_error>
@@ -21,6 +22,7 @@
 #include "tools/batch_desktop.h"
 #include "tools/batch_options.h"
 #include "tools/batch_platform.h"
+#include "tools/batch_sheets.h"
 
 namespace orvane {
 
@@ -131,10 +133,27 @@ bool Try(Console& console, const std::string& file, const std::function<void()>&
   }
 }
 
-// `resave` is the absolute path to write the job to, or empty.
+// Draws the sheets of the job and says where they are.
+void WriteSheets(const Job& job, const BatchOptions& options, SheetWriter& sheets,
+                 Console& console) {
+  if (Items.Empty()) {
+    console.Say("No sheets: the job has no sections");
+    return;
+  }
+  SheetFiles files;
+  files.Title = FileName(job.Name);
+  if (options.Sheets) files.Pdf = SheetsFileName(job.Path);
+  if (options.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, sheet); };
+  sheets.Write(files);
+  console.Say("Sheets complete");
+}
+
+// `resave` is the absolute path to write the job to, or empty; `sheets` is null when none are
+// asked for.
 int DoJob(const Job& job, const BatchOptions& options, const std::string& resave,
-          const Catalogues& catalogues, BatchDesktop& desktop, Console& console) {
-  desktop.ChooseFile(CamFileName(job.Path));
+          const Catalogues& catalogues, SheetWriter* sheets, BatchDesktop& desktop,
+          Console& console) {
+  desktop.BeginJob(CamFileName(job.Path));
   const std::string& settings = options.SettingsFile.empty() ? job.Name : options.SettingsFile;
   const bool fresh = Try(console, settings, [&] { StartAfresh(catalogues, options.DrawingWidth); });
   if (!fresh) return ExitFault;
@@ -155,6 +174,10 @@ int DoJob(const Job& job, const BatchOptions& options, const std::string& resave
     code = ExitFault;
   }
   if (options.Cam) code = std::max(code, ExportJob(console));
+  if (sheets != nullptr &&
+      !Try(console, job.Name, [&] { WriteSheets(job, options, *sheets, console); })) {
+    code = ExitFault;
+  }
   return code;
 }
 
@@ -165,12 +188,13 @@ fs::path Resolved(const fs::path& path) {
   return error ? fs::absolute(path).lexically_normal() : resolved;
 }
 
-// Whether the export of the job would write over one of the files.
-bool Overwrites(const std::string& job, const fs::path& outFolder, const std::string& file) {
-  const std::string cam = CamFileName(job);
+// Whether the results of the job would be written over one of the files.
+bool Overwrites(const std::vector<std::string>& results, const fs::path& outFolder,
+                const std::string& file) {
   const fs::path target = Resolved(NativePath(file));
-  return target == Resolved(outFolder / NativePath(cam)) ||
-         target == Resolved(outFolder / NativePath(AccListPath(cam)));
+  return std::any_of(results.begin(), results.end(), [&](const std::string& result) {
+    return target == Resolved(outFolder / NativePath(result));
+  });
 }
 
 // Says what the job, written again, would destroy; empty if nothing. Over its own file it may be
@@ -193,20 +217,50 @@ std::string ResaveFault(const BatchOptions& options) {
   return "";
 }
 
-// Says which file of the command line the export would write over; empty if there is none.
+// Says which file of the command line the results would be written over; empty if there is none.
 std::string OverwriteFault(const BatchOptions& options) {
   std::vector<std::string> given = options.Jobs;
   if (!options.SettingsFile.empty()) given.push_back(options.SettingsFile);
   if (!options.Resave.empty()) given.push_back(options.Resave);
   const fs::path out = options.OutFolder.empty() ? fs::path(".") : NativePath(options.OutFolder);
   for (const std::string& job : options.Jobs) {
+    const std::vector<std::string> results = ResultNames(options, job);
     for (const std::string& file : given) {
-      if (!Overwrites(job, out, file)) continue;
+      if (!Overwrites(results, out, file)) continue;
       std::string fault = "the factory files of ";
       return fault.append(job).append(" would overwrite ").append(file);
     }
   }
   return "";
+}
+
+// Puts in the place of each folder the jobs that lie in it, by name. One without any stays, and is
+// told as a job that can't be read.
+void OpenFolders(std::vector<std::string>& jobs) {
+  std::vector<std::string> found;
+  for (const std::string& job : jobs) {
+    std::vector<std::string> inside;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(NativePath(job), error)) {
+      const std::string path = PathText(entry.path());
+      if (IsJobName(path) && IsRegularFile(path)) inside.push_back(path);
+    }
+    if (inside.empty()) inside.push_back(job);
+    std::sort(inside.begin(), inside.end());
+    found.insert(found.end(), inside.begin(), inside.end());
+  }
+  jobs = found;
+}
+
+// Why the jobs can't be done; empty if they can.
+std::string FaultOf(const BatchOptions& options) {
+  if ((options.Sheets || options.Svg) && !SheetsInThisBuild()) {
+    return "--sheets and --svg are not in this build";
+  }
+  std::string fault = JobsFault(options);
+  if (fault.empty()) fault = ResaveFault(options);
+  if (fault.empty()) fault = OverwriteFault(options);
+  return fault;
 }
 
 // Makes the folder of the results if it is missing, and goes there. The accessory list's name ends
@@ -233,11 +287,14 @@ int RunBatch(const BatchOptions& options, Console& console) {
   }
   Catalogues catalogues;
   if (!LoadCatalogues(catalogues)) return ExitFault;
-  if (options.Cam && !options.OutFolder.empty() &&
+  const bool drawn = options.Sheets || options.Svg;
+  if ((options.Cam || drawn) && !options.OutFolder.empty() &&
       !Try(console, options.OutFolder, [&] { EnterOutFolder(Absolute(options.OutFolder)); })) {
     return ExitFault;
   }
 
+  std::optional<SheetWriter> sheets;
+  if (drawn) sheets.emplace();
   int worst = ExitDone;
   int number = 0;
   for (const Job& job : jobs) {
@@ -245,7 +302,8 @@ int RunBatch(const BatchOptions& options, Console& console) {
       console.ShowProgress(++number, static_cast<int>(jobs.size()), job.Name);
       console.NameJob(job.Name);
     }
-    worst = std::max(worst, DoJob(job, options, resave, catalogues, desktop, console));
+    worst = std::max(worst, DoJob(job, options, resave, catalogues, sheets ? &*sheets : nullptr,
+                                  desktop, console));
   }
   console.ClearProgress();
   return worst;
@@ -266,8 +324,10 @@ int RunCompanion(const std::vector<std::string>& arguments, std::ostream& out, s
   try {
     const std::string& catalogues = line.Options.CatalogueFolder;
     ProgramFolder = catalogues.empty() ? OwnCatalogueFolder() : Absolute(catalogues);
-    if (line.Fault.empty()) line.Fault = ResaveFault(line.Options);
-    if (line.Fault.empty() && line.Options.Cam) line.Fault = OverwriteFault(line.Options);
+    if (line.Fault.empty()) {
+      OpenFolders(line.Options.Jobs);
+      line.Fault = FaultOf(line.Options);
+    }
     if (!line.Fault.empty()) {
       console.SayFault("orvane-batch", line.Fault);
       console.Say("Try orvane-batch --help.");

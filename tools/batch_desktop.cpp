@@ -79,8 +79,14 @@ bool BatchSettings::Store(SettingsRoot root, const std::string& key, const std::
   return stored_.Store(root, key, name, text);
 }
 
+void BatchDesktop::BeginJob(const std::string& chosenFile) {
+  chosenFile_ = chosenFile;
+  told_.clear();
+}
+
 Answer BatchDesktop::ShowMessageBox(const std::string& text, const std::string& title,
                                     Buttons buttons, Icon) {
+  if (buttons == Buttons::Ok && !told_.insert(title + "\n" + text).second) return Answer::Ok;
   if (!title.empty()) console_.Say(title);
   switch (buttons) {
     case Buttons::Ok:

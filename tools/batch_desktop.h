@@ -4,6 +4,7 @@
 
 #include <iosfwd>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -66,8 +67,10 @@ class BatchDesktop : public Desktop {
   BatchDesktop(Console& console, const BatchAnswers& answers)
       : console_(console), answers_(answers), settings_(answers.SettingsFile) {}
 
-  // The file that file dialogs choose from now on.
-  void ChooseFile(const std::string& file) { chosenFile_ = file; }
+  // Begins a job: the file that file dialogs choose from now on.
+  void BeginJob(const std::string& chosenFile);
+
+  // A message that the job has told already isn't told again: a sheet may repeat it line by line.
 
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
@@ -85,6 +88,7 @@ class BatchDesktop : public Desktop {
   BatchAnswers answers_;
   BatchSettings settings_;
   std::string chosenFile_;
+  std::set<std::string> told_;
 };
 
 class BatchScreen : public OutputScreen {

@@ -14,6 +14,8 @@ namespace orvane {
 
 namespace {
 
+constexpr std::string_view Extension = ".ovd";
+
 bool SetSleeves(BatchOptions& options, const std::string& value) {
   options.Sleeves = value == "yes";
   return value == "yes" || value == "no";
@@ -55,6 +57,27 @@ constexpr std::array<ValueOption, 7> ValueOptions = {{
     {"--resave", "a file", SetText<&BatchOptions::Resave>},
 }};
 
+struct FlagOption {
+  std::string_view Name;
+  bool BatchOptions::*Flag;
+};
+
+constexpr std::array<FlagOption, 3> FlagOptions = {{
+    {"--cam", &BatchOptions::Cam},
+    {"--sheets", &BatchOptions::Sheets},
+    {"--svg", &BatchOptions::Svg},
+}};
+
+// Sets the flag of that name; false if there is none.
+bool SetFlag(BatchOptions& options, std::string_view name) {
+  for (const FlagOption& option : FlagOptions) {
+    if (option.Name != name) continue;
+    options.*option.Flag = true;
+    return true;
+  }
+  return false;
+}
+
 // The index of an option in ValueOptions; their number for any other text.
 std::size_t FindOption(std::string_view name) {
   std::size_t at = 0;
@@ -72,28 +95,20 @@ bool SameName(const std::string& a, const std::string& b) {
   return UpperCase(a) == UpperCase(b);
 }
 
-// Two jobs that would write one file; empty if there are none.
-std::string OutputClash(const std::vector<std::string>& jobs) {
-  for (std::size_t later = 1; later < jobs.size(); ++later) {
-    const std::string laterCam = CamFileName(jobs.at(later));
-    for (std::size_t earlier = 0; earlier < later; ++earlier) {
-      const std::string cam = CamFileName(jobs.at(earlier));
-      std::string clash;
-      if (SameName(AccListPath(cam), AccListPath(laterCam))) clash = AccListPath(laterCam);
-      if (SameName(cam, laterCam)) clash = laterCam;
-      if (clash.empty()) continue;
-      return jobs.at(earlier) + " and " + jobs.at(later) + " would both write " + clash;
-    }
-  }
-  return "";
-}
-
 // What can only be seen when the whole command line has been read.
 std::string FaultOfWhole(const BatchOptions& options) {
   if (options.Jobs.empty()) return "no job is named";
-  if (!options.Cam && options.Resave.empty()) return "neither --cam nor --resave is given";
-  if (!options.Resave.empty() && options.Jobs.size() > 1) return "--resave takes one job";
-  return options.Cam ? OutputClash(options.Jobs) : "";
+  if (!options.Cam && !options.Sheets && !options.Svg && options.Resave.empty()) {
+    return "none of --cam, --sheets, --svg and --resave is given";
+  }
+  return JobsFault(options);
+}
+
+// The file name of a job without its extension.
+std::string JobName(const std::string& job) {
+  std::string name = FileName(job);
+  if (IsJobName(name)) name.resize(name.size() - Extension.size());
+  return name;
 }
 
 CommandLine Faulty(const std::string& fault) {
@@ -115,8 +130,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       line.Options.Jobs.push_back(argument);
     } else if (argument == "--") {
       onlyJobs = true;
-    } else if (argument == "--cam") {
-      line.Options.Cam = true;
+    } else if (SetFlag(line.Options, argument)) {
+      continue;
     } else if (argument == "--help" || argument == "-h") {
       line.Wanted = Request::ShowHelp;
       return line;
@@ -142,26 +157,69 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   return line;
 }
 
+bool IsJobName(const std::string& name) {
+  const std::string file = FileName(name);
+  return file.size() > Extension.size() &&
+         SameName(file.substr(file.size() - Extension.size()), std::string(Extension));
+}
+
 std::string CamFileName(const std::string& job) {
-  constexpr std::string_view Extension = ".ovd";
-  std::string name = FileName(job);
-  if (name.size() > Extension.size() &&
-      SameName(name.substr(name.size() - Extension.size()), std::string(Extension))) {
-    name.resize(name.size() - Extension.size());
+  return JobName(job) + ".xov";
+}
+
+std::string SheetsFileName(const std::string& job) {
+  return JobName(job) + "-sheets.pdf";
+}
+
+std::string SvgFileName(const std::string& job, int sheet) {
+  constexpr std::size_t width = 3;  // so that the sheets of most jobs sort by name
+  std::string number = DecimalText(sheet);
+  if (number.size() < width) number.insert(0, width - number.size(), '0');
+  return JobName(job) + "-sheet-" + number + ".svg";
+}
+
+std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job) {
+  std::vector<std::string> names;
+  if (options.Cam) {
+    names.push_back(CamFileName(job));
+    names.push_back(AccListPath(names.back()));
   }
-  return name + ".xov";
+  if (options.Sheets) names.push_back(SheetsFileName(job));
+  if (options.Svg) names.push_back(SvgFileName(job, 1));
+  return names;
+}
+
+std::string JobsFault(const BatchOptions& options) {
+  const std::vector<std::string>& jobs = options.Jobs;
+  if (!options.Resave.empty() && jobs.size() > 1) return "--resave takes one job";
+  for (std::size_t later = 1; later < jobs.size(); ++later) {
+    const std::vector<std::string> names = ResultNames(options, jobs.at(later));
+    for (std::size_t earlier = 0; earlier < later; ++earlier) {
+      const std::vector<std::string> others = ResultNames(options, jobs.at(earlier));
+      for (std::size_t i = 0; i < names.size(); ++i) {
+        if (!SameName(names.at(i), others.at(i))) continue;
+        return jobs.at(earlier) + " and " + jobs.at(later) + " would both write " + names.at(i);
+      }
+    }
+  }
+  return "";
 }
 
 std::string HelpText() {
   return R"(Usage: orvane-batch [OPTION]... --cam JOB.ovd...
+       orvane-batch [OPTION]... --sheets JOB.ovd...
+       orvane-batch [OPTION]... --svg JOB.ovd...
        orvane-batch [OPTION]... --resave FILE JOB.ovd
 
-The companion of the Orvane Detailing System: turns project files into their factory files without
-a screen. Messages and questions go to standard error.
+The companion of the Orvane Detailing System: turns project files into their factory files and sheets
+without a screen. Messages and questions go to standard error. A folder in the place of a job stands
+for all the jobs in it.
 
   --cam                  check each job and write its CAM file (JOB.xov) and accessory list (JOB.xac)
-  --resave FILE          write the one job again, as it would be saved; with or without --cam
-  --out DIR              where the factory files go, made if missing (default: the current folder)
+  --sheets               write the sheets of each job's sections into one PDF (JOB-sheets.pdf)
+  --svg                  write them as pictures, one file a sheet (JOB-sheet-001.svg)
+  --resave FILE          write the one job again, as it would be saved; alone or with the others
+  --out DIR              where the results go, made if missing (default: the current folder)
   --catalogue DIR        the folder of dims.csv, punch.csv, accs1.csv and accs2.csv (default: the
                          program's own folder, or "catalogue" in it)
   --sleeves yes|no       the answer when a sleeved purlin has no sleeves (default: no)

@@ -12,11 +12,13 @@ namespace orvane {
 
 // All texts are UTF-8; paths stand as they were given.
 struct BatchOptions {
-  std::vector<std::string> Jobs;  // project files, in the order given
+  std::vector<std::string> Jobs;  // project files, or folders of them, in the order given
   bool Cam = false;               // write each job's CAM file and accessory list
+  bool Sheets = false;            // write the sheets of each job's sections as a PDF
+  bool Svg = false;               // write them as SVG, one file a sheet
   std::string Resave;             // write the one job again to this file; empty for not
   std::string CatalogueFolder;    // empty for the program's own
-  std::string OutFolder;          // where the factory files go; empty for the current folder
+  std::string OutFolder;          // where the results go; empty for the current folder
   std::string SettingsFile;       // empty for the defaults
   std::optional<Moment> Created;  // the moment to work at; none for the present one
   bool Sleeves = false;           // the answer to each question about missing sleeves
@@ -39,8 +41,23 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 // What "--help" shows.
 std::string HelpText();
 
+// True for the name of a project file, which ends in ".ovd".
+bool IsJobName(const std::string& name);
+
 // The CAM file of a job, without a folder: the job's file name with ".xov" in the place of ".ovd".
 // A name that doesn't end in ".ovd" keeps its whole.
 std::string CamFileName(const std::string& job);
+
+// In the same way the PDF of a job's sheets, "JOB-sheets.pdf", and the SVG of one sheet, counted
+// from 1, "JOB-sheet-001.svg".
+std::string SheetsFileName(const std::string& job);
+std::string SvgFileName(const std::string& job, int sheet);
+
+// The names of the files that the options make of a job, without a folder; of the SVGs the first.
+std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job);
+
+// Why the jobs can't be done together: two of them would write one file, or a resave has several.
+// Empty if they can.
+std::string JobsFault(const BatchOptions& options);
 
 }  // namespace orvane

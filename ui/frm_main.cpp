@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-#include <stdexcept>
 
 #include "core/desktop.h"
 #include "core/numbers.h"
@@ -25,7 +24,8 @@ namespace {
 constexpr std::string_view HelpFile = "\\Lintaro.chm";
 
 constexpr int PaneMargin = 8;
-constexpr int LeastListLines = 3;  // of the accessory list
+constexpr int LeastListLines = 2;  // of the accessory list
+constexpr int LeastSections = 4;   // rows in sight on the smallest window
 
 }  // namespace
 
@@ -98,10 +98,13 @@ void FrmMain::BuildPanes() {
   left->addWidget(detail_);
   auto* list = new QVBoxLayout;
   list->setSpacing(PaneMargin / 2);
-  list->addWidget(new QLabel("Accessories", SSPanel7_));
+  auto* caption = new QLabel("A&ccessories", SSPanel7_);
+  caption->setBuddy(accessories_);
+  list->addWidget(caption);
   list->addWidget(accessories_);
   left->addLayout(list, 2);
   // On a small screen the list gives way to the grid.
+  sections_->setMinimumHeight(sections_->Grid().HeightOf(LeastSections));
   accessories_->setMinimumHeight(accessories_->fontMetrics().lineSpacing() * LeastListLines);
   auto* right = new QVBoxLayout(SSPanel4_);
   right->setContentsMargins(0, 0, 0, 0);
@@ -168,9 +171,9 @@ void FrmMain::Dispatch(Command command, int index) {
     case Command::Duplicate:
       return sections_->Duplicate(SelectedRow());
     case Command::HolesAbsolute:
-      return detail_->AddCustomHoles(2);
+      return detail_->AddCustomHoles(AddAbsolute);
     case Command::HolesRelative:
-      return detail_->AddCustomHoles(3);
+      return detail_->AddCustomHoles(AddRelative);
     case Command::ConvertHoles:
       if (SelectedRow() >= 1) detail_->ConvertToCustom(Int16(SelectedRow()));
       return;

@@ -74,8 +74,9 @@ void SetAccessoryMark(QListWidgetItem& entry, char16_t mark) {
 
 AccessoryList::AccessoryList(QWidget* parent) : QListWidget(parent) {
   setObjectName("lstAccessories");
-  // A turn of the wheel over the list is no arrival.
-  setFocusPolicy(Qt::StrongFocus);
+  // By a click or the key of its label alone: a Tab on its way to another control, or a turn of the
+  // wheel, must not make the project count as changed.
+  setFocusPolicy(Qt::ClickFocus);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setUniformItemSizes(true);
   setItemDelegate(new MarkDelegate(this));

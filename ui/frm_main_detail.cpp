@@ -24,8 +24,6 @@ namespace orvane {
 namespace {
 
 // Modes of adding holes, as the hole dialog counts them.
-constexpr std::int16_t AddAbsolute = 2;
-constexpr std::int16_t AddRelative = 3;
 
 // Characters that a list of the panel has room for at least; longer entries don't widen the panel.
 constexpr int ListRoom = 10;
@@ -106,7 +104,7 @@ void DetailPanel::BuildSagBars() {
   const std::array captions = {"Spring Fix (18mm)", "Threaded (14mm)"};
   for (std::size_t option = 0; option < captions.size(); ++option) {
     auto* button = new QRadioButton(captions.at(option), fraSagBars);
-    button->setObjectName(QString("optSagBars(%1)").arg(option));
+    button->setObjectName(IndexedName("optSagBars", static_cast<int>(option)));
     optSagBars->addButton(button, static_cast<int>(option));
     column->addWidget(button);
   }
@@ -128,6 +126,8 @@ void DetailPanel::BuildHoleList() {
   MSFlexGrid2->setFocusPolicy(Qt::TabFocus);
   MSFlexGrid2->installEventFilter(this);
   MSFlexGrid2->CellPressed = [this](int row, int, Qt::MouseButton, QPoint) { MarkHole(row); };
+  // What the menu does to a hole, it must not do to one that isn't pointed at.
+  MSFlexGrid2->SpacePressed = [this](Qt::MouseButton) { MarkHole(0); };
   MSFlexGrid2->MenuAsked = [this](QPoint globalPos) { ShowHolesMenu(globalPos); };
 
   auto* buttons = new QHBoxLayout;
@@ -135,7 +135,7 @@ void DetailPanel::BuildHoleList() {
   const std::array modes = {AddAbsolute, AddRelative};
   for (std::size_t index = 0; index < captions.size(); ++index) {
     auto* button = new QPushButton(captions.at(index), SSpanelCustom);
-    button->setObjectName(QString("cmdHoles(%1)").arg(index));
+    button->setObjectName(IndexedName("cmdHoles", static_cast<int>(index)));
     buttons->addWidget(button);
     connect(button, &QPushButton::clicked, this,
             [this, mode = modes.at(index)] { Guard([&] { AddCustomHoles(mode); }); });
@@ -153,7 +153,7 @@ void DetailPanel::BuildHolesMenu() {
   mnuCHPU->setObjectName("mnuCHPU");
   for (const CommandEntry& entry : CommandsOf(Place::mnuCHPUI)) {
     QAction* action = mnuCHPU->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
-    action->setObjectName(QString("mnuCHPUI(%1)").arg(entry.Index));
+    action->setObjectName(IndexedName("mnuCHPUI", entry.Index));
     connect(action, &QAction::triggered, this,
             [this, command = entry.What] { Guard([&] { RunHoleCommand(command); }); });
   }
@@ -455,13 +455,16 @@ bool DetailPanel::eventFilter(QObject* watched, QEvent* event) {
     if (watched != MSFlexGrid2) return;
     if (event->type() == QEvent::KeyPress) {
       const auto& press = static_cast<const QKeyEvent&>(*event);
-      handled = HoleListKey(press.key(), press.modifiers());
+      // A key held down must not run through the holes.
+      handled = (press.key() == Qt::Key_Delete && press.isAutoRepeat()) ||
+                HoleListKey(press.key(), press.modifiers());
     } else if (event->type() == QEvent::FocusIn) {
       // Whoever comes by the keyboard sees where he is.
       MarkHole(std::min(std::max(MSFlexGrid2->Row(), 1), MSFlexGrid2->Rows() - 1));
-      MSFlexGrid2->setFrameShape(QFrame::Box);
+      MSFlexGrid2->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     } else if (event->type() == QEvent::FocusOut) {
-      MSFlexGrid2->setFrameShape(QFrame::StyledPanel);
+      MSFlexGrid2->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
+                                 static_cast<int>(QFrame::Sunken));
     }
   });
   return handled || QWidget::eventFilter(watched, event);

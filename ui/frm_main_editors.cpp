@@ -3,15 +3,15 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QStyle>
+#include <QPainter>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cctype>
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/model.h"
+#include "core/runtime_error.h"
 #include "project/section_rules.h"
 #include "ui/frm_main_grid.h"
 #include "ui/platform/busy.h"
@@ -23,9 +23,26 @@ namespace orvane {
 
 namespace {
 
+// The frame of the text editor: coloured while the cursor is in it, so that it tells whether typing
+// goes there.
+class CellFrame : public QFrame {
+ public:
+  CellFrame(const QLineEdit& editor, QWidget* parent) : QFrame(parent), editor_(editor) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    painter.setPen(editor_.hasFocus() ? palette().color(QPalette::Highlight) : QColor(Qt::gray));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
+ private:
+  const QLineEdit& editor_;
+};
+
 // A panel of that name over the grid, hidden, with the one control that it holds.
-QFrame* MakePanel(const char* name, QWidget* control, QWidget* parent) {
-  auto* panel = new QFrame(parent);
+QFrame* MakePanel(QFrame* panel, const char* name, QWidget* control) {
   panel->setObjectName(name);
   panel->setFrameShape(QFrame::NoFrame);
   control->setParent(panel);
@@ -51,19 +68,18 @@ void SectionsGrid::MakeEditors() {
   txtEdit_ = new QLineEdit;
   txtEdit_->setObjectName("txtEdit");
   txtEdit_->setFrame(false);
-  sspEditText_ = MakePanel("sspEditText", txtEdit_, grid_->viewport());
+  // The cell under it is white with black text in a dark desktop too.
+  QPalette paper = txtEdit_->palette();
+  paper.setColor(QPalette::Base, Qt::white);
+  paper.setColor(QPalette::Text, Qt::black);
+  txtEdit_->setPalette(paper);
+  sspEditText_ = MakePanel(new CellFrame(*txtEdit_, grid_->viewport()), "sspEditText", txtEdit_);
   sspEditText_->layout()->setContentsMargins(1, 1, 1, 1);
-  // The cell under it is white with black text in a dark desktop too. While the cursor is
-  // elsewhere, the frame is grey.
-  sspEditText_->setStyleSheet(
-      "#sspEditText { background: white; border: 1px solid #a0a0a0; }"
-      "#sspEditText[cursor=true] { border: 1px solid palette(highlight); }"
-      "#txtEdit { background: white; color: black; border: none; }");
 
   cboEdit_ = new PlainCombo;
   cboEdit_->setObjectName("cboEdit");
   cboEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-  sspEditCombo_ = MakePanel("sspEditCombo", cboEdit_, grid_->viewport());
+  sspEditCombo_ = MakePanel(new QFrame(grid_->viewport()), "sspEditCombo", cboEdit_);
 
   txtEdit_->installEventFilter(this);
   cboEdit_->installEventFilter(this);
@@ -82,12 +98,10 @@ void SectionsGrid::GridEnterCell() {
   if (row != EditRow_ || column != EditCol_) EditError_ = false;
   const bool product = column == ProductColumn;
   if (product && !HasProductChoice(Items.At(row).SectionType)) {
-    // Passed over, in the direction in which the cursor was going.
-    const int next = EditPrevCol_ == LengthColumn ? MarkColumn : LengthColumn;
-    EditPrevCol_ = column;
+    // Delete and Sort may bring such a row under the cursor.
     EditCol_ = column;
     EditRow_ = row;
-    MoveTo(row, next);
+    MoveTo(row, PassOverProduct());
     return;
   }
   EditPrevCol_ = column;
@@ -122,15 +136,6 @@ void SectionsGrid::PlaceEditor() {
   (EditCol_ == ProductColumn ? sspEditCombo_ : sspEditText_)->setGeometry(cell);
 }
 
-// The editor's frame tells whether typing goes there.
-void SectionsGrid::ShowCursor() {
-  const bool here = txtEdit_->hasFocus();
-  if (sspEditText_->property("cursor").toBool() == here) return;
-  sspEditText_->setProperty("cursor", here);
-  sspEditText_->style()->unpolish(sspEditText_);
-  sspEditText_->style()->polish(sspEditText_);
-}
-
 void SectionsGrid::ForgetEditors() {
   // Also behind a message box, whose window is the active one still.
   const QWidget* focus = window()->focusWidget();
@@ -147,20 +152,65 @@ void SectionsGrid::ForgetEditors() {
 
 bool SectionsGrid::eventFilter(QObject* watched, QEvent* event) {
   bool taken = false;
+  // A box inside a change of focus would come while the mouse button is down.
+  if (event->type() == QEvent::FocusOut) {
+    GuardFocusChange([&] {
+      sspEditText_->update();
+      if (!GridBusy_ && LosesFocus(*static_cast<QFocusEvent*>(event))) EditorLeft(watched);
+    });
+    return QWidget::eventFilter(watched, event);
+  }
   Guard([&] {
     if (event->type() == QEvent::KeyPress) {
       const auto& key = *static_cast<QKeyEvent*>(event);
-      taken =
-          GridBusy_ || refusing_ || EditorKey(key) || (watched == txtEdit_ && DropsCharacter(key));
-    } else if (event->type() == QEvent::FocusOut) {
-      const auto& focus = *static_cast<QFocusEvent*>(event);
-      ShowCursor();
-      if (!GridBusy_ && LosesFocus(focus)) EditorLeft(watched);
+      taken = GridBusy_ || refusing_ || EditorKey(key) ||
+              (watched == txtEdit_ ? DropsCharacter(key) : ChoosesByKey(key));
+    } else if (event->type() == QEvent::InputMethod && watched == txtEdit_) {
+      taken = !TakesCharacters(static_cast<QInputMethodEvent*>(event)->commitString());
     } else if (event->type() == QEvent::FocusIn) {
-      ShowCursor();
+      sspEditText_->update();
     }
   });
   return taken || QWidget::eventFilter(watched, event);
+}
+
+// Puts the cursor back into the grid where no cell is edited; true when there was a row for it.
+bool SectionsGrid::EnterGrid() {
+  if (!hasFocus() || grid_->Rows() < 2) return false;
+  const Busy busy(GridBusy_);
+  if (grid_->Row() == 0 || grid_->Col() < MarkColumn) Select(std::max(1, grid_->Row()), MarkColumn);
+  GridEnterCell();
+  return true;
+}
+
+void SectionsGrid::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2: {
+      bool entered = false;
+      Guard([&] { entered = EnterGrid(); });
+      if (entered) return;
+      break;
+    }
+    default:
+      break;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void SectionsGrid::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason) return;
+  Guard([&] { EnterGrid(); });
+}
+
+bool SectionsGrid::focusNextPrevChild(bool next) {
+  bool entered = false;
+  Guard([&] { entered = EnterGrid(); });
+  return entered || QWidget::focusNextPrevChild(next);
 }
 
 // The keys of both editors; true when the key was one of them.
@@ -197,10 +247,6 @@ bool SectionsGrid::EditorKey(const QKeyEvent& key) {
       toRow = std::clamp(key.key() == Qt::Key_PageUp ? row - page : row + page, 1, lastRow);
       break;
     }
-    case Qt::Key_Home:
-    case Qt::Key_End:
-      // In the text they move the cursor; on the closed list they would choose another product.
-      return column == ProductColumn;
     default:
       return false;
   }
@@ -211,17 +257,37 @@ bool SectionsGrid::EditorKey(const QKeyEvent& key) {
   return true;
 }
 
+// The keys by which the toolkit would choose another product on the closed list; Alt and Down opens
+// it, and letters search.
+bool SectionsGrid::ChoosesByKey(const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      return true;
+    case Qt::Key_Down:
+      return key.modifiers() != Qt::AltModifier;
+    default:
+      return false;
+  }
+}
+
 // Of typed characters a length and a quantity take digits alone. What edits the text passes, and so
 // does what comes from the clipboard.
 bool SectionsGrid::DropsCharacter(const QKeyEvent& key) const {
-  if (grid_->Col() != LengthColumn && grid_->Col() != QuantityColumn) return false;
   // With Alt a letter is still typed into a field, and Ctrl with Alt types a third letter.
   if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier) {
     return false;
   }
-  const QString typed = key.text();
-  return std::any_of(typed.begin(), typed.end(),
-                     [](QChar c) { return c.isPrint() && (c < u'0' || c > u'9'); });
+  return !TakesCharacters(key.text());
+}
+
+bool SectionsGrid::TakesCharacters(const QString& typed) const {
+  if (grid_->Col() != LengthColumn && grid_->Col() != QuantityColumn) return true;
+  return std::none_of(typed.begin(), typed.end(),
+                      [](QChar c) { return c.isPrint() && (c < u'0' || c > u'9'); });
 }
 
 // Typing.

@@ -1,11 +1,9 @@
 #include "ui/frm_main_grid.h"
 
-#include <QFrame>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
@@ -49,6 +47,8 @@ SectionsGrid::SectionsGrid(QWidget* parent)
       txtEdit_(nullptr),
       sspEditCombo_(nullptr),
       cboEdit_(nullptr) {
+  // A stop on the way by Tab, which leads on to the cursor's cell.
+  setFocusPolicy(Qt::TabFocus);
   grid_ = new FlexGrid(model_, this);
   grid_->setObjectName("MSFlexGrid1");
   grid_->setAccessibleName(tr("Sections"));
@@ -75,11 +75,26 @@ void SectionsGrid::Connect(DetailPanel& detail, SheetView& sheet) {
 
 // Commands.
 
+// Appends a row to Items and shows it. After an error the row stays as far as it came, and the cell
+// edited before is edited on.
+std::int16_t SectionsGrid::Append(const std::function<std::int16_t()>& append) {
+  const int former = Items.UBound();
+  try {
+    const std::int16_t row = append();
+    model_->FollowAppended();
+    return row;
+  } catch (...) {
+    model_->FollowAppended();
+    if (Items.UBound() > former) ProjectDirty = True;
+    GridEnterCell();
+    throw;
+  }
+}
+
 void SectionsGrid::AddSection(const std::string& Letter) {
   if (!SettleEditor()) return;
   const Busy busy(GridBusy_);
-  const std::int16_t row = AddSectionRow(Letter);
-  model_->FollowAppended();
+  const std::int16_t row = Append([&] { return AddSectionRow(Letter); });
   Select(row, MarkColumn);
   EditSectionType_ = Letter;
   FillSectionCombo(Letter);
@@ -93,15 +108,7 @@ void SectionsGrid::AddSection(const std::string& Letter) {
 void SectionsGrid::Duplicate(int ItemIndex) {
   if (ItemIndex < 1 || !SettleEditor()) return;
   const Busy busy(GridBusy_);
-  std::int16_t row = 0;
-  try {
-    row = DuplicateRow(ItemRow(ItemIndex));
-  } catch (...) {
-    // The copy stays where its gaps can't be adjusted.
-    model_->FollowAppended();
-    throw;
-  }
-  model_->FollowAppended();
+  const std::int16_t row = Append([&] { return DuplicateRow(ItemRow(ItemIndex)); });
   Select(row, MarkColumn);
   GridEnterCell();
 }
@@ -154,7 +161,6 @@ void SectionsGrid::ShowCurrentRow() {
   if (row == 0) {
     CurrentItem = 0;
     detail_->ClearDetailPanel();
-    detail_->HideParts();
     sheet_->Clear();
     return;
   }
@@ -162,10 +168,11 @@ void SectionsGrid::ShowCurrentRow() {
   EditSectionType_ = Items.At(row).SectionType;
   FillSectionCombo(EditSectionType_);
   detail_->FillPatternCombo(EditSectionType_);
-  Guard([&] { ShowRow(row); });
+  bool drawn = false;
+  Guard([&] { drawn = ShowRow(row); });
   grid_->EnsureVisible(row, grid_->Col());
   GridEnterCell();
-  Guard([&] { sheet_->DrawSection(row); });
+  if (!drawn) Guard([&] { sheet_->DrawSection(row); });
 }
 
 // The detail panel and the grey row for a row that becomes the current one. True when its pattern
@@ -194,10 +201,19 @@ void SectionsGrid::FillSectionCombo(const std::string& Letter) {
 bool SectionsGrid::MoveTo(int row, int column) {
   if (row != grid_->Row() || column != grid_->Col()) {
     if (!LeaveCell()) return false;
+    if (column == ProductColumn && !HasProductChoice(Items.At(row).SectionType)) {
+      column = PassOverProduct();
+    }
     Select(row, column);
   }
   GridEnterCell();
   return true;
+}
+
+// The column on the other side of a product that can't be chosen, in the direction in which the
+// cursor was going.
+int SectionsGrid::PassOverProduct() {
+  return std::exchange(EditPrevCol_, ProductColumn) == LengthColumn ? MarkColumn : LengthColumn;
 }
 
 // Makes a cell the current one and runs the row change.

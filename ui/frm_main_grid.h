@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "project/sections.h"
@@ -32,7 +33,7 @@ class SectionsGrid : public QWidget {
   // The control itself, MSFlexGrid1.
   FlexGrid& Grid() const { return *grid_; }
 
-  // Commands; rows are rows of Items, and each does nothing for a row below 1.
+  // Commands; rows are rows of Items, and one that takes a row does nothing for a row below 1.
   void AddSection(const std::string& Letter);
   void Duplicate(int ItemIndex);
   void DeleteItem(int ItemIndex);
@@ -56,10 +57,17 @@ class SectionsGrid : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  // The focus rests here while no cell is edited; from here keys lead back into the grid.
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
+  std::int16_t Append(const std::function<std::int16_t()>& append);
+  bool EnterGrid();
   // Moving.
   bool MoveTo(int row, int column);
+  int PassOverProduct();
   void Select(int row, int column);
   void GridRowChange();
   bool ShowRow(int row);
@@ -69,11 +77,12 @@ class SectionsGrid : public QWidget {
   // The editors.
   void MakeEditors();
   bool EditorKey(const QKeyEvent& key);
+  static bool ChoosesByKey(const QKeyEvent& key);
   bool DropsCharacter(const QKeyEvent& key) const;
+  bool TakesCharacters(const QString& typed) const;
   void TextTyped(const std::string& text);
   void ProductChosen();
   void PlaceEditor();
-  void ShowCursor();
   bool LeaveCell();
   void Refuse(const std::string& message);
   bool LosesFocus(const QFocusEvent& event) const;
@@ -81,8 +90,8 @@ class SectionsGrid : public QWidget {
   void EditorLeft(const QObject* editor);
   void FillSectionCombo(const std::string& Letter);
 
-  // Makes the holes of the row afresh where asked, and draws it; an error of it is kept for the
-  // moment when the cell is left.
+  // Makes the holes of the row afresh where asked, and draws it. An error of it isn't shown:
+  // leaving the cell does the same again, and tells.
   void RedrawWhileTyping(int row, bool rebuild);
 
   FlexGrid* grid_;

@@ -55,10 +55,6 @@ bool IsShortcut(const QKeyEvent& key) {
   });
 }
 
-QString IndexedName(std::string_view array, int index) {
-  return ToQt(std::string(array) + "(" + DecimalText(index) + ")");
-}
-
 }  // namespace
 
 void FrmMain::BuildToolbar() {

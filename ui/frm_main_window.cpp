@@ -41,6 +41,7 @@ constexpr int FirstGridWidth = 460;
 
 // What must be on a screen of the window's upper edge, so that it can be dragged.
 constexpr int TitleHeight = 24;
+constexpr QSize LeastGrip(80, 16);
 
 // A stored measure, device-independent pixels. The numbers of a screen fit 16 bits.
 int Measure(std::string_view name, int present) {
@@ -51,7 +52,8 @@ int Measure(std::string_view name, int present) {
 bool IsOnAScreen(const QRect& titleBar) {
   const QList<QScreen*> screens = QGuiApplication::screens();
   return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
-    return screen->availableGeometry().intersects(titleBar);
+    const QSize seen = screen->availableGeometry().intersected(titleBar).size();
+    return seen.width() >= LeastGrip.width() && seen.height() >= LeastGrip.height();
   });
 }
 
@@ -98,7 +100,9 @@ void FrmMain::RestoreGeometry() {
   const QSize most = screen()->availableVirtualGeometry().size();
   resize(QSize(width, height).boundedTo(most).expandedTo(minimumSizeHint().boundedTo(most)));
   QRect place(QPoint(left, top), size());
-  if (!IsOnAScreen(QRect(left, top, this->width(), TitleHeight))) {
+  // A window too large for the desktop, or out of reach, stands in the middle.
+  const bool cut = this->width() < width || this->height() < height;
+  if (cut || !IsOnAScreen(QRect(left, top, this->width(), TitleHeight))) {
     place.moveCenter(screen()->availableGeometry().center());
   }
   move(place.topLeft());

@@ -38,7 +38,7 @@ FrmMaxDims::FrmMaxDims(QWidget* parent) : PlainDialog(parent) {
   auto* form = new QFormLayout;
   for (std::size_t row = 1; row < txtMaxDims_.size(); ++row) {
     auto* field = new QLineEdit(this);
-    field->setObjectName("txtMaxDims(" + QString::number(row) + ")");
+    field->setObjectName(IndexedName("txtMaxDims", static_cast<int>(row)));
     field->setAlignment(Qt::AlignRight);
     field->setText(ToQt(FormatNumber(MaxDims.At(static_cast<int>(row)), 0)));
     field->installEventFilter(this);

@@ -3,11 +3,15 @@
 #include <QCalendarWidget>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <algorithm>
+#include <utility>
 
 #include "core/desktop.h"
 #include "core/model.h"
+#include "core/numbers.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -18,6 +22,7 @@ namespace {
 
 const QDate FirstSetDate(2002, 1, 1);
 const QDate EarliestDate(100, 1, 1);  // that the picker can show
+constexpr int ThisCentury = 2000;
 
 QDate ToQDate(const Date& date) {
   return {date.Year, date.Month, date.Day};
@@ -85,7 +90,7 @@ void FrmProjectDetails::AddFields() {
   const int width = fontMetrics().averageCharWidth() * 44;
   for (std::size_t at = 0; at < txtProject_.size(); ++at) {
     auto* field = new QLineEdit(this);
-    field->setObjectName("txtProject(" + QString::number(at) + ")");
+    field->setObjectName(IndexedName("txtProject", static_cast<int>(at)));
     field->setMinimumWidth(width);
     connect(field, &QLineEdit::textEdited, this,
             [at](const QString& text) { Guard([&] { txtProject.at(at) = FromQt(text); }); });
@@ -128,9 +133,52 @@ void FrmProjectDetails::showEvent(QShowEvent* event) {
 }
 
 bool FrmProjectDetails::eventFilter(QObject* watched, QEvent* event) {
-  // A wheel that only passes over the date must not change it.
-  if (watched == picker_ && event->type() == QEvent::Wheel && !picker_->hasFocus()) return true;
-  return PlainDialog::eventFilter(watched, event);
+  if (watched != picker_) return PlainDialog::eventFilter(watched, event);
+  bool taken = false;
+  Guard([&] {
+    // A wheel that only passes over the date must not change it.
+    if (event->type() == QEvent::Wheel) taken = !picker_->hasFocus();
+    if (event->type() == QEvent::KeyPress) taken = PickerKey(*static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::FocusOut || event->type() == QEvent::MouseButtonPress) {
+      CompleteYear();
+    }
+  });
+  return taken || PlainDialog::eventFilter(watched, event);
+}
+
+// Dates are typed with or without their separators, and with two digits of the year. The picker
+// goes to the next part by itself as soon as one is full; the separator that a person types then
+// must not skip that part too.
+bool FrmProjectDetails::PickerKey(const QKeyEvent& key) {
+  const QString text = key.text();
+  const bool plain = !(key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+  if (plain && text.size() == 1 && text.front().isDigit()) {
+    if (section_ != picker_->currentSection()) typed_.clear();
+    section_ = picker_->currentSection();
+    typed_ += text;
+    return false;
+  }
+  const bool separator = plain && text.size() == 1 && text.front().isPunct();
+  const bool nothingTyped = section_ != picker_->currentSection() || typed_.isEmpty();
+  if (separator && nothingTyped) return true;
+  CompleteYear();
+  if (!separator) return false;
+  // Whatever separator the form has.
+  picker_->setCurrentSectionIndex(
+      std::min(picker_->currentSectionIndex() + 1, picker_->sectionCount() - 1));
+  picker_->setSelectedSection(picker_->currentSection());
+  return true;
+}
+
+// A year of one or two digits is one of this century.
+void FrmProjectDetails::CompleteYear() {
+  const QString digits = std::exchange(typed_, QString());
+  if (section_ != QDateTimeEdit::YearSection || digits.isEmpty() || digits.size() > 2) return;
+  const int year = ThisCentury + ParseInt16(FromQt(digits));
+  const QDate month(year, picker_->date().month(), 1);
+  const QDate date(year, month.month(), std::min(picker_->date().day(), month.daysInMonth()));
+  picker_->setDate(date);
+  DTPicker1 = FromQDate(date);
 }
 
 }  // namespace orvane

@@ -26,6 +26,12 @@ class FrmProjectDetails : public PlainDialog {
  private:
   void AddFields();
   void AddPicker();
+  bool PickerKey(const QKeyEvent& key);
+  void CompleteYear();
+
+  // Digits typed into that part of the date.
+  QString typed_;
+  QDateTimeEdit::Section section_ = QDateTimeEdit::NoSection;
 
   std::array<QLineEdit*, 5> txtProject_{};
   QDateEdit* picker_ = nullptr;

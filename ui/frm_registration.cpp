@@ -74,7 +74,7 @@ FrmRegistration::FrmRegistration(QWidget* parent) : PlainDialog(parent) {
 
   for (std::size_t at = 0; at < Text1_.size(); ++at) {
     auto* field = new QLineEdit(this);
-    field->setObjectName("Text1(" + QString::number(at) + ")");
+    field->setObjectName(IndexedName("Text1", static_cast<int>(at)));
     Text1_.at(at) = field;
     if (at < FirstNumber) continue;
     field->installEventFilter(this);
@@ -193,10 +193,13 @@ void FrmRegistration::Continue() {
   CompanyDetails = Trim(text(1));
   SaveRegistration();
 
-  LeftMargin = Whole(Val(text(2)));
-  RightMargin = Whole(Val(text(3)));
-  TopMargin = Whole(Val(text(4)));
-  BottomMargin = Whole(Val(text(5)));
+  // All four or none: one that is too large leaves the dialog open.
+  const std::array margins = {Whole(Val(text(2))), Whole(Val(text(3))), Whole(Val(text(4))),
+                              Whole(Val(text(5)))};
+  LeftMargin = margins[0];
+  RightMargin = margins[1];
+  TopMargin = margins[2];
+  BottomMargin = margins[3];
   MinHoleSep = Val(text(Separation));
   SavePageSetup();
   SaveDrawingSettings();

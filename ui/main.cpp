@@ -1,6 +1,7 @@
 // The entry point. It takes no arguments; the program's folder is that of the executable.
 #include <QApplication>
 #include <QDir>
+#include <cstdlib>
 
 #include "core/desktop.h"
 #include "ui/platform/qt_desktop.h"
@@ -16,5 +17,6 @@ int main(int argc, char** argv) {
       orvane::FromQt(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
   orvane::StartUp start;
   start.Run();
+  if (start.Main() == nullptr) return EXIT_FAILURE;  // its reason was shown
   return QApplication::exec();
 }

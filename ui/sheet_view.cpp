@@ -1,40 +1,55 @@
 #include "ui/sheet_view.h"
 
-#include <QPainter>
+#include <utility>
 
-#include "ui/platform/guard.h"
+#include "core/numbers.h"
+#include "drawing/draw_section.h"
+#include "drawing/sheet_frame.h"
+#include "holes/hole_list.h"
+#include "ui/platform/qt_font_metrics.h"
 
 namespace orvane {
 
-namespace {
-
-// The desk that a sheet lies on: a shade deeper than the window around it, in every theme.
-constexpr int DeskDepth = 112;  // percent
-
-}  // namespace
-
-SheetView::SheetView(QWidget* parent) : QWidget(parent) {
+SheetView::SheetView(QWidget* parent)
+    : PageView(parent),
+      shown_(std::make_unique<PageSurface>(SheetMetrics())),
+      spare_(std::make_unique<PageSurface>(SheetMetrics())) {
   setObjectName("VSPrinter1");
-  setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void SheetView::DrawSection(int ItemIndex) {
   if (ItemIndex < 1) return;
-  shownRow_ = ItemIndex;
-  ++drawCount_;
+  const std::int16_t row = Int16(ItemIndex);
+  const int draw = ++drawCount_;
+  // Pending events run at the end of a drawing and may ask for the next one.
+  std::unique_ptr<PageSurface> sheet = std::move(spare_);
+  if (!sheet) sheet = std::make_unique<PageSurface>(SheetMetrics());
+  try {
+    if (PrepareDrawingWidth(*sheet)) AdjustHoleSpacing(row);
+    orvane::DrawSection(*sheet, row, true, true);
+  } catch (...) {
+    spare_ = std::move(sheet);
+    throw;
+  }
+  if (draw > shownDraw_) {
+    std::swap(sheet, shown_);
+    shownDraw_ = draw;
+    shownRow_ = ItemIndex;
+    ShowPage(&shown_->Result().Pages.front());
+  }
+  spare_ = std::move(sheet);
 }
 
 void SheetView::Clear() {
+  shownDraw_ = drawCount_;
   shownRow_ = 0;
+  ShowPage(nullptr);
 }
 
-void SheetView::ApplyMargins() {}
-
-void SheetView::paintEvent(QPaintEvent*) {
-  Guard([this] {
-    QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Window).darker(DeskDepth));
-  });
+void SheetView::ApplyMargins() {
+  for (const auto& sheet : {&shown_, &spare_}) {
+    if (*sheet) ApplyPageMargins(**sheet);
+  }
 }
 
 }  // namespace orvane

@@ -1,20 +1,27 @@
 // The drawing area of the main window: the fabrication sheet of one section.
 #pragma once
 
-#include <QWidget>
+#include <cstdint>
+#include <memory>
+
+#include "drawing/page_surface.h"
+#include "ui/controls/page_view.h"
 
 namespace orvane {
 
 // Bears the name VSPrinter1.
-class SheetView : public QWidget {
+class SheetView : public PageView {
  public:
   explicit SheetView(QWidget* parent = nullptr);
 
-  // Shows the sheet of that row of Items as it stands now; does nothing for row 0.
+  // Shows the sheet of that row of Items as it stands now; does nothing for row 0. When the page
+  // gives the elevation another room than the one stored (none at the start of the program), the
+  // gaps between the row's holes are worked out anew first. An error of the drawing is raised; the
+  // view then keeps the sheet that it shows.
   void DrawSection(int ItemIndex);
   // Shows nothing.
   void Clear();
-  // Takes over the margins of the sheets.
+  // Takes over the margins of the sheets, for the next sheet drawn.
   void ApplyMargins();
 
   // The row of Items whose sheet is shown; 0 for none.
@@ -22,12 +29,14 @@ class SheetView : public QWidget {
   // How often a sheet was asked for, for whoever measures or tests it.
   int DrawCount() const { return drawCount_; }
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
  private:
+  // The sheet shown, and one to draw the next sheet on: they change places, so that an error leaves
+  // the former alone and no memory is taken at a key stroke.
+  std::unique_ptr<PageSurface> shown_;
+  std::unique_ptr<PageSurface> spare_;
   int shownRow_ = 0;
   int drawCount_ = 0;
+  int shownDraw_ = 0;  // which drawing it was
 };
 
 }  // namespace orvane

@@ -21,6 +21,8 @@ class PlainStyle : public QProxyStyle {
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    // The cells of the grids are white in a dark desktop too.
+    if (hint == SH_Table_GridLineColor) return static_cast<int>(QColor(208, 208, 208).rgb());
     return QProxyStyle::styleHint(hint, option, widget, returned);
   }
 };

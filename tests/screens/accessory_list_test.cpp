@@ -155,7 +155,7 @@ TEST_F(AccessoryListTest, Turning_the_wheel_over_the_list_isnt_an_arrival) {
   QCoreApplication::sendEvent(List().viewport(), &wheel);
   EXPECT_NE(Focus(), "lstAccessories");
   EXPECT_EQ(ProjectDirty, False);
-  EXPECT_EQ(List().focusPolicy(), Qt::StrongFocus);
+  EXPECT_EQ(List().focusPolicy(), Qt::ClickFocus);
 }
 
 TEST_F(AccessoryListTest, Moving_through_the_sections_never_changes_the_project_through_the_list) {

@@ -92,11 +92,25 @@ TEST_F(BatchConsole, The_desktop_answers_every_box_by_what_was_settled) {
   EXPECT_EQ(yes.ShowMessageBox("Done", "", Buttons::Ok, Icon::Stop), Answer::Ok);
   EXPECT_EQ(stream.str(), "Go on? No\nGo on? Yes\nTitle\nSave? Cancel\nDone\n");
 
-  yes.ChooseFile("a.xov");
+  yes.BeginJob("a.xov");
   EXPECT_EQ(yes.ShowOpenDialog({}), "a.xov");
   EXPECT_EQ(yes.ShowSaveDialog({}), "a.xov");
   EXPECT_EQ(yes.Now().Day, (Date{2024, 3, 5}));
   EXPECT_EQ(yes.Now().Hour, 14);
+}
+
+TEST_F(BatchConsole, A_message_is_told_once_a_job) {
+  std::ostringstream stream;
+  Console console(stream, false);
+  BatchDesktop desk(console, {});
+  desk.BeginJob("a.xov");
+  desk.Message("Division by zero");
+  desk.Message("Overflow");
+  desk.Message("Division by zero");
+  EXPECT_EQ(stream.str(), "Division by zero\nOverflow\n");
+  desk.BeginJob("b.xov");
+  desk.Message("Division by zero");
+  EXPECT_EQ(stream.str(), "Division by zero\nOverflow\nDivision by zero\n");
 }
 
 TEST_F(BatchConsole, Without_a_country_dates_have_the_day_first_and_four_digits_of_the_year) {

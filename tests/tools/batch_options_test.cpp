@@ -12,9 +12,10 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(BatchOptions, Every_option_reaches_its_field) {
-  const CommandLine line = ParseCommandLine(
-      {"--catalogue", "cat", "--out", "to", "--created", "2024-02-29T23:59:58", "--sleeves", "yes",
-       "--drawing-width", "180", "--settings", "set.txt", "--resave", "b.ovd", "--cam", "a.ovd"});
+  const CommandLine line =
+      ParseCommandLine({"--catalogue", "cat", "--out", "to", "--created", "2024-02-29T23:59:58",
+                        "--sleeves", "yes", "--drawing-width", "180", "--settings", "set.txt",
+                        "--resave", "b.ovd", "--cam", "--sheets", "--svg", "a.ovd"});
   EXPECT_EQ(line.Fault, "");
   EXPECT_EQ(line.Wanted, Request::Run);
   EXPECT_EQ(line.Options.CatalogueFolder, "cat");
@@ -29,6 +30,8 @@ TEST(BatchOptions, Every_option_reaches_its_field) {
   EXPECT_EQ(line.Options.SettingsFile, "set.txt");
   EXPECT_EQ(line.Options.Resave, "b.ovd");
   EXPECT_TRUE(line.Options.Cam);
+  EXPECT_TRUE(line.Options.Sheets);
+  EXPECT_TRUE(line.Options.Svg);
   EXPECT_EQ(line.Options.Jobs, (Arguments{"a.ovd"}));
 }
 
@@ -39,6 +42,8 @@ TEST(BatchOptions, Without_options_everything_has_its_default) {
   EXPECT_FALSE(options.Created.has_value());
   EXPECT_FALSE(options.Sleeves);
   EXPECT_EQ(options.DrawingWidth, 0);
+  EXPECT_FALSE(options.Sheets);
+  EXPECT_FALSE(options.Svg);
   EXPECT_EQ(options.SettingsFile, "");
   EXPECT_EQ(options.Resave, "");
 }
@@ -72,8 +77,8 @@ TEST(BatchOptions, A_command_line_that_cannot_be_followed_says_why) {
   const std::vector<FaultCase> cases = {
       {{}, "no job is named"},
       {{"--cam"}, "no job is named"},
-      {{"a.ovd"}, "neither --cam nor --resave is given"},
-      {{"--out", "to", "a.ovd"}, "neither --cam nor --resave is given"},
+      {{"a.ovd"}, "none of --cam, --sheets, --svg and --resave is given"},
+      {{"--out", "to", "a.ovd"}, "none of --cam, --sheets, --svg and --resave is given"},
       {{"--resave", "c.ovd", "a.ovd", "b.ovd"}, "--resave takes one job"},
       {{"--cam", "--resave", "c.ovd", "a.ovd", "b.ovd"}, "--resave takes one job"},
       {{"--cam", ""}, "an argument is empty"},
@@ -133,6 +138,13 @@ TEST(BatchOptions, CamFileName_puts_xov_in_the_place_of_ovd) {
   EXPECT_EQ(CamFileName(".ovd"), ".ovd.xov");
 }
 
+TEST(BatchOptions, Sheets_bear_the_name_of_their_job) {
+  EXPECT_EQ(SheetsFileName("/jobs/shed.v2.OVD"), "shed.v2-sheets.pdf");
+  EXPECT_EQ(SvgFileName("shed.ovd", 1), "shed-sheet-001.svg");
+  EXPECT_EQ(SvgFileName("shed.ovd", 42), "shed-sheet-042.svg");
+  EXPECT_EQ(SvgFileName("shed.ovd", 1234), "shed-sheet-1234.svg");
+}
+
 TEST(BatchOptions, Jobs_that_would_write_one_file_are_refused) {
   const std::vector<FaultCase> cases = {
       {{"--cam", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a.xov"},
@@ -143,6 +155,10 @@ TEST(BatchOptions, Jobs_that_would_write_one_file_are_refused) {
       {{"--cam", "a", "a.ovd"}, "a and a.ovd would both write a.xov"},
       {{"--cam", "Shed.ovd", "shed.ovd"}, "Shed.ovd and shed.ovd would both write shed.xov"},
       {{"--cam", "a.ovd", "b.ovd", "ab.ovd"}, ""},
+      {{"--sheets", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a-sheets.pdf"},
+      {{"--svg", "x/a.ovd", "y/A.ovd"}, "x/a.ovd and y/A.ovd would both write A-sheet-001.svg"},
+      // Only the list's name ends at the first point.
+      {{"--sheets", "a.v1.ovd", "a.v2.ovd"}, ""},
   };
   for (const FaultCase& one : cases) EXPECT_EQ(ParseCommandLine(one.Given).Fault, one.Fault);
 }

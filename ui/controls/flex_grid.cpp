@@ -26,6 +26,8 @@ constexpr int RowPadding = 5;
 // Around a heading.
 constexpr int HeadingMargin = 3;
 
+constexpr int FewRows = 4;
+
 }  // namespace
 
 // The model.
@@ -127,8 +129,6 @@ FlexGrid::FlexGrid(FlexGridModel* model, QWidget* parent) : QTableView(parent), 
   horizontalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setHighlightSections(false);
-  // Lines between white cells, in a dark desktop too.
-  setStyleSheet("QTableView { gridline-color: #d0d0d0; }");
   LayRows();
 }
 
@@ -180,6 +180,15 @@ void FlexGrid::SetColumnRatio(std::vector<int> ratio) {
   LayColumns();
 }
 
+QSize FlexGrid::sizeHint() const {
+  return {QTableView::sizeHint().width(), HeightOf(FewRows)};
+}
+
+int FlexGrid::HeightOf(int rows) const {
+  return horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
+         2 * frameWidth();
+}
+
 void FlexGrid::mousePressEvent(QMouseEvent* event) {
   event->accept();
   const QPoint position = event->position().toPoint();
@@ -188,6 +197,7 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
   const QPoint global = event->globalPosition().toPoint();
   Guard([&] {
     if (cell.isValid() && CellPressed) CellPressed(cell.row() + 1, cell.column(), button, global);
+    if (!cell.isValid() && SpacePressed) SpacePressed(button);
     if (button == Qt::RightButton && MenuAsked) MenuAsked(global);
   });
 }
@@ -226,7 +236,9 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
 
 void FlexGrid::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) LayRows();
+  if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+  LayRows();
+  LayColumns();
 }
 
 void FlexGrid::scrollContentsBy(int dx, int dy) {

@@ -93,12 +93,19 @@ class FlexGrid : public QTableView {
   // A mouse button pressed on a data row (its column 0 included); never for the heading or the
   // empty space. Double clicks come as a second press.
   std::function<void(int row, int column, Qt::MouseButton button, QPoint globalPos)> CellPressed;
+  // A mouse button pressed beside the rows.
+  std::function<void(Qt::MouseButton button)> SpacePressed;
   // The right button pressed, after CellPressed if it hit a cell.
   std::function<void(QPoint globalPos)> MenuAsked;
   // The content moved under the viewport, or the columns were laid out anew.
   std::function<void()> Scrolled;
 
   FlexGridModel& Model() const { return *model_; }
+
+  // A few rows; who lays it out gives it more.
+  QSize sizeHint() const override;
+  // Height of the heading and that many rows.
+  int HeightOf(int rows) const;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;

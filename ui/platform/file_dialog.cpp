@@ -69,7 +69,12 @@ class Chooser : public QFileDialog {
 };
 
 void Chooser::Accept() {
-  const QStringList files = selectedFiles();
+  QStringList files = selectedFiles();
+  // The toolkit takes quotes for the marks of several names.
+  const auto* field = findChild<QLineEdit*>("fileNameEdit");
+  if (field != nullptr && field->text().contains('"')) {
+    files = {directory().absoluteFilePath(field->text())};
+  }
   if (files.isEmpty()) return;
   if (QFileInfo(files.first()).isDir()) {
     QFileDialog::accept();  // which goes into the folder

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/numbers.h"
+
 namespace orvane {
 
 inline QString ToQt(std::string_view text) {
@@ -13,6 +15,11 @@ inline QString ToQt(std::string_view text) {
 
 inline std::string FromQt(const QString& text) {
   return text.toStdString();
+}
+
+// The name of an element of a control array, "SSCommand1(6)".
+inline QString IndexedName(std::string_view array, int index) {
+  return ToQt(std::string(array) + "(" + DecimalText(index) + ")");
 }
 
 }  // namespace orvane

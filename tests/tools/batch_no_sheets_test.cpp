@@ -1,0 +1,29 @@
+#include <gtest/gtest.h>
+
+#include "tests/tools/companion.h"
+
+namespace orvane {
+
+namespace {
+
+using test::JobOf;
+using test::Outcome;
+using test::Purlin;
+
+class BatchWithoutSheets : public test::CompanionTest {};
+
+}  // namespace
+
+TEST_F(BatchWithoutSheets, Sheets_are_refused_and_nothing_is_done) {
+  File("a.ovd", JobOf({Purlin()}));
+  for (const char* option : {"--sheets", "--svg"}) {
+    const Outcome outcome = Run({"--cam", option, "a.ovd"});
+    EXPECT_EQ(outcome.Code, 2);
+    EXPECT_EQ(outcome.Err,
+              "orvane-batch: --sheets and --svg are not in this build\n"
+              "Try orvane-batch --help.\n");
+    EXPECT_FALSE(Exists("a.xov"));
+  }
+}
+
+}  // namespace orvane

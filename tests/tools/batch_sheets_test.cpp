@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tests/tools/companion.h"
+
+namespace orvane {
+
+namespace {
+
+using test::BytesOf;
+using test::JobOf;
+using test::Outcome;
+using test::Purlin;
+using test::SectionLines;
+
+class BatchSheets : public test::CompanionTest {
+ protected:
+  // What a program prints about a file of the desk.
+  std::string Printed(const std::string& program, const std::string& file,
+                      const std::string& behind = "") {
+    const std::string command = program + " '" + Path(file) + "' " + behind;
+    FILE* pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr) return "";
+    std::string text;
+    std::array<char, 4096> buffer{};
+    for (std::size_t got = 0; (got = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
+      text.append(buffer.data(), got);
+    }
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    return text;
+  }
+
+  std::string Pages(const std::string& pdf) {
+    const std::string info = Printed("pdfinfo", pdf);
+    const std::size_t at = info.find_first_not_of(' ', info.find("Pages:") + 6);
+    return info.substr(at, info.find('\n', at) - at);
+  }
+};
+
+std::vector<std::string> Rail(const std::string& mark) {
+  return SectionLines(mark, "Z", "Z20015", "4500", "2", "Pair");
+}
+
+}  // namespace
+
+TEST_F(BatchSheets, All_sections_of_a_job_come_into_one_PDF_a_page_each) {
+  File("barn.ovd", JobOf({Purlin(), Rail("R2"), Rail("R3")}));
+  const Outcome outcome = Run({"--sheets", "barn.ovd"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(outcome.Err, "Sheets complete\n");
+  EXPECT_EQ(Pages("barn-sheets.pdf"), "3");
+  EXPECT_NE(Printed("pdfinfo", "barn-sheets.pdf").find("842 x 595 pts (A4)"), std::string::npos);
+  EXPECT_NE(Printed("pdftotext -f 3 -l 3", "barn-sheets.pdf", "-").find("R3"), std::string::npos);
+  EXPECT_FALSE(Exists("barn.xov"));
+  EXPECT_FALSE(Exists("barn-sheet-001.svg"));
+}
+
+TEST_F(BatchSheets, The_very_first_sheet_shows_the_gaps_between_its_holes) {
+  File("a.ovd", JobOf({Purlin()}));
+  EXPECT_EQ(Run({"--sheets", "a.ovd"}).Code, 0);
+  const std::string text = Printed("pdftotext -raw", "a-sheets.pdf", "-");
+  // Holes at 2965 and 3035 of 6000.
+  for (const char* figure : {"2965", "70", "3035", "6000"}) {
+    EXPECT_NE(text.find(figure), std::string::npos) << figure << " in " << text;
+  }
+}
+
+TEST_F(BatchSheets, Svg_writes_a_file_a_sheet) {
+  File("barn.ovd", JobOf({Purlin(), Rail("R2")}));
+  const Outcome outcome = Run({"--svg", "barn.ovd"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(outcome.Err, "Sheets complete\n");
+  EXPECT_NE(BytesOf(Path("barn-sheet-001.svg")).find(">P1</text>"), std::string::npos);
+  EXPECT_NE(BytesOf(Path("barn-sheet-002.svg")).find(">R2</text>"), std::string::npos);
+  EXPECT_FALSE(Exists("barn-sheet-003.svg"));
+  EXPECT_FALSE(Exists("barn-sheets.pdf"));
+}
+
+TEST_F(BatchSheets, All_that_is_asked_for_comes_in_one_run_into_the_out_folder) {
+  File("barn.ovd", JobOf({Purlin()}));
+  const Outcome outcome = Run({"--out", "to", "--cam", "--sheets", "--svg", "barn.ovd"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(outcome.Err, "CAM export complete\nSheets complete\n");
+  for (const char* name : {"to/barn.xov", "to/barn-sheets.pdf", "to/barn-sheet-001.svg"}) {
+    EXPECT_TRUE(Exists(name)) << name;
+  }
+}
+
+TEST_F(BatchSheets, The_CAM_file_is_the_same_with_and_without_sheets) {
+  File("a.ovd", JobOf({Purlin()}));
+  Run({"--created", test::CreatedMoment, "--out", "x", "--cam", "a.ovd"});
+  Run({"--created", test::CreatedMoment, "--out", "y", "--cam", "--sheets", "a.ovd"});
+  EXPECT_EQ(BytesOf(Path("x/a.xov")), BytesOf(Path("y/a.xov")));
+}
+
+TEST_F(BatchSheets, A_folder_stands_for_the_jobs_in_it) {
+  File("jobs/b.ovd", JobOf({Purlin()}));
+  File("jobs/a.OVD", JobOf({Purlin(), Rail("R2")}));
+  File("jobs/readme.txt", "no job");
+  const Outcome outcome = Run({"--out", "to", "--sheets", "jobs"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(Pages("to/a-sheets.pdf"), "2");
+  EXPECT_EQ(Pages("to/b-sheets.pdf"), "1");
+  EXPECT_FALSE(Exists("to/readme-sheets.pdf"));
+}
+
+TEST_F(BatchSheets, Jobs_of_one_name_in_two_folders_are_refused) {
+  File("x/a.ovd", JobOf({Purlin()}));
+  File("y/a.ovd", JobOf({Purlin()}));
+  const Outcome outcome = Run({"--sheets", "x", "y"});
+  EXPECT_EQ(outcome.Code, 2);
+  EXPECT_EQ(outcome.Err,
+            "orvane-batch: x/a.ovd and y/a.ovd would both write a-sheets.pdf\n"
+            "Try orvane-batch --help.\n");
+}
+
+TEST_F(BatchSheets, A_job_without_sections_writes_nothing) {
+  File("a.ovd", JobOf({}));
+  const Outcome outcome = Run({"--sheets", "--svg", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(outcome.Err, "No sheets: the job has no sections\n");
+  EXPECT_FALSE(Exists("a-sheets.pdf"));
+}
+
+TEST_F(BatchSheets, A_product_that_is_not_there_still_has_its_page) {
+  File("a.ovd", JobOf({SectionLines("P1", "Z", "No such", "6000", "1", "Custom")}));
+  EXPECT_EQ(Run({"--sheets", "a.ovd"}).Code, 0);
+  EXPECT_EQ(Pages("a-sheets.pdf"), "1");
+  EXPECT_NE(Printed("pdftotext", "a-sheets.pdf", "-").find("Z Purlin/Rail"), std::string::npos);
+}
+
+TEST_F(BatchSheets, A_missing_picture_fails_the_job_and_leaves_no_PDF_and_the_next_job_is_done) {
+  File("a.ovd", JobOf({SectionLines("R1", "R", "CLR", "3000", "1", "Custom")}));
+  File("b.ovd", JobOf({Purlin()}));
+  TempFile("catalogue/dims.csv",
+           BytesOf(TempPath("catalogue/dims.csv")) + "R,CLR,120,0,60,0,0,0,0,0,50,0,0,0\r\n");
+  const Outcome outcome = Run({"--sheets", "a.ovd", "b.ovd"});
+  EXPECT_EQ(outcome.Code, 3);
+  EXPECT_NE(outcome.Err.find("a.ovd: File not found: " + catalogue + "/drawings/drg015.wmf\n"),
+            std::string::npos)
+      << outcome.Err;
+  EXPECT_FALSE(Exists("a-sheets.pdf"));
+  EXPECT_EQ(Pages("b-sheets.pdf"), "1");
+}
+
+TEST_F(BatchSheets, A_PDF_that_cannot_be_written_is_a_fault) {
+  File("a.ovd", JobOf({Purlin()}));
+  std::filesystem::create_directories(Path("a-sheets.pdf"));
+  const Outcome outcome = Run({"--sheets", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 3);
+  EXPECT_EQ(outcome.Err.substr(0, 7), "a.ovd: ");
+}
+
+TEST_F(BatchSheets, Sheets_never_go_over_a_file_of_the_command_line) {
+  File("a.ovd", JobOf({Purlin()}));
+  File("a-sheets.pdf", JobOf({Purlin()}));
+  const Outcome outcome = Run({"--sheets", "a.ovd", "a-sheets.pdf"});
+  EXPECT_EQ(outcome.Code, 2);
+  EXPECT_EQ(outcome.Err,
+            "orvane-batch: the factory files of a.ovd would overwrite a-sheets.pdf\n"
+            "Try orvane-batch --help.\n");
+}
+
+}  // namespace orvane

@@ -1,0 +1,299 @@
+#include "ui/platform/page_painter.h"
+
+#include <QPainterPath>
+#include <QPolygonF>
+#include <algorithm>
+#include <cmath>
+#include <type_traits>
+#include <vector>
+
+#include "core/model.h"
+#include "drawing/length.h"
+#include "ui/platform/qt_font_metrics.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+// Beyond this a corner is cut off instead of mitred, in widths of the line.
+constexpr double MitreLimit = 10;
+// The thinnest line on paper, mm.
+constexpr double ThinnestOnPaper = 0.02;
+// Letters higher than this on a screen are painted smaller: font engines fail at them.
+constexpr double HighestLetter = 2000;  // pixels
+// Pictures within pictures, at most.
+constexpr int DeepestPicture = 8;
+
+QColor ColorOf(Rgb color) {
+  return {color.Red, color.Green, color.Blue};
+}
+
+// One unit of the painter is a twip here, so that fonts have whole sizes.
+QPointF TwipsOf(Point point) {
+  return {point.X * TwipsPerMm, point.Y * TwipsPerMm};
+}
+
+QRectF TwipsOf(const Box& box) {
+  return {box.Left * TwipsPerMm, box.Top * TwipsPerMm, box.Width * TwipsPerMm,
+          box.Height * TwipsPerMm};
+}
+
+QPolygonF TwipsOf(const std::vector<Point>& ring) {
+  QPolygonF polygon;
+  polygon.reserve(static_cast<qsizetype>(ring.size()));
+  for (const Point& point : ring) polygon.append(TwipsOf(point));
+  return polygon;
+}
+
+double DegreesOf(double radians) {
+  return radians * 180 / Pi;
+}
+
+class Painting {
+ public:
+  Painting(QPainter& painter, QPointF corner, double unitsPerTwip, PaintDevice device)
+      : painter_(painter), corner_(corner), scale_(unitsPerTwip), device_(device) {}
+
+  void PaintAll(const std::vector<Shape>& shapes) {
+    for (const Shape& shape : shapes) {
+      std::visit([this](const auto& one) { Paint(one); }, shape);
+    }
+  }
+
+ private:
+  void Paint(const LineShape& line) {
+    if (!line.Stroke.Visible) return;
+    const double width = SetPen(line.Stroke);
+    QPointF from = TwipsOf(line.From);
+    QPointF to = TwipsOf(line.To);
+    if (from.x() == to.x()) {
+      from.setX(Crisp(from.x(), corner_.x(), width));
+      to.setX(from.x());
+    } else if (from.y() == to.y()) {
+      from.setY(Crisp(from.y(), corner_.y(), width));
+      to.setY(from.y());
+    }
+    painter_.drawLine(from, to);
+  }
+
+  void Paint(const RectangleShape& rectangle) {
+    const double width = SetPen(rectangle.Stroke);
+    SetFill(rectangle.Inside);
+    const QRectF place = TwipsOf(rectangle.Place);
+    const QPointF topLeft(Crisp(place.left(), corner_.x(), width),
+                          Crisp(place.top(), corner_.y(), width));
+    const QPointF bottomRight(Crisp(place.right(), corner_.x(), width),
+                              Crisp(place.bottom(), corner_.y(), width));
+    painter_.drawRect(QRectF(topLeft, bottomRight));
+  }
+
+  void Paint(const EllipseShape& ellipse) {
+    SetPen(ellipse.Stroke);
+    SetFill(ellipse.Inside);
+    painter_.drawEllipse(TwipsOf(ellipse.Place));
+  }
+
+  void Paint(const ArcShape& arc) {
+    const QRectF place = TwipsOf(arc.Place);
+    const double start = DegreesOf(arc.Start);
+    const double span = DegreesOf(arc.Span);
+    QPainterPath line;
+    line.arcMoveTo(place, start);
+    line.arcTo(place, start, span);
+    QPainterPath whole = line;
+    if (arc.Pie) whole.lineTo(place.center());
+    whole.closeSubpath();
+    if (arc.Inside.Visible) {
+      SetPen({0, Black, false});
+      SetFill(arc.Inside);
+      painter_.drawPath(whole);
+    }
+    if (!arc.Stroke.Visible) return;
+    SetPen(arc.Stroke);
+    SetFill({});
+    painter_.drawPath(arc.StrokeAll ? whole : line);
+  }
+
+  void Paint(const PolygonShape& polygon) {
+    SetPen(polygon.Stroke);
+    SetFill(polygon.Closed ? polygon.Inside : Fill{});
+    const Qt::FillRule rule = polygon.Winding ? Qt::WindingFill : Qt::OddEvenFill;
+    if (!polygon.Closed) {
+      for (const auto& ring : polygon.Rings) painter_.drawPolyline(TwipsOf(ring));
+    } else if (polygon.Rings.size() == 1) {
+      painter_.drawPolygon(TwipsOf(polygon.Rings.front()), rule);
+    } else {
+      QPainterPath path;
+      path.setFillRule(rule);
+      for (const auto& ring : polygon.Rings) {
+        path.addPolygon(TwipsOf(ring));
+        path.closeSubpath();
+      }
+      painter_.drawPath(path);
+    }
+  }
+
+  void Paint(const TextShape& text) {
+    const QString letters = SheetText(text.Text);
+    // Drawn upwards from the base line, which lies the ascent below the top.
+    const QPointF topLeft = TwipsOf(text.TopLeft);
+    const double ascent = text.Ascent * TwipsPerMm;
+    const double shrink = SetFont(text.Type);
+    SetTextColor(text.Color);
+    if (text.Clipped) {
+      PaintClipped(text, letters, topLeft + QPointF(0, ascent));
+    } else if (text.Angle == 0 && shrink == 1) {
+      painter_.drawText(topLeft + QPointF(0, ascent), letters);
+    } else {
+      const QTransform upright = painter_.transform();
+      painter_.translate(topLeft);
+      painter_.rotate(-text.Angle);
+      painter_.scale(shrink, shrink);
+      painter_.drawText(QPointF(0, ascent), letters);
+      painter_.setTransform(upright);
+    }
+  }
+
+  void PaintClipped(const TextShape& text, QString letters, QPointF base) {
+    const QRectF clip = TwipsOf(text.Clip);
+    const double top = TwipsOf(text.TopLeft).y();
+    const FontMetrics& metrics = SheetMetrics();
+    const auto end = [&] { return base.x() + metrics.Width(text.Type, FromQt(letters)); };
+    const bool fits = base.x() >= clip.left() && end() <= clip.right() && top >= clip.top() &&
+                      top + metrics.Height(text.Type) <= clip.bottom();
+    if (device_ == PaintDevice::NoClips) {
+      while (!letters.isEmpty() && end() > clip.right()) letters.chop(1);
+    }
+    if (fits || device_ == PaintDevice::NoClips) {
+      painter_.drawText(base, letters);
+      return;
+    }
+    painter_.save();
+    painter_.setClipRect(clip, Qt::IntersectClip);
+    painter_.drawText(base, letters);
+    painter_.restore();
+  }
+
+  void Paint(const PictureShape& shape) {
+    if (!shape.Content || depth_ == DeepestPicture) return;
+    const Picture& picture = *shape.Content;
+    if (!(picture.Width > 0) || !(picture.Height > 0)) return;
+    const double across = shape.Place.Width / picture.Width;
+    const double down = shape.Place.Height / picture.Height;
+    const double scale = scale_;
+    const QTransform upright = painter_.transform();
+    painter_.translate(shape.Place.Left * TwipsPerMm, shape.Place.Top * TwipsPerMm);
+    painter_.scale(across, down);
+    scale_ *= std::sqrt(std::fabs(across * down));
+    ++depth_;
+    Forget();
+    PaintAll(picture.Shapes);
+    --depth_;
+    scale_ = scale;
+    painter_.setTransform(upright);
+    Forget();
+  }
+
+  // Pen, brush and font are only handed on when they change: devices write each of them down.
+
+  // The width as painted, twips.
+  double SetPen(const Pen& pen) {
+    if (!penSet_ || pen != pen_) {
+      penSet_ = true;
+      pen_ = pen;
+      const double thinnest =
+          device_ == PaintDevice::Screen ? 1 / scale_ : ThinnestOnPaper * TwipsPerMm;
+      penWidth_ = pen.Visible ? std::max(pen.Width * TwipsPerMm, thinnest) : 0;
+      PutPen();
+    }
+    if (textColored_) PutPen();
+    return penWidth_;
+  }
+
+  void PutPen() {
+    textColored_ = false;
+    if (!pen_.Visible) return painter_.setPen(Qt::NoPen);
+    QPen pen(ColorOf(pen_.Color), penWidth_, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    pen.setMiterLimit(MitreLimit);
+    painter_.setPen(pen);
+  }
+
+  void SetFill(const Fill& fill) {
+    if (fillSet_ && fill == fill_) return;
+    fillSet_ = true;
+    fill_ = fill;
+    painter_.setBrush(fill.Visible ? QBrush(ColorOf(fill.Color)) : QBrush(Qt::NoBrush));
+  }
+
+  // Texts take the painter's pen for their colour.
+  void SetTextColor(Rgb color) {
+    if (textColored_ && color == textColor_) return;
+    textColored_ = true;
+    textColor_ = color;
+    painter_.setPen(ColorOf(color));
+  }
+
+  // How much smaller than asked for the font has to be painted.
+  double SetFont(const Font& font) {
+    if (!fontSet_ || font != font_) {
+      fontSet_ = true;
+      font_ = font;
+      painter_.setFont(QtFont(font));
+    }
+    const double height = painter_.font().pixelSize() * scale_;
+    return device_ == PaintDevice::Screen && height > HighestLetter ? HighestLetter / height : 1;
+  }
+
+  const QFont& QtFont(const Font& font) {
+    for (const auto& [known, made] : fonts_) {
+      if (known == font) return made;
+    }
+    return fonts_.emplace_back(font, SheetFont(font)).second;
+  }
+
+  void Forget() {
+    penSet_ = false;
+    fillSet_ = false;
+  }
+
+  // Moves the middle of a level or upright line so that one of its edges falls between two pixels.
+  double Crisp(double twips, double corner, double width) const {
+    if (device_ != PaintDevice::Screen || depth_ > 0) return twips;
+    const double half = width / 2 * scale_;
+    const double edge = std::nearbyint(twips * scale_ + corner - half);
+    return (edge + half - corner) / scale_;
+  }
+
+  QPainter& painter_;
+  QPointF corner_;
+  double scale_;  // units of the device to the twip
+  PaintDevice device_;
+  int depth_ = 0;
+
+  bool penSet_ = false;
+  Pen pen_;
+  double penWidth_ = 0;
+  bool fillSet_ = false;
+  Fill fill_;
+  bool textColored_ = false;
+  Rgb textColor_;
+  bool fontSet_ = false;
+  Font font_;
+  std::vector<std::pair<Font, QFont>> fonts_;
+};
+
+}  // namespace
+
+void PaintPage(QPainter& painter, const Page& page, QPointF corner, double unitsPerMm,
+               PaintDevice device) {
+  painter.save();
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+  painter.translate(corner);
+  const double unitsPerTwip = unitsPerMm / TwipsPerMm;
+  painter.scale(unitsPerTwip, unitsPerTwip);
+  Painting(painter, corner, unitsPerTwip, device).PaintAll(page.Shapes);
+  painter.restore();
+}
+
+}  // namespace orvane
