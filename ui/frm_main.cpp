@@ -259,6 +259,8 @@ void FrmMain::RefreshProjectDetails() {
 
 void FrmMain::ShowProjectDetails() {
   details_.exec();
+  // The sheet's bottom strip shows them.
+  sheet_->DrawSection(SelectedRow());
 }
 
 void FrmMain::ShowExportErrors() {

@@ -104,6 +104,8 @@ TEST(PagePainter, A_rectangle_is_filled_and_framed) {
                                 RectangleShape{{1, 1, 2, 2}, NoPen, {true, Grey}}});
   EXPECT_TRUE(IsBlack(image, 50, 70));
   EXPECT_TRUE(IsBlack(image, 149, 70));
+  EXPECT_TRUE(IsBlack(image, 49, 49));  // the corner
+  EXPECT_TRUE(IsWhite(image, 48, 49));
   EXPECT_EQ(image.pixelColor(100, 80), QColor(255, 0, 0));
   EXPECT_EQ(image.pixelColor(10, 10), QColor(128, 128, 128));
   EXPECT_EQ(image.pixelColor(29, 29), QColor(128, 128, 128));
@@ -207,6 +209,44 @@ TEST(PagePainter, Turned_text_reads_uphill_about_its_top_left_corner) {
   EXPECT_LT(inked.top(), 150 - 0.9 * width);
   EXPECT_GE(inked.left(), 80);
   EXPECT_NEAR(inked.right() + 1, 80 + text.Ascent * Scale, 1.5);
+}
+
+TEST(PagePainter, A_text_of_a_picture_hangs_on_its_left_end_its_middle_or_its_right_end) {
+  TextShape text = TextOf("HH", {10, 8}, 12);
+  const double width = SheetMetrics().Width(text.Type, "HH") / 56.7 * Scale;
+  for (const auto& [side, left] : {std::pair{TextSide::Left, 100.0},
+                                   {TextSide::Middle, 100 - width / 2},
+                                   {TextSide::Right, 100 - width}}) {
+    text.Side = side;
+    const QRect inked = Inked(Painted({text}));
+    // An H leaves a twelfth of its width free on either side, less than 4 pixels.
+    EXPECT_NEAR(inked.left(), left + 2, 3);
+    EXPECT_NEAR(inked.right(), left + width - 2, 3);
+  }
+}
+
+TEST(PagePainter, A_text_of_a_picture_may_have_a_box_behind_it) {
+  TextShape text = TextOf("i", {5, 5}, 12);
+  text.Behind = {true, {0, 255, 0}};
+  const QImage image = Painted({text});
+  const double width = SheetMetrics().Width(text.Type, "i") / 56.7 * Scale;
+  const double height = SheetMetrics().Height(text.Type) / 56.7 * Scale;
+  const QRect inked = Inked(image);
+  EXPECT_NEAR(inked.left(), 50, 1);
+  EXPECT_NEAR(inked.width(), width, 2);
+  EXPECT_NEAR(inked.top(), 50, 1);
+  EXPECT_NEAR(inked.height(), height, 2);
+  EXPECT_EQ(image.pixelColor(inked.left() + 1, inked.bottom() - 2), QColor(0, 255, 0));
+}
+
+TEST(PagePainter, A_turned_text_of_a_picture_is_clipped_as_well) {
+  TextShape text = TextOf("HHHHHHHH", {10, 18}, 12);
+  text.Angle = 90;
+  text.Clipped = true;
+  text.Clip = {0, 0, 20, 15};
+  const QRect inked = Inked(Painted({text}));
+  EXPECT_FALSE(inked.isEmpty());
+  EXPECT_LE(inked.bottom(), 150);
 }
 
 TEST(PagePainter, Text_bears_its_colour_and_the_next_line_its_own) {

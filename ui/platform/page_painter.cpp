@@ -22,6 +22,8 @@ constexpr double MitreLimit = 10;
 constexpr double ThinnestOnPaper = 0.02;
 // Letters higher than this on a screen are painted smaller: font engines fail at them.
 constexpr double HighestLetter = 2000;  // pixels
+// What rounding may take off the edge of a bar on a screen, and more.
+constexpr double Hair = 1e-4;  // pixels
 // Pictures within pictures, at most.
 constexpr int DeepestPicture = 8;
 
@@ -64,28 +66,60 @@ class Painting {
  private:
   void Paint(const LineShape& line) {
     if (!line.Stroke.Visible) return;
-    const double width = SetPen(line.Stroke);
-    QPointF from = TwipsOf(line.From);
-    QPointF to = TwipsOf(line.To);
-    if (from.x() == to.x()) {
-      from.setX(Crisp(from.x(), corner_.x(), width));
-      to.setX(from.x());
-    } else if (from.y() == to.y()) {
-      from.setY(Crisp(from.y(), corner_.y(), width));
-      to.setY(from.y());
-    }
+    const QPointF from = TwipsOf(line.From);
+    const QPointF to = TwipsOf(line.To);
+    const bool straight = from.x() == to.x() || from.y() == to.y();
+    if (straight && device_ == PaintDevice::Screen) return PaintStraight(line.Stroke, from, to);
+    SetPen(line.Stroke);
     painter_.drawLine(from, to);
   }
 
+  // A level or upright line on a screen: a bar that begins on a whole pixel.
+  void PaintStraight(const Pen& pen, QPointF from, QPointF to) {
+    const double width = WidthOf(pen);
+    QRectF bar = QRectF(from, to).normalized();
+    if (from.x() == to.x()) {
+      bar.setLeft(Crisp(from.x(), corner_.x(), width) - width / 2);
+      bar.setWidth(width);
+    } else {
+      bar.setTop(Crisp(from.y(), corner_.y(), width) - width / 2);
+      bar.setHeight(width);
+    }
+    PaintBar(bar, ColorOf(pen.Color));
+  }
+
+  // A hair larger, so that what ends between two pixels covers the first of them whole.
+  void PaintBar(const QRectF& bar, const QColor& color) {
+    const double hair = Hair / scale_;
+    painter_.fillRect(bar.adjusted(-hair, -hair, hair, hair), color);
+  }
+
   void Paint(const RectangleShape& rectangle) {
-    const double width = SetPen(rectangle.Stroke);
-    SetFill(rectangle.Inside);
     const QRectF place = TwipsOf(rectangle.Place);
-    const QPointF topLeft(Crisp(place.left(), corner_.x(), width),
-                          Crisp(place.top(), corner_.y(), width));
-    const QPointF bottomRight(Crisp(place.right(), corner_.x(), width),
-                              Crisp(place.bottom(), corner_.y(), width));
-    painter_.drawRect(QRectF(topLeft, bottomRight));
+    if (device_ == PaintDevice::Screen) return PaintBars(rectangle, place);
+    SetPen(rectangle.Stroke);
+    SetFill(rectangle.Inside);
+    painter_.drawRect(place);
+  }
+
+  // A rectangle on a screen: its four edges as bars, mitred corners and all.
+  void PaintBars(const RectangleShape& rectangle, const QRectF& place) {
+    const double width = rectangle.Stroke.Visible ? WidthOf(rectangle.Stroke) : 0;
+    const QRectF middle(
+        QPointF(Crisp(place.left(), corner_.x(), width), Crisp(place.top(), corner_.y(), width)),
+        QPointF(Crisp(place.right(), corner_.x(), width),
+                Crisp(place.bottom(), corner_.y(), width)));
+    if (rectangle.Inside.Visible) PaintBar(middle, ColorOf(rectangle.Inside.Color));
+    if (!rectangle.Stroke.Visible) return;
+    const QColor color = ColorOf(rectangle.Stroke.Color);
+    const double half = width / 2;
+    const QRectF outer = middle.adjusted(-half, -half, half, half);
+    for (const double top : {outer.top(), outer.bottom() - width}) {
+      PaintBar(QRectF(outer.left(), top, outer.width(), width), color);
+    }
+    for (const double left : {outer.left(), outer.right() - width}) {
+      PaintBar(QRectF(left, outer.top(), width, outer.height()), color);
+    }
   }
 
   void Paint(const EllipseShape& ellipse) {
@@ -141,7 +175,10 @@ class Painting {
     const double ascent = text.Ascent * TwipsPerMm;
     const double shrink = SetFont(text.Type);
     SetTextColor(text.Color);
-    if (text.Clipped) {
+    const bool byPoint = text.Side != TextSide::Left || text.Behind.Visible;
+    if (byPoint || (text.Clipped && text.Angle != 0)) {
+      PaintByPoint(text, letters, shrink);
+    } else if (text.Clipped) {
       PaintClipped(text, letters, topLeft + QPointF(0, ascent));
     } else if (text.Angle == 0 && shrink == 1) {
       painter_.drawText(topLeft + QPointF(0, ascent), letters);
@@ -153,6 +190,31 @@ class Painting {
       painter_.drawText(QPointF(0, ascent), letters);
       painter_.setTransform(upright);
     }
+  }
+
+  // A text of a picture: it hangs on its point by its left end, its middle or its right end, and
+  // may be turned, clipped and have a box behind it.
+  void PaintByPoint(const TextShape& text, const QString& letters, double shrink) {
+    const FontMetrics& metrics = SheetMetrics();
+    const double width = metrics.Width(text.Type, text.Text);
+    const double base = text.Ascent * TwipsPerMm;
+    const double left = text.Side == TextSide::Left     ? 0
+                        : text.Side == TextSide::Middle ? -width / 2
+                                                        : -width;
+    painter_.save();
+    if (text.Clipped && device_ != PaintDevice::NoClips) {
+      painter_.setClipRect(TwipsOf(text.Clip), Qt::IntersectClip);
+    }
+    painter_.translate(TwipsOf(text.TopLeft));
+    painter_.rotate(-text.Angle);
+    painter_.scale(shrink, shrink);
+    if (text.Behind.Visible) {
+      painter_.fillRect(
+          QRectF(left, base - metrics.Ascent(text.Type), width, metrics.Height(text.Type)),
+          ColorOf(text.Behind.Color));
+    }
+    painter_.drawText(QPointF(left, base), letters);
+    painter_.restore();
   }
 
   void PaintClipped(const TextShape& text, QString letters, QPointF base) {
@@ -197,24 +259,26 @@ class Painting {
 
   // Pen, brush and font are only handed on when they change: devices write each of them down.
 
-  // The width as painted, twips.
-  double SetPen(const Pen& pen) {
+  void SetPen(const Pen& pen) {
     if (!penSet_ || pen != pen_) {
       penSet_ = true;
       pen_ = pen;
-      const double thinnest =
-          device_ == PaintDevice::Screen ? 1 / scale_ : ThinnestOnPaper * TwipsPerMm;
-      penWidth_ = pen.Visible ? std::max(pen.Width * TwipsPerMm, thinnest) : 0;
       PutPen();
     }
     if (textColored_) PutPen();
-    return penWidth_;
+  }
+
+  // The width as painted, twips.
+  double WidthOf(const Pen& pen) const {
+    const double thinnest =
+        device_ == PaintDevice::Screen ? 1 / scale_ : ThinnestOnPaper * TwipsPerMm;
+    return std::max(pen.Width * TwipsPerMm, thinnest);
   }
 
   void PutPen() {
     textColored_ = false;
     if (!pen_.Visible) return painter_.setPen(Qt::NoPen);
-    QPen pen(ColorOf(pen_.Color), penWidth_, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    QPen pen(ColorOf(pen_.Color), WidthOf(pen_), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
     pen.setMiterLimit(MitreLimit);
     painter_.setPen(pen);
   }
@@ -257,9 +321,10 @@ class Painting {
     fillSet_ = false;
   }
 
-  // Moves the middle of a level or upright line so that one of its edges falls between two pixels.
+  // Moves the middle of a level or upright line so that one of its edges falls between two pixels;
+  // in a picture, which may be stretched, it stays.
   double Crisp(double twips, double corner, double width) const {
-    if (device_ != PaintDevice::Screen || depth_ > 0) return twips;
+    if (depth_ > 0) return twips;
     const double half = width / 2 * scale_;
     const double edge = std::nearbyint(twips * scale_ + corner - half);
     return (edge + half - corner) / scale_;
@@ -273,7 +338,6 @@ class Painting {
 
   bool penSet_ = false;
   Pen pen_;
-  double penWidth_ = 0;
   bool fillSet_ = false;
   Fill fill_;
   bool textColored_ = false;

@@ -1,0 +1,96 @@
+// Any bytes as a project file, and all sheets of the sections that it gives: each is drawn on one
+// page whose shapes are all finite, or an error says why it was not.
+#include "core/catalogues.h"
+#include "core/runtime_error.h"
+#include "core/settings.h"
+#include "drawing/draw_section.h"
+#include "drawing/page_surface.h"
+#include "drawing/recording_surface.h"
+#include "fuzz/quiet_desktop.h"
+#include "fuzz/shape_check.h"
+#include "holes/hole_list.h"
+#include "project/project_file.h"
+
+namespace {
+
+using namespace orvane;
+
+// Runs an action that may raise the system's own error and no other.
+template <class Action>
+bool Succeeds(Action action) {
+  try {
+    action();
+    return true;
+  } catch (const RuntimeError& error) {
+    if (error.Description().empty()) fuzz::Fail("an error that doesn't say why");
+    return false;
+  }
+}
+
+// The catalogues as they ship, read once.
+struct Catalogues {
+  Table<SectionDim> Dims;
+  Table<PunchPattern> Patterns;
+  Table<AccDef> Accessories;
+  std::int16_t Type1Count = 0;
+  std::int16_t Type2Count = 0;
+};
+
+Catalogues LoadedCatalogues() {
+  ResetModel();
+  if (!LoadAccessoryCatalogues() || !LoadSectionCatalogues()) fuzz::Fail("no catalogues");
+  return {SectionDims, PunchPatterns, AccDefs, AccType1Count, AccType2Count};
+}
+
+void StartAfresh(const Catalogues& catalogues) {
+  ResetModel();
+  SectionDims = catalogues.Dims;
+  PunchPatterns = catalogues.Patterns;
+  AccDefs = catalogues.Accessories;
+  AccType1Count = catalogues.Type1Count;
+  AccType2Count = catalogues.Type2Count;
+  AccUsed.Resize(AccDefs.UBound());
+  LoadPageSetup();
+  LoadDrawingSettings();
+}
+
+// The surface lives through all the sheets, as the window's does: a sheet that failed half-way must
+// not harm the next one.
+void DrawSheet(PageSurface& surface, std::int16_t row) {
+  const bool drawn = Succeeds([&] { DrawSection(surface, row, true, true); });
+  if (drawn && surface.Result().Pages.size() != 1) fuzz::Fail("a sheet of several pages");
+  for (const Page& page : surface.Result().Pages) fuzz::CheckPage(page);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::QuietDesktop desktop;
+  InstallDesktop(desktop);
+  ProgramFolder = ORVANE_CATALOGUE;
+  static const Catalogues catalogues = LoadedCatalogues();
+  StartAfresh(catalogues);
+
+  const std::string path = fuzz::InputFile(data, size);
+  Succeeds([&] { ReadProjectFile(path); });
+
+  const PlainFontMetrics metrics;
+  PageSurface surface(metrics);
+  PrepareDrawingWidth(surface);
+  if (DrawingWidth <= 0) fuzz::Fail("no room for a drawing");
+  for (int index = 1; index <= Items.UBound(); ++index) {
+    const std::int16_t row = Int16(index);
+    // As the file has its holes, where gaps between them may be any number.
+    DrawSheet(surface, row);
+    const std::string pattern = Items.At(row).PatternName;
+    Succeeds([&] {
+      if (pattern == CustomPattern) {
+        AdjustHoleSpacing(row);
+      } else {
+        RebuildHoles(row, pattern);
+      }
+    });
+    DrawSheet(surface, row);
+  }
+  return 0;
+}
