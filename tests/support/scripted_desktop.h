@@ -28,7 +28,7 @@ class ScriptedDesktop : public Desktop {
   Moment Present{{2024, 3, 5}, 14, 7, 9};
   std::string DateForm = "dd/MM/yyyy";
   MemorySettings Values;
-  std::string DataFolder;         // the user's data folder; asking for it while empty fails the test
+  std::string DataFolder;  // the user's data folder; asking for it while empty fails the test
   SettingsStore* Store = &Values;  // the store in use; a test may put another
 
   // What happened.
