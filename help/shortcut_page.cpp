@@ -137,9 +137,15 @@ std::string Page() {
       "<h1>Keys and shortcuts</h1>\n"
       "<p>Every entry of the menus can be reached without the mouse. A shortcut works at once; a "
       "menu opens "
-      "by <kbd>Alt</kbd> and its letter, and its entries by their underlined letters. The keys "
-      "that move the cursor in the list of sections are told in <a "
-      "href=\"sections-grid.html#keys\">Sections grid</a>.</p>\n"
+      "by <kbd>Alt</kbd> and its letter, and its entries by their underlined letters.</p>\n"
+      "<h2>Moving about</h2>\n"
+      "<ul>\n"
+      "<li><kbd>Alt+N</kbd> leads to the list of punching patterns, <kbd>Alt+C</kbd> to the "
+      "accessory list. <kbd>Tab</kbd> leads back into the grid.</li>\n"
+      "<li>The keys that move the cursor in the list of sections are told in <a "
+      "href=\"sections-grid.html#keys\">Sections grid</a>, those of the sheet in <a "
+      "href=\"main-window.html#drawing\">Drawing area</a>.</li>\n"
+      "</ul>\n"
       "<h2>Shortcuts</h2>\n";
   html += ShortcutTable();
   html += "<h2>Menus</h2>\n";

@@ -1,6 +1,7 @@
 // What the help tells the catalogue's maintainer agrees with the system and with what ships.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <set>
@@ -99,6 +100,26 @@ TEST_F(HelpCatalogue, Rows_known_by_their_number_bear_the_names_of_the_catalogue
     EXPECT_EQ(row.at(1).substr(0, name.size()), name);
   }
   EXPECT_EQ(numbers, (std::vector<int>{4, 5, 6, 7, 8, 9, 10, 11, 21}));
+}
+
+TEST_F(HelpCatalogue, Widths_and_tops_of_the_pictures_that_ship) {
+  LoadShippedCatalogues();
+  std::set<int> widths;
+  std::set<int> tops;
+  for (const AccDef& accessory : AccDefs) {
+    if (accessory.DrawingFile == "None") continue;
+    widths.insert(accessory.Value1);
+    tops.insert(accessory.Value3);
+  }
+  ASSERT_GT(widths.size(), 1U);
+  ASSERT_GT(tops.size(), 1U);
+  const auto range = [](const std::set<int>& values) {
+    return DecimalText(*values.begin()) + " to " + DecimalText(*values.rbegin()) + " mm";
+  };
+  std::string text = test::TextOf(PageSource("catalogues.html"));
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  EXPECT_NE(text.find("are " + range(widths) + " wide and begin at " + range(tops) + "."),
+            std::string::npos);
 }
 
 TEST_F(HelpCatalogue, The_default_maximum_lengths) {

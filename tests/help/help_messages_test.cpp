@@ -46,6 +46,10 @@ const std::multiset<std::string> Messages = {
     "Item 3: P3 No sleeves",
     "CAM export complete",
     "VA1: unknown cleat code \"KT50\"",
+    // Sheets.
+    "File not found: /opt/lintaro/Drawings/drg015.wmf",
+    "Invalid picture: /opt/lintaro/Drawings/drg015.wmf",
+    "Picture outside the program's folder: \\Drawings\\..\\acc13.wmf",
     // Catalogues and settings.
     "Error loading data from /opt/lintaro/dims.csv\nFile not found",
     "ERROR #3 : Permission denied",
