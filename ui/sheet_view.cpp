@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "core/model.h"
 #include "core/numbers.h"
+#include "core/runtime_error.h"
 #include "drawing/draw_section.h"
 #include "drawing/sheet_frame.h"
 #include "holes/hole_list.h"
@@ -29,6 +31,8 @@ void SheetView::DrawSection(int ItemIndex) {
     orvane::DrawSection(*sheet, row, true, true);
   } catch (...) {
     spare_ = std::move(sheet);
+    // The sheet of another section would be taken for this one's.
+    if (shownRow_ != ItemIndex) Clear();
     throw;
   }
   if (draw > shownDraw_) {
@@ -49,6 +53,16 @@ void SheetView::Clear() {
 void SheetView::ApplyMargins() {
   for (const auto& sheet : {&shown_, &spare_}) {
     if (*sheet) ApplyPageMargins(**sheet);
+  }
+  // The room for the elevation is known from here on, before the first section is drawn, so that
+  // its holes are spaced for it already.
+  if (!PrepareDrawingWidth(*shown_)) return;
+  for (int row = 1; row <= Items.UBound(); ++row) {
+    try {
+      AdjustHoleSpacing(Int16(row));
+    } catch (const RuntimeError&) {
+      // Holes that leave no room for one another are told when the section is looked at.
+    }
   }
 }
 

@@ -17,11 +17,11 @@ class SheetView : public PageView {
   // Shows the sheet of that row of Items as it stands now; does nothing for row 0. When the page
   // gives the elevation another room than the one stored (none at the start of the program), the
   // gaps between the row's holes are worked out anew first. An error of the drawing is raised; the
-  // view then keeps the sheet that it shows.
+  // view then keeps the sheet that it shows, if it is the same section's.
   void DrawSection(int ItemIndex);
   // Shows nothing.
   void Clear();
-  // Takes over the margins of the sheets, for the next sheet drawn.
+  // Takes over the margins of the sheets, for the next sheet drawn, and works out DrawingWidth.
   void ApplyMargins();
 
   // The row of Items whose sheet is shown; 0 for none.

@@ -102,8 +102,11 @@ TEST_F(SheetViewTest, The_paper_is_white_on_a_dark_desktop_too) {
 }
 
 TEST_F(SheetViewTest, The_first_sheet_after_a_start_has_its_gaps) {
+  // From the load of the window on, before anything is drawn.
+  EXPECT_EQ(DrawingWidth, 228);
+  // Also for a section whose gaps were never worked out.
+  DrawingWidth = 0;
   const Item& item = PutPurlin("P1");
-  ASSERT_EQ(DrawingWidth, 0);
   Sheet().DrawSection(1);
   // 297 mm of paper, less 10 and 45 at the left and 10 and 4 at the right.
   EXPECT_EQ(DrawingWidth, 228);
@@ -116,6 +119,7 @@ TEST_F(SheetViewTest, The_first_sheet_after_a_start_has_its_gaps) {
 TEST_F(SheetViewTest, Other_margins_give_other_gaps_and_another_sheet) {
   MinHoleSep = 10;
   Item& item = PutPurlin("P1");
+  DrawingWidth = 0;
   Sheet().DrawSection(1);
   // 100 mm of 6000 in 228 mm of paper are 3.8 mm, widened to 10.
   const double before = item.Holes.At(1).DrawGap;
@@ -123,8 +127,9 @@ TEST_F(SheetViewTest, Other_margins_give_other_gaps_and_another_sheet) {
   const QImage former = Seen();
   LeftMargin = 30;
   Sheet().ApplyMargins();
-  Sheet().DrawSection(1);
   EXPECT_EQ(DrawingWidth, 208);
+  EXPECT_NEAR(item.Holes.At(1).DrawGap, 10 * 6000 / 208.0, 1e-9);
+  Sheet().DrawSection(1);
   EXPECT_NEAR(item.Holes.At(1).DrawGap, 10 * 6000 / 208.0, 1e-9);
   EXPECT_NE(Seen(), former);
 }
@@ -149,12 +154,12 @@ TEST_F(SheetViewTest, Row_0_and_a_row_that_is_not_there_leave_the_sheet) {
   Sheet().DrawSection(1);
   const QImage first = Seen();
   Sheet().DrawSection(0);
-  EXPECT_EQ(ErrorOf([&] { Sheet().DrawSection(2); }), "Subscript out of range");
-  EXPECT_EQ(Sheet().ShownRow(), 1);
   EXPECT_EQ(Seen(), first);
+  EXPECT_EQ(ErrorOf([&] { Sheet().DrawSection(2); }), "Subscript out of range");
+  EXPECT_EQ(Sheet().ShownRow(), 0);
 }
 
-TEST_F(SheetViewTest, An_error_of_the_drawing_is_raised_and_the_former_sheet_stays) {
+TEST_F(SheetViewTest, An_error_of_the_drawing_is_raised_and_no_other_sections_sheet_stays) {
   PutPurlin("P1");
   Put("R", "R1", "CLR", 3000);
   Sheet().DrawSection(1);
@@ -162,9 +167,20 @@ TEST_F(SheetViewTest, An_error_of_the_drawing_is_raised_and_the_former_sheet_sta
   ProgramFolder = TempPath("nowhere");
   const std::string missing = PathText(NativePath(ProgramFolder) / "drawings" / "drg015.wmf");
   EXPECT_EQ(ErrorOf([&] { Sheet().DrawSection(2); }), "File not found: " + missing);
-  EXPECT_EQ(Sheet().ShownRow(), 1);
-  EXPECT_EQ(Seen(), first);
+  EXPECT_EQ(Sheet().ShownRow(), 0);
+  EXPECT_TRUE(Sheet().PaperPlace().isEmpty());
   Sheet().DrawSection(1);
+  EXPECT_EQ(Seen(), first);
+}
+
+TEST_F(SheetViewTest, A_section_that_cant_be_drawn_for_a_while_keeps_its_sheet) {
+  Put("R", "R1", "CLR", 3000);
+  Sheet().DrawSection(1);
+  const QImage first = Seen();
+  ProgramFolder = TempPath("nowhere");
+  const std::string missing = PathText(NativePath(ProgramFolder) / "drawings" / "drg015.wmf");
+  EXPECT_EQ(ErrorOf([&] { Sheet().DrawSection(1); }), "File not found: " + missing);
+  EXPECT_EQ(Sheet().ShownRow(), 1);
   EXPECT_EQ(Seen(), first);
 }
 

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -146,7 +147,11 @@ QPixmap PageView::Painted() const {
     painter.setBrush(QColor(0, 0, 0, ShadowDepth));
     for (int layer = 1; layer <= ShadowReach; ++layer) {
       const double reach = layer * ratio / 2;
-      painter.drawRoundedRect(paper.adjusted(-reach, 0, reach, 2 * reach), reach, reach);
+      // But for what the paper will cover, which would take longer than all the rest.
+      QPainterPath around;
+      around.addRoundedRect(paper.adjusted(-reach, 0, reach, 2 * reach), reach, reach);
+      around.addRect(paper);
+      painter.drawPath(around);
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(paper, Qt::white);
