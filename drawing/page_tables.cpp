@@ -285,7 +285,10 @@ void TableLayout::AddText(const RowLines& lines, const CellLines& cell, std::str
   double x = cellLeft + padding;
   if (look.Alignment == CellAlignment::Centre) x = cellLeft + slack / 2;
   if (look.Alignment == CellAlignment::Right) x = cellLeft + slack - padding;
-  x = std::max(x, leftEdge);  // the beginning is what must be read
+  // A centred figure too wide for its cell reaches over both edges: cut, it would read as another
+  // dimension. Of all else the beginning is what must be read.
+  const bool figure = look.Alignment == CellAlignment::Centre && !look.Type.Bold;
+  if (!figure) x = std::max(x, leftEdge);
 
   TextShape shape;
   shape.TopLeft = {x, top};
@@ -294,7 +297,8 @@ void TableLayout::AddText(const RowLines& lines, const CellLines& cell, std::str
   shape.Color = look.Color;
   shape.Ascent = cell.Ascent;
   shape.Clipped =
-      !grows && (x + textWidth > rightEdge + Tolerance || cell.LineHeight > rowHeight + Tolerance);
+      !grows && !figure &&
+      (x + textWidth > rightEdge + Tolerance || cell.LineHeight > rowHeight + Tolerance);
   if (shape.Clipped) shape.Clip = {leftEdge, y_, rightEdge - leftEdge, rowHeight};
   page_.Shapes->emplace_back(std::move(shape));
 }

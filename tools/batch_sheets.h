@@ -28,7 +28,7 @@ class SheetWriter {
   // Draws the sheets of all Items, one at least, in their order. The holes are made afresh before,
   // but for those placed by hand, whose gaps alone are worked out; the room for the elevation is
   // that of the page. Each page is written as it comes. An error of the drawing or of a file is
-  // raised, and no PDF is left then.
+  // raised; no new PDF is left then, and a former one stays.
   void Write(const SheetFiles& files);
 
  private:

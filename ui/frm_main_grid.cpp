@@ -142,6 +142,8 @@ void SectionsGrid::DisplayItems(bool keepRow) {
   ForgetEditors();
   CurrentItem = 0;
   model_->SetGreyRow(0);
+  // Its row may stand for another section now.
+  sheet_->Clear();
   model_->Refill();
   grid_->SetCurrent(keepRow ? grid_->Row() : 0, keepRow ? grid_->Col() : 0);
 }

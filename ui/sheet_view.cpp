@@ -26,11 +26,18 @@ void SheetView::DrawSection(int ItemIndex) {
   // Pending events run at the end of a drawing and may ask for the next one.
   std::unique_ptr<PageSurface> sheet = std::move(spare_);
   if (!sheet) sheet = std::make_unique<PageSurface>(SheetMetrics());
+  const std::int16_t formerWidth = DrawingWidth;
+  bool spaced = true;
   try {
-    if (PrepareDrawingWidth(*sheet)) AdjustHoleSpacing(row);
+    if (PrepareDrawingWidth(*sheet)) {
+      spaced = false;
+      AdjustHoleSpacing(row);
+      spaced = true;
+    }
     orvane::DrawSection(*sheet, row, true, true);
   } catch (...) {
     spare_ = std::move(sheet);
+    if (!spaced) DrawingWidth = formerWidth;  // tried again with the next drawing
     // The sheet of another section would be taken for this one's.
     if (shownRow_ != ItemIndex) Clear();
     throw;

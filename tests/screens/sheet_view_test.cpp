@@ -184,6 +184,23 @@ TEST_F(SheetViewTest, A_section_that_cant_be_drawn_for_a_while_keeps_its_sheet) 
   EXPECT_EQ(Seen(), first);
 }
 
+TEST_F(SheetViewTest, A_deleted_sections_sheet_goes_though_the_next_one_cant_be_drawn) {
+  PutPurlin("P1");
+  Put("R", "R1", "CLR", 3000);
+  main->DisplayItems();
+  main->SelectFirstItem();
+  ASSERT_EQ(Sheet().ShownRow(), 1);
+  ProgramFolder = TempPath("nowhere");
+  const std::string missing = PathText(NativePath(ProgramFolder) / "drawings" / "drg015.wmf");
+  dialogs.ExpectBox("Remove mark P1?", "", QMessageBox::Yes);
+  dialogs.ExpectBox("File not found: " + missing);
+  main->Run(Command::Delete);
+  Settle();
+  EXPECT_EQ(Items.UBound(), 1);
+  EXPECT_EQ(Sheet().ShownRow(), 0);
+  EXPECT_TRUE(Sheet().PaperPlace().isEmpty());
+}
+
 TEST_F(SheetViewTest, Clear_shows_nothing) {
   PutPurlin("P1");
   Sheet().DrawSection(1);
@@ -308,6 +325,39 @@ TEST_F(SheetViewTest, A_fitted_sheet_follows_the_pane) {
   QCoreApplication::processEvents();
   EXPECT_GT(Sheet().PixelsPerMm(), before);
   EXPECT_TRUE(QRectF(Sheet().viewport()->rect()).contains(Sheet().PaperPlace()));
+}
+
+// Whatever was painted before leaves nothing behind.
+TEST_F(SheetViewTest, The_desk_follows_the_pane_the_zoom_and_the_colours) {
+  PutPurlin("P1");
+  SheetView view;
+  const auto seen = [](SheetView& one) { return one.viewport()->grab().toImage(); };
+  // A new view's picture at that zoom; 0 without a sheet, 1 fitted.
+  const auto seenFresh = [&](double zoom) {
+    SheetView fresh;
+    fresh.setPalette(view.palette());
+    fresh.resize(view.size());
+    fresh.show();
+    if (zoom > 0) fresh.DrawSection(1);
+    if (zoom > 0 && zoom != 1) fresh.ZoomBy(zoom, QPointF(100, 100));
+    return seen(fresh);
+  };
+  view.resize(600, 500);
+  view.show();
+  view.DrawSection(1);
+  const QImage first = seen(view);
+  view.resize(600, 430);
+  EXPECT_EQ(seen(view), seenFresh(1));
+  EXPECT_NE(seen(view), first);
+  view.ZoomBy(0.5, QPointF(100, 100));
+  EXPECT_EQ(seen(view), seenFresh(0.5));
+  view.Fit();
+  QPalette dark = view.palette();
+  dark.setColor(QPalette::Window, QColor(30, 30, 30));
+  view.setPalette(dark);
+  EXPECT_EQ(seen(view), seenFresh(1));
+  view.Clear();
+  EXPECT_EQ(seen(view), seenFresh(0));
 }
 
 TEST_F(SheetViewTest, It_takes_the_focus_by_a_click_alone) {

@@ -131,30 +131,38 @@ void PageView::Repaint() {
   viewport()->update();
 }
 
+// The blank paper on the desk, in the device's own pixels. It is kept, since the shadow, of many
+// layers, takes longer than most pages.
+const QPixmap& PageView::Desk(QSize size, const QRectF& paper, double ratio) {
+  const QColor color = palette().color(QPalette::Window).darker(DeskDepth);
+  if (desk_.size() == size && paper == deskPaper_ && color == deskColor_) return desk_;
+  desk_ = QPixmap(size);
+  deskPaper_ = paper;
+  deskColor_ = color;
+  desk_.fill(color);
+  if (paper.isEmpty()) return desk_;
+  QPainter painter(&desk_);
+  painter.setPen(Qt::NoPen);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(QColor(0, 0, 0, ShadowDepth));
+  for (int layer = 1; layer <= ShadowReach; ++layer) {
+    const double reach = layer * ratio / 2;
+    painter.drawRoundedRect(paper.adjusted(-reach, 0, reach, 2 * reach), reach, reach);
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.fillRect(paper, Qt::white);
+  return desk_;
+}
+
 // The whole view in the device's own pixels.
-QPixmap PageView::Painted() const {
+QPixmap PageView::Painted() {
   const double ratio = viewport()->devicePixelRatioF();
-  const QSize size = (QSizeF(viewport()->size()) * ratio).toSize();
-  QPixmap pixmap(size);
-  pixmap.fill(palette().color(QPalette::Window).darker(DeskDepth));
   const QRectF place = PaperPlace();
-  if (!place.isEmpty()) {
+  const QPointF corner = (place.topLeft() * ratio).toPoint();
+  const QRectF paper(corner, QSizeF((place.size() * ratio).toSize()));
+  QPixmap pixmap = Desk((QSizeF(viewport()->size()) * ratio).toSize(), paper, ratio);
+  if (!paper.isEmpty()) {
     QPainter painter(&pixmap);
-    const QPointF corner = (place.topLeft() * ratio).toPoint();
-    const QRectF paper(corner, QSizeF((place.size() * ratio).toSize()));
-    painter.setPen(Qt::NoPen);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(QColor(0, 0, 0, ShadowDepth));
-    for (int layer = 1; layer <= ShadowReach; ++layer) {
-      const double reach = layer * ratio / 2;
-      // But for what the paper will cover, which would take longer than all the rest.
-      QPainterPath around;
-      around.addRoundedRect(paper.adjusted(-reach, 0, reach, 2 * reach), reach, reach);
-      around.addRect(paper);
-      painter.drawPath(around);
-    }
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.fillRect(paper, Qt::white);
     painter.setClipRect(paper);
     PaintPage(painter, *page_, corner, PixelsPerMm() * ratio, PaintDevice::Screen);
   }
@@ -165,6 +173,10 @@ QPixmap PageView::Painted() const {
 void PageView::paintEvent(QPaintEvent*) {
   GuardFocusChange([this] {
     if (painting_.isNull() || painting_.devicePixelRatio() != viewport()->devicePixelRatioF()) {
+      // Something to show even if the painting fails, which would otherwise ask for the next one.
+      painting_ = QPixmap(1, 1);
+      painting_.setDevicePixelRatio(viewport()->devicePixelRatioF());
+      painting_.fill(Qt::transparent);
       painting_ = Painted();
       ++paintCount_;
     }

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QColor>
 #include <QPixmap>
 #include <QPoint>
 #include <QPointF>
 #include <QRectF>
+#include <QSize>
 
 #include "drawing/document.h"
 
@@ -55,7 +57,8 @@ class PageView : public QAbstractScrollArea {
   void SetScale(double pixelsPerMm, QPointF around);
   void SettleScrollBars();
   void Repaint();
-  QPixmap Painted() const;
+  const QPixmap& Desk(QSize size, const QRectF& paper, double ratio);
+  QPixmap Painted();
   bool ZoomKey(int key);
   bool Scrollable() const;
   void ShowHand();
@@ -66,6 +69,10 @@ class PageView : public QAbstractScrollArea {
   bool dragging_ = false;
   QPoint dragged_;    // where the pointer was last
   QPixmap painting_;  // the whole viewport as it was painted last; null when it has to be again
+  // The desk below it as it was painted last, and what it depends on.
+  QPixmap desk_;
+  QRectF deskPaper_;
+  QColor deskColor_;
   int paintCount_ = 0;
 };
 
