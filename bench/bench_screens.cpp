@@ -10,23 +10,32 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPainter>
+#include <QPixmap>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QVBoxLayout>
 #include <QtTest/QTest>
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "bench/bare_sheet.h"
 #include "core/catalogues.h"
 #include "core/model.h"
 #include "core/settings.h"
 #include "core/settings_file.h"
+#include "drawing/draw_section.h"
+#include "drawing/page_surface.h"
 #include "holes/hole_list.h"
 #include "ui/frm_main.h"
 #include "ui/frm_project_details.h"
 #include "ui/platform/qt_desktop.h"
+#include "ui/platform/qt_font_metrics.h"
+#include "ui/sheet_view.h"
 
 namespace orvane {
 
@@ -51,6 +60,41 @@ void FillSections(int count) {
     Items.Append(std::move(item));
     RebuildHoles(Int16(row), "Sleeved 2 Sag Bars");
   }
+}
+
+// A section of that many holes: the pattern's ends, and holes by hand between them, of all kinds.
+void AddSectionOfHoles(int holes) {
+  Item item;
+  item.SectionType = "Z";
+  item.Mark = "P1";
+  item.Product = SectionDims.At(1).Product;
+  item.Length = 7250;
+  item.Quantity = 4;
+  item.Notes = "Sleeves at every rafter";
+  item.MitreLeft = 10;
+  item.Notches.Append({"TR1", 20, 60, 0});
+  item.NotchCount = 1;
+  item.PatternName = "Sleeved 2 Sag Bars";
+  item.SagBarDia = 14;
+  Items.Append(item);
+  RebuildHoles(Int16(Items.UBound()), item.PatternName);
+  Item& added = Items.At(Items.UBound());
+  for (int more = 1; added.HoleCount < holes; ++more) {
+    Hole hole;
+    hole.XPos = Int16(300 + more * 150);
+    hole.Kind = CustomKind;
+    hole.BF = more % 4 == 1 ? "y" : "n";
+    hole.W1 = more % 4 == 2 ? "y" : more % 4 == 3 ? "60" : "n";
+    hole.W2 = more % 4 == 0 ? "y" : "n";
+    hole.TF = "n";
+    hole.Diameter = more % 3 == 0 ? 14 : 18;
+    hole.SlotLength = more % 5 == 0 ? 30 : 0;
+    if (more % 7 == 0) hole.CounterSunk = CounterSunkMark;
+    added.Holes.Append(hole);
+    ++added.HoleCount;
+    ++added.CustomHoleCount;
+  }
+  SortHoles(Int16(Items.UBound()));
 }
 
 double Percentile95(std::vector<double> times) {
@@ -85,6 +129,19 @@ class Window {
   Window& operator=(const Window&) = delete;
 
   FrmMain& Main() { return *main_; }
+  QLineEdit& Editor() { return *main_->findChild<QLineEdit*>("txtEdit"); }
+  SheetView& Sheet() { return *main_->findChild<SheetView*>("VSPrinter1"); }
+
+  // Shows the job with the first row's cell of that column in the editor; false if the editor
+  // doesn't come.
+  bool Edit(int column) {
+    main_->DisplayItems();
+    main_->SelectFirstItem();
+    for (int tab = 1; tab < column; ++tab)
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    return QApplication::focusWidget() == &Editor();
+  }
 
  private:
   QtDesktop desktop_;
@@ -92,34 +149,45 @@ class Window {
   std::unique_ptr<FrmMain> main_;
 };
 
-// The keys of one column, typed into the middle of the job; each is timed up to the end of the
-// painting that it caused.
-void KeyStrokes(benchmark::State& state, int column, const std::string& keys) {
-  Window window;
-  FillSections(static_cast<int>(state.range(0)));
-  DrawingWidth = 212;
-  window.Main().DisplayItems();
-  window.Main().SelectFirstItem();
-  auto* editor = window.Main().findChild<QLineEdit*>("txtEdit");
-  for (int tab = 1; tab < column; ++tab) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  QCoreApplication::processEvents();
-  if (QApplication::focusWidget() != editor) {
-    state.SkipWithError("the editor has no focus");
-    return;
-  }
+// Times `step` up to the end of the painting that it causes, at each turn; it gives false when
+// nothing was painted.
+template <class Step>
+void TimeSteps(benchmark::State& state, const Step& step) {
   std::vector<double> times;
-  std::size_t at = 0;
   for (auto _ : state) {
-    if (at % keys.size() == 0) editor->selectAll();
     QElapsedTimer timer;
     timer.start();
-    QTest::keyClick(editor, keys[at++ % keys.size()]);
-    QCoreApplication::processEvents();
+    const bool painted = step();
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    if (!painted) {
+      state.SkipWithError("nothing was painted");
+      return;
+    }
     times.push_back(seconds);
     state.SetIterationTime(seconds);
   }
   state.counters["p95_ms"] = Percentile95(times) * 1000;
+}
+
+// Keys typed into the first row of a column, over and over.
+void TypeKeys(benchmark::State& state, Window& window, int column, const std::string& keys) {
+  if (!window.Edit(column)) return state.SkipWithError("the editor has no focus");
+  QLineEdit& editor = window.Editor();
+  const SheetView& sheet = window.Sheet();
+  std::size_t at = 0;
+  TimeSteps(state, [&] {
+    if (at % keys.size() == 0) editor.selectAll();
+    const int before = sheet.PaintCount();
+    QTest::keyClick(&editor, keys[at++ % keys.size()]);
+    QCoreApplication::processEvents();
+    return sheet.PaintCount() > before;
+  });
+}
+
+void KeyStrokes(benchmark::State& state, int column, const std::string& keys) {
+  Window window;
+  FillSections(static_cast<int>(state.range(0)));
+  TypeKeys(state, window, column, keys);
 }
 
 void BM_MarkKeyStroke(benchmark::State& state) {
@@ -129,26 +197,95 @@ void BM_LengthKeyStroke(benchmark::State& state) {
   KeyStrokes(state, 3, "7250");
 }
 
-// Down and up through the rows: validation, row change, detail panel, hole rebuild, editor.
+// The live sheet of one section of that many holes.
+void BM_SheetKeyStroke(benchmark::State& state) {
+  Window window;
+  Items.Clear();
+  AddSectionOfHoles(static_cast<int>(state.range(0)));
+  if (Items.At(1).HoleCount != state.range(0)) state.SkipWithError("the section lacks holes");
+  TypeKeys(state, window, 3, "7250");
+  state.counters["ratio"] = window.Sheet().devicePixelRatioF();
+  state.counters["width"] = window.Sheet().viewport()->width();
+  state.counters["height"] = window.Sheet().viewport()->height();
+}
+
+// The floor of the same: a field to type into over a view that paints the same shapes straight in
+// its pixels.
+class BareView : public QWidget {
+ public:
+  BareView(const Page& page, QSize size) : page_(page) { setFixedSize(size); }
+  int PaintCount() const { return paintCount_; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const double ratio = devicePixelRatioF();
+    QPixmap pixmap((QSizeF(size()) * ratio).toSize());
+    pixmap.fill(Qt::white);
+    const double unitsPerMm =
+        std::min(pixmap.width() / page_.Width, pixmap.height() / page_.Height);
+    // Its sizes are worked out at the first time only.
+    if (!sheet_) sheet_ = std::make_unique<bench::BareSheet>(page_, unitsPerMm);
+    {
+      QPainter painter(&pixmap);
+      sheet_->Paint(painter);
+    }
+    pixmap.setDevicePixelRatio(ratio);
+    QPainter(this).drawPixmap(0, 0, pixmap);
+    ++paintCount_;
+  }
+
+ private:
+  Page page_;
+  std::unique_ptr<bench::BareSheet> sheet_;
+  int paintCount_ = 0;
+};
+
+void BM_FloorOfSheetKeyStroke(benchmark::State& state) {
+  QSize size;
+  Page page;
+  {
+    Window window;
+    Items.Clear();
+    AddSectionOfHoles(static_cast<int>(state.range(0)));
+    if (!window.Edit(1)) return state.SkipWithError("the editor has no focus");
+    size = window.Sheet().viewport()->size();
+    PageSurface surface(SheetMetrics());
+    DrawSection(surface, 1, true, true);
+    page = surface.Result().Pages.at(0);
+  }
+  QWidget window;
+  auto* layout = new QVBoxLayout(&window);
+  auto* editor = new QLineEdit;
+  auto* view = new BareView(page, size);
+  layout->addWidget(editor);
+  layout->addWidget(view);
+  window.resize(1920, 1080);
+  window.show();
+  (void)QTest::qWaitForWindowExposed(&window);
+  editor->setFocus();
+  QObject::connect(editor, &QLineEdit::textEdited, view, [view] { view->update(); });
+  TimeSteps(state, [&] {
+    const int before = view->PaintCount();
+    QTest::keyClick(editor, '7');
+    QCoreApplication::processEvents();
+    if (editor->text().size() > 4) editor->clear();
+    return view->PaintCount() > before;
+  });
+}
+
+// Down and up through the rows: validation, row change, detail panel, hole rebuild, sheet, editor.
 void BM_RowMove(benchmark::State& state) {
   Window window;
   FillSections(static_cast<int>(state.range(0)));
-  DrawingWidth = 212;
-  window.Main().DisplayItems();
-  window.Main().SelectFirstItem();
-  std::vector<double> times;
+  if (!window.Edit(1)) return state.SkipWithError("the editor has no focus");
   bool down = true;
-  for (auto _ : state) {
-    QElapsedTimer timer;
-    timer.start();
+  TimeSteps(state, [&] {
+    const int before = window.Sheet().PaintCount();
     QTest::keyClick(QApplication::focusWidget(), down ? Qt::Key_Down : Qt::Key_Up);
     QCoreApplication::processEvents();
-    const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-    times.push_back(seconds);
-    state.SetIterationTime(seconds);
     down = !down;
-  }
-  state.counters["p95_ms"] = Percentile95(times) * 1000;
+    return window.Sheet().PaintCount() > before;
+  });
 }
 
 // The start as a process of its own, up to the first painted, active window.
@@ -177,6 +314,12 @@ BENCHMARK(BM_MarkKeyStroke)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchm
 BENCHMARK(BM_LengthKeyStroke)
     ->Arg(1000)
     ->Arg(10000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SheetKeyStroke)->Arg(12)->Arg(40)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FloorOfSheetKeyStroke)
+    ->Arg(12)
+    ->Arg(40)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RowMove)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);

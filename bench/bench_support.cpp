@@ -48,6 +48,14 @@ void FillTables(int sections, int holes) {
     SectionDim dim;
     dim.SectionType = "Z";
     dim.Product = "Z" + std::to_string(10000 + row);
+    dim.Dim3 = 200;
+    dim.Dim4 = 65;
+    dim.Dim5 = 60;
+    dim.Dim7 = 18;
+    dim.Dim8 = 18;
+    dim.Dim9 = 42;
+    dim.Dim10 = 116;
+    dim.Dim11 = 42;
     dim.Dim13 = 75;
     SectionDims.Append(dim);
   }

@@ -15,6 +15,9 @@ namespace {
 // Two thousand lines cover the largest standard sheet of paper; beyond some more, the coordinates
 // are no drawing's.
 constexpr double MostLines = 5000;
+// Nor are lines this many spacings away from the page's corner: far out, the next whole multiple
+// is no longer another number.
+constexpr double FarthestLine = 1e6;
 
 // Positions seen from the lines: Across tells the line, Along the place on it.
 struct Direction {
@@ -50,8 +53,10 @@ struct Interval {
 // the spacing; none where their number is no drawing's.
 Interval LinesWithin(const Interval& extent, double spacing) {
   const Interval lines{std::ceil(extent.From / spacing), std::floor(extent.To / spacing)};
-  // What is not a number fails the comparison too.
-  if (!(lines.To - lines.From < MostLines)) return {0, -1};
+  // What is not a number fails the comparisons too.
+  const bool few = lines.To - lines.From < MostLines;
+  const bool close = lines.From > -FarthestLine && lines.To < FarthestLine;
+  if (!few || !close) return {0, -1};
   return lines;
 }
 

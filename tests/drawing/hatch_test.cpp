@@ -217,4 +217,13 @@ TEST(HatchTest, What_has_no_inside_or_fits_no_paper_is_not_hatched) {
   EXPECT_TRUE(shapes.empty());
 }
 
+// There a coordinate is the same number as its neighbours.
+TEST(HatchTest, What_lies_far_from_every_paper_is_not_hatched) {
+  std::vector<Shape> shapes;
+  HatchRectangle(shapes, {1e20, 0, 1, 1}, {});
+  HatchEllipse(shapes, {-1e20, 0, 10, 10}, HatchOf(HatchLines::Upright));
+  HatchPolygon(shapes, {{{0, 1e16}, {1, 1e16}, {0, 1e16 + 4}}}, false, HatchOf(HatchLines::Level));
+  EXPECT_TRUE(shapes.empty());
+}
+
 }  // namespace

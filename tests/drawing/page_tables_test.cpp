@@ -154,9 +154,9 @@ TEST_F(PageTablesTest, A_value_of_the_wrong_kind_is_a_type_mismatch) {
       {TableSetting::FontSize, "large"},  {TableSetting::Bold, "yes"},
       {TableSetting::RuleAbove, "0,2mm"}, {TableSetting::RuleBelow, Black},
   };
-  for (const auto& [setting, value] : cases) {
-    EXPECT_EQ(ErrorOf([&] { Set(setting, 1, 1, value); }), "Type mismatch")
-        << static_cast<int>(setting);
+  for (const auto& each : cases) {
+    EXPECT_EQ(ErrorOf([&] { Set(each.first, 1, 1, each.second); }), "Type mismatch")
+        << static_cast<int>(each.first);
   }
   Set(TableSetting::CellText, 1, 1, 12);  // a number is its digits
   surface.EndTable();

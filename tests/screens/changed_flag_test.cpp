@@ -140,7 +140,7 @@ TEST_F(ChangedFlag, Removing_a_custom_hole_leaves_it) {
 TEST_F(ChangedFlag, The_details_leave_it) {
   PutMixed();
   Show();
-  dialogs.ExpectDialog("frmProjectDetails", [this](QWidget& dialog) {
+  dialogs.ExpectDialog("frmProjectDetails", [](QWidget& dialog) {
     QTest::keyClicks(&Find<QLineEdit>(dialog, "txtProject(1)"), "J9");
     dialog.close();
   });

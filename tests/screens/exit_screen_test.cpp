@@ -179,7 +179,7 @@ TEST_F(ExitScreen, Details_edited_after_saving_are_lost_at_the_exit_without_a_qu
   Click("SSCommand1(4)");
   Settle();
   const std::string saved = BytesOf(path);
-  dialogs.ExpectDialog("frmProjectDetails", [this](QWidget& dialog) {
+  dialogs.ExpectDialog("frmProjectDetails", [](QWidget& dialog) {
     auto& customer = Find<QLineEdit>(dialog, "txtProject(2)");
     customer.setFocus();
     QTest::keyClicks(&customer, "Lost Ltd");

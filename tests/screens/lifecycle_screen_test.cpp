@@ -156,7 +156,7 @@ TEST_F(LifecycleScreen, New_while_a_refusable_cell_is_edited_tells_nothing) {
 TEST_F(LifecycleScreen, The_details_reach_the_project_with_each_stroke_and_leave_the_flag) {
   Put("Z", "A1", "Z14012", 6000);
   Show();
-  dialogs.ExpectDialog("frmProjectDetails", [this](QWidget& dialog) {
+  dialogs.ExpectDialog("frmProjectDetails", [](QWidget& dialog) {
     EXPECT_EQ(FromQt(dialog.windowTitle()), "Project Details");
     for (int n = 0; n < 5; ++n) {
       auto& field = Find<QLineEdit>(dialog, "txtProject(" + std::to_string(n) + ")");
