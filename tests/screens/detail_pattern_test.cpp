@@ -133,7 +133,7 @@ TEST_P(DetailAnswerTest, Any_answer_but_Yes_leaves_everything_as_it_was) {
   Items.At(1).SagBarDia = 18;
   const std::string before = RecordText(Items.At(1));
   const int draws = Sheet().DrawCount();
-  dialogs.ExpectDialog("MessageBox", [this](QWidget& window) {
+  dialogs.ExpectDialog("MessageBox", [](QWidget& window) {
     auto& box = dynamic_cast<QMessageBox&>(window);
     EXPECT_EQ(FromQt(box.text()), Question);
     EXPECT_EQ(box.windowTitle(), "Punching Pattern");

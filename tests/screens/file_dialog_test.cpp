@@ -153,7 +153,7 @@ TEST_F(FileDialogTest, The_dialog_bears_its_title_and_shows_the_filters_text) {
 TEST_F(FileDialogTest, The_filter_shows_files_of_its_kind_whatever_the_case) {
   for (const char* name : {"a.ovd", "B.OVD", "c.Ovd", "d.xov", "e", "ovd"}) AddFile(name);
   std::filesystem::create_directories(In("folder"));
-  Foresee([this](QFileDialog& window) {
+  Foresee([](QFileDialog& window) {
     auto& list = Find<QTreeView>(window, "treeView");
     const auto names = [&list] {
       std::vector<std::string> shown;

@@ -365,7 +365,7 @@ TEST_F(SectionsRefusals, Opening_a_menu_or_another_window_is_no_leaving) {
   Show(2, 3);
   Retype("0");
   const auto menus = MenusOpenedBy(
-      [this] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::AltModifier); });
+      [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::AltModifier); });
   EXPECT_EQ(menus.size(), 1U);
   // The first Escape closed the menu, this one leaves the menu bar.
   Press(Qt::Key_Escape);

@@ -204,7 +204,7 @@ TEST_F(StartUpTest, A_registration_closed_by_its_frame_or_Escape_stores_nothing_
   for (const bool byEscape : {true, false}) {
     SCOPED_TRACE(byEscape);
     ExpectAbout();
-    dialogs.ExpectDialog("frmRegistration", [this, byEscape](QWidget& window) {
+    dialogs.ExpectDialog("frmRegistration", [byEscape](QWidget& window) {
       Find<QLineEdit>(window, "Text1(0)").setText("Nobody");
       if (byEscape) {
         QTest::keyClick(&window, Qt::Key_Escape);
