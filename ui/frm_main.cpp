@@ -49,6 +49,8 @@ FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
 }
 
 FrmMain::~FrmMain() {
+  // The focus moves once more while the controls go, and there is no window to tell then.
+  disconnect(qApp, nullptr, this, nullptr);
   UninstallOutputScreen();
   UninstallMainScreen();
   details_.setParent(nullptr, details_.windowFlags());
