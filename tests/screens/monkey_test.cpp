@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QTimer>
 #include <random>
+#include <utility>
 
 #include "core/settings.h"
 #include "tests/screens/screen_fixture.h"
@@ -38,9 +39,10 @@ class MonkeyTest : public ScreenTest {
   bool Chance(int percent) { return Pick(100) < percent; }
 
   // A random key for whatever has the focus.
-  void Key() {
+  void Key(QWidget& window) {
     QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr) focus = main.get();
+    // Keys sent past a modal window would do what no person can.
+    if (focus == nullptr || !window.isAncestorOf(focus)) focus = &window;
     static const std::vector<Qt::Key> keys = {
         Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,    Qt::Key_Up,
         Qt::Key_Down,   Qt::Key_Left,    Qt::Key_Right,  Qt::Key_Home,     Qt::Key_End,
@@ -93,7 +95,7 @@ class MonkeyTest : public ScreenTest {
   void Answer(QWidget& window) {
     for (int strokes = Pick(4); strokes > 0; --strokes) {
       if (QApplication::activeModalWidget() != &window) return;
-      Key();
+      Key(window);
     }
     if (QApplication::activeModalWidget() != &window) return;
     const QList<QAbstractButton*> buttons = window.findChildren<QAbstractButton*>();
@@ -127,10 +129,11 @@ class MonkeyTest : public ScreenTest {
       return;
     }
     QWidget* window = QApplication::activeModalWidget();
-    if (window == nullptr || !window->isVisible() || answering_) return;
-    answering_ = true;
+    if (window == nullptr || !window->isVisible() || window == answering_) return;
+    // A window may open another one while it is answered.
+    QWidget* const outer = std::exchange(answering_, window);
     Answer(*window);
-    answering_ = false;
+    answering_ = outer;
   }
 
   // What must hold after every event.
@@ -172,7 +175,7 @@ class MonkeyTest : public ScreenTest {
 
  private:
   QObject timer_;
-  bool answering_ = false;
+  QWidget* answering_ = nullptr;
   int held_ = 0;
 };
 
@@ -190,7 +193,7 @@ TEST_F(MonkeyTest, Random_keys_clicks_and_commands_leave_the_model_in_order) {
     SCOPED_TRACE("event " + std::to_string(event));
     const int kind = Pick(100);
     if (kind < 60) {
-      Key();
+      Key(*main);
     } else if (kind < 85) {
       ClickIn(*main);
     } else {
