@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <utility>
+#include <vector>
 
+#include "core/runtime_error.h"
 #include "core/section_families.h"
+#include "holes/hole_coding.h"
 #include "holes/hole_list.h"
 
 namespace orvane {
@@ -78,6 +82,21 @@ void MirrorNotches(const Item& source, Item& hand) {
   }
 }
 
+auto HoleFields(const Hole& hole) {
+  return std::make_tuple(hole.XPos, hole.BF, hole.W1, hole.W2, hole.TF, hole.Diameter,
+                         hole.SlotLength, hole.CounterSunk);
+}
+
+// The pattern holes without their order: two at one position may come either way round.
+auto PatternHoles(const Item& item) {
+  std::vector<decltype(HoleFields(Hole()))> holes;
+  for (const Hole& hole : item.Holes) {
+    if (hole.Kind != CustomKind) holes.push_back(HoleFields(hole));
+  }
+  std::sort(holes.begin(), holes.end());
+  return holes;
+}
+
 template <class Field>
 void SortItemsBy(Field Item::*key) {
   std::stable_sort(Items.begin(), Items.end(),
@@ -127,6 +146,23 @@ std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
   AdjustHoleSpacing(row);
   ProjectDirty = True;
   return row;
+}
+
+bool ShowsMirroredPattern(std::int16_t ItemIndex) {
+  if (ItemIndex < 1) return false;
+  const auto shown = PatternHoles(Items.At(ItemIndex));
+  // The pattern is expanded in the section's own row, which is put back in any case.
+  Item keep = Items.At(ItemIndex);
+  bool mirrored = false;
+  try {
+    RemoveStandardHoles(ItemIndex);
+    ExpandPattern(keep.PatternName, ItemIndex);
+    mirrored = PatternHoles(Items.At(ItemIndex)) != shown;
+  } catch (const RuntimeError&) {
+    // Positions that don't fit: its rebuild tells.
+  }
+  Items.At(ItemIndex) = std::move(keep);
+  return mirrored;
 }
 
 void DeleteItemRow(std::int16_t ItemIndex) {

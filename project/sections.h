@@ -24,6 +24,11 @@ std::int16_t DuplicateRow(std::int16_t ItemIndex);
 // error leaves the row appended as far as it came, and ProjectDirty as it was.
 std::int16_t CreateOppHandRow(std::int16_t ItemIndex);
 
+// True when pattern holes of the section stand otherwise than its pattern puts them, as they do in
+// an opposite hand whose pattern isn't symmetric, until they are made afresh. False for row 0, and
+// for a pattern that can't be made afresh.
+bool ShowsMirroredPattern(std::int16_t ItemIndex);
+
 // The table half of DeleteItem: takes the row out; those behind it move up by one.
 void DeleteItemRow(std::int16_t ItemIndex);
 

@@ -84,7 +84,10 @@ const std::vector<CommandEntry> AllCommands = {
     {Place::mnuHelp, 3, Command::Registration, "Registration Details", "", "",   "registration"},
 
     // Pop-up of the hole list
-    {Place::mnuCHPUI, 3, Command::RemoveHole, "Remove", "", "", "remove"},
+    {Place::mnuCHPUI, 0, Command::HolesAbsolute, "Add Holes (Absolute X)", "", "", "holes-absolute"},
+    {Place::mnuCHPUI, 1, Command::HolesRelative, "Add Holes (Relative X)", "", "", "holes-relative"},
+    {Place::mnuCHPUI, 2, Command::EditHole,      "Edit",                   "", "", "edit-hole"},
+    {Place::mnuCHPUI, 3, Command::RemoveHole,    "Remove",                 "", "", "remove"},
 };
 // clang-format on
 

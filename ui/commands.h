@@ -44,6 +44,7 @@ enum class Command {
   HelpIndex,
   About,
   Registration,
+  EditHole,
   RemoveHole,
 };
 

@@ -13,6 +13,8 @@
 #include "ui/frm_about.h"
 #include "ui/frm_errors.h"
 #include "ui/frm_max_dims.h"
+#include "ui/frm_mitres.h"
+#include "ui/frm_notches.h"
 #include "ui/frm_registration.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -110,7 +112,10 @@ void FrmMain::BuildPanes() {
   accessories_->setMinimumHeight(accessories_->fontMetrics().lineSpacing() * LeastListLines);
   auto* right = new QVBoxLayout(SSPanel4_);
   right->setContentsMargins(0, 0, 0, 0);
-  right->addWidget(sheet_);
+  right->setSpacing(0);
+  right->addWidget(sheet_, 1);
+  BuildMirrorNote();
+  right->addWidget(mirrorNote_);
 
   auto* whole = new QVBoxLayout(SSPanel2_);
   whole->setContentsMargins(0, 0, 0, 0);
@@ -126,6 +131,19 @@ void FrmMain::BuildPanes() {
   areas->addLayout(line);
   areas->addWidget(SSPanel2_, 1);
   setCentralWidget(central);
+}
+
+// Keeps its room while it is hidden, so that the sheet doesn't jump.
+void FrmMain::BuildMirrorNote() {
+  mirrorNote_ = new QLabel("Punching stands mirrored until the next move.", SSPanel4_);
+  mirrorNote_->setObjectName("lblMirrored");
+  mirrorNote_->setIndent(PaneMargin);
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  policy.setRetainSizeWhenHidden(true);
+  mirrorNote_->setSizePolicy(policy);
+  mirrorNote_->setToolTip("Convert it to custom to keep it");
+  mirrorNote_->hide();
+  sheet_->Shown = [this] { mirrorNote_->setVisible(sections_->IsMirrorShown()); };
 }
 
 void FrmMain::Run(Command command, int index) {
@@ -172,6 +190,8 @@ void FrmMain::Dispatch(Command command, int index) {
       return sections_->AddSection("T");
     case Command::Duplicate:
       return sections_->Duplicate(SelectedRow());
+    case Command::OppositeHand:
+      return sections_->CreateOppHand(SelectedRow());
     case Command::HolesAbsolute:
       return detail_->AddCustomHoles(AddAbsolute);
     case Command::HolesRelative:
@@ -179,6 +199,10 @@ void FrmMain::Dispatch(Command command, int index) {
     case Command::ConvertHoles:
       if (SelectedRow() >= 1) detail_->ConvertToCustom(Int16(SelectedRow()));
       return;
+    case Command::Mitres:
+      return EditMitres();
+    case Command::Notches:
+      return EditNotches();
     case Command::SortByMark:
       return sections_->SortItems(SortKey::Mark);
     case Command::SortBySection:
@@ -198,15 +222,13 @@ void FrmMain::Dispatch(Command command, int index) {
       return static_cast<void>(FrmAbout(this).exec());
     case Command::Registration:
       return ShowRegistration();
-    case Command::OppositeHand:
-    case Command::Mitres:
-    case Command::Notches:
     case Command::PrintDrawing:
     case Command::PrintAllDrawings:
     case Command::PrintAccessoryList:
     case Command::PrintAccessorySheets:
     case Command::PrintSummary:
-    case Command::RemoveHole:  // the hole list's own
+    case Command::EditHole:  // the hole list's own, as the next
+    case Command::RemoveHole:
     case Command::None:
       return;
   }
@@ -217,6 +239,23 @@ void FrmMain::ShowRegistration() {
   sheet_->ApplyMargins();
   // Every change shows on the sheet at once.
   sheet_->DrawSection(SelectedRow());
+}
+
+// The row is drawn afterwards whatever closed the dialog.
+void FrmMain::EditMitres() {
+  const int row = SelectedRow();
+  if (row < 1) return;
+  CurrentItem = Int16(row);
+  FrmMitres(this).exec();
+  sheet_->DrawSection(row);
+}
+
+void FrmMain::EditNotches() {
+  const int row = SelectedRow();
+  if (row < 1) return;
+  CurrentItem = Int16(row);
+  FrmNotches(this).exec();
+  sheet_->DrawSection(row);
 }
 
 void FrmMain::ForgetEditors() {

@@ -72,6 +72,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void BuildToolbar();
   void BuildFilePanel();
   void BuildPanes();
+  void BuildMirrorNote();
   void BuildMenus();
   void WatchFields();
   void FillMenu(QMenu& menu, Place place, Actions& actions);
@@ -81,6 +82,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void Dispatch(Command command, int index);
   void Exit();
   void ShowRegistration();
+  void EditMitres();
+  void EditNotches();
   void ToggleDrawingArea();
   void MaximizeDrawing();
   void RestoreDrawing();
@@ -108,6 +111,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   Actions mnuProject_, mnuSection_, mnuOutput_, mnuHelp_;
 
   SheetView* sheet_ = nullptr;
+  QLabel* mirrorNote_ = nullptr;  // lblMirrored, under the sheet
   SectionsGrid* sections_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryList* accessories_ = nullptr;

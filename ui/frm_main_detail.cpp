@@ -15,6 +15,8 @@
 #include "core/text.h"
 #include "holes/hole_coding.h"
 #include "holes/hole_list.h"
+#include "project/custom_holes.h"
+#include "ui/frm_add_holes.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -22,8 +24,6 @@
 namespace orvane {
 
 namespace {
-
-// Modes of adding holes, as the hole dialog counts them.
 
 // Characters that a list of the panel has room for at least; longer entries don't widen the panel.
 constexpr int ListRoom = 10;
@@ -241,7 +241,8 @@ void DetailPanel::FillPatternCombo(const std::string& Letter) {
   cboPattern->Fill(PatternNames(Letter));
 }
 
-bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex) {
+bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex,
+                                 ShownHoles holes) {
   FillPatternCombo(Letter);
   ShowParts(Letter);
   MarkHole(0);
@@ -253,7 +254,7 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
   if (index < 0) {
     ShowPart(*SSpanelCustom, false);
   } else {
-    ApplyPattern(ItemIndex, false);
+    ApplyPattern(ItemIndex, false, holes);
   }
   // Here also for a section of another letter whose pattern has left it a diameter.
   ShowSagBars(ShownSagBars(ItemIndex));
@@ -334,14 +335,18 @@ void DetailPanel::PatternSelected() {
 
 // What follows from the pattern selected, for the user's choice and for showing a section alike;
 // only a choice goes into the record.
-void DetailPanel::ApplyPattern(std::int16_t ItemIndex, bool chosen) {
+void DetailPanel::ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes) {
   const std::string pattern = cboPattern->Text();
   Guard([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); });
   if (chosen) Guard([&] { SetPattern(ItemIndex, pattern); });
   Guard([&] {
     if (const auto choice = SagBarsOfPattern(ItemIndex, pattern)) ShowSagBars(*choice);
   });
-  RebuildStepByStep(ItemIndex);
+  if (holes == ShownHoles::Afresh) {
+    RebuildStepByStep(ItemIndex);
+  } else {
+    ShowHolesAndSheet(ItemIndex);
+  }
 }
 
 void DetailPanel::RebuildStepByStep(std::int16_t ItemIndex) {
@@ -351,6 +356,10 @@ void DetailPanel::RebuildStepByStep(std::int16_t ItemIndex) {
   });
   Guard([&] { SortHoles(ItemIndex); });
   Guard([&] { AdjustHoleSpacing(ItemIndex); });
+  ShowHolesAndSheet(ItemIndex);
+}
+
+void DetailPanel::ShowHolesAndSheet(std::int16_t ItemIndex) {
   Guard([&] {
     if (IsHoleListShown()) FillHoleGrid(ItemIndex);
   });
@@ -404,10 +413,24 @@ void DetailPanel::DeleteCustomHole(std::int16_t ItemIndex, int CustomRow) {
   sheet_.DrawSection(ItemIndex);
 }
 
-void DetailPanel::AddCustomHoles(std::int16_t /*Mode*/) {
-  if (cboPattern->currentIndex() != 0) {
+void DetailPanel::AddCustomHoles(std::int16_t Mode) {
+  if (Row() < 1 || cboPattern->currentIndex() != 0) {
     TheDesktop().Message("Punching pattern must be 'Custom'");
+    return;
   }
+  OpenHoleDialog(Mode, 0);
+}
+
+void DetailPanel::EditCustomHole() {
+  // Nothing to edit without a hole of the list selected.
+  const int hole = MSFlexGrid2->Row();
+  if (CustomHoleRow(Row(), hole) > 0) OpenHoleDialog(EditHole, hole);
+}
+
+void DetailPanel::OpenHoleDialog(std::int16_t Mode, int CustomRow) {
+  HoleDialogMode = Mode;
+  const auto follow = [this, row = Row()] { ShowHolesAndSheet(row); };
+  FrmAddHoles(Row(), CustomRow, follow, window()).exec();
 }
 
 // The hole list.
@@ -423,6 +446,9 @@ void DetailPanel::ShowHolesMenu(QPoint globalPos) {
 }
 
 void DetailPanel::RunHoleCommand(Command command) {
+  if (command == Command::HolesAbsolute) AddCustomHoles(AddAbsolute);
+  if (command == Command::HolesRelative) AddCustomHoles(AddRelative);
+  if (command == Command::EditHole) EditCustomHole();
   if (command == Command::RemoveHole) DeleteCustomHole(Row(), MSFlexGrid2->Row());
 }
 

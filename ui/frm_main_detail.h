@@ -19,6 +19,9 @@
 
 namespace orvane {
 
+// What showing a section does to its pattern holes.
+enum class ShownHoles { Afresh, AsTheyStand };
+
 // The item worked on is always the one at the current row of the sections grid.
 class DetailPanel : public QWidget {
  public:
@@ -31,9 +34,10 @@ class DetailPanel : public QWidget {
   void FillPatternCombo(const std::string& Letter);
   // Shows the panel for a row: its parts, pattern and sag bars, its holes made afresh and its
   // sheet. Pitch, jointing pieces and hole list are shown by the calls of their own below.
-  // True when the section has a pattern of the list: its holes were made afresh then, and the sheet
-  // drawn.
-  bool SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex);
+  // True when the section has a pattern of the list: the sheet was drawn then. `holes` can spare
+  // the holes.
+  bool SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex,
+                      ShownHoles holes = ShownHoles::Afresh);
   // No choice, no text and no hole row; without a section nothing of the panel shows at all.
   void ClearDetailPanel();
   // Hides all parts of the panel, for a grid without rows.
@@ -54,6 +58,8 @@ class DetailPanel : public QWidget {
   void ConvertToCustom(std::int16_t ItemIndex);
   // CustomRow is a row of the hole list; nothing happens for a hole or a section that isn't there.
   void DeleteCustomHole(std::int16_t ItemIndex, int CustomRow);
+  // The hole dialog on the selected section, to add holes in that mode; refused unless its pattern
+  // is "Custom".
   void AddCustomHoles(std::int16_t Mode);
 
  protected:
@@ -77,8 +83,9 @@ class DetailPanel : public QWidget {
 
   void PatternChosen();    // the user's door to the next
   void PatternSelected();  // handler of cboPattern, for code that counts as the user too
-  void ApplyPattern(std::int16_t ItemIndex, bool chosen);
+  void ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes = ShownHoles::Afresh);
   void RebuildStepByStep(std::int16_t ItemIndex);
+  void ShowHolesAndSheet(std::int16_t ItemIndex);
   void SagBarsSelected(int option);
   void PitchSelected();
   void JointingChanged();
@@ -87,6 +94,8 @@ class DetailPanel : public QWidget {
   bool HoleListKey(int key, Qt::KeyboardModifiers modifiers);
   void ShowHolesMenu(QPoint globalPos);
   void RunHoleCommand(Command command);
+  void EditCustomHole();
+  void OpenHoleDialog(std::int16_t Mode, int CustomRow);
 
   const FlexGrid& sections_;
   SheetView& sheet_;

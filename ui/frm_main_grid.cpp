@@ -113,6 +113,24 @@ void SectionsGrid::Duplicate(int ItemIndex) {
   GridEnterCell();
 }
 
+// The new row is shown once with its holes as they are mirrored; from the next move on the pattern
+// puts them.
+void SectionsGrid::CreateOppHand(int ItemIndex) {
+  if (ItemIndex < 1 || !SettleEditor()) return;
+  const Busy busy(GridBusy_);
+  const std::int16_t row = Append([&] { return CreateOppHandRow(ItemRow(ItemIndex)); });
+  mirroredRow_ = row;
+  Select(row, MarkColumn, ShownHoles::AsTheyStand);
+  GridEnterCell();
+}
+
+bool SectionsGrid::IsMirrorShown() {
+  if (mirroredRow_ == 0 || sheet_->ShownRow() != mirroredRow_) return false;
+  // Once its holes stand as the pattern puts them, they stay so.
+  if (!ShowsMirroredPattern(ItemRow(mirroredRow_))) mirroredRow_ = 0;
+  return mirroredRow_ != 0;
+}
+
 void SectionsGrid::DeleteItem(int ItemIndex) {
   if (ItemIndex < 1 || ItemIndex > Items.UBound()) return;
   const std::string question = "Remove mark " + Items.At(ItemIndex).Mark + "?";
@@ -141,6 +159,7 @@ void SectionsGrid::SortItems(SortKey Key) {
 void SectionsGrid::DisplayItems(bool keepRow) {
   ForgetEditors();
   CurrentItem = 0;
+  mirroredRow_ = 0;
   model_->SetGreyRow(0);
   // Its row may stand for another section now.
   sheet_->Clear();
@@ -177,15 +196,15 @@ void SectionsGrid::ShowCurrentRow() {
   if (!drawn) Guard([&] { sheet_->DrawSection(row); });
 }
 
-// The detail panel and the grey row for a row that becomes the current one. True when its pattern
-// made the holes afresh and the sheet was drawn.
-bool SectionsGrid::ShowRow(int row) {
+// The detail panel and the grey row for a row that becomes the current one. True when it has a
+// pattern, with which the sheet was drawn.
+bool SectionsGrid::ShowRow(int row, ShownHoles holes) {
   const std::int16_t item = ItemRow(row);
   const std::string& letter = Items.At(row).SectionType;
   // The row is the current one from here on, whatever fails below.
   model_->SetGreyRow(row);
   CurrentItem = item;
-  const bool drawn = detail_->SetDetailPanel(letter, item);
+  const bool drawn = detail_->SetDetailPanel(letter, item, holes);
   detail_->FillHoleGrid(item);
   if (HasPitch(letter)) detail_->ShowPitch(item);
   if (HasJointingPieces(letter)) detail_->ShowJointingPieces(item);
@@ -219,16 +238,16 @@ int SectionsGrid::PassOverProduct() {
 }
 
 // Makes a cell the current one and runs the row change.
-void SectionsGrid::Select(int row, int column) {
+void SectionsGrid::Select(int row, int column, ShownHoles holes) {
   // What went wrong while the row now left was typed is told before it is out of sight.
   if (row != grid_->Row()) Guard([&] { DrawTyped(); });
   grid_->SetCurrent(row, column);
   grid_->EnsureVisible(row, column);
-  Guard([&] { GridRowChange(); });
+  Guard([&] { GridRowChange(holes); });
 }
 
 // The part of the row change behind the validation.
-void SectionsGrid::GridRowChange() {
+void SectionsGrid::GridRowChange(ShownHoles holes) {
   const int row = grid_->Row();
   if (row == 0) return;
   const std::string letter = grid_->TextMatrix(row, LetterColumn);
@@ -239,8 +258,8 @@ void SectionsGrid::GridRowChange() {
   }
   typed_ = false;
   // A row that is shown anew is rebuilt and drawn on the way, once.
-  if (row != CurrentItem && ShowRow(row)) return;
-  detail_->RebuildShownHoles(ItemRow(row));
+  if (row != CurrentItem && ShowRow(row, holes)) return;
+  if (holes == ShownHoles::Afresh) detail_->RebuildShownHoles(ItemRow(row));
   sheet_->DrawSection(row);
 }
 

@@ -36,6 +36,7 @@ class SectionsGrid : public QWidget {
   // Commands; rows are rows of Items, and one that takes a row does nothing for a row below 1.
   void AddSection(const std::string& Letter);
   void Duplicate(int ItemIndex);
+  void CreateOppHand(int ItemIndex);
   void DeleteItem(int ItemIndex);
   void SortItems(SortKey Key);
 
@@ -48,6 +49,8 @@ class SectionsGrid : public QWidget {
   // Validates the cell being edited, as leaving it would, and forgets it; false when it was refused
   // and the cursor is back in it.
   bool SettleEditor();
+  // True while the sheet shows an opposite hand whose pattern isn't symmetric and stands mirrored.
+  bool IsMirrorShown();
   // Places the right editor on the current cell.
   void GridEnterCell();
 
@@ -68,9 +71,9 @@ class SectionsGrid : public QWidget {
   // Moving.
   bool MoveTo(int row, int column);
   int PassOverProduct();
-  void Select(int row, int column);
-  void GridRowChange();
-  bool ShowRow(int row);
+  void Select(int row, int column, ShownHoles holes = ShownHoles::Afresh);
+  void GridRowChange(ShownHoles holes);
+  bool ShowRow(int row, ShownHoles holes = ShownHoles::Afresh);
   void ShowCurrentRow();
   void CellPressed(int row, int column);
 
@@ -110,6 +113,7 @@ class SectionsGrid : public QWidget {
   bool EditError_ = false;       // the cell was refused; the next try to leave it passes
   bool GridBusy_ = false;        // a move or a command is under way: input is ignored
   std::string EditSectionType_;  // letter that cboEdit and cboPattern are filled for
+  int mirroredRow_ = 0;          // opposite hand whose holes weren't made afresh yet; 0 for none
   bool typed_ = false;           // typed since the sheet was last drawn from a settled cell
 };
 

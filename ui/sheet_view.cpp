@@ -47,6 +47,7 @@ void SheetView::DrawSection(int ItemIndex) {
     shownDraw_ = draw;
     shownRow_ = ItemIndex;
     ShowPage(&shown_->Result().Pages.front());
+    if (Shown) Shown();
   }
   spare_ = std::move(sheet);
 }
@@ -55,6 +56,7 @@ void SheetView::Clear() {
   shownDraw_ = drawCount_;
   shownRow_ = 0;
   ShowPage(nullptr);
+  if (Shown) Shown();
 }
 
 void SheetView::ApplyMargins() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "drawing/page_surface.h"
@@ -23,6 +24,9 @@ class SheetView : public PageView {
   void Clear();
   // Takes over the margins of the sheets, for the next sheet drawn, and works out DrawingWidth.
   void ApplyMargins();
+
+  // Another sheet, or the same one afresh, or nothing is shown from now on.
+  std::function<void()> Shown;
 
   // The row of Items whose sheet is shown; 0 for none.
   int ShownRow() const { return shownRow_; }

@@ -313,5 +313,57 @@ TEST_F(OppositeHandTest, an_error_of_the_gaps_comes_behind_the_mark_and_before_t
   EXPECT_EQ(ProjectDirty, False);
 }
 
+// A section punched by a pattern of the catalogue, as it stands after a rebuild.
+class MirroredPattern : public OppositeHandTest {
+ protected:
+  MirroredPattern() {
+    PunchPattern lopsided;
+    lopsided.SectionType = "Z";
+    lopsided.Name = "Lopsided";
+    lopsided.Codes = "B0 D2";
+    PunchPatterns.Append(lopsided);
+    PunchPattern even = lopsided;
+    even.Name = "Even";
+    even.Codes = "B0 B6";
+    PunchPatterns.Append(even);
+  }
+  static void Punch(const std::string& pattern) {
+    Items.At(1).PatternName = pattern;
+    RebuildHoles(1, pattern);
+  }
+};
+
+TEST_F(MirroredPattern, stands_mirrored_until_its_holes_are_made_afresh) {
+  Punch("Lopsided");
+  EXPECT_FALSE(ShowsMirroredPattern(1));
+  CreateOppHandRow(1);
+  EXPECT_TRUE(ShowsMirroredPattern(2));
+  // Looking changes nothing.
+  EXPECT_EQ(PositionsOf(2), (Positions{2000, 2968}));
+  RebuildHoles(2, "Lopsided");
+  EXPECT_FALSE(ShowsMirroredPattern(2));
+}
+
+TEST_F(MirroredPattern, is_none_when_the_mirror_of_the_mirror_is_the_pattern) {
+  Punch("Lopsided");
+  CreateOppHandRow(1);
+  CreateOppHandRow(2);
+  EXPECT_FALSE(ShowsMirroredPattern(3));
+}
+
+TEST_F(MirroredPattern, is_none_for_a_symmetric_pattern_nor_for_custom_holes_nor_for_row_0) {
+  Punch("Even");
+  CreateOppHandRow(1);
+  EXPECT_FALSE(ShowsMirroredPattern(2));
+  Items.At(1) = {};
+  Items.At(1).SectionType = "Z";
+  Items.At(1).Length = 3000;
+  Items.At(1).PatternName = "Custom";
+  AddHole(100, "C");
+  CreateOppHandRow(1);
+  EXPECT_FALSE(ShowsMirroredPattern(3));
+  EXPECT_FALSE(ShowsMirroredPattern(0));
+}
+
 }  // namespace
 }  // namespace orvane

@@ -151,8 +151,11 @@ TEST(Commands, The_places_of_the_recent_files_are_9_to_13_of_the_project_menu) {
   EXPECT_EQ(places, (std::vector<int>{9, 10, 11, 12, 13}));
 }
 
-TEST(Commands, The_pop_up_of_the_hole_list_offers_Remove_alone_so_far) {
-  ExpectEntries(Place::mnuCHPUI, {{3, Command::RemoveHole, "Remove", ""}});
+TEST(Commands, The_pop_up_of_the_hole_list_has_its_four_entries) {
+  ExpectEntries(Place::mnuCHPUI, {{0, Command::HolesAbsolute, "Add Holes (Absolute X)", ""},
+                                  {1, Command::HolesRelative, "Add Holes (Relative X)", ""},
+                                  {2, Command::EditHole, "Edit", ""},
+                                  {3, Command::RemoveHole, "Remove", ""}});
 }
 
 TEST(Commands, Captions_and_tips_of_the_families_are_those_of_the_section_families) {

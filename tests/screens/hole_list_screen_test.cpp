@@ -177,8 +177,10 @@ TEST_F(HoleListTest, The_right_button_on_an_empty_list_opens_the_menu_and_Remove
   EXPECT_TRUE(dialogs.Boxes().empty());
 }
 
-TEST_F(HoleListTest, The_menu_offers_Remove) {
-  EXPECT_EQ(PopupCaptions(), std::vector<std::string>{"Remove"});
+TEST_F(HoleListTest, The_menu_offers_adding_editing_and_removing) {
+  EXPECT_EQ(PopupCaptions(),
+            (std::vector<std::string>{"Add Holes (Absolute X)", "Add Holes (Relative X)", "Edit",
+                                      "Remove"}));
 }
 
 // Removing.
