@@ -154,6 +154,9 @@ struct AccDef {
   Table<AccParamOptions> Options;  // type 2: choices, one row for each row of ParamNames
 };
 
+// Rows of texts, as a table on a screen shows them.
+using TextRows = Table<Table<std::string>>;
+
 // What the user enters.
 
 extern Table<Item> Items;          // the project's sections

@@ -2,6 +2,8 @@
 // tests too.
 #pragma once
 
+#include "drawing/print_surface.h"
+
 namespace orvane {
 
 class OutputScreen {
@@ -9,6 +11,18 @@ class OutputScreen {
   virtual ~OutputScreen() = default;
   // Shows ExportErrors and waits until the user has closed the list.
   virtual void ShowExportErrors() = 0;
+
+  // The surface of a preview not shown yet; a fresh one (PreparePreview) for each command, made by
+  // the first call and the same until it is shown or dropped.
+  virtual PrintSurface& PreviewSurface() = 0;
+  // Shows the preview and waits until the user has closed it; the surface is gone then.
+  virtual void ShowPreview() = 0;
+  // Drops the surface unseen.
+  virtual void DropPreview() = 0;
+
+  // Tells that `done` of `count` sheets of a print run are laid out; false once the user has called
+  // the run off.
+  virtual bool GoesOn(int done, int count) = 0;
 };
 
 // The window that the outputs speak to, application-wide; kept alive by who installs it until it is

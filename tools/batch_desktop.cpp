@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <ostream>
+#include <stdexcept>
 
 #include "core/numbers.h"
 #include "core/system_dates.h"
@@ -113,6 +114,10 @@ Moment BatchDesktop::Now() const {
 void BatchScreen::ShowExportErrors() {
   console_.Say("Validation Errors");
   for (const std::string& line : ExportErrors) console_.Say(line);
+}
+
+PrintSurface& BatchScreen::PreviewSurface() {
+  throw std::logic_error("the companion shows no preview");
 }
 
 }  // namespace orvane

@@ -95,6 +95,11 @@ class BatchScreen : public OutputScreen {
  public:
   explicit BatchScreen(Console& console) : console_(console) {}
   void ShowExportErrors() override;
+  // An export prints nothing.
+  [[noreturn]] PrintSurface& PreviewSurface() override;
+  void ShowPreview() override {}
+  void DropPreview() override {}
+  bool GoesOn(int, int) override { return true; }
 
  private:
   Console& console_;

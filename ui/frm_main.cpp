@@ -8,6 +8,7 @@
 #include "core/desktop.h"
 #include "core/numbers.h"
 #include "output/cam_export.h"
+#include "output/reports.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "ui/frm_about.h"
@@ -306,6 +307,26 @@ void FrmMain::ShowProjectDetails() {
 
 void FrmMain::ShowExportErrors() {
   FrmErrors(this).exec();
+}
+
+PrintSurface& FrmMain::PreviewSurface() {
+  if (!preview_) {
+    preview_ = std::make_unique<FrmPreview>(this);
+    PreparePreview(preview_->Surface());
+  }
+  return preview_->Surface();
+}
+
+void FrmMain::ShowPreview() {
+  preview_.reset();
+}
+
+void FrmMain::DropPreview() {
+  preview_.reset();
+}
+
+bool FrmMain::GoesOn(int, int) {
+  return true;
 }
 
 }  // namespace orvane

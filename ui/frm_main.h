@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <array>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "output/output_screen.h"
@@ -19,6 +20,7 @@
 #include "ui/frm_main_accessories.h"
 #include "ui/frm_main_detail.h"
 #include "ui/frm_main_grid.h"
+#include "ui/frm_preview.h"
 #include "ui/frm_project_details.h"
 #include "ui/sheet_view.h"
 
@@ -57,6 +59,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
 
   // OutputScreen.
   void ShowExportErrors() override;
+  PrintSurface& PreviewSurface() override;
+  void ShowPreview() override;
+  void DropPreview() override;
+  bool GoesOn(int done, int count) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -115,6 +121,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   SectionsGrid* sections_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryList* accessories_ = nullptr;
+
+  std::unique_ptr<FrmPreview> preview_;
 
   bool drawingMaximized_ = false;
   int drawingWidth_ = 0;           // of the drawing pane before it was maximized

@@ -27,7 +27,7 @@ class TracingDesktop : public ScriptedDesktop {
   TextList& trace_;
 };
 
-class TracingScreen : public OutputScreen {
+class TracingScreen : public ScriptedOutputScreen {
  public:
   explicit TracingScreen(TextList& trace) : trace_(trace) {}
   void ShowExportErrors() override;

@@ -53,4 +53,9 @@ void ScriptedOutputScreen::ShowExportErrors() {
   ErrorLists.emplace_back(ExportErrors.begin(), ExportErrors.end());
 }
 
+bool ScriptedOutputScreen::GoesOn(int done, int count) {
+  Steps.emplace_back(done, count);
+  return done != CalledOffAfter;
+}
+
 }  // namespace orvane::test

@@ -1,0 +1,33 @@
+// The printing commands: each builds a document on the preview's surface and shows it.
+#pragma once
+
+#include <cstdint>
+
+#include "drawing/page_surface.h"
+
+namespace orvane {
+
+// Makes a new surface what the commands print on: landscape, the present margins, the header's font
+// of 10 and the footer's of 7 points, which share one setting.
+void PreparePreview(PageSurface& surface);
+
+// One section's sheet; the row is one of Items.
+void PrintCurrentDrawing(std::int16_t ItemIndex);
+
+// The sheets of all sections, their holes made afresh but for those placed by hand. Nothing for a
+// project without sections. A run that the user calls off shows nothing and leaves the tables as
+// they were.
+void PrintAllDrawings();
+
+// The sheets of all accessories in use; "Nothing to print" without any. CurrentAcc is left at the
+// last one. A run that is called off shows nothing and changes nothing.
+void PrintAllAccessorySheets();
+
+// The contract summary, up to the end of its sections table; nothing for a project without
+// sections. The document stays open for the report that is always printed behind it.
+void PrintContractSummary();
+
+// The accessory tables, the document's end, and the preview.
+void PrintAccessoryReport();
+
+}  // namespace orvane

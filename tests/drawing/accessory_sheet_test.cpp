@@ -1,0 +1,1 @@
+// The sheet of an accessory.

@@ -1,0 +1,1 @@
+// The printing of all sheets.

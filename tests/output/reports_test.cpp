@@ -1,0 +1,1 @@
+// The contract summary and the accessory report.

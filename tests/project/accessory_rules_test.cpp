@@ -1,0 +1,1 @@
+// What the accessory dialogs store and refuse.

@@ -1,0 +1,1 @@
+// "Type 1 Accessories".

@@ -1,0 +1,1 @@
+// The accessory list: its pop-up, and which dialog it opens.
