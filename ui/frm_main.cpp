@@ -28,7 +28,7 @@ constexpr std::string_view HelpFile = "\\Lintaro.chm";
 
 constexpr int PaneMargin = 8;
 constexpr int LeastListLines = 2;  // of the accessory list
-constexpr int LeastSections = 4;   // rows in sight on the smallest window
+constexpr int LeastSections = 3;   // rows in sight on the smallest window
 
 }  // namespace
 
