@@ -4,9 +4,26 @@
 #include <QDialog>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QShortcutEvent>
 #include <QVBoxLayout>
 
 namespace orvane {
+
+// Acts at once when its key is pressed. The toolkit's own button shows itself pressed for a tenth
+// of a second first, and what is typed meanwhile would go to the field before it.
+class PlainButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+      return QPushButton::event(event);
+    }
+    click();
+    return true;
+  }
+};
 
 // Enter presses the button that has the focus, as the blank does; Escape closes the dialog. Its
 // buttons are made by AddButton, so that none becomes the default by itself.
@@ -16,7 +33,7 @@ class PlainDialog : public QDialog {
 
   // A button of this dialog; the caller puts it into the layout.
   QPushButton* AddButton(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
+    auto* button = new PlainButton(caption, this);
     button->setObjectName(name);
     button->setAutoDefault(false);
     return button;
