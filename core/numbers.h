@@ -50,6 +50,9 @@ std::int16_t Whole(double value);
 // The only door from wider whole numbers to a 16-bit field; "Overflow" beyond its limits.
 std::int16_t Int16(long long value);
 
+// To the nearest whole number, an exact half to the even neighbour, without the limits of a field.
+double Nearest(double value);
+
 // The only door to a 32-bit float field; "Overflow" beyond its limits.
 float Float32(double value);
 

@@ -15,14 +15,7 @@ namespace orvane {
 void DrawSection(PrintSurface& surface, std::int16_t ItemIndex, bool openDocument,
                  bool closeDocument) {
   if (ItemIndex < 1) return;
-  if (openDocument) {
-    surface.Orientation(PageOrientation::Landscape);
-    surface.HdrFontName("Arial");
-    surface.HdrFontSize(8);
-    ApplyPageMargins(surface);
-    surface.Clear();
-    surface.StartDoc();
-  }
+  if (openDocument) StartSheets(surface);
 
   const Item& item = Items.At(ItemIndex);
   const SectionDim dim = GetSectionDim(item.Product);

@@ -28,8 +28,4 @@ double FiniteMm(const Length& length) {
   return millimetres;
 }
 
-double RoundedTwips(double twips) {
-  return std::nearbyint(twips);
-}
-
 }  // namespace orvane

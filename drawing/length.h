@@ -37,8 +37,4 @@ class Length {
 // number.
 double FiniteMm(const Length& length);
 
-// To the nearest whole twip, an exact half to the even one; without the limits of 16 bits, which a
-// long line of text passes.
-double RoundedTwips(double twips);
-
 }  // namespace orvane

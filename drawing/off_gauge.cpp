@@ -158,6 +158,7 @@ void DrawOffGaugeTable(PrintSurface& surface, std::int16_t ItemIndex, const Sect
   surface.CurrentY(Length::OfMm(TopMargin + 20));
   surface.StartTable();
   surface.TableIndent(Length::OfMm(left - LeftMargin));
+  surface.TableOnOnePage();
   surface.TableCell(TableSetting::Columns, 0, 0, list.UBound() + 1);
   surface.TableCell(TableSetting::Rows, 0, 0, rows);
   surface.TableCell(TableSetting::RowHeight, 0, 0, MmText(rowHeight));

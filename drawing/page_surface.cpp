@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "core/numbers.h"
@@ -84,12 +85,12 @@ void PageSurface::MarginFooter(const Length& margin) {
 
 double PageSurface::PageWidth() const {
   const bool portrait = orientation_ == PageOrientation::Portrait;
-  return RoundedTwips((portrait ? paper_.Width : paper_.Height) * TwipsPerMm);
+  return Nearest((portrait ? paper_.Width : paper_.Height) * TwipsPerMm);
 }
 
 double PageSurface::PageHeight() const {
   const bool portrait = orientation_ == PageOrientation::Portrait;
-  return RoundedTwips((portrait ? paper_.Height : paper_.Width) * TwipsPerMm);
+  return Nearest((portrait ? paper_.Height : paper_.Width) * TwipsPerMm);
 }
 
 void PageSurface::Clear() {
@@ -303,6 +304,7 @@ void PageSurface::StartTable() {
   tableColor_ = textColor_;
   tableBorder_ = NoTableBorder;
   tableIndent_ = 0;
+  tableOnOnePage_ = false;
 }
 
 void PageSurface::TableCell(TableSetting setting, int row, int column, const TableValue& value) {
@@ -333,7 +335,9 @@ void PageSurface::EndTable() {
   const double left = marginLeft_ + tableIndent_;
   const double room = CurrentPage().Width - marginRight_ - left;
   const TableGrid grid = table_.Grid(tableFont_, tableColor_, left, room);
-  y_ = LayOutTable(metrics_, grid, tableBorder_, y_, PresentFlow(), [this] { return NextFlow(); });
+  FlowPage page = PresentFlow();
+  if (tableOnOnePage_) page.Bottom = std::numeric_limits<double>::infinity();
+  y_ = LayOutTable(metrics_, grid, tableBorder_, y_, page, [this] { return NextFlow(); });
   x_ = marginLeft_;
   moved_ = true;
 }

@@ -107,6 +107,7 @@ class PageSurface : public PrintSurface {
   void TableIndent(const Length& fromLeftMargin) override;
   void TableAlignment(int row, int column, CellAlignment alignment) override;
   void TableMerge(int row, int column, int columns) override;
+  void TableOnOnePage() override { tableOnOnePage_ = true; }
   void EndTable() override;
 
  private:
@@ -176,6 +177,7 @@ class PageSurface : public PrintSurface {
   Rgb tableColor_;
   int tableBorder_ = NoTableBorder;
   double tableIndent_ = 0;
+  bool tableOnOnePage_ = false;
 };
 
 }  // namespace orvane

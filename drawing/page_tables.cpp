@@ -280,15 +280,16 @@ void TableLayout::AddText(const RowLines& lines, const CellLines& cell, std::str
   const double leftEdge = mayReachOver ? left_ : cellLeft;
   const double rightEdge = mayReachOver ? grid_.Right : cellLeft + cellWidth;
 
+  // A text may use the padding to fit; one that doesn't fit all the same keeps its place.
   const double slack = cellWidth - textWidth;
-  const double padding = std::clamp(slack, 0.0, Padding);
+  const double padding = slack < 0 ? Padding : std::min(slack, Padding);
   double x = cellLeft + padding;
   if (look.Alignment == CellAlignment::Centre) x = cellLeft + slack / 2;
   if (look.Alignment == CellAlignment::Right) x = cellLeft + slack - padding;
   // A centred figure too wide for its cell reaches over both edges: cut, it would read as another
   // dimension. Of all else the beginning is what must be read.
   const bool figure = look.Alignment == CellAlignment::Centre && !look.Type.Bold;
-  if (!figure) x = std::max(x, leftEdge);
+  if (!figure && x < leftEdge) x = leftEdge + Padding;
 
   TextShape shape;
   shape.TopLeft = {x, top};

@@ -22,10 +22,10 @@ struct FlowPage {
 // and gives the next one.
 //
 // Text stands in the middle of its cell in height, with half a millimetre of padding at the sides
-// alone. A row with a height keeps it: its texts stand on one line, may use the padding, and are
-// cut off at the cell's edge, or at the table's if they are bold: headings are often wider than the
-// column that was measured without them. A row without a height grows with its texts, which break
-// into lines by words. A column of width 0 shows nothing.
+// alone. A row with a height keeps it: its texts stand on one line, may use the padding to fit, and
+// else begin at their place and are cut off at the cell's edge, or at the table's if they are bold:
+// headings are often wider than the column that was measured without them. A row without a height
+// grows with its texts, which break into lines by words. A column of width 0 shows nothing.
 //
 // A table whose rows all have a height stays whole where it fits on the paper, bottom margin or
 // not. Any other breaks between rows at the bottom margin and goes on at the top of the next page;

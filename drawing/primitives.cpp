@@ -20,7 +20,7 @@ std::string MmText(double number) {
 }
 
 std::string TwipsText(double millimetres) {
-  return ShortestText(std::floor(millimetres * TwipsPerMm));
+  return WholeTwips(millimetres).Text();
 }
 
 Length WholeTwips(double millimetres) {
@@ -50,7 +50,9 @@ void DrawArrowHead(PrintSurface& surface, double angle, double x, double y) {
   const std::array<Point, 4> corners = {
       {{x, y}, {baseX - sideX, baseY - sideY}, {baseX + sideX, baseY + sideY}, {x, y}}};
 
+  constexpr std::size_t usualLength = 48;
   std::string points;
+  points.reserve(usualLength);
   for (const Point& corner : corners) {
     if (!points.empty()) points += " ";
     points += TwipsText(corner.X) + " " + TwipsText(corner.Y);

@@ -64,6 +64,8 @@ class PrintSurface {
   virtual void StartDoc() = 0;
   virtual void NewPage() = 0;
   virtual void EndDoc() = 0;
+  // What an accessory's sheet says behind the end of its document; nothing has to follow from it.
+  virtual void Finish() {}
 
   // Text.
   virtual void FontName(std::string_view name) = 0;
@@ -118,6 +120,8 @@ class PrintSurface {
   virtual void TableIndent(const Length& fromLeftMargin) = 0;
   virtual void TableAlignment(int row, int column, CellAlignment alignment) = 0;
   virtual void TableMerge(int row, int column, int columns) = 0;
+  // For a table that has its place on the sheet: it stands there whole, over the page's edge too.
+  virtual void TableOnOnePage() = 0;
   virtual void EndTable() = 0;
 };
 

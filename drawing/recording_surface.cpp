@@ -51,7 +51,7 @@ class Line {
   void EndIn(std::vector<std::string>& lines) { lines.push_back(std::move(text_)); }
 
  private:
-  static constexpr std::size_t UsualLength = 64;
+  static constexpr std::size_t UsualLength = 96;  // four lengths with all their digits
 
   Line& Add(std::string_view argument) {
     text_.append(1, ' ').append(argument);
@@ -156,6 +156,10 @@ void RecordingSurface::EndDoc() {
   Record(lines_, "EndDoc");
 }
 
+void RecordingSurface::Finish() {
+  Record(lines_, "Finish");
+}
+
 // Text.
 
 void RecordingSurface::FontName(std::string_view name) {
@@ -203,11 +207,11 @@ void RecordingSurface::TextAlign(int alignment) {
 
 // Measuring changes nothing and is not recorded.
 double RecordingSurface::TextWidth(std::string_view text) {
-  return RoundedTwips(metrics_.Width(font_, text));
+  return Nearest(metrics_.Width(font_, text));
 }
 
 double RecordingSurface::TextHeight(std::string_view) {
-  return RoundedTwips(metrics_.Height(font_));
+  return Nearest(metrics_.Height(font_));
 }
 
 void RecordingSurface::TextBox(std::string_view text, const Length& left, const Length& top,
@@ -312,6 +316,10 @@ void RecordingSurface::TableAlignment(int row, int column, CellAlignment alignme
 
 void RecordingSurface::TableMerge(int row, int column, int columns) {
   Record(lines_, "TableMerge", row, column, columns);
+}
+
+void RecordingSurface::TableOnOnePage() {
+  Record(lines_, "TableOnOnePage");
 }
 
 void RecordingSurface::EndTable() {

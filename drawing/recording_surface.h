@@ -50,6 +50,7 @@ class RecordingSurface : public PrintSurface {
   void StartDoc() override;
   void NewPage() override;
   void EndDoc() override;
+  void Finish() override;
   void FontName(std::string_view name) override;
   void FontSize(double points) override;
   void FontBold(bool bold) override;
@@ -87,6 +88,7 @@ class RecordingSurface : public PrintSurface {
   void TableIndent(const Length& fromLeftMargin) override;
   void TableAlignment(int row, int column, CellAlignment alignment) override;
   void TableMerge(int row, int column, int columns) override;
+  void TableOnOnePage() override;
   void EndTable() override;
 
  private:

@@ -66,12 +66,25 @@ void DrawJobTable(PrintSurface& surface) {
 
 }  // namespace
 
+void StartSheets(PrintSurface& surface) {
+  surface.Orientation(PageOrientation::Landscape);
+  surface.HdrFontName("Arial");
+  surface.HdrFontSize(8);
+  ApplyPageMargins(surface);
+  surface.Clear();
+  surface.StartDoc();
+}
+
+double StripTop(const PrintSurface& surface) {
+  return surface.PageHeight() / TwipsPerMm - frmDrawings().imgLogo->Height - BottomMargin - 12;
+}
+
 void DrawSheetFrame(PrintSurface& surface, std::string_view kind) {
   SetSheetFooter(surface);
   surface.TextAlign(6);
 
   const std::shared_ptr<const Picture> logo = frmDrawings().imgLogo;
-  const double logoTop = surface.PageHeight() / TwipsPerMm - logo->Height - BottomMargin - 12;
+  const double logoTop = StripTop(surface);
   const double below = logoTop + logo->Height;
   surface.DrawPicture(logo, Length::OfMm(LeftMargin + 10), Length::OfMm(logoTop));
 

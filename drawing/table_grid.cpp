@@ -78,7 +78,7 @@ void JoinCells(TableGrid& grid) {
     for (std::size_t column = 0; column < columns; ++column) {
       const auto wanted = std::min(column + static_cast<std::size_t>(cells[column].Span), columns);
       std::size_t next = column + 1;
-      while (next < wanted && cells[next].Span == 1) cells[next++].Span = 0;
+      while (next < wanted && !cells[next].Merged) cells[next++].Span = 0;
       cells[column].Span = static_cast<int>(next - column);
       column = next - 1;
     }
@@ -190,6 +190,7 @@ void TableSettings::Apply(Entry& entry, TableGrid& grid) {
       if (entry.What == Kind::Alignment) cell.Alignment = entry.Alignment;
       if (entry.What == Kind::Merge) {
         cell.Span = entry.Span;
+        cell.Merged = true;
         cell.Alignment = CellAlignment::Centre;
       }
     }

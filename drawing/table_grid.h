@@ -27,7 +27,8 @@ struct GridCell {
   Font Type;
   Rgb Color;
   CellAlignment Alignment = CellAlignment::Left;
-  int Span = 1;  // columns that it takes in; 0 for a cell that another one has taken in
+  int Span = 1;         // columns that it takes in; 0 for a cell that another one has taken in
+  bool Merged = false;  // a merge begins here, if only over one column
 };
 
 struct TableGrid {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "core/numbers.h"
 #include "core/text.h"
-#include "drawing/length.h"
 
 namespace orvane {
 
@@ -61,11 +61,11 @@ std::string OneLine(std::string_view text) {
 }
 
 double TextTwips(const FontMetrics& metrics, const Font& font, std::string_view text) {
-  return RoundedTwips(metrics.Width(font, text));
+  return Nearest(metrics.Width(font, text));
 }
 
 double LineTwips(const FontMetrics& metrics, const Font& font) {
-  return RoundedTwips(metrics.Height(font));
+  return Nearest(metrics.Height(font));
 }
 
 void AddWrappedLines(std::vector<std::string_view>& lines, const FontMetrics& metrics,

@@ -1,17 +1,345 @@
 #include "output/reports.h"
 
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/dates.h"
+#include "core/desktop.h"
+#include "core/model.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "drawing/accessory_sheet.h"
+#include "drawing/draw_section.h"
+#include "drawing/sheet_frame.h"
+#include "holes/hole_list.h"
+#include "output/output_screen.h"
+#include "project/accessory_rules.h"
+
 namespace orvane {
 
-void PreparePreview(PageSurface&) {}
+namespace {
 
-void PrintCurrentDrawing(std::int16_t) {}
+constexpr double HeaderPoints = 10;
+constexpr double FooterPoints = 7;
+constexpr double TextPoints = 9;
 
-void PrintAllDrawings() {}
+// What an error leaves of a document is not shown, and the next command begins a new one.
+void DrawOnPreview(const std::function<void(PrintSurface& surface)>& draw) {
+  OutputScreen& screen = TheOutputScreen();
+  try {
+    draw(screen.PreviewSurface());
+  } catch (...) {
+    screen.DropPreview();
+    throw;
+  }
+}
 
-void PrintAllAccessorySheets() {}
+// The runs of sheets.
 
-void PrintContractSummary() {}
+// Draws after the room for the elevation on that surface's pages is known. `draw` is told whether
+// it is another than before, which makes all gaps between holes stale. Gaps that could not be
+// worked out are to be tried again with the next drawing.
+void DrawInPageRoom(PrintSurface& surface, const std::function<void(bool newRoom)>& draw) {
+  const std::int16_t formerWidth = DrawingWidth;
+  const bool newRoom = PrepareDrawingWidth(surface);
+  try {
+    draw(newRoom);
+  } catch (...) {
+    if (newRoom) DrawingWidth = formerWidth;
+    throw;
+  }
+}
 
-void PrintAccessoryReport() {}
+// Draws the sheets of all sections; false when the user calls the run off.
+bool DrawAllSheets(PrintSurface& surface, bool newRoom) {
+  const std::int16_t last = Int16(Items.UBound());
+  for (std::int16_t row = 1; row <= last; ++row) {
+    const std::string pattern = Items.At(row).PatternName;
+    if (pattern != CustomPattern) {
+      RebuildHoles(row, pattern);
+    } else if (newRoom) {
+      AdjustHoleSpacing(row);
+    }
+    // The last comes first: a project of a single section only closes its document. Deliberate; its
+    // sheet stands on the page that a fresh surface makes by itself.
+    const bool close = row == last;
+    const bool open = !close && row == 1;
+    DrawSection(surface, row, open, close);
+    if (!TheOutputScreen().GoesOn(row, last)) return false;
+  }
+  return true;
+}
+
+// The accessories in use, rows of AccDefs.
+std::vector<std::int16_t> AccessoriesInUse() {
+  std::vector<std::int16_t> rows;
+  for (int row = 1; row <= AccUsed.UBound(); ++row) {
+    if (AccUsed.At(row) != False) rows.push_back(Int16(row));
+  }
+  return rows;
+}
+
+// The same for the sheets of these accessories.
+bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>& accessories) {
+  const int count = static_cast<int>(accessories.size());
+  int done = 0;
+  for (const std::int16_t row : accessories) {
+    CurrentAcc = row;
+    const AccessoryType type = IsType1Accessory(row) ? AccessoryType::One : AccessoryType::Two;
+    const bool first = done == 0;
+    if (!first) surface.NewPage();
+    DrawAccessorySheet(surface, type, AccessoryRows(row), first, false);
+    if (!TheOutputScreen().GoesOn(++done, count)) return false;
+  }
+  return true;
+}
+
+// The tables of the reports.
+
+struct ReportColumn {
+  std::string Heading;
+  std::string Width;
+  CellAlignment Alignment = CellAlignment::Left;
+};
+
+using ReportRow = std::vector<std::string>;
+
+std::string MillimetreText(int width) {
+  return DecimalText(width) + "mm";
+}
+
+void DrawRow(PrintSurface& surface, int row, const ReportRow& texts) {
+  int column = 0;
+  for (const std::string& text : texts) {
+    surface.TableCell(TableSetting::CellText, row, ++column, text);
+  }
+}
+
+// Opens a table; its texts are to follow.
+void BeginTable(PrintSurface& surface, int border, const std::vector<ReportColumn>& columns,
+                std::size_t rows) {
+  surface.StartTable();
+  surface.TableBorder(border);
+  surface.TableCell(TableSetting::Columns, 0, 0, static_cast<int>(columns.size()));
+  surface.TableCell(TableSetting::Rows, 0, 0, static_cast<int>(rows));
+  int column = 0;
+  for (const ReportColumn& given : columns) {
+    surface.TableCell(TableSetting::ColumnWidth, 0, ++column, given.Width);
+  }
+}
+
+// A ruled table under a ruled heading row.
+void DrawReportTable(PrintSurface& surface, const std::vector<ReportColumn>& columns,
+                     const std::vector<ReportRow>& rows) {
+  constexpr int headingRow = 1;
+  BeginTable(surface, ReportTableBorder, columns, rows.size() + headingRow);
+  int column = 0;
+  for (const ReportColumn& given : columns) {
+    surface.TableAlignment(0, ++column, given.Alignment);
+    surface.TableCell(TableSetting::CellText, headingRow, column, given.Heading);
+  }
+  surface.TableCell(TableSetting::RuleAbove, headingRow, 0, "0.2mm");
+  surface.TableCell(TableSetting::RuleBelow, headingRow, 0, "0.2mm");
+  int row = headingRow;
+  for (const ReportRow& texts : rows) DrawRow(surface, ++row, texts);
+  surface.EndTable();
+}
+
+// A title between two blank lines.
+void WriteTitle(PrintSurface& surface, const std::string& title) {
+  surface.Paragraph("");
+  surface.Paragraph(title);
+  surface.Paragraph("");
+}
+
+// The contract summary.
+
+void SetUpSummaryPages(PrintSurface& surface) {
+  SetSheetFooter(surface);
+  surface.Orientation(PageOrientation::Portrait);
+  surface.Header("Orvane Detail System|Contract Summary (" + txtProject.at(1) + ")|Page %d");
+  surface.HdrFontSize(HeaderPoints);
+  surface.HdrFontBold(true);
+  surface.FontSize(TextPoints);
+}
+
+void DrawProjectTable(PrintSurface& surface) {
+  const std::vector<ReportRow> rows = {
+      {"Job No.:", txtProject.at(1)},
+      {"Customer:", txtProject.at(2)},
+      {"Project/Site:", txtProject.at(3)},
+      {"Designer:", txtProject.at(4)},
+      {"Project Date:", FullYearText(DTPicker1)},
+      {"Orvane Job No.:", txtProject.at(0)},
+  };
+  BeginTable(surface, NoTableBorder, {{"", "32mm"}, {"", "100mm"}}, rows.size());
+  surface.TableCell(TableSetting::RowHeight, 0, 0, "4.8mm");
+  int row = 0;
+  for (const ReportRow& texts : rows) DrawRow(surface, ++row, texts);
+  surface.EndTable();
+}
+
+// All sections, those without a length or a quantity too: only the export checks them.
+void DrawSectionsTable(PrintSurface& surface) {
+  std::vector<ReportRow> rows;
+  rows.reserve(static_cast<std::size_t>(Items.UBound()));
+  for (const Item& item : Items) {
+    rows.push_back({item.Mark, item.Product, ShortestText(item.Length), ShortestText(item.Quantity),
+                    item.Notes});
+  }
+  DrawReportTable(surface,
+                  {
+                      {"Mark", "15mm", CellAlignment::Left},
+                      {"Product", "15mm", CellAlignment::Left},
+                      {"Length", "15mm", CellAlignment::Right},
+                      {"Quantity", "15mm", CellAlignment::Right},
+                      {"Notes", "100mm", CellAlignment::Left},
+                  },
+                  rows);
+}
+
+// The accessory report.
+
+// A line of a project may be older than the catalogue: what it has no text for stays empty.
+std::string TextOrNone(const Table<std::string>& texts, int row) {
+  return row >= 1 && row <= texts.UBound() ? texts.At(row) : std::string();
+}
+
+void DrawType1Table(PrintSurface& surface) {
+  std::vector<ReportRow> rows;
+  for (const AccLine1& line : AccLines1) {
+    if (line.Qty <= 0) continue;
+    const AccDef& accessory = AccDefs.At(line.AccIndex);
+    rows.push_back({accessory.Name, TextOrNone(accessory.ParamTexts, line.ParamIndex),
+                    TextOrNone(accessory.ParamNames, line.ParamIndex), ShortestText(line.Qty)});
+  }
+  DrawReportTable(surface,
+                  {
+                      {"Type", "60mm", CellAlignment::Left},
+                      {"Description", "65mm", CellAlignment::Left},
+                      {"Code", "20mm", CellAlignment::Left},
+                      {"No.Off", "15mm", CellAlignment::Right},
+                  },
+                  rows);
+}
+
+// The value columns share what the first three leave of the page, but few of them stay narrow.
+int ValueColumnWidth(int valueCount) {
+  constexpr int greatest = 20;
+  return std::min(static_cast<int>(112.0 / (valueCount + 1) + 0.49), greatest);
+}
+
+// The table of lines of one accessory; the first of them settles the number of columns.
+void DrawType2Table(PrintSurface& surface, const std::vector<const AccLine2*>& lines) {
+  const AccDef& accessory = AccDefs.At(lines.front()->AccIndex);
+  const int valueCount = std::max<int>(lines.front()->ValueCount, 0);
+  const std::string valueWidth = MillimetreText(ValueColumnWidth(valueCount));
+  std::vector<ReportColumn> columns = {
+      {"Type", "32mm", CellAlignment::Left},
+      {"Mark", "16mm", CellAlignment::Left},
+      {"No. Off", "13.5mm", CellAlignment::Right},
+  };
+  for (int c = 4; c <= 3 + valueCount; ++c) {
+    columns.push_back({TextOrNone(accessory.ParamNames, c - 1), valueWidth, CellAlignment::Right});
+  }
+  std::vector<ReportRow> rows;
+  for (const AccLine2* line : lines) {
+    ReportRow row = {accessory.Name, line->Mark, ShortestText(line->NoOff)};
+    for (int c = 4; c <= 3 + valueCount; ++c) row.push_back(TextOrNone(line->Values, c - 3));
+    rows.push_back(std::move(row));
+  }
+  DrawReportTable(surface, columns, rows);
+}
+
+// A table, behind a blank line, for each accessory. Only lines with a mark count, with none off
+// too.
+void DrawType2Tables(PrintSurface& surface) {
+  std::vector<const AccLine2*> lines;
+  const auto drawTable = [&] {
+    if (lines.empty()) return;
+    surface.Paragraph("");
+    DrawType2Table(surface, lines);
+    lines.clear();
+  };
+  for (const AccLine2& line : AccLines2) {
+    if (Trim(line.Mark).empty()) continue;
+    if (!lines.empty() && lines.front()->AccIndex != line.AccIndex) drawTable();
+    lines.push_back(&line);
+  }
+  drawTable();
+}
+
+}  // namespace
+
+void PreparePreview(PageSurface& surface) {
+  surface.Orientation(PageOrientation::Landscape);
+  ApplyPageMargins(surface);
+  surface.BeforeHeader = [&surface] { surface.HdrFontSize(HeaderPoints); };
+  surface.BeforeFooter = [&surface] { surface.HdrFontSize(FooterPoints); };
+}
+
+void PrintCurrentDrawing(std::int16_t ItemIndex) {
+  if (ItemIndex < 1) return;
+  DrawOnPreview([&](PrintSurface& surface) {
+    DrawInPageRoom(surface, [&](bool newRoom) {
+      if (newRoom) AdjustHoleSpacing(ItemIndex);
+      DrawSection(surface, ItemIndex, true, true);
+    });
+    TheOutputScreen().ShowPreview();
+  });
+}
+
+void PrintAllDrawings() {
+  if (Items.Empty()) return;
+  DrawOnPreview([](PrintSurface& surface) {
+    const std::int16_t formerWidth = DrawingWidth;
+    Table<Item> formerItems = Items;
+    bool whole = false;
+    DrawInPageRoom(surface, [&](bool newRoom) { whole = DrawAllSheets(surface, newRoom); });
+    if (whole) return TheOutputScreen().ShowPreview();
+    Items = std::move(formerItems);
+    DrawingWidth = formerWidth;
+    TheOutputScreen().DropPreview();
+  });
+}
+
+void PrintAllAccessorySheets() {
+  const std::vector<std::int16_t> accessories = AccessoriesInUse();
+  if (accessories.empty()) return TheDesktop().Message("Nothing to print");
+  DrawOnPreview([&](PrintSurface& surface) {
+    const std::int16_t formerAcc = CurrentAcc;
+    if (DrawAccessorySheets(surface, accessories)) {
+      surface.EndDoc();
+      return TheOutputScreen().ShowPreview();
+    }
+    CurrentAcc = formerAcc;
+    TheOutputScreen().DropPreview();
+  });
+}
+
+void PrintContractSummary() {
+  if (Items.Empty()) return;
+  DrawOnPreview([](PrintSurface& surface) {
+    surface.StartDoc();
+    SetUpSummaryPages(surface);
+    DrawProjectTable(surface);
+    WriteTitle(surface, "Sections:");
+    DrawSectionsTable(surface);
+  });
+}
+
+void PrintAccessoryReport() {
+  DrawOnPreview([](PrintSurface& surface) {
+    surface.FontSize(TextPoints);
+    WriteTitle(surface, "Accessories:");
+    if (!AccLines1.Empty()) DrawType1Table(surface);
+    if (!AccLines2.Empty()) DrawType2Tables(surface);
+    surface.EndDoc();
+    TheOutputScreen().ShowPreview();
+  });
+}
 
 }  // namespace orvane

@@ -17,6 +17,7 @@
 #include "core/settings.h"
 #include "output/accessory_list.h"
 #include "output/cam_export.h"
+#include "output/reports.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
 #include "tools/batch_desktop.h"
@@ -89,11 +90,13 @@ void StartAfresh(const Catalogues& catalogues, std::int16_t drawingWidth) {
   DrawingWidth = drawingWidth;
 }
 
+bool UsesAccessories() {
+  return std::any_of(AccUsed.begin(), AccUsed.end(), [](Boolean flag) { return flag != False; });
+}
+
 // Accessory lines that no list will hold, because the job has no flag set for any accessory.
 bool HasUnmarkedLines() {
-  const auto used = [](Boolean flag) { return flag != False; };
-  return (!AccLines1.Empty() || !AccLines2.Empty()) &&
-         std::none_of(AccUsed.begin(), AccUsed.end(), used);
+  return (!AccLines1.Empty() || !AccLines2.Empty()) && !UsesAccessories();
 }
 
 int ExportJob(Console& console) {
@@ -133,26 +136,81 @@ bool Try(Console& console, const std::string& file, const std::function<void()>&
   }
 }
 
-// Draws the sheets of the job and says where they are.
-void WriteSheets(const Job& job, const BatchOptions& options, SheetWriter& sheets,
-                 Console& console) {
-  if (Items.Empty()) {
-    console.Say("No sheets: the job has no sections");
-    return;
+// What prints a job: the program's commands, their previews on the way into files.
+struct Printer {
+  DocumentWriter& Writer;
+  BatchScreen& Screen;
+  Console& Said;
+};
+
+// Removes the SVGs of the job's sheets behind the last one, which a former, longer run left: people
+// and machines that take all sheets of a job would take them for sheets of today. A run of as many
+// sheets would write over the same files.
+void RemoveFormerSvgs(const std::string& job, int last) {
+  std::vector<fs::path> former;
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(".", error)) {
+    std::error_code unknown;
+    const bool ordinary = fs::is_regular_file(entry.symlink_status(unknown));
+    if (ordinary && SvgSheetOf(job, PathText(entry.path().filename())) > last) {
+      former.push_back(entry.path());
+    }
   }
-  SheetFiles files;
-  files.Title = FileName(job.Name);
-  if (options.Sheets) files.Pdf = SheetsFileName(job.Path);
-  if (options.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, sheet); };
-  sheets.Write(files);
-  console.Say("Sheets complete");
+  if (error) Raise(error, ".");
+  for (const fs::path& file : former) {
+    if (!fs::remove(file, error) && error) Raise(error, PathText(file.filename()));
+  }
 }
 
-// `resave` is the absolute path to write the job to, or empty; `sheets` is null when none are
-// asked for.
+void PrintSheets(const Job& job, const BatchOptions& options, const Printer& printer) {
+  if (Items.Empty()) return printer.Said.Say("No sheets: the job has no sections");
+  DocumentFiles files;
+  files.Title = FileName(job.Name);
+  if (options.Sheets) files.Pdf = SheetsFileName(job.Path);
+  int last = 0;
+  if (options.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, last = sheet); };
+  printer.Screen.PreviewInto(printer.Writer, files);
+  DrawingWidth = 0;  // whatever the export took: sheets take their page's own
+  PrintAllDrawings();
+  if (options.Svg) RemoveFormerSvgs(job.Path, last);
+  printer.Said.Say("Sheets complete");
+}
+
+void PrintAccessories(const Job& job, const Printer& printer) {
+  if (!UsesAccessories()) {
+    return printer.Said.Say("No accessory sheets: none of the job's accessories is marked as used");
+  }
+  printer.Screen.PreviewInto(printer.Writer,
+                             {FileName(job.Name), AccessoriesFileName(job.Path), nullptr});
+  PrintAllAccessorySheets();
+  printer.Said.Say("Accessory sheets complete");
+}
+
+void PrintSummary(const Job& job, const Printer& printer) {
+  printer.Screen.PreviewInto(printer.Writer,
+                             {FileName(job.Name), SummaryFileName(job.Path), nullptr});
+  PrintContractSummary();
+  PrintAccessoryReport();
+  printer.Said.Say("Contract summary complete");
+}
+
+// Makes the documents that are asked for; one that fails doesn't keep the others back.
+int PrintJob(const Job& job, const BatchOptions& options, const Printer& printer) {
+  bool done = true;
+  const auto print = [&](bool wanted, const std::function<void()>& document) {
+    if (wanted && !Try(printer.Said, job.Name, document)) done = false;
+  };
+  print(options.Sheets || options.Svg, [&] { PrintSheets(job, options, printer); });
+  print(options.AccessorySheets, [&] { PrintAccessories(job, printer); });
+  print(options.Summary, [&] { PrintSummary(job, printer); });
+  return done ? ExitDone : ExitFault;
+}
+
+// `resave` is the absolute path to write the job to, or empty; `writer` is null when nothing drawn
+// is asked for.
 int DoJob(const Job& job, const BatchOptions& options, const std::string& resave,
-          const Catalogues& catalogues, SheetWriter* sheets, BatchDesktop& desktop,
-          Console& console) {
+          const Catalogues& catalogues, DocumentWriter* writer, BatchScreen& screen,
+          BatchDesktop& desktop, Console& console) {
   desktop.BeginJob(CamFileName(job.Path));
   const std::string& settings = options.SettingsFile.empty() ? job.Name : options.SettingsFile;
   const bool fresh = Try(console, settings, [&] { StartAfresh(catalogues, options.DrawingWidth); });
@@ -173,10 +231,15 @@ int DoJob(const Job& job, const BatchOptions& options, const std::string& resave
   if (!resave.empty() && !Try(console, options.Resave, [&] { WriteProjectFile(resave); })) {
     code = ExitFault;
   }
-  if (options.Cam) code = std::max(code, ExportJob(console));
-  if (sheets != nullptr &&
-      !Try(console, job.Name, [&] { WriteSheets(job, options, *sheets, console); })) {
-    code = ExitFault;
+  if (options.Cam) {
+    // The accessory list takes values that were never set for 0 from then on; what is drawn shows
+    // what was entered, with an export and without.
+    const Table<AccLine2> entered = AccLines2;
+    code = std::max(code, ExportJob(console));
+    AccLines2 = entered;
+  }
+  if (writer != nullptr) {
+    code = std::max(code, PrintJob(job, options, {*writer, screen, console}));
   }
   return code;
 }
@@ -224,8 +287,9 @@ std::string OverwriteFault(const BatchOptions& options) {
   if (!options.Resave.empty()) given.push_back(options.Resave);
   const fs::path out = options.OutFolder.empty() ? fs::path(".") : NativePath(options.OutFolder);
   for (const std::string& job : options.Jobs) {
-    const std::vector<std::string> results = ResultNames(options, job);
     for (const std::string& file : given) {
+      std::vector<std::string> results = ResultNames(options, job);
+      if (options.Svg && SvgSheetOf(job, FileName(file)) > 0) results.push_back(FileName(file));
       if (!Overwrites(results, out, file)) continue;
       std::string fault = "the factory files of ";
       return fault.append(job).append(" would overwrite ").append(file);
@@ -254,8 +318,8 @@ void OpenFolders(std::vector<std::string>& jobs) {
 
 // Why the jobs can't be done; empty if they can.
 std::string FaultOf(const BatchOptions& options) {
-  if ((options.Sheets || options.Svg) && !SheetsInThisBuild()) {
-    return "--sheets and --svg are not in this build";
+  if (AsksForPages(options) && !SheetsInThisBuild()) {
+    return "--sheets, --svg, --accessory-sheets and --summary are not in this build";
   }
   std::string fault = JobsFault(options);
   if (fault.empty()) fault = ResaveFault(options);
@@ -273,7 +337,7 @@ void EnterOutFolder(const std::string& folder) {
   if (error) Raise(error, folder);
 }
 
-int RunBatch(const BatchOptions& options, Console& console) {
+int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console) {
   std::vector<Job> jobs;
   for (const std::string& job : options.Jobs) jobs.push_back({job, Absolute(job)});
   const std::string resave = Absolute(options.Resave);
@@ -287,14 +351,14 @@ int RunBatch(const BatchOptions& options, Console& console) {
   }
   Catalogues catalogues;
   if (!LoadCatalogues(catalogues)) return ExitFault;
-  const bool drawn = options.Sheets || options.Svg;
+  const bool drawn = AsksForPages(options);
   if ((options.Cam || drawn) && !options.OutFolder.empty() &&
       !Try(console, options.OutFolder, [&] { EnterOutFolder(Absolute(options.OutFolder)); })) {
     return ExitFault;
   }
 
-  std::optional<SheetWriter> sheets;
-  if (drawn) sheets.emplace();
+  std::optional<DocumentWriter> writer;
+  if (drawn) writer.emplace();
   int worst = ExitDone;
   int number = 0;
   for (const Job& job : jobs) {
@@ -302,8 +366,8 @@ int RunBatch(const BatchOptions& options, Console& console) {
       console.ShowProgress(++number, static_cast<int>(jobs.size()), job.Name);
       console.NameJob(job.Name);
     }
-    worst = std::max(worst, DoJob(job, options, resave, catalogues, sheets ? &*sheets : nullptr,
-                                  desktop, console));
+    worst = std::max(worst, DoJob(job, options, resave, catalogues, writer ? &*writer : nullptr,
+                                  screen, desktop, console));
   }
   console.ClearProgress();
   return worst;
@@ -335,7 +399,7 @@ int RunCompanion(const std::vector<std::string>& arguments, std::ostream& out, s
     }
     BatchScreen screen(console);
     InstallOutputScreen(screen);
-    return RunBatch(line.Options, console);
+    return RunBatch(line.Options, screen, console);
   } catch (const std::exception& error) {
     console.SayFault("orvane-batch", error.what());
     return ExitFault;

@@ -116,8 +116,25 @@ void BatchScreen::ShowExportErrors() {
   for (const std::string& line : ExportErrors) console_.Say(line);
 }
 
+void BatchScreen::PreviewInto(DocumentWriter& writer, const DocumentFiles& files) {
+  writer_ = &writer;
+  files_ = files;
+}
+
 PrintSurface& BatchScreen::PreviewSurface() {
-  throw std::logic_error("the companion shows no preview");
+  if (writer_ == nullptr) throw std::logic_error("the companion has no files for a preview");
+  if (surface_ == nullptr) surface_ = &writer_->Begin(files_);
+  return *surface_;
+}
+
+void BatchScreen::ShowPreview() {
+  surface_ = nullptr;
+  if (writer_ != nullptr) writer_->Finish();
+}
+
+void BatchScreen::DropPreview() {
+  surface_ = nullptr;
+  if (writer_ != nullptr) writer_->Drop();
 }
 
 }  // namespace orvane

@@ -11,6 +11,7 @@
 #include "core/desktop.h"
 #include "core/settings_file.h"
 #include "output/output_screen.h"
+#include "tools/batch_sheets.h"
 
 namespace orvane {
 
@@ -94,15 +95,21 @@ class BatchDesktop : public Desktop {
 class BatchScreen : public OutputScreen {
  public:
   explicit BatchScreen(Console& console) : console_(console) {}
+
+  // Sends what is previewed from now on into files: a document that would be shown is completed.
+  void PreviewInto(DocumentWriter& writer, const DocumentFiles& files);
+
   void ShowExportErrors() override;
-  // An export prints nothing.
-  [[noreturn]] PrintSurface& PreviewSurface() override;
-  void ShowPreview() override {}
-  void DropPreview() override {}
+  PrintSurface& PreviewSurface() override;
+  void ShowPreview() override;
+  void DropPreview() override;
   bool GoesOn(int, int) override { return true; }
 
  private:
   Console& console_;
+  DocumentWriter* writer_ = nullptr;  // none before PreviewInto; not owned
+  DocumentFiles files_;
+  PrintSurface* surface_ = nullptr;  // of the document in work
 };
 
 }  // namespace orvane

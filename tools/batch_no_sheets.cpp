@@ -1,15 +1,24 @@
+#include <stdexcept>
+
 #include "tools/batch_sheets.h"
 
 namespace orvane {
 
-struct SheetWriter::Toolkit {};
+struct DocumentWriter::Toolkit {};
+struct DocumentWriter::Job {};
 
 bool SheetsInThisBuild() {
   return false;
 }
 
-SheetWriter::SheetWriter() = default;
-SheetWriter::~SheetWriter() = default;
-void SheetWriter::Write(const SheetFiles&) {}
+DocumentWriter::DocumentWriter() = default;
+DocumentWriter::~DocumentWriter() = default;
+
+PrintSurface& DocumentWriter::Begin(const DocumentFiles&) {
+  throw std::logic_error("this companion draws nothing");
+}
+
+void DocumentWriter::Finish() {}
+void DocumentWriter::Drop() {}
 
 }  // namespace orvane

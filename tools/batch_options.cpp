@@ -62,10 +62,12 @@ struct FlagOption {
   bool BatchOptions::*Flag;
 };
 
-constexpr std::array<FlagOption, 3> FlagOptions = {{
+constexpr std::array<FlagOption, 5> FlagOptions = {{
     {"--cam", &BatchOptions::Cam},
     {"--sheets", &BatchOptions::Sheets},
     {"--svg", &BatchOptions::Svg},
+    {"--accessory-sheets", &BatchOptions::AccessorySheets},
+    {"--summary", &BatchOptions::Summary},
 }};
 
 // Sets the flag of that name; false if there is none.
@@ -98,8 +100,8 @@ bool SameName(const std::string& a, const std::string& b) {
 // What can only be seen when the whole command line has been read.
 std::string FaultOfWhole(const BatchOptions& options) {
   if (options.Jobs.empty()) return "no job is named";
-  if (!options.Cam && !options.Sheets && !options.Svg && options.Resave.empty()) {
-    return "none of --cam, --sheets, --svg and --resave is given";
+  if (!options.Cam && !AsksForPages(options) && options.Resave.empty()) {
+    return "none of --cam, --sheets, --svg, --accessory-sheets, --summary and --resave is given";
   }
   return JobsFault(options);
 }
@@ -109,6 +111,10 @@ std::string JobName(const std::string& job) {
   std::string name = FileName(job);
   if (IsJobName(name)) name.resize(name.size() - Extension.size());
   return name;
+}
+
+std::string SvgBeginning(const std::string& job) {
+  return JobName(job) + "-sheet-";
 }
 
 CommandLine Faulty(const std::string& fault) {
@@ -171,11 +177,30 @@ std::string SheetsFileName(const std::string& job) {
   return JobName(job) + "-sheets.pdf";
 }
 
+std::string AccessoriesFileName(const std::string& job) {
+  return JobName(job) + "-accessories.pdf";
+}
+
+std::string SummaryFileName(const std::string& job) {
+  return JobName(job) + "-summary.pdf";
+}
+
 std::string SvgFileName(const std::string& job, int sheet) {
   constexpr std::size_t width = 3;  // so that the sheets of most jobs sort by name
-  std::string number = DecimalText(sheet);
-  if (number.size() < width) number.insert(0, width - number.size(), '0');
-  return JobName(job) + "-sheet-" + number + ".svg";
+  return SvgBeginning(job) + PaddedText(sheet, width) + ".svg";
+}
+
+int SvgSheetOf(const std::string& job, const std::string& name) {
+  constexpr std::size_t mostDigits = 9;
+  const std::string beginning = SvgBeginning(job);
+  if (name.substr(0, beginning.size()) != beginning) return 0;
+  std::string_view number = std::string_view(name).substr(beginning.size());
+  const int sheet = TakeDigits(number, mostDigits);
+  return sheet > 0 && name == SvgFileName(job, sheet) ? sheet : 0;
+}
+
+bool AsksForPages(const BatchOptions& options) {
+  return options.Sheets || options.Svg || options.AccessorySheets || options.Summary;
 }
 
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job) {
@@ -186,6 +211,8 @@ std::vector<std::string> ResultNames(const BatchOptions& options, const std::str
   }
   if (options.Sheets) names.push_back(SheetsFileName(job));
   if (options.Svg) names.push_back(SvgFileName(job, 1));
+  if (options.AccessorySheets) names.push_back(AccessoriesFileName(job));
+  if (options.Summary) names.push_back(SummaryFileName(job));
   return names;
 }
 
@@ -209,15 +236,20 @@ std::string HelpText() {
   return R"(Usage: orvane-batch [OPTION]... --cam JOB.ovd...
        orvane-batch [OPTION]... --sheets JOB.ovd...
        orvane-batch [OPTION]... --svg JOB.ovd...
+       orvane-batch [OPTION]... --accessory-sheets JOB.ovd...
+       orvane-batch [OPTION]... --summary JOB.ovd...
        orvane-batch [OPTION]... --resave FILE JOB.ovd
 
-The companion of the Orvane Detailing System: turns project files into their factory files and sheets
-without a screen. Messages and questions go to standard error. A folder in the place of a job stands
-for all the jobs in it.
+The companion of the Orvane Detailing System: turns project files into their factory files, sheets and
+reports without a screen. Messages and questions go to standard error. A folder in the place of a job
+stands for all the jobs in it.
 
   --cam                  check each job and write its CAM file (JOB.xov) and accessory list (JOB.xac)
   --sheets               write the sheets of each job's sections into one PDF (JOB-sheets.pdf)
-  --svg                  write them as pictures, one file a sheet (JOB-sheet-001.svg)
+  --svg                  write them as pictures, one file a sheet (JOB-sheet-001.svg), and remove those
+                         that a longer run left behind the last
+  --accessory-sheets     write the sheets of each job's accessories into one PDF (JOB-accessories.pdf)
+  --summary              write each job's contract summary as a PDF (JOB-summary.pdf)
   --resave FILE          write the one job again, as it would be saved; alone or with the others
   --out DIR              where the results go, made if missing (default: the current folder)
   --catalogue DIR        the folder of dims.csv, punch.csv, accs1.csv and accs2.csv (default: the

@@ -16,6 +16,8 @@ struct BatchOptions {
   bool Cam = false;               // write each job's CAM file and accessory list
   bool Sheets = false;            // write the sheets of each job's sections as a PDF
   bool Svg = false;               // write them as SVG, one file a sheet
+  bool AccessorySheets = false;   // write the sheets of each job's accessories as a PDF
+  bool Summary = false;           // write each job's contract summary as a PDF
   std::string Resave;             // write the one job again to this file; empty for not
   std::string CatalogueFolder;    // empty for the program's own
   std::string OutFolder;          // where the results go; empty for the current folder
@@ -48,10 +50,19 @@ bool IsJobName(const std::string& name);
 // A name that doesn't end in ".ovd" keeps its whole.
 std::string CamFileName(const std::string& job);
 
-// In the same way the PDF of a job's sheets, "JOB-sheets.pdf", and the SVG of one sheet, counted
-// from 1, "JOB-sheet-001.svg".
+// In the same way the PDFs of a job's sheets, "JOB-sheets.pdf", of its accessories' sheets,
+// "JOB-accessories.pdf", and of its contract summary, "JOB-summary.pdf"; and the SVG of one sheet,
+// counted from 1, "JOB-sheet-001.svg".
 std::string SheetsFileName(const std::string& job);
+std::string AccessoriesFileName(const std::string& job);
+std::string SummaryFileName(const std::string& job);
 std::string SvgFileName(const std::string& job, int sheet);
+
+// The number of the sheet of the job whose SVG has exactly that name; 0 for any other name.
+int SvgSheetOf(const std::string& job, const std::string& name);
+
+// Whether the options ask for anything that is drawn.
+bool AsksForPages(const BatchOptions& options);
 
 // The names of the files that the options make of a job, without a folder; of the SVGs the first.
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job);

@@ -5,11 +5,8 @@
 #include <iostream>
 #include <optional>
 
-#include "core/model.h"
-#include "core/numbers.h"
-#include "drawing/draw_section.h"
 #include "drawing/page_surface.h"
-#include "holes/hole_list.h"
+#include "output/reports.h"
 #include "ui/platform/document_output.h"
 #include "ui/platform/qt_font_metrics.h"
 
@@ -25,7 +22,7 @@ void TellTheWorst(QtMsgType type, const QMessageLogContext&, const QString& text
 }  // namespace
 
 // The toolkit keeps references to its arguments.
-struct SheetWriter::Toolkit {
+struct DocumentWriter::Toolkit {
   std::string Name = "orvane-batch";
   std::string Option = "-platform";
   std::string Platform = "offscreen";
@@ -34,40 +31,50 @@ struct SheetWriter::Toolkit {
   QGuiApplication Application{Count, Arguments.data()};
 };
 
+// The document in work.
+struct DocumentWriter::Job {
+  explicit Job(const DocumentFiles& files) : Files(files) {
+    if (!Files.Pdf.empty()) Pdf.emplace(Files.Pdf, Files.Title);
+    PreparePreview(Surface);
+    Surface.PageDone = [this](const Page& page) { Write(page); };
+  }
+
+  void Write(const Page& page) {
+    ++Pages;
+    if (Pdf) Pdf->Write(page);
+    if (Files.Svg) WriteSvg(Files.Svg(Pages), page, Files.Title);
+  }
+
+  DocumentFiles Files;
+  std::optional<PdfOutput> Pdf;
+  int Pages = 0;
+  PageSurface Surface{SheetMetrics()};
+};
+
 bool SheetsInThisBuild() {
   return true;
 }
 
-SheetWriter::SheetWriter() {
+DocumentWriter::DocumentWriter() {
   qInstallMessageHandler(TellTheWorst);
   toolkit_ = std::make_unique<Toolkit>();
 }
 
-SheetWriter::~SheetWriter() = default;
+DocumentWriter::~DocumentWriter() = default;
 
-void SheetWriter::Write(const SheetFiles& files) {
-  std::optional<PdfOutput> pdf;
-  if (!files.Pdf.empty()) pdf.emplace(files.Pdf, files.Title);
-  int sheets = 0;
-  PageSurface surface(SheetMetrics());
-  surface.PageDone = [&](const Page& page) {
-    ++sheets;
-    if (pdf) pdf->Write(page);
-    if (files.Svg) WriteSvg(files.Svg(sheets), page, files.Title);
-  };
+PrintSurface& DocumentWriter::Begin(const DocumentFiles& files) {
+  job_ = std::make_unique<Job>(files);
+  return job_->Surface;
+}
 
-  PrepareDrawingWidth(surface);
-  const std::int16_t last = Int16(Items.UBound());
-  for (std::int16_t row = 1; row <= last; ++row) {
-    const Item& item = Items.At(row);
-    if (item.PatternName == CustomPattern) {
-      AdjustHoleSpacing(row);
-    } else {
-      RebuildHoles(row, item.PatternName);
-    }
-    DrawSection(surface, row, row == 1, row == last);
-  }
-  if (pdf) pdf->Finish();
+void DocumentWriter::Finish() {
+  if (!job_) return;
+  if (job_->Pdf) job_->Pdf->Finish();
+  job_.reset();
+}
+
+void DocumentWriter::Drop() {
+  job_.reset();
 }
 
 }  // namespace orvane

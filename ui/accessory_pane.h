@@ -9,6 +9,11 @@
 
 namespace orvane {
 
+// Where a picture stands on a surface of that size, mm: in its proportions, as large as the surface
+// lets it be within an edge of 5 mm, and in the middle. Without width or height on a surface that
+// is all edge.
+Box PicturePlace(const Picture& picture, double surfaceWidth, double surfaceHeight);
+
 // Bears the name VSPrinter1: the accessory's picture on white, as large as the pane lets it be, in
 // its proportions.
 class AccessoryPicture : public QWidget {
@@ -17,11 +22,14 @@ class AccessoryPicture : public QWidget {
   AccessoryPicture(std::int16_t AccIndex, QWidget* parent);
 
   QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QSize SizeInLines(int lines) const;
+
   std::shared_ptr<const Picture> picture_;
 };
 

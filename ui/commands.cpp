@@ -88,6 +88,10 @@ const std::vector<CommandEntry> AllCommands = {
     {Place::mnuCHPUI, 1, Command::HolesRelative, "Add Holes (Relative X)", "", "", "holes-relative"},
     {Place::mnuCHPUI, 2, Command::EditHole,      "Edit",                   "", "", "edit-hole"},
     {Place::mnuCHPUI, 3, Command::RemoveHole,    "Remove",                 "", "", "remove"},
+
+    // Pop-up of the accessory list
+    {Place::mnuAccPUI, 0, Command::EditAccessory,  "Edit",  "", "", "edit-accessory"},
+    {Place::mnuAccPUI, 1, Command::ClearAccessory, "Clear", "", "", "clear-accessory"},
 };
 // clang-format on
 

@@ -46,10 +46,12 @@ enum class Command {
   Registration,
   EditHole,
   RemoveHole,
+  EditAccessory,
+  ClearAccessory,
 };
 
 // Where an entry stands. The name is that of the control array.
-enum class Place { SSCommand1, mnuProject, mnuSection, mnuOutput, mnuHelp, mnuCHPUI };
+enum class Place { SSCommand1, mnuProject, mnuSection, mnuOutput, mnuHelp, mnuCHPUI, mnuAccPUI };
 
 struct CommandEntry {
   Place Where = Place::SSCommand1;

@@ -10,7 +10,9 @@
 #include "core/numbers.h"
 #include "core/section_families.h"
 #include "holes/hole_list.h"
+#include "ui/controls/dialog_place.h"
 #include "ui/controls/picture_radio.h"
+#include "ui/controls/tab_stop.h"
 #include "ui/hole_pictures.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
@@ -78,6 +80,7 @@ FrmAddHoles::FrmAddHoles(std::int16_t ItemIndex, int CustomRow, std::function<vo
   setObjectName("frmAddHoles");
   setWindowTitle(TextsOfMode(mode_).Title);
   setWindowIcon(ProgramIcon());
+  KeepPlace(*this);
   BuildParts();
   if (mode_ == EditHole) {
     ShowHoleToEdit();
@@ -140,6 +143,7 @@ QWidget* FrmAddHoles::BuildSet(std::string_view Letter) {
     grid->addWidget(button, place / PicturesInALine, place % PicturesInALine, Qt::AlignTop);
     ++place;
   }
+  KeepTabAtChecked(*set);
   // By code as by hand: the panel must never stand there for another button.
   connect(set, &QButtonGroup::idToggled, this, [this] { Guard([&] { PatternSelected(); }); });
   sets_.at(static_cast<std::size_t>(MaxDimsRow(Letter) - 1)) = set;
@@ -168,6 +172,7 @@ void FrmAddHoles::BuildOffGauge() {
     SSRibbon2_->addButton(button, id);
     line->addWidget(button);
   }
+  KeepTabAtChecked(*SSRibbon2_);
   SSRibbon2_->button(0)->setChecked(true);
   line->addStretch();
 
@@ -192,6 +197,7 @@ QHBoxLayout* FrmAddHoles::BuildDetails() {
     optDia_->addButton(button, id);
     diameters->addWidget(button);
   }
+  KeepTabAtChecked(*optDia_);
 
   txtSlotLen_ = NewHoleField("txtSlotLen", this);
   chkCounterSunk_ = new QCheckBox("Countersunk", this);

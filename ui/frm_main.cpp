@@ -12,7 +12,6 @@
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "ui/frm_about.h"
-#include "ui/frm_errors.h"
 #include "ui/frm_max_dims.h"
 #include "ui/frm_mitres.h"
 #include "ui/frm_notches.h"
@@ -224,12 +223,22 @@ void FrmMain::Dispatch(Command command, int index) {
     case Command::Registration:
       return ShowRegistration();
     case Command::PrintDrawing:
+      if (SelectedRow() < 1) return;
+      return Print([row = Int16(SelectedRow())] { PrintCurrentDrawing(row); });
     case Command::PrintAllDrawings:
-    case Command::PrintAccessoryList:
+      return Print(PrintAllDrawings);
     case Command::PrintAccessorySheets:
+      return Print(PrintAllAccessorySheets);
     case Command::PrintSummary:
-    case Command::EditHole:  // the hole list's own, as the next
+      return Print([] {
+        PrintContractSummary();
+        PrintAccessoryReport();
+      });
+    case Command::PrintAccessoryList:  // the entry exists and has no effect
+    case Command::EditHole:            // the hole list's own, as the next
     case Command::RemoveHole:
+    case Command::EditAccessory:  // the accessory list's own, as the next
+    case Command::ClearAccessory:
     case Command::None:
       return;
   }
@@ -303,30 +312,6 @@ void FrmMain::ShowProjectDetails() {
   details_.exec();
   // The sheet's bottom strip shows them.
   sheet_->DrawSection(SelectedRow());
-}
-
-void FrmMain::ShowExportErrors() {
-  FrmErrors(this).exec();
-}
-
-PrintSurface& FrmMain::PreviewSurface() {
-  if (!preview_) {
-    preview_ = std::make_unique<FrmPreview>(this);
-    PreparePreview(preview_->Surface());
-  }
-  return preview_->Surface();
-}
-
-void FrmMain::ShowPreview() {
-  preview_.reset();
-}
-
-void FrmMain::DropPreview() {
-  preview_.reset();
-}
-
-bool FrmMain::GoesOn(int, int) {
-  return true;
 }
 
 }  // namespace orvane

@@ -9,6 +9,7 @@
 #include <QSplitter>
 #include <QToolButton>
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -22,6 +23,7 @@
 #include "ui/frm_main_grid.h"
 #include "ui/frm_preview.h"
 #include "ui/frm_project_details.h"
+#include "ui/platform/progress.h"
 #include "ui/sheet_view.h"
 
 namespace orvane {
@@ -105,6 +107,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void RestoreState(int state);
   void StoreWindow() const;
 
+  // Output.
+  void Print(const std::function<void()>& command);
+  void ShowSelectedRow();
+
   FrmProjectDetails& details_;
   QWidget* SSPanelToolbar_ = nullptr;
   QWidget* SSPanelFile_ = nullptr;
@@ -122,7 +128,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   DetailPanel* detail_ = nullptr;
   AccessoryList* accessories_ = nullptr;
 
-  std::unique_ptr<FrmPreview> preview_;
+  std::unique_ptr<FrmPreview> preview_;    // being drawn, not shown yet
+  std::unique_ptr<ProgressRun> printRun_;  // of the commands that draw it
 
   bool drawingMaximized_ = false;
   int drawingWidth_ = 0;           // of the drawing pane before it was maximized

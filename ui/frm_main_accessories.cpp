@@ -1,12 +1,20 @@
 #include "ui/frm_main_accessories.h"
 
+#include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "core/model.h"
+#include "project/accessory_lines.h"
+#include "project/accessory_rules.h"
+#include "ui/frm_acc01.h"
+#include "ui/frm_acc02.h"
 #include "ui/platform/guard.h"
+#include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
 
 namespace orvane {
@@ -80,6 +88,18 @@ AccessoryList::AccessoryList(QWidget* parent) : QListWidget(parent) {
   setSelectionMode(QAbstractItemView::SingleSelection);
   setUniformItemSizes(true);
   setItemDelegate(new MarkDelegate(this));
+  BuildMenu();
+}
+
+void AccessoryList::BuildMenu() {
+  mnuAccPU = new QMenu("AccPopup", this);
+  mnuAccPU->setObjectName("mnuAccPU");
+  for (const CommandEntry& entry : CommandsOf(Place::mnuAccPUI)) {
+    QAction* action = mnuAccPU->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
+    action->setObjectName(IndexedName("mnuAccPUI", entry.Index));
+    connect(action, &QAction::triggered, this,
+            [this, command = entry.What] { Guard([&] { Run(command); }); });
+  }
 }
 
 void AccessoryList::FillAccessoryList() {
@@ -98,12 +118,60 @@ void AccessoryList::ClearAccUsage() {
   for (int at = 0; at < count(); ++at) SetAccessoryMark(*item(at), UnusedMark);
 }
 
+std::int16_t AccessoryList::Selected() const {
+  const QListWidgetItem* entry = currentItem();
+  return entry != nullptr && entry->isSelected() ? Int16(currentRow() + 1) : std::int16_t{0};
+}
+
+void AccessoryList::EditAccessories() {
+  const std::int16_t index = Selected();
+  CurrentAcc = index;
+  if (index == 0) return;
+  if (IsType1Accessory(index)) {
+    FrmAcc01(window()).exec();
+  } else {
+    FrmAcc02(window()).exec();
+  }
+  if (AccDialogResult == "Cancelled") return;
+  SetAccessoryMark(*item(index - 1), AccUsed.At(index) != False ? UsedMark : UnusedMark);
+  // The list may have had the focus since before the project was saved.
+  ProjectDirty = True;
+}
+
+void AccessoryList::ClearAccessory() {
+  const std::int16_t index = Selected();
+  if (index == 0) return;
+  ClearAccLines(IsType1Accessory(index) ? 1 : 2, index);
+  SetAccUsage();
+  ProjectDirty = True;
+}
+
+void AccessoryList::Run(Command command) {
+  if (command == Command::EditAccessory) EditAccessories();
+  if (command == Command::ClearAccessory) ClearAccessory();
+}
+
 void AccessoryList::focusInEvent(QFocusEvent* event) {
   Guard([&] {
     QListWidget::focusInEvent(event);
+    if (!IsUsersArrival(event->reason())) return;
     // Deliberately whether anything is changed afterwards or not.
-    if (IsUsersArrival(event->reason())) ProjectDirty = True;
+    ProjectDirty = True;
+    // Whoever comes by the keyboard sees where he is.
+    const bool byMouse = event->reason() == Qt::MouseFocusReason;
+    if (!byMouse && Selected() == 0) setCurrentRow(std::max(currentRow(), 0));
   });
+}
+
+// The mouse. What the pop-up does is done to the entry that the user points at.
+
+void AccessoryList::SelectAt(QPoint place) {
+  if (QListWidgetItem* entry = itemAt(place)) setCurrentItem(entry);
+}
+
+void AccessoryList::ShowMenu(QPoint globalPos) {
+  // The menu key can come as a key and as the wish for a menu, one behind the other.
+  if (!mnuAccPU->isVisible()) mnuAccPU->popup(globalPos);
 }
 
 void AccessoryList::mousePressEvent(QMouseEvent* event) {
@@ -112,9 +180,65 @@ void AccessoryList::mousePressEvent(QMouseEvent* event) {
       QListWidget::mousePressEvent(event);
       return;
     }
-    // What the pop-up does is done to the entry that the user points at.
-    if (QListWidgetItem* entry = itemAt(event->position().toPoint())) setCurrentItem(entry);
     event->accept();
+    SelectAt(event->position().toPoint());
+    ShowMenu(event->globalPosition().toPoint());
+  });
+}
+
+void AccessoryList::mouseDoubleClickEvent(QMouseEvent* event) {
+  // The second press of the right button is one more press.
+  if (event->button() == Qt::RightButton) return mousePressEvent(event);
+  Guard([&] {
+    QListWidget::mouseDoubleClickEvent(event);
+    const bool onEntry = itemAt(event->position().toPoint()) != nullptr;
+    if (event->button() == Qt::LeftButton && onEntry) EditAccessories();
+  });
+}
+
+// The press of the right button has opened the menu already.
+void AccessoryList::contextMenuEvent(QContextMenuEvent* event) {
+  Guard([&] {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Mouse) ShowMenuAtEntry();
+  });
+}
+
+// The keyboard.
+
+void AccessoryList::ShowMenuAtEntry() {
+  QPoint place(0, 0);
+  if (Selected() > 0) {
+    scrollToItem(currentItem());
+    place = visualItemRect(currentItem()).bottomLeft();
+  }
+  ShowMenu(viewport()->mapToGlobal(place));
+}
+
+// The keys of the list's commands. One that is held down must not open a dialog again and again, or
+// run through the accessories.
+bool AccessoryList::ListKey(const QKeyEvent& key) {
+  const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
+  const bool plain = modifiers == Qt::NoModifier;
+  if (plain && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)) {
+    if (!key.isAutoRepeat()) EditAccessories();
+    return true;
+  }
+  if (plain && key.key() == Qt::Key_Delete) {
+    if (!key.isAutoRepeat()) ClearAccessory();
+    return true;
+  }
+  if (key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && modifiers == Qt::ShiftModifier)) {
+    ShowMenuAtEntry();
+    return true;
+  }
+  return false;
+}
+
+void AccessoryList::keyPressEvent(QKeyEvent* event) {
+  Guard([&] {
+    event->accept();
+    if (!ListKey(*event)) QListWidget::keyPressEvent(event);
   });
 }
 

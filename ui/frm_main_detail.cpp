@@ -1,13 +1,9 @@
 #include "ui/frm_main_detail.h"
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <array>
 
 #include "core/catalogues.h"
@@ -15,10 +11,8 @@
 #include "core/text.h"
 #include "holes/hole_coding.h"
 #include "holes/hole_list.h"
-#include "project/custom_holes.h"
-#include "ui/frm_add_holes.h"
+#include "ui/controls/tab_stop.h"
 #include "ui/platform/guard.h"
-#include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
 
 namespace orvane {
@@ -108,55 +102,10 @@ void DetailPanel::BuildSagBars() {
     optSagBars->addButton(button, static_cast<int>(option));
     column->addWidget(button);
   }
+  KeepTabAtChecked(*optSagBars);
   // The user's click alone: a change of the pair by code isn't a choice.
   connect(optSagBars, &QButtonGroup::idClicked, this,
           [this](int option) { Guard([&] { SagBarsSelected(option); }); });
-}
-
-void DetailPanel::BuildHoleList() {
-  SSpanelCustom = new QWidget(this);
-  SSpanelCustom->setObjectName("SSpanelCustom");
-
-  holes_ = new TextGridModel({"Xpos", "Rel X", "BF", "W1", "W2", "TF", "Dia", "Slot", "C"}, this);
-  MSFlexGrid2 = new FlexGrid(holes_, SSpanelCustom);
-  MSFlexGrid2->setObjectName("MSFlexGrid2");
-  MSFlexGrid2->setAccessibleName("Custom hole positions");
-  MSFlexGrid2->SetColumnRatio({520, 520, 360, 360, 360, 360, 320, 360, 200});
-  // By the keyboard alone: a click must not take the focus out of the editor of a section.
-  MSFlexGrid2->setFocusPolicy(Qt::TabFocus);
-  MSFlexGrid2->installEventFilter(this);
-  MSFlexGrid2->CellPressed = [this](int row, int, Qt::MouseButton, QPoint) { MarkHole(row); };
-  // What the menu does to a hole, it must not do to one that isn't pointed at.
-  MSFlexGrid2->SpacePressed = [this](Qt::MouseButton) { MarkHole(0); };
-  MSFlexGrid2->MenuAsked = [this](QPoint globalPos) { ShowHolesMenu(globalPos); };
-
-  auto* buttons = new QHBoxLayout;
-  const std::array captions = {"Holes (&Absolute X)", "Holes (&Relative X)"};
-  const std::array modes = {AddAbsolute, AddRelative};
-  for (std::size_t index = 0; index < captions.size(); ++index) {
-    auto* button = new QPushButton(captions.at(index), SSpanelCustom);
-    button->setObjectName(IndexedName("cmdHoles", static_cast<int>(index)));
-    buttons->addWidget(button);
-    connect(button, &QPushButton::clicked, this,
-            [this, mode = modes.at(index)] { Guard([&] { AddCustomHoles(mode); }); });
-  }
-
-  auto* column = new QVBoxLayout(SSpanelCustom);
-  column->setContentsMargins({});
-  column->addWidget(new QLabel(" Custom hole positions:", SSpanelCustom));
-  column->addWidget(MSFlexGrid2, 1);
-  column->addLayout(buttons);
-}
-
-void DetailPanel::BuildHolesMenu() {
-  mnuCHPU = new QMenu(this);
-  mnuCHPU->setObjectName("mnuCHPU");
-  for (const CommandEntry& entry : CommandsOf(Place::mnuCHPUI)) {
-    QAction* action = mnuCHPU->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
-    action->setObjectName(IndexedName("mnuCHPUI", entry.Index));
-    connect(action, &QAction::triggered, this,
-            [this, command = entry.What] { Guard([&] { RunHoleCommand(command); }); });
-  }
 }
 
 void DetailPanel::LayParts() {
@@ -185,11 +134,6 @@ void DetailPanel::LayParts() {
 
 std::int16_t DetailPanel::Row() const {
   return Int16(sections_.Row());
-}
-
-bool DetailPanel::IsHoleListShown() const {
-  // Whether the window itself is on the screen doesn't count.
-  return SSpanelCustom->isVisibleTo(this);
 }
 
 // The toolkit would pass the focus of a part that goes on to some other control, maybe one where
@@ -273,16 +217,6 @@ void DetailPanel::ClearDetailPanel() {
   }
 }
 
-void DetailPanel::FillHoleGrid(std::int16_t ItemIndex) {
-  holes_->SetRows(HoleGridRows(ItemIndex));
-  MarkHole(MSFlexGrid2->Row());
-}
-
-void DetailPanel::EmptyHoleGrid() {
-  holes_->SetRows({});
-  MarkHole(0);
-}
-
 void DetailPanel::ShowPitch(std::int16_t ItemIndex) {
   cboPitch->SelectQuietly(FindComboIndex(cboPitch->Entries(), Items.At(ItemIndex).Pitch));
 }
@@ -291,11 +225,10 @@ void DetailPanel::ShowJointingPieces(std::int16_t ItemIndex) {
   txtJointing->setText(ToQt(ShortestText(Items.At(ItemIndex).JointingPieces)));
 }
 
+// A section without a selection has no pattern: the text is empty then, and no pattern bears that
+// name.
 void DetailPanel::RebuildShownHoles(std::int16_t ItemIndex) {
-  RemoveStandardHoles(ItemIndex);
-  if (cboPattern->currentIndex() >= 0) ExpandPattern(cboPattern->Text(), ItemIndex);
-  SortHoles(ItemIndex);
-  AdjustHoleSpacing(ItemIndex);
+  RebuildHoles(ItemIndex, cboPattern->Text());
   if (IsHoleListShown()) FillHoleGrid(ItemIndex);
 }
 
@@ -349,11 +282,10 @@ void DetailPanel::ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles h
   }
 }
 
+// The steps of RebuildHoles, each of which goes on behind an error of the one before.
 void DetailPanel::RebuildStepByStep(std::int16_t ItemIndex) {
   Guard([&] { RemoveStandardHoles(ItemIndex); });
-  Guard([&] {
-    if (cboPattern->currentIndex() >= 0) ExpandPattern(cboPattern->Text(), ItemIndex);
-  });
+  Guard([&] { ExpandPattern(cboPattern->Text(), ItemIndex); });
   Guard([&] { SortHoles(ItemIndex); });
   Guard([&] { AdjustHoleSpacing(ItemIndex); });
   ShowHolesAndSheet(ItemIndex);
@@ -387,113 +319,6 @@ void DetailPanel::JointingChanged() {
   if (row < 1) return;
   SetJointingPieces(row, FromQt(txtJointing->text()));
   sheet_.DrawSection(row);
-}
-
-// Commands.
-
-void DetailPanel::ConvertToCustom(std::int16_t ItemIndex) {
-  if (ItemIndex < 1) return;
-  ConvertHolesToCustom(ItemIndex);
-  cboPattern->SelectQuietly(0);
-  // By name: the list tells nothing when "Custom" was selected already.
-  PatternSelected();
-  ProjectDirty = True;
-  FillHoleGrid(ItemIndex);
-}
-
-void DetailPanel::DeleteCustomHole(std::int16_t ItemIndex, int CustomRow) {
-  try {
-    if (!DeleteCustomHoleRow(ItemIndex, CustomRow)) return;
-  } catch (...) {
-    // The hole went, and only the gaps failed: the list must not show it any more.
-    FillHoleGrid(ItemIndex);
-    throw;
-  }
-  FillHoleGrid(ItemIndex);
-  sheet_.DrawSection(ItemIndex);
-}
-
-void DetailPanel::AddCustomHoles(std::int16_t Mode) {
-  if (Row() < 1 || cboPattern->currentIndex() != 0) {
-    TheDesktop().Message("Punching pattern must be 'Custom'");
-    return;
-  }
-  OpenHoleDialog(Mode, 0);
-}
-
-void DetailPanel::EditCustomHole() {
-  // Nothing to edit without a hole of the list selected.
-  const int hole = MSFlexGrid2->Row();
-  if (CustomHoleRow(Row(), hole) > 0) OpenHoleDialog(EditHole, hole);
-}
-
-void DetailPanel::OpenHoleDialog(std::int16_t Mode, int CustomRow) {
-  HoleDialogMode = Mode;
-  const auto follow = [this, row = Row()] { ShowHolesAndSheet(row); };
-  FrmAddHoles(Row(), CustomRow, follow, window()).exec();
-}
-
-// The hole list.
-
-void DetailPanel::MarkHole(int row) {
-  MSFlexGrid2->SetCurrent(row, 0);
-  holes_->SetGreyRow(MSFlexGrid2->Row());
-}
-
-void DetailPanel::ShowHolesMenu(QPoint globalPos) {
-  // The menu key can come as a key and as the wish for a menu, one behind the other.
-  if (!mnuCHPU->isVisible()) mnuCHPU->popup(globalPos);
-}
-
-void DetailPanel::RunHoleCommand(Command command) {
-  if (command == Command::HolesAbsolute) AddCustomHoles(AddAbsolute);
-  if (command == Command::HolesRelative) AddCustomHoles(AddRelative);
-  if (command == Command::EditHole) EditCustomHole();
-  if (command == Command::RemoveHole) DeleteCustomHole(Row(), MSFlexGrid2->Row());
-}
-
-bool DetailPanel::HoleListKey(int key, Qt::KeyboardModifiers modifiers) {
-  const int row = MSFlexGrid2->Row();
-  const int last = MSFlexGrid2->Rows() - 1;
-  int target = row;
-  if (key == Qt::Key_Up && modifiers == Qt::NoModifier) {
-    target = std::min(std::max(row - 1, 1), last);
-  } else if (key == Qt::Key_Down && modifiers == Qt::NoModifier) {
-    target = std::min(row + 1, last);
-  } else if (key == Qt::Key_Delete && modifiers == Qt::NoModifier) {
-    RunHoleCommand(Command::RemoveHole);
-    return true;
-  } else if (key == Qt::Key_Menu || (key == Qt::Key_F10 && modifiers == Qt::ShiftModifier)) {
-    const QPoint place = MSFlexGrid2->CellRect(row, 0).bottomLeft();
-    ShowHolesMenu(MSFlexGrid2->viewport()->mapToGlobal(place));
-    return true;
-  } else {
-    return false;
-  }
-  MarkHole(target);
-  MSFlexGrid2->EnsureVisible(target, 0);
-  return true;
-}
-
-bool DetailPanel::eventFilter(QObject* watched, QEvent* event) {
-  bool handled = false;
-  Guard([&] {
-    if (watched != MSFlexGrid2) return;
-    if (event->type() == QEvent::KeyPress) {
-      const auto& press = static_cast<const QKeyEvent&>(*event);
-      // A key held down must not run through the holes.
-      handled = (press.key() == Qt::Key_Delete && press.isAutoRepeat()) ||
-                HoleListKey(press.key(), press.modifiers());
-    } else if (event->type() == QEvent::FocusIn) {
-      // Whoever comes by the keyboard sees where he is.
-      MarkHole(std::min(std::max(MSFlexGrid2->Row(), 1), MSFlexGrid2->Rows() - 1));
-      MSFlexGrid2->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
-    } else if (event->type() == QEvent::FocusOut) {
-      MSFlexGrid2->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
-                                 static_cast<int>(QFrame::Sunken));
-    }
-  });
-  return handled || QWidget::eventFilter(watched, event);
 }
 
 }  // namespace orvane

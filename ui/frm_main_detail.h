@@ -91,7 +91,8 @@ class DetailPanel : public QWidget {
   void JointingChanged();
 
   void MarkHole(int row);
-  bool HoleListKey(int key, Qt::KeyboardModifiers modifiers);
+  bool HoleListKey(const QKeyEvent& key);
+  void HoleListEntered(Qt::FocusReason reason);
   void ShowHolesMenu(QPoint globalPos);
   void RunHoleCommand(Command command);
   void EditCustomHole();

@@ -164,7 +164,7 @@ bool SectionsGrid::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
       const auto& key = *static_cast<QKeyEvent*>(event);
       taken = GridBusy_ || refusing_ || EditorKey(key) ||
-              (watched == txtEdit_ ? DropsCharacter(key) : ChoosesByKey(key));
+              (watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key));
     } else if (event->type() == QEvent::InputMethod && watched == txtEdit_) {
       taken = !TakesCharacters(static_cast<QInputMethodEvent*>(event)->commitString());
     } else if (event->type() == QEvent::FocusIn) {
@@ -255,23 +255,6 @@ bool SectionsGrid::EditorKey(const QKeyEvent& key) {
     MoveTo(toRow, toColumn);
   }
   return true;
-}
-
-// The keys by which the toolkit would choose another product on the closed list; Alt and Down opens
-// it, and letters search.
-bool SectionsGrid::ChoosesByKey(const QKeyEvent& key) {
-  switch (key.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      return true;
-    case Qt::Key_Down:
-      return key.modifiers() != Qt::AltModifier;
-    default:
-      return false;
-  }
 }
 
 // Of typed characters a length and a quantity take digits alone. What edits the text passes, and so

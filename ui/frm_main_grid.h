@@ -80,7 +80,6 @@ class SectionsGrid : public QWidget {
   // The editors.
   void MakeEditors();
   bool EditorKey(const QKeyEvent& key);
-  static bool ChoosesByKey(const QKeyEvent& key);
   bool DropsCharacter(const QKeyEvent& key) const;
   bool TakesCharacters(const QString& typed) const;
   void TextTyped(const std::string& text);

@@ -43,6 +43,8 @@ std::string_view ArrayName(Place place) {
       return "mnuHelp";
     case Place::mnuCHPUI:
       return "mnuCHPUI";
+    case Place::mnuAccPUI:
+      return "mnuAccPUI";
   }
   return "";
 }

@@ -8,6 +8,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "drawing/primitives.h"
+#include "ui/controls/dialog_place.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -71,6 +72,7 @@ FrmMitres::FrmMitres(QWidget* parent) : PlainDialog(parent), itemIndex_(CurrentI
   setObjectName("frmMitres");
   setWindowTitle("Mitres");
   setWindowIcon(ProgramIcon());
+  KeepPlace(*this);
 
   Picture1_ = new BeamPicture(this);
   const Item& item = Items.At(itemIndex_);
@@ -140,9 +142,10 @@ bool FrmMitres::eventFilter(QObject* watched, QEvent* event) {
       GuardFocusChange([this, box] { LeaveBox(*box); });
     }
   } else if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      Guard([this] { Store(); });
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+      // The one that opened the dialog may be held down still.
+      if (!key.isAutoRepeat()) Guard([this] { Store(); });
       return true;
     }
   }

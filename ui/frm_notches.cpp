@@ -9,6 +9,8 @@
 
 #include "core/catalogues.h"
 #include "core/model.h"
+#include "core/numbers.h"
+#include "ui/controls/dialog_place.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -147,6 +149,7 @@ FrmNotches::FrmNotches(QWidget* parent) : PlainDialog(parent), itemIndex_(Curren
   setObjectName("frmNotches");
   setWindowTitle("Notches");
   setWindowIcon(ProgramIcon());
+  KeepPlace(*this);
   BuildGrid();
   BuildEditors();
 
@@ -234,15 +237,19 @@ void FrmNotches::StartEditing(int row, int column) {
   model_->SetGreyRow(row);
   MSFlexGrid1_->EnsureVisible(row, column);
   const std::string text = MSFlexGrid1_->TextMatrix(row, column);
+  const QString name =
+      ToQt(MSFlexGrid1_->TextMatrix(0, column)) + ", row " + ToQt(DecimalText(row));
   QFrame* shown = SSPanelEdit_.at(code ? 1 : 0);
   QFrame* hidden = SSPanelEdit_.at(code ? 0 : 1);
   if (code) {
     // Letters typed in the cell before don't go on here.
-    cboEdit_->view()->keyboardSearch({});
+    cboEdit_->SearchAfresh();
     cboEdit_->SelectQuietly(FindComboIndex(cboEdit_->Entries(), text));
+    cboEdit_->setAccessibleName(name);
   } else {
     txtEdit_->setText(ToQt(text));
     txtEdit_->selectAll();
+    txtEdit_->setAccessibleName(name);
   }
   shown->setGeometry(MSFlexGrid1_->CellRect(row, column));
   shown->show();
@@ -279,7 +286,11 @@ bool FrmNotches::eventFilter(QObject* watched, QEvent* event) {
   bool taken = false;
   if (event->type() == QEvent::KeyPress) {
     const auto& key = *static_cast<QKeyEvent*>(event);
-    Guard([&] { taken = watched == MSFlexGrid1_ ? GridKey(key) : EditorKey(key); });
+    Guard([&] {
+      taken = watched == MSFlexGrid1_
+                  ? GridKey(key)
+                  : EditorKey(key) || (watched == cboEdit_ && PlainCombo::ChoosesByKey(key));
+    });
   }
   return taken || PlainDialog::eventFilter(watched, event);
 }
@@ -307,12 +318,6 @@ bool FrmNotches::EditorKey(const QKeyEvent& key) {
     case Qt::Key_Down:
       if (row < MSFlexGrid1_->Rows() - 1) StartEditing(row + 1, column);
       return true;
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      // By these the toolkit would choose another code.
-      return cboEdit_->hasFocus();
     default:
       return false;
   }

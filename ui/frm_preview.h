@@ -1,20 +1,36 @@
 // "Print Preview": a document of pages, to be looked at and printed.
 #pragma once
 
+#include <QAction>
+#include <QMenuBar>
+
 #include "drawing/page_surface.h"
+#include "ui/controls/document_view.h"
 #include "ui/controls/plain_dialog.h"
 
 namespace orvane {
 
 // Holds the surface that a printing command draws on, from before it is shown until it is closed.
+// What is drawn while it is shown doesn't show.
 class FrmPreview : public PlainDialog {
  public:
   explicit FrmPreview(QWidget* parent = nullptr);
 
   PageSurface& Surface() { return surface_; }
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
+  void BuildMenu();
+  QAction* AddEntry(QMenu& menu, int index, const QString& caption);
+  void TakeFirstSize();
+  void Print();
+
   PageSurface surface_;
+  QMenuBar* menuBar_ = nullptr;
+  QAction* print_ = nullptr;
+  DocumentView* VSPrinter1 = nullptr;
 };
 
 }  // namespace orvane

@@ -65,7 +65,9 @@ void SheetView::ApplyMargins() {
   }
   // The room for the elevation is known from here on, before the first section is drawn, so that
   // its holes are spaced for it already.
-  if (!PrepareDrawingWidth(*shown_)) return;
+  const bool newRoom = PrepareDrawingWidth(*shown_);
+  if (!newRoom && MinHoleSep == separation_) return;
+  separation_ = MinHoleSep;
   for (int row = 1; row <= Items.UBound(); ++row) {
     try {
       AdjustHoleSpacing(Int16(row));

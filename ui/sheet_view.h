@@ -22,7 +22,8 @@ class SheetView : public PageView {
   void DrawSection(int ItemIndex);
   // Shows nothing.
   void Clear();
-  // Takes over the margins of the sheets, for the next sheet drawn, and works out DrawingWidth.
+  // Takes over the margins of the sheets, for the next sheet drawn, and works out DrawingWidth;
+  // where it or MinHoleSep isn't what it was, all sections' gaps between holes too.
   void ApplyMargins();
 
   // Another sheet, or the same one afresh, or nothing is shown from now on.
@@ -38,6 +39,7 @@ class SheetView : public PageView {
   // the former alone and no memory is taken at a key stroke.
   std::unique_ptr<PageSurface> shown_;
   std::unique_ptr<PageSurface> spare_;
+  double separation_ = 0;  // MinHoleSep that the gaps were worked out with
   int shownRow_ = 0;
   int drawCount_ = 0;
   int shownDraw_ = 0;  // which drawing it was

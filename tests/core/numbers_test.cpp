@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <limits>
 #include <locale>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -192,6 +196,13 @@ TEST(Numbers, Whole_raises_Overflow_beyond_16_bits_and_for_what_is_no_number) {
   }
 }
 
+TEST(Numbers, Nearest_rounds_a_half_to_the_even_neighbour_beyond_16_bits_too) {
+  EXPECT_EQ(Nearest(16839.9), 16840);
+  EXPECT_EQ(Nearest(72.5), 72);
+  EXPECT_EQ(Nearest(217.5), 218);
+  EXPECT_EQ(Nearest(40000.4), 40000);
+}
+
 TEST(Numbers, Int16_is_checked_at_both_limits) {
   EXPECT_EQ(Int16(32767), 32767);
   EXPECT_EQ(Int16(-32768), -32768);
@@ -375,6 +386,100 @@ TEST(Numbers, ShortestText_of_a_32_bit_float_has_up_to_7_digits) {
                                    {16777216.0F, "1.677722E+07"},
                                    {0.00001F, "1E-05"}};
   for (const Case& c : cases) EXPECT_EQ(ShortestText(c.Value), c.Text) << c.Value;
+}
+
+// The digits of a measure that was computed go on behind the fifteenth or the seventh, and are
+// rounded there.
+TEST(Numbers, ShortestText_rounds_what_lies_behind_the_last_significant_digit) {
+  struct Case {
+    double Value;
+    const char* Text;
+  };
+  const std::vector<Case> cases = {
+      {120.30000000000001, "120.3"},  // zeros before the cut go too
+      {55.170000000000002, "55.17"},  // reads back by fewer digits already
+      {68.799999999999997, "68.8"},
+      {119.99999999999999, "120"},  // a carry through to the point and over it
+      {0.99999999999999989, "1"},
+      {1234.5678901234567, "1234.56789012346"},  // up by one
+      {1234.5678901234547, "1234.56789012345"},  // and not
+      {0.0012345678901234567, "0.00123456789012346"},
+      {0.00099999999999999998, "0.001"},
+      {0.00100000000000000041, "0.001"},
+      {1234567890123.4567, "1234567890123.46"},
+      {12345678901234.567, "12345678901234.6"},
+      // Halves, exact in binary: to the even digit, as the nearest text is.
+      {0x1p-1 + 0x1p-16, "0.500015258789062"},  // 0.5000152587890625
+      {0x1.8p-1 + 0x1p-16, "0.750015258789062"},
+      {0x1p-1 + 0x3p-16, "0.500045776367188"},  // 0.5000457763671875
+      // Their neighbours, by one in the last binary place.
+      {0.50001525878906261, "0.500015258789063"},
+      {0.50001525878906239, "0.500015258789062"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(ShortestText(c.Value), c.Text);
+    EXPECT_EQ(ShortestText(-c.Value), "-" + std::string(c.Text));
+  }
+  struct FloatCase {
+    float Value;
+    const char* Text;
+  };
+  const std::vector<FloatCase> floats = {
+      {33.333332F, "33.33333"},    {66.666664F, "66.66666"}, {0.0012345678F, "0.001234568"},
+      {99999.992F, "99999.99"},    {9.9999999F, "10"},       {1000.0001F, "1000"},
+      {4096.00048828125F, "4096"},
+  };
+  for (const FloatCase& c : floats) EXPECT_EQ(ShortestText(c.Value), c.Text);
+}
+
+template <class Float>
+void ExpectNearestText(Float value) {
+  constexpr int precision = sizeof(Float) == sizeof(float) ? 7 : 15;
+  std::array<char, 64> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                 std::chars_format::general, precision)
+                       .ptr;
+  std::replace(buffer.data(), end, 'e', 'E');
+  ASSERT_EQ(ShortestText(value), std::string(buffer.data(), end));
+}
+
+// A value and its neighbours to both sides.
+template <class Float>
+void ExpectNearestTextAround(Float value) {
+  constexpr int neighbours = 3;
+  Float below = value;
+  Float above = value;
+  ExpectNearestText(value);
+  for (int i = 0; i < neighbours; ++i) {
+    ExpectNearestText(below = std::nextafter(below, Float(0)));
+    ExpectNearestText(above = std::nextafter(above, std::numeric_limits<Float>::max()));
+  }
+}
+
+template <class Float>
+void ExpectNearestTexts(double halfPlace) {
+  std::mt19937_64 random(20);
+  for (int exponent = -6; exponent <= 17; ++exponent) {
+    const double decade = std::pow(10.0, exponent);
+    ExpectNearestTextAround(static_cast<Float>(decade));
+    for (int i = 0; i < 1000; ++i) {
+      const double mantissa = 1 + 9 * std::generate_canonical<double, 53>(random);
+      ExpectNearestText(static_cast<Float>(mantissa * decade));
+      // Near a half behind the last significant digit, where a wrong rounding would show.
+      const double half = (std::floor(mantissa / halfPlace) + 0.5) * halfPlace;
+      ExpectNearestTextAround(static_cast<Float>(half * decade));
+      // What sums of lengths leave: a short number and a few of the last binary places.
+      const double sum = std::round(mantissa * 1000) / 1000 * decade;
+      ExpectNearestTextAround(static_cast<Float>(sum));
+    }
+    if (::testing::Test::HasFatalFailure()) return;
+  }
+}
+
+// The text by number of digits is the library's; ours has a shorter road to most of them.
+TEST(Numbers, ShortestText_is_the_nearest_text_of_its_digits_whatever_the_number) {
+  ExpectNearestTexts<double>(1e-14);
+  ExpectNearestTexts<float>(1e-6);
 }
 
 TEST(Numbers, ShortestText_of_a_16_bit_number_is_its_digits) {

@@ -1,14 +1,12 @@
 #include "drawing/draw_section.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "core/files.h"
 #include "core/numbers.h"
 #include "drawing/drawing_state.h"
 #include "drawing/hole_drawing.h"
 #include "drawing/notches_and_mitres.h"
-#include "drawing/pictures.h"
 #include "drawing/section_views.h"
 #include "drawing/sheet_frame.h"
 #include "holes/hole_list.h"
@@ -23,18 +21,8 @@ using Lines = std::vector<std::string>;
 class DrawSectionTest : public SheetTest {
  protected:
   DrawSectionTest() {
-    logo_ = frmDrawings().imgLogo;
-    frmDrawings().imgLogo =
-        std::make_shared<const Picture>(Picture{.Width = 60, .Height = 18, .Shapes = {}});
-    SectionDims.Append(ProductOf("Z", "Z20016",
-                                 {.Dim3 = 200,
-                                  .Dim4 = 65,
-                                  .Dim5 = 60,
-                                  .Dim7 = 16,
-                                  .Dim8 = 18,
-                                  .Dim9 = 40,
-                                  .Dim10 = 120,
-                                  .Dim11 = 40}));
+    SetLogo(60, 18);
+    SectionDims.Append(Z20016());
     Item item = SectionOf("P1", "Z", 6000, 2);
     item.Product = "Z20016";
     item.MitreLeft = 10;
@@ -52,7 +40,6 @@ class DrawSectionTest : public SheetTest {
     DrawingWidth = 228;
     AdjustHoleSpacing(1);
   }
-  ~DrawSectionTest() override { frmDrawings().imgLogo = logo_; }
 
   Lines Sheet(std::int16_t row, bool openDocument, bool closeDocument) {
     surface.Forget();
@@ -75,9 +62,6 @@ class DrawSectionTest : public SheetTest {
     DrawHoles(surface, row, dim);
     return surface.Lines();
   }
-
- private:
-  std::shared_ptr<const Picture> logo_;
 };
 
 Lines Joined(const Lines& first, const Lines& second, const Lines& third) {

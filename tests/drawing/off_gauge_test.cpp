@@ -4,7 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "core/numbers.h"
 #include "drawing/drawing_state.h"
+#include "drawing/page_surface.h"
+#include "drawing/sheet_frame.h"
 #include "tests/drawing/elevation_fixture.h"
 
 namespace orvane {
@@ -226,6 +229,7 @@ TEST_F(OffGaugeTest, The_table_is_recorded_line_by_line) {
             "CurrentY 30mm\n"
             "StartTable\n"
             "TableIndent 197mm\n"
+            "TableOnOnePage\n"
             "TableCell 2 0 0 3\n"
             "TableCell 1 0 0 4\n"
             "TableCell 7 0 0 \"5mm\"\n"
@@ -257,6 +261,7 @@ TEST_F(OffGaugeTest, The_table_of_an_eaves_beam_ends_before_t) {
             "CurrentY 30mm\n"
             "StartTable\n"
             "TableIndent 212mm\n"
+            "TableOnOnePage\n"
             "TableCell 2 0 0 2\n"
             "TableCell 1 0 0 3\n"
             "TableCell 7 0 0 \"5mm\"\n"
@@ -300,6 +305,28 @@ TEST_F(OffGaugeTest, Many_letters_begin_the_table_left_of_the_paper) {
 
 TEST_F(OffGaugeTest, Without_rows_there_is_no_table) {
   EXPECT_EQ(TableOf({}), "");
+}
+
+// Four rows of 5 mm, 20 mm below the top margin: from one of 171 mm on they end below the paper.
+TEST_F(OffGaugeTest, The_table_stays_on_its_page_whatever_the_top_margin) {
+  Table<OffGaugeHole> list;
+  list.Append(Row(30, 25, 40, 0));
+  for (const int margin : {-30, 0, 150, 166, 170, 171, 180, 190, 250}) {
+    TopMargin = Int16(margin);
+    PageSurface sheet(metrics);
+    ApplyPageMargins(sheet);
+    sheet.StartDoc();
+    DrawOffGaugeTable(sheet, 1, dim, list);
+    sheet.EndDoc();
+    ASSERT_EQ(sheet.Result().Pages.size(), 1U) << margin;
+    std::vector<double> rows;
+    for (const Shape& shape : sheet.Result().Pages.front().Shapes) {
+      const auto* line = std::get_if<LineShape>(&shape);
+      if (line != nullptr && line->From.Y == line->To.Y) rows.push_back(line->From.Y);
+    }
+    const double top = margin + 20;
+    EXPECT_EQ(rows, (std::vector<double>{top, top + 5, top + 10, top + 15, top + 20})) << margin;
+  }
 }
 
 }  // namespace

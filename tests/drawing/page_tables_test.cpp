@@ -283,7 +283,7 @@ TEST_F(PageTablesTest, A_text_too_long_for_a_row_with_a_height_is_one_line_cut_o
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
                              "text \"" + fits + "\" 10.5 10.472 10",
-                             "text \"" + tooLong + "\" 10 15.472 10 clip 10 15 100 5",
+                             "text \"" + tooLong + "\" 10.5 15.472 10 clip 10 15 100 5",
                          }));
   // At the right too its beginning shows.
   surface.StartDoc();
@@ -296,7 +296,7 @@ TEST_F(PageTablesTest, A_text_too_long_for_a_row_with_a_height_is_one_line_cut_o
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
                              "text \"" + tooLong + "\" 29.735 10.472 10",
-                             "text \"" + tooLong + "\" 30 15.472 10 clip 30 15 100 5",
+                             "text \"" + tooLong + "\" 30.5 15.472 10 clip 30 15 100 5",
                          }));
 }
 
@@ -315,8 +315,9 @@ TEST_F(PageTablesTest, A_text_may_use_the_padding_before_it_is_cut_off) {
                          }));
 }
 
-// 12 characters are 21.164 mm in columns of 20: the one in the first column would begin left of the
-// table, the one in the second begins 0.582 left of its cell and ends as much right of the table.
+// 12 characters are 21.164 mm in columns of 20. Centred, the one in the first column would begin
+// left of the table, the one in the second begins 0.582 left of its cell and ends as much right of
+// the table.
 TEST_F(PageTablesTest, A_bold_heading_may_reach_over_its_cell_up_to_the_edge_of_the_table) {
   Start(1, {"20", "20"});
   SetText(0, 0, "abcdefghijkl");
@@ -324,8 +325,32 @@ TEST_F(PageTablesTest, A_bold_heading_may_reach_over_its_cell_up_to_the_edge_of_
   surface.TableAlignment(0, 0, CellAlignment::Centre);
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
-                             "text \"abcdefghijkl\" 10 10.472 10 bold",
+                             "text \"abcdefghijkl\" 10.5 10.472 10 bold",
                              "text \"abcdefghijkl\" 29.418 10.472 10 bold clip 10 10 40 5",
+                         }));
+}
+
+// At the left it begins, at the right it ends half a millimetre inside, as the values below it.
+TEST_F(PageTablesTest, A_bold_heading_that_reaches_over_keeps_in_line_with_its_column) {
+  Start(2, {"20", "20", "20"});
+  SetText(1, 2, "abcdefghijkl");
+  SetText(2, 2, "ab");
+  Set(TableSetting::Bold, 1, 0, 1);
+  surface.EndTable();
+  EXPECT_EQ(ShapesOf(1), (Lines{
+                             "text \"abcdefghijkl\" 30.5 10.472 10 bold",
+                             "text \"ab\" 30.5 15.472 10",
+                         }));
+  surface.StartDoc();
+  Start(2, {"20", "20", "20"});
+  SetText(1, 2, "abcdefghijkl");
+  SetText(2, 2, "ab");
+  Set(TableSetting::Bold, 1, 0, 1);
+  surface.TableAlignment(0, 2, CellAlignment::Right);
+  surface.EndTable();
+  EXPECT_EQ(ShapesOf(1), (Lines{
+                             "text \"abcdefghijkl\" 28.336 10.472 10 bold",  // to 49.5
+                             "text \"ab\" 45.973 15.472 10",                 // 3.527 mm wide
                          }));
 }
 

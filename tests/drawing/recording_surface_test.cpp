@@ -74,13 +74,6 @@ TEST(LengthTest, FiniteMm_refuses_what_no_page_has_a_place_for) {
             "Overflow");
 }
 
-TEST(LengthTest, RoundedTwips_go_to_the_nearest_and_halves_to_the_even_one) {
-  EXPECT_EQ(RoundedTwips(16839.9), 16840);
-  EXPECT_EQ(RoundedTwips(72.5), 72);
-  EXPECT_EQ(RoundedTwips(217.5), 218);
-  EXPECT_EQ(RoundedTwips(40000.4), 40000);
-}
-
 // --- PlainFontMetrics
 
 TEST(PlainFontMetricsTest, Characters_are_half_an_em_wide_and_lines_1_15_em_high) {
@@ -150,6 +143,7 @@ TEST_F(RecordingSurfaceTest, Writes_every_operation_as_one_line) {
   surface.TableCell(TableSetting::CellTextColor, 6, 2, Grey);
   surface.TableBorder(AllTableLines);
   surface.TableIndent(Length::OfMm(33.3));
+  surface.TableOnOnePage();
   surface.TableAlignment(0, 1, CellAlignment::Left);
   surface.TableAlignment(0, 2, CellAlignment::Centre);
   surface.TableAlignment(0, 3, CellAlignment::Right);
@@ -157,6 +151,7 @@ TEST_F(RecordingSurfaceTest, Writes_every_operation_as_one_line) {
   surface.EndTable();
   surface.NewPage();
   surface.EndDoc();
+  surface.Finish();
 
   const std::vector<std::string> expected = {
       "Orientation 1",
@@ -205,6 +200,7 @@ TEST_F(RecordingSurfaceTest, Writes_every_operation_as_one_line) {
       "TableCell 21 6 2 128,128,128",
       "TableBorder 7",
       "TableIndent 33.3mm",
+      "TableOnOnePage",
       "TableAlignment 0 1 left 6",
       "TableAlignment 0 2 centre 6",
       "TableAlignment 0 3 right 8",
@@ -212,6 +208,7 @@ TEST_F(RecordingSurfaceTest, Writes_every_operation_as_one_line) {
       "EndTable",
       "NewPage",
       "EndDoc",
+      "Finish",
   };
   EXPECT_EQ(surface.Lines(), expected);
   surface.Forget();

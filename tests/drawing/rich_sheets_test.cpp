@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -13,7 +12,6 @@
 #include "core/desktop.h"
 #include "core/numbers.h"
 #include "drawing/draw_section.h"
-#include "drawing/pictures.h"
 #include "holes/hole_list.h"
 #include "tests/drawing/sheet_fixture.h"
 #include "tests/drawing/small_metafile.h"
@@ -397,13 +395,9 @@ void ExpectRecording(const std::vector<std::string>& recorded,
 class RichSheetTest : public SheetTest {
  protected:
   RichSheetTest();
-  ~RichSheetTest() override { frmDrawings().imgLogo = logo_; }
 
   // Draws the section's sheet as a document of its own and compares it with its golden.
   void ExpectGolden(const RichSection& section, const std::string& name);
-
- private:
-  std::shared_ptr<const Picture> logo_;
 };
 
 RichSheetTest::RichSheetTest() {
@@ -412,11 +406,7 @@ RichSheetTest::RichSheetTest() {
   std::filesystem::create_directories(picture.parent_path());
   ProgramFolder = picture.parent_path().parent_path().string();
   TempFile("Drawings/drg015.wmf", SmallMetafile(1800, 900));
-  Picture logo;
-  logo.Width = 60;
-  logo.Height = 18;
-  logo_ = frmDrawings().imgLogo;
-  frmDrawings().imgLogo = std::make_shared<const Picture>(logo);
+  SetLogo(60, 18);
 
   txtProject = {"OJ-7731", "J 2041", "Marsh & Field Ltd", "Barn at Low Farm", "K. Loom"};
   DTPicker1 = {2026, 9, 7};

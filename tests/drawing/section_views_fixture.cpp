@@ -21,6 +21,18 @@ SectionDim ProductOf(const std::string& type, const std::string& name, const Dim
   return dim;
 }
 
+SectionDim Z20016() {
+  return ProductOf("Z", "Z20016",
+                   {.Dim3 = 200,
+                    .Dim4 = 65,
+                    .Dim5 = 60,
+                    .Dim7 = 16,
+                    .Dim8 = 18,
+                    .Dim9 = 40,
+                    .Dim10 = 120,
+                    .Dim11 = 40});
+}
+
 Item SectionOf(const std::string& mark, const std::string& type, int length, int quantity) {
   Item item;
   item.Mark = mark;

@@ -15,6 +15,8 @@ struct Dims {
   double Dim3 = 0, Dim4 = 0, Dim5 = 0, Dim7 = 0, Dim8 = 0, Dim9 = 0, Dim10 = 0, Dim11 = 0;
 };
 SectionDim ProductOf(const std::string& type, const std::string& name, const Dims& dims);
+// The product of most sections here: 200 deep, flanges of 65 and 60, lips of 16 and 18.
+SectionDim Z20016();
 
 Item SectionOf(const std::string& mark, const std::string& type, int length, int quantity = 1);
 Item EavesBeamOf(const std::string& mark, int length, const std::string& pitch);

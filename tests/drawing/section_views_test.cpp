@@ -10,15 +10,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-const SectionDim ZDim = ProductOf("Z", "Z20016",
-                                  {.Dim3 = 200,
-                                   .Dim4 = 65,
-                                   .Dim5 = 60,
-                                   .Dim7 = 16,
-                                   .Dim8 = 18,
-                                   .Dim9 = 40,
-                                   .Dim10 = 120,
-                                   .Dim11 = 40});
+const SectionDim ZDim = Z20016();
 
 Item Mitred(const std::string& mark, const std::string& type) {
   Item item = SectionOf(mark, type, 6000);

@@ -1,13 +1,24 @@
 #include "tests/drawing/sheet_fixture.h"
 
+#include "drawing/pictures.h"
+
 namespace orvane::test {
 
-SheetTest::SheetTest() {
+SheetTest::SheetTest() : logo_(frmDrawings().imgLogo) {
   LeftMargin = 10;
   RightMargin = 10;
   TopMargin = 10;
   BottomMargin = 10;
   MinHoleSep = 4;
+}
+
+SheetTest::~SheetTest() {
+  frmDrawings().imgLogo = logo_;
+}
+
+void SheetTest::SetLogo(double width, double height) {
+  frmDrawings().imgLogo =
+      std::make_shared<const Picture>(Picture{.Width = width, .Height = height, .Shapes = {}});
 }
 
 std::string SheetTest::Recorded(std::size_t from) const {

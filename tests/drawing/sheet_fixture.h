@@ -1,6 +1,7 @@
 // What the tests of the sheets share.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@ namespace orvane::test {
 class SheetTest : public SystemTest {
  protected:
   SheetTest();
+  ~SheetTest() override;
+
+  // Gives the sheets a logo of that size, mm, in the place of the program's own.
+  static void SetLogo(double width, double height);
 
   PlainFontMetrics metrics;
   RecordingSurface surface{metrics};
@@ -23,6 +28,9 @@ class SheetTest : public SystemTest {
   std::string Recorded(std::size_t from = 0) const;
   // The recorded lines that begin with that operation.
   std::vector<std::string> LinesOf(const std::string& operation) const;
+
+ private:
+  std::shared_ptr<const Picture> logo_;
 };
 
 }  // namespace orvane::test

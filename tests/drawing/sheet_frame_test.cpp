@@ -1,11 +1,8 @@
 #include "drawing/sheet_frame.h"
 
-#include <memory>
-
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "drawing/page_surface.h"
-#include "drawing/pictures.h"
 #include "tests/drawing/sheet_fixture.h"
 
 namespace orvane::test {
@@ -16,16 +13,7 @@ using Lines = std::vector<std::string>;
 
 class SheetFrame : public SheetTest {
  protected:
-  SheetFrame() {
-    logo_ = frmDrawings().imgLogo;
-    SetLogo(60, 18);
-  }
-  ~SheetFrame() override { frmDrawings().imgLogo = logo_; }
-
-  static void SetLogo(double width, double height) {
-    frmDrawings().imgLogo =
-        std::make_shared<const Picture>(Picture{.Width = width, .Height = height, .Shapes = {}});
-  }
+  SheetFrame() { SetLogo(60, 18); }
 
   // The footer that the frame sets.
   std::string Footer() {
@@ -40,9 +28,6 @@ class SheetFrame : public SheetTest {
     DrawSheetFrame(surface, kind);
     return surface.Lines();
   }
-
- private:
-  std::shared_ptr<const Picture> logo_;
 };
 
 // The strip of a Z sheet of the job below, the logo 18 mm high: its top is at

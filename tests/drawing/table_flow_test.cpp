@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "core/numbers.h"
 #include "tests/drawing/table_fixture.h"
 
 namespace {
@@ -16,7 +17,7 @@ class TableFlowTest : public PageTablesTest {};
 
 // The logo is 18 mm high: the table begins at page - 18 - margin - 12 and is 28.8 mm high.
 TEST_F(TableFlowTest, The_job_table_never_leaves_its_page_whatever_the_margin) {
-  for (const double margin : {10.0, 0.0, 30.0}) {
+  for (const double margin : {10.0, 0.0, 30.0, -40.0, 150.0, 300.0}) {
     surface.StartDoc();
     surface.MarginBottom(Length::OfMm(margin));
     DrawJobTable(210 - 18 - margin - 12);
@@ -39,6 +40,32 @@ TEST_F(TableFlowTest, A_table_with_row_heights_breaks_only_where_the_paper_ends)
   EXPECT_EQ(ShapesOf(2).front(), "text \"Label\" 160.5 10.169 11");
   surface.Text("next");
   EXPECT_EQ(ShapesOf(2).back(), "text \"next\" 10 24.4 10");
+}
+
+// The rows end behind the paper, at 210 mm, and the margins leave room for one of them.
+TEST_F(TableFlowTest, A_table_on_one_page_stands_whole_where_it_begins) {
+  for (const bool growing : {false, true}) {
+    surface.StartDoc();
+    surface.MarginTop(Length::OfMm(191));
+    surface.CurrentY(Length::OfMm(195));
+    Start(4, {"20"}, growing);
+    surface.TableOnOnePage();
+    for (int row = 1; row <= 4; ++row) SetText(row, 1, DecimalText(row));
+    surface.TableBorder(AllTableLines);
+    surface.EndTable();
+    EXPECT_EQ(PageCount(), 1U);
+    EXPECT_EQ(TextsOf(1), (Lines{"1", "2", "3", "4"}));
+    // Four lines of 4.056 mm, or four rows of 5.
+    EXPECT_EQ(ShapesOf(1, "line").at(4),
+              growing ? "line 10 211.226 30 211.226 pen 0.1" : "line 10 215 30 215 pen 0.1");
+  }
+  // The next table flows again, a row a page.
+  surface.StartDoc();
+  surface.CurrentY(Length::OfMm(195));
+  Start(4, {"20"});
+  for (int row = 1; row <= 4; ++row) SetText(row, 1, DecimalText(row));
+  surface.EndTable();
+  EXPECT_EQ(PageCount(), 4U);
 }
 
 TEST_F(TableFlowTest, A_row_with_a_height_beyond_the_page_stands_on_one_of_its_own) {

@@ -30,6 +30,14 @@ const std::multiset<std::string> Messages = {
     // Detail panel.
     "Selecting a standard pattern will remove custom holes, continue?",
     "Punching pattern must be 'Custom'",
+    // Holes by hand.
+    "Please enter a valid value for the X position (too close to edge or too close to existing "
+    "hole)",
+    // What the accessory dialogs refuse.
+    "'No. Rqd' should equal 'No. As Drawn' + 'No. Opp. Hand'",
+    "Maximum length for VCR section is 3050",
+    "Tubular apex ties only suitable if pitch <= 25deg",
+    "Please enter EITHER purlin OR rail centres",
     // New, open, exit.
     "Save changes to current project?",
     "P1 : Z24520 Length shorter than last hole position \nQuit anyway?",
@@ -50,6 +58,11 @@ const std::multiset<std::string> Messages = {
     "File not found: /opt/lintaro/Drawings/drg015.wmf",
     "Invalid picture: /opt/lintaro/Drawings/drg015.wmf",
     "Picture outside the program's folder: \\Drawings\\..\\acc13.wmf",
+    // Print.
+    "Nothing to print",
+    "There are no such pages",
+    "Can't print on Office",
+    "No printer is installed",
     // Catalogues and settings.
     "Error loading data from /opt/lintaro/dims.csv\nFile not found",
     "ERROR #3 : Permission denied",
@@ -73,6 +86,10 @@ struct TitledBox {
 };
 constexpr TitledBox Titles[] = {
     {"Selecting a standard pattern", "Punching Pattern"},
+    {"'No. Rqd' should equal", "VCR Assembly"},
+    {"Maximum length for VCR section", "VCR Assembly"},
+    {"Tubular apex ties only suitable", "Tubular apex ties"},
+    {"Please enter EITHER purlin", "Sag bars (screw fix)"},
     {"Save changes to current project?", "New Project, or Exit"},
     {"P1 : Z24520 Length shorter", "Warning"},
     {"Item 2: P2 requires sleeves", "Checking Data"},

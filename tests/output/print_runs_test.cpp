@@ -1,1 +1,344 @@
-// The printing of all sheets.
+// The printing of sheets: one, all, and those of the accessories.
+#include <algorithm>
+
+#include "drawing/accessory_sheet.h"
+#include "drawing/draw_section.h"
+#include "output/reports.h"
+#include "project/accessory_rules.h"
+#include "tests/output/print_fixture.h"
+
+namespace orvane {
+
+namespace {
+
+using namespace test;
+
+class PrintRunsTest : public PrintTest {
+ protected:
+  static bool Begins(const TextList& lines, const std::string& operation) {
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+      return line == operation || line.rfind(operation + " ", 0) == 0;
+    });
+  }
+
+  static std::vector<std::int16_t> HolesOf(int row) {
+    std::vector<std::int16_t> places;
+    for (const Hole& hole : Items.At(row).Holes) places.push_back(hole.XPos);
+    return places;
+  }
+
+  // A section whose sheet needs a picture, and a catalogue without pictures.
+  void AddRailWithoutPicture() {
+    ProgramFolder = TempPath("bare");
+    SectionDim dim;
+    dim.SectionType = "R";
+    dim.Product = "CLR";
+    dim.Dim3 = 120;
+    dim.Dim5 = 60;
+    dim.Dim9 = 50;
+    SectionDims.Append(dim);
+    Item item = MakeItem("R", "R1", 3000);
+    item.Product = "CLR";
+    Items.Append(item);
+  }
+
+  // The page on which all is laid out, by the preview of the program.
+  const std::vector<Page>& Pages(void (*command)()) {
+    InstallOutputScreen(pages);
+    command();
+    return pages.ShownDocument->Pages;
+  }
+
+  PagedScreen pages;
+};
+
+}  // namespace
+
+// One sheet.
+
+TEST_F(PrintRunsTest, The_current_drawing_is_a_document_of_one_sheet) {
+  AddPurlin("P1", 6000);
+  AddCustomPurlin("P2", 4000, {100, 3000});
+  PrintCurrentDrawing(2);
+  EXPECT_EQ(Drawn(), DrawnBy([](PrintSurface& surface) { DrawSection(surface, 2, true, true); }));
+  EXPECT_EQ(screen.Shown, 1);
+  EXPECT_EQ(screen.Dropped, 0);
+}
+
+TEST_F(PrintRunsTest, Without_a_selected_section_no_drawing_is_printed) {
+  AddPurlin("P1", 6000);
+  PrintCurrentDrawing(0);
+  EXPECT_EQ(Drawn(), TextList{});
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_TRUE(desktop.Boxes.empty());
+}
+
+TEST_F(PrintRunsTest, The_very_first_drawing_has_its_gaps) {
+  AddCustomPurlin("P1", 4000, {100, 3000});
+  DrawingWidth = 0;
+  PrintCurrentDrawing(1);
+  EXPECT_EQ(DrawingWidth, 228);
+  EXPECT_EQ(Items.At(1).Holes.At(1).RelX, 100);
+  EXPECT_EQ(Items.At(1).Holes.At(2).RelX, 2900);
+}
+
+TEST_F(PrintRunsTest, A_drawing_that_fails_is_dropped_and_its_error_goes_to_the_menu) {
+  AddRailWithoutPicture();
+  EXPECT_NE(ErrorOf([] { PrintCurrentDrawing(1); }).find("File not found"), std::string::npos);
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_EQ(screen.Dropped, 1);
+}
+
+// All sheets.
+
+TEST_F(PrintRunsTest, All_drawings_open_with_the_first_and_close_with_the_last) {
+  AddPurlin("P1", 6000);
+  AddPurlin("P2", 5000);
+  AddPurlin("P3", 4000);
+  PrintAllDrawings();
+  const TextList expected = DrawnBy([](PrintSurface& surface) {
+    DrawSection(surface, 1, true, false);
+    DrawSection(surface, 2, false, false);
+    DrawSection(surface, 3, false, true);
+  });
+  const TextList drawn = Drawn();
+  EXPECT_EQ(drawn, expected);
+  EXPECT_EQ(CountOf(drawn, "StartDoc"), 1U);
+  EXPECT_EQ(CountOf(drawn, "NewPage"), 2U);
+  EXPECT_EQ(CountOf(drawn, "EndDoc"), 1U);
+  EXPECT_EQ(screen.Shown, 1);
+}
+
+TEST_F(PrintRunsTest, A_single_section_closes_a_document_that_was_never_opened) {
+  AddPurlin("P1", 6000);
+  PrintAllDrawings();
+  const TextList drawn = Drawn();
+  EXPECT_EQ(drawn, DrawnBy([](PrintSurface& surface) { DrawSection(surface, 1, false, true); }));
+  for (const char* operation : {"StartDoc", "Clear", "Orientation", "MarginLeft", "MarginTop",
+                                "MarginRight", "MarginBottom", "MarginFooter", "NewPage"}) {
+    EXPECT_FALSE(Begins(drawn, operation)) << operation;
+  }
+  EXPECT_EQ(CountOf(drawn, "EndDoc"), 1U);
+  EXPECT_EQ(screen.Shown, 1);
+}
+
+TEST_F(PrintRunsTest, A_project_without_sections_prints_no_drawings) {
+  PrintAllDrawings();
+  EXPECT_EQ(Drawn(), TextList{});
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_EQ(screen.Dropped, 0);
+  EXPECT_TRUE(screen.Steps.empty());
+  EXPECT_TRUE(desktop.Boxes.empty());
+}
+
+TEST_F(PrintRunsTest, Each_section_has_one_page_with_frame_and_footer) {
+  for (const int count : {1, 2, 5}) {
+    Items.Clear();
+    for (int row = 1; row <= count; ++row) AddPurlin("P" + std::to_string(row), 6000);
+    const std::vector<Page>& shown = Pages(PrintAllDrawings);
+    ASSERT_EQ(shown.size(), static_cast<std::size_t>(count));
+    for (std::size_t at = 0; at < shown.size(); ++at) {
+      EXPECT_EQ(shown[at].Width, 297);
+      EXPECT_EQ(shown[at].Height, 210);
+      const TextList texts = TextsOn(shown[at]);
+      EXPECT_EQ(CountOf(texts, "P" + std::to_string(at + 1)), 1U);
+      EXPECT_EQ(CountOf(texts, "Detail System"), 1U);
+      EXPECT_EQ(CountOf(texts, "E-mail: sales@lintaro.example"), 1U);
+    }
+  }
+}
+
+TEST_F(PrintRunsTest, The_page_of_a_single_section_is_that_of_its_current_drawing) {
+  AddPurlin("P1", 6000);
+  const std::vector<Shape> alone = Pages(PrintAllDrawings).front().Shapes;
+  EXPECT_EQ(alone, Pages([] { PrintCurrentDrawing(1); }).front().Shapes);
+}
+
+TEST_F(PrintRunsTest, Holes_of_a_pattern_are_made_afresh_and_custom_ones_are_left) {
+  AddPurlin("P1", 6000);
+  Hole stale = MakeHole(11, 18);
+  stale.Kind = PatternKind;
+  AddHoles(Items.At(1), {stale, MakeHole(50, 14)});
+  AddCustomPurlin("P2", 4000, {3000, 100});
+  DrawingWidth = 228;
+  PrintAllDrawings();
+  // C3: 35 mm to both sides of the middle.
+  EXPECT_EQ(HolesOf(1), (std::vector<std::int16_t>{50, 2965, 3035}));
+  EXPECT_EQ(HolesOf(2), (std::vector<std::int16_t>{3000, 100}));
+  EXPECT_EQ(Items.At(2).Holes.At(1).RelX, 0);
+}
+
+TEST_F(PrintRunsTest, The_turned_holes_of_an_opposite_hand_are_turned_back) {
+  AddPurlin("P1", 6000);
+  PunchPatterns.At(1).Codes = "A0";
+  for (const int x : {5893, 5968}) {
+    Hole hole = MakeHole(Int16(x), 18);
+    hole.Kind = PatternKind;
+    AddHoles(Items.At(1), {hole});
+  }
+  PrintAllDrawings();
+  // A0: 32 mm from the left-hand end, and 75 mm further on.
+  EXPECT_EQ(HolesOf(1), (std::vector<std::int16_t>{32, 107}));
+}
+
+TEST_F(PrintRunsTest, The_very_first_run_works_out_the_gaps_of_all_sections) {
+  AddPurlin("P1", 6000);
+  AddCustomPurlin("P2", 4000, {100, 3000});
+  DrawingWidth = 0;
+  PrintAllDrawings();
+  EXPECT_EQ(DrawingWidth, 228);
+  EXPECT_EQ(Items.At(1).Holes.At(1).RelX, 2965);
+  EXPECT_EQ(Items.At(1).Holes.At(2).RelX, 70);
+  EXPECT_EQ(Items.At(2).Holes.At(1).RelX, 100);
+  EXPECT_EQ(Items.At(2).Holes.At(2).RelX, 2900);
+}
+
+TEST_F(PrintRunsTest, The_progress_is_told_with_each_sheet) {
+  for (const char* mark : {"P1", "P2", "P3"}) AddPurlin(mark, 6000);
+  PrintAllDrawings();
+  EXPECT_EQ(screen.Steps, (std::vector<std::pair<int, int>>{{1, 3}, {2, 3}, {3, 3}}));
+}
+
+TEST_F(PrintRunsTest, A_run_that_is_called_off_shows_nothing_and_leaves_the_tables) {
+  AddPurlin("P1", 6000);
+  AddHoles(Items.At(1), {MakeHole(50, 14)});
+  AddCustomPurlin("P2", 4000, {3000, 100});
+  AddPurlin("P3", 5000);
+  for (const int step : {1, 2, 3}) {
+    screen.Shown = screen.Dropped = 0;
+    screen.Steps.clear();
+    screen.CalledOffAfter = step;
+    DrawingWidth = 100;
+    PrintAllDrawings();
+    EXPECT_EQ(screen.Shown, 0);
+    EXPECT_EQ(screen.Dropped, 1);
+    EXPECT_EQ(static_cast<int>(screen.Steps.size()), step);
+    EXPECT_EQ(DrawingWidth, 100);
+    EXPECT_EQ(HolesOf(1), (std::vector<std::int16_t>{50}));
+    EXPECT_EQ(Items.At(1).HoleCount, 1);
+    EXPECT_EQ(HolesOf(2), (std::vector<std::int16_t>{3000, 100}));
+    EXPECT_EQ(Items.At(2).Holes.At(1).RelX, 0);
+    EXPECT_EQ(HolesOf(3), std::vector<std::int16_t>{});
+  }
+}
+
+TEST_F(PrintRunsTest, A_run_that_fails_is_dropped_and_its_error_goes_to_the_menu) {
+  AddPurlin("P1", 6000);
+  AddRailWithoutPicture();
+  AddPurlin("P3", 6000);
+  DrawingWidth = 0;
+  EXPECT_NE(ErrorOf(PrintAllDrawings).find("File not found"), std::string::npos);
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_EQ(screen.Dropped, 1);
+  // Nothing is rolled back.
+  EXPECT_EQ(HolesOf(1), (std::vector<std::int16_t>{2965, 3035}));
+  EXPECT_EQ(HolesOf(3), std::vector<std::int16_t>{});
+  // So that the next run works all gaps out.
+  EXPECT_EQ(DrawingWidth, 0);
+}
+
+// The accessories' sheets.
+
+TEST_F(PrintRunsTest, Accessory_sheets_come_in_the_order_of_the_catalogue_into_one_document) {
+  for (const int row : {12, 2, 6}) UseAccessory(row);
+  CurrentAcc = 1;
+  PrintAllAccessorySheets();
+  EXPECT_EQ(CurrentAcc, 12);
+  const TextList expected = DrawnBy([](PrintSurface& surface) {
+    CurrentAcc = 2;
+    DrawAccessorySheet(surface, AccessoryType::One, AccessoryRows(2), true, false);
+    surface.NewPage();
+    CurrentAcc = 6;
+    DrawAccessorySheet(surface, AccessoryType::Two, AccessoryRows(6), false, false);
+    surface.NewPage();
+    CurrentAcc = 12;
+    DrawAccessorySheet(surface, AccessoryType::Two, AccessoryRows(12), false, false);
+    surface.EndDoc();
+  });
+  const TextList drawn = Drawn();
+  EXPECT_EQ(drawn, expected);
+  EXPECT_EQ(CountOf(drawn, "StartDoc"), 1U);
+  EXPECT_EQ(CountOf(drawn, "NewPage"), 2U);
+  EXPECT_EQ(CountOf(drawn, "EndDoc"), 1U);
+  EXPECT_EQ(drawn.back(), "EndDoc");
+  EXPECT_EQ(CountOf(drawn, "Text \"Accessory 2\""), 1U);
+  EXPECT_EQ(CountOf(drawn, "Text \"Accessory 6\""), 1U);
+  EXPECT_EQ(CountOf(drawn, "Text \"Accessory 12\""), 1U);
+  EXPECT_EQ(screen.Shown, 1);
+  EXPECT_EQ(screen.Steps, (std::vector<std::pair<int, int>>{{1, 3}, {2, 3}, {3, 3}}));
+}
+
+TEST_F(PrintRunsTest, A_type_1_sheet_has_the_numbers_off_of_its_sizes) {
+  AccUsed.At(2) = True;
+  AccLines1.Append(MakeLine1(2, 3, 12));
+  AccLines1.Append(MakeLine1(1, 1, 99));
+  AccLines1.Append(MakeLine1(2, 1, 5));
+  AccLines1.Append(MakeLine1(2, 2, 0));
+  AccLines1.Append(MakeLine1(2, 4, 8));  // a size that the catalogue doesn't have any more
+  PrintAllAccessorySheets();
+  TextList cells;  // of the last table, behind the frame's own
+  for (const std::string& line : Drawn()) {
+    if (line == "StartTable") cells.clear();
+    if (line.rfind("TableCell 18 ", 0) == 0) cells.push_back(line);
+  }
+  EXPECT_EQ(cells, (TextList{"TableCell 18 1 1 \"Descripton\"", "TableCell 18 1 2 \"Code\"",
+                             "TableCell 18 1 3 \"No. Off\"", "TableCell 18 2 1 \"Size One\"",
+                             "TableCell 18 2 2 \"SOne\"", "TableCell 18 2 3 \"5\"",
+                             "TableCell 18 3 1 \"Size Three\"", "TableCell 18 3 2 \"SThree\"",
+                             "TableCell 18 3 3 \"12\""}));
+}
+
+TEST_F(PrintRunsTest, Without_accessories_in_use_there_is_nothing_to_print) {
+  AccLines1.Append(MakeLine1(1, 2, 7));  // a line without its mark
+  CurrentAcc = 3;
+  PrintAllAccessorySheets();
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes[0].Text, "Nothing to print");
+  EXPECT_EQ(desktop.Boxes[0].Title, "");
+  EXPECT_EQ(desktop.Boxes[0].Choice, Buttons::Ok);
+  EXPECT_EQ(Drawn(), TextList{});
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_EQ(CurrentAcc, 3);
+}
+
+TEST_F(PrintRunsTest, An_accessory_in_use_without_lines_has_its_sheet) {
+  AccUsed.At(1) = True;
+  AccUsed.At(6) = True;
+  EXPECT_EQ(Pages(PrintAllAccessorySheets).size(), 2U);
+}
+
+TEST_F(PrintRunsTest, Accessory_sheets_have_a_page_each_landscape_with_frame_and_footer) {
+  for (const int row : {1, 5, 6, 22}) UseAccessory(row);
+  const std::vector<Page>& shown = Pages(PrintAllAccessorySheets);
+  ASSERT_EQ(shown.size(), 4U);
+  const TextList titles = {"Accessory 1", "Accessory 5", "Accessory 6", "Accessory 22"};
+  for (std::size_t at = 0; at < shown.size(); ++at) {
+    EXPECT_EQ(shown[at].Width, 297);
+    const TextList texts = TextsOn(shown[at]);
+    EXPECT_EQ(CountOf(texts, titles[at]), 1U);
+    EXPECT_EQ(CountOf(texts, "E-mail: sales@lintaro.example"), 1U);
+  }
+}
+
+TEST_F(PrintRunsTest, An_accessory_run_that_is_called_off_shows_nothing_and_changes_nothing) {
+  for (const int row : {1, 6, 7}) UseAccessory(row);
+  CurrentAcc = 4;
+  screen.CalledOffAfter = 2;
+  PrintAllAccessorySheets();
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_EQ(screen.Dropped, 1);
+  EXPECT_EQ(screen.Steps, (std::vector<std::pair<int, int>>{{1, 3}, {2, 3}}));
+  EXPECT_EQ(CurrentAcc, 4);
+  EXPECT_EQ(CountOf(Drawn(), "EndDoc"), 0U);
+}
+
+TEST_F(PrintRunsTest, A_missing_accessory_picture_stops_the_run_unseen) {
+  for (const int row : {1, 6}) UseAccessory(row);
+  AccDefs.At(6).DrawingFile = "no-such-picture";
+  EXPECT_NE(ErrorOf(PrintAllAccessorySheets).find("File not found"), std::string::npos);
+  EXPECT_EQ(screen.Shown, 0);
+  EXPECT_EQ(screen.Dropped, 1);
+  EXPECT_TRUE(desktop.Boxes.empty());
+}
+
+}  // namespace orvane

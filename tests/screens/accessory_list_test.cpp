@@ -174,7 +174,10 @@ TEST_F(AccessoryListTest, Moving_through_the_sections_never_changes_the_project_
 
 TEST_F(AccessoryListTest, The_right_button_selects_the_entry_under_the_pointer) {
   List().setCurrentRow(0);
-  QTest::mousePress(List().viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf(2));
+  const auto menus = MenusOpenedBy([this] {
+    QTest::mousePress(List().viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf(2));
+  });
+  EXPECT_EQ(menus.size(), 1U);
   EXPECT_EQ(List().currentRow(), 2);
   EXPECT_TRUE(List().item(2)->isSelected());
   EXPECT_FALSE(List().item(0)->isSelected());
@@ -186,7 +189,9 @@ TEST_F(AccessoryListTest, The_right_button_beside_the_entries_leaves_the_selecti
   List().setCurrentRow(0);
   const QPoint beside = List().visualItemRect(List().item(0)).bottomLeft() + QPoint(5, 20);
   ASSERT_EQ(List().itemAt(beside), nullptr);
-  QTest::mousePress(List().viewport(), Qt::RightButton, Qt::NoModifier, beside);
+  const auto menus = MenusOpenedBy(
+      [&] { QTest::mousePress(List().viewport(), Qt::RightButton, Qt::NoModifier, beside); });
+  EXPECT_EQ(menus.size(), 1U);
   EXPECT_EQ(List().currentRow(), 0);
   EXPECT_TRUE(List().item(0)->isSelected());
 }

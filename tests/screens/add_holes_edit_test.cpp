@@ -84,6 +84,34 @@ TEST_F(EditHoleTest, Each_combination_selects_its_button) {
   }
 }
 
+TEST_F(EditHoleTest, Tab_comes_to_what_the_hole_has_and_the_arrows_choose_from_there) {
+  Hole& hole = ShowHole("Z", {"y", "n", "n", "n"});
+  hole.Diameter = 14;
+  InEdit(1, [&](FrmAddHoles& dialog) {
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "rbnZ(6)");
+    Press(Qt::Key_Left);
+    EXPECT_EQ(Checked(dialog, "rbnZ"), "rbnZ(5)");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "optDia(1)");
+    Press(Qt::Key_Left);
+    EXPECT_EQ(Checked(dialog, "optDia"), "optDia(0)");
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Focus(), "rbnZ(5)");
+  });
+}
+
+TEST_F(EditHoleTest, Where_no_picture_is_chosen_Tab_comes_to_the_first_and_the_blank_chooses_it) {
+  ShowHole("E", {"n", "n", "n", "y"});
+  InEdit(1, [&](FrmAddHoles& dialog) {
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "rbnE(0)");
+    EXPECT_EQ(dialog.FindPattern(), -1);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(dialog.FindPattern(), 0);
+  });
+}
+
 TEST_F(EditHoleTest, A_hole_off_gauge_shows_its_panel_its_line_and_its_distance) {
   struct Row {
     std::vector<std::string> Lines;

@@ -243,6 +243,20 @@ TEST_F(AddHolesTest, The_dialog_is_worked_by_the_keyboard_alone) {
   });
 }
 
+TEST_F(AddHolesTest, The_details_of_a_hole_off_gauge_lie_on_Tabs_way_behind_the_pictures) {
+  ShowSection("Z");
+  InAbsolute([&](FrmAddHoles& dialog) {
+    dialog.SelectPattern("Z", 13);
+    std::vector<std::string> stops;
+    for (int i = 0; i < 5; ++i) {
+      stops.push_back(Focus());
+      Press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(stops, (std::vector<std::string>{"txtXpos", "rbnZ(13)", "txtYPos", "SSRibbon2(0)",
+                                               "optDia(0)"}));
+  });
+}
+
 TEST_F(AddHolesTest, Enter_elsewhere_stores_nothing) {
   ShowSection("Z");
   InAbsolute([&](FrmAddHoles& dialog) {

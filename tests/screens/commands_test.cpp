@@ -158,6 +158,11 @@ TEST(Commands, The_pop_up_of_the_hole_list_has_its_four_entries) {
                                   {3, Command::RemoveHole, "Remove", ""}});
 }
 
+TEST(Commands, The_pop_up_of_the_accessory_list_has_its_two_entries) {
+  ExpectEntries(Place::mnuAccPUI, {{0, Command::EditAccessory, "Edit", ""},
+                                   {1, Command::ClearAccessory, "Clear", ""}});
+}
+
 TEST(Commands, Captions_and_tips_of_the_families_are_those_of_the_section_families) {
   const std::vector<CommandEntry> menu = CommandsOf(Place::mnuSection);
   const std::vector<CommandEntry> toolbar = CommandsOf(Place::SSCommand1);

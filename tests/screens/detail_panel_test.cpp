@@ -433,5 +433,16 @@ TEST_F(DetailPanelTest, The_wheel_over_a_closed_list_chooses_nothing) {
   EXPECT_EQ(ProjectDirty, False);
 }
 
+TEST_F(DetailPanelTest, Tab_comes_to_the_sag_bars_that_the_section_has) {
+  PutSection("Z", "Butt 1 Sag Bar", 14);
+  PutSection("Z", "Butt 1 Sag Bar", 18);
+  for (const int row : {1, 2, 1}) {
+    Show(row);
+    Pattern().setFocus(Qt::TabFocusReason);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), row == 1 ? "optSagBars(1)" : "optSagBars(0)");
+  }
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -41,6 +41,19 @@ TEST_F(DetailPatternTest, Holes_of_a_pattern_come_sorted_with_their_gaps) {
   EXPECT_EQ(Items.At(1).Holes.At(0).RelX, 3000 - 2968);
 }
 
+TEST_F(DetailPatternTest, Letters_typed_before_the_focus_came_back_are_no_part_of_the_search) {
+  PutSection("Z");
+  Show();
+  auto& patterns = Find<QComboBox>("cboPattern");
+  patterns.setFocus();
+  QTest::keyClicks(&patterns, "cust");
+  EXPECT_EQ(Items.At(1).PatternName, "Custom");
+  Sections().setFocus();
+  patterns.setFocus();
+  QTest::keyClicks(&patterns, "butt s");
+  EXPECT_EQ(Items.At(1).PatternName, "Butt Single Holes");
+}
+
 TEST_F(DetailPatternTest, The_name_is_stored_without_its_outer_blanks) {
   PunchPatterns.Append({"Z", "  Spaced out ", "B0 B6", False, False});
   PutSection("Z");

@@ -177,6 +177,21 @@ TEST_F(HoleListTest, The_right_button_on_an_empty_list_opens_the_menu_and_Remove
   EXPECT_TRUE(dialogs.Boxes().empty());
 }
 
+TEST_F(HoleListTest, The_menu_opened_beside_the_holes_removes_none_though_the_list_has_the_focus) {
+  PutCustom({500, 900});
+  Show();
+  HoleList().setFocus(Qt::TabFocusReason);
+  ASSERT_EQ(HoleList().Row(), 1);
+  const QPoint beside(5, HoleList().CellRect(2, 0).bottom() + 5);
+  ASSERT_TRUE(HoleList().viewport()->rect().contains(beside));
+  RightClick(beside);
+  EXPECT_EQ(HoleList().Row(), 0);
+  // The focus comes back to the list before the entry acts.
+  ChooseRemove();
+  EXPECT_EQ(HoleList().Row(), 0);
+  EXPECT_EQ(HolesOf(1), (std::vector<int>{500, 900}));
+}
+
 TEST_F(HoleListTest, The_menu_offers_adding_editing_and_removing) {
   EXPECT_EQ(PopupCaptions(),
             (std::vector<std::string>{"Add Holes (Absolute X)", "Add Holes (Relative X)", "Edit",
@@ -286,6 +301,18 @@ TEST_F(HoleListTest, Up_and_Down_move_the_row_and_stop_at_the_ends) {
   }
   EXPECT_EQ(Sections().Row(), 1);
   EXPECT_EQ(Focus(), "MSFlexGrid2");
+}
+
+TEST_F(HoleListTest, The_keys_of_the_number_pad_act_as_the_others) {
+  PutCustom({500, 900, 1300});
+  Show();
+  HoleList().setFocus(Qt::TabFocusReason);
+  Press(Qt::Key_Down, Qt::KeypadModifier);
+  EXPECT_EQ(HoleList().Row(), 2);
+  Press(Qt::Key_Up, Qt::KeypadModifier);
+  EXPECT_EQ(HoleList().Row(), 1);
+  Press(Qt::Key_Delete, Qt::KeypadModifier);
+  EXPECT_EQ(HolesOf(1), (std::vector<int>{900, 1300}));
 }
 
 TEST_F(HoleListTest, The_keys_on_an_empty_list_do_nothing) {

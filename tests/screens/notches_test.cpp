@@ -1,106 +1,10 @@
 // The dialog of the notches, opened from the main window.
 #include <QHeaderView>
-#include <QPushButton>
 
-#include "tests/screens/sections_fixture.h"
-#include "ui/frm_notches.h"
+#include "tests/screens/notches_fixture.h"
 
 namespace orvane::test {
 namespace {
-
-constexpr int NotchesEntry = 14;
-
-using Texts = std::vector<std::string>;
-
-class NotchesTest : public SectionsTest {
- protected:
-  // One section with the cursor on its mark.
-  Item& ShowOne(const std::vector<Notch>& notches = {}) {
-    Item& item = Put("Z", "A1", "Z14012", 3000);
-    for (const Notch& notch : notches) item.Notches.Append(notch);
-    item.NotchCount = Int16(item.Notches.UBound());
-    Show();
-    return Items.At(1);
-  }
-  static FlexGrid& Grid(QWidget& form) { return Find<FlexGrid>(form, "MSFlexGrid1"); }
-  static QLineEdit& Text(QWidget& form) { return Find<QLineEdit>(form, "txtEdit"); }
-  static QComboBox& Codes(QWidget& form) { return Find<QComboBox>(form, "cboEdit"); }
-  static QWidget& Panel(QWidget& form, int index) {
-    return Find(form, "SSPanelEdit(" + std::to_string(index) + ")");
-  }
-  static void ClickButton(QWidget& form, const std::string& name) {
-    QTest::mouseClick(&Find<QPushButton>(form, name), Qt::LeftButton);
-  }
-  static void Ok(QWidget& form) { ClickButton(form, "SSCommand2(0)"); }
-  static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-  }
-  static void Keys(const std::string& text) {
-    QTest::keyClicks(QApplication::focusWidget(), ToQt(text));
-  }
-  // All cells behind the heading, columns 1 to 4.
-  static std::vector<Texts> Cells(QWidget& form) {
-    std::vector<Texts> rows;
-    for (int row = 1; row < Grid(form).Rows(); ++row) {
-      Texts cells;
-      for (int column = 1; column < Grid(form).Cols(); ++column) {
-        cells.push_back(Grid(form).TextMatrix(row, column));
-      }
-      rows.push_back(cells);
-    }
-    return rows;
-  }
-  // The stored notches as code and sizes.
-  static std::vector<Texts> Stored() {
-    std::vector<Texts> notches;
-    for (const Notch& notch : Items.At(1).Notches) {
-      notches.push_back({notch.Code, ShortestText(notch.Size1), ShortestText(notch.Size2),
-                         ShortestText(notch.Size3)});
-    }
-    EXPECT_EQ(Items.At(1).NotchCount, static_cast<int>(notches.size()));
-    return notches;
-  }
-  // Whether exactly the right editor lies on the cell, with the focus and that text.
-  static void ExpectEditing(QWidget& form, int row, int column, const std::string& text) {
-    const int panel = column == 1 ? 1 : 0;
-    EXPECT_EQ(Grid(form).Row(), row);
-    EXPECT_EQ(Grid(form).Col(), column);
-    EXPECT_TRUE(Panel(form, panel).isVisible());
-    EXPECT_FALSE(Panel(form, 1 - panel).isVisible());
-    EXPECT_EQ(Panel(form, panel).geometry(), Grid(form).CellRect(row, column));
-    EXPECT_EQ(Focus(), panel == 1 ? "cboEdit" : "txtEdit");
-    EXPECT_EQ(FromQt(panel == 1 ? Codes(form).currentText() : Text(form).text()), text);
-    if (panel == 0) {
-      EXPECT_EQ(FromQt(Text(form).selectedText()), text);
-    }
-  }
-  static void ExpectNoEditor(QWidget& form) {
-    EXPECT_FALSE(Panel(form, 0).isVisible());
-    EXPECT_FALSE(Panel(form, 1).isVisible());
-  }
-  void Click(QWidget& form, int row, int column) { ClickCell(Grid(form), row, column); }
-
-  // Opens the dialog by its menu entry, runs the action in it, and comes back to the main window.
-  // An action that leaves it open is followed by Escape.
-  void InDialog(const std::function<void(QWidget&)>& action) {
-    dialogs.ExpectDialog("frmNotches", [action](QWidget& form) {
-      form.activateWindow();
-      ASSERT_TRUE(QTest::qWaitFor([&form] { return QApplication::activeWindow() == &form; }));
-      action(form);
-      QTest::qWait(20);
-      if (form.isVisible()) QTest::keyClick(&form, Qt::Key_Escape);
-    });
-    Section(NotchesEntry);
-    Settle();
-    BackToMain();
-  }
-
-  const std::vector<Notch> Three = {
-      {"TL1", 12.5F, 0.1F, 40}, {"B2", 20, 100, 1500}, {"R3", 7, 8, 9}};
-  const std::vector<Texts> ThreeTexts = {
-      {"TL1", "12.5", "0.1", "40"}, {"B2", "20", "100", "1500"}, {"R3", "7", "8", "9"}};
-  const Texts Blank = {"", "", "", ""};
-};
 
 TEST_F(NotchesTest, On_an_empty_grid_the_command_does_nothing) {
   Section(NotchesEntry);
@@ -170,21 +74,32 @@ TEST_F(NotchesTest, The_picture_marks_the_eight_places_on_the_section) {
   });
 }
 
+TEST_F(NotchesTest, The_picture_follows_the_theme) {
+  ShowOne();
+  InDialog([](QWidget& form) {
+    auto& picture = Find<NotchPicture>(form, "Image1");
+    for (const QColor& ground : {QColor(250, 250, 250), QColor(30, 30, 30)}) {
+      QPalette palette = form.palette();
+      palette.setColor(QPalette::Base, ground);
+      palette.setColor(QPalette::Text, ground.lightness() > 128 ? Qt::black : Qt::white);
+      form.setPalette(palette);
+      const QImage image = picture.grab().toImage();
+      const auto at = [&](QPoint place) {
+        return image.pixelColor((QPointF(place) * image.devicePixelRatio()).toPoint());
+      };
+      EXPECT_EQ(at({1, 1}), ground);
+      EXPECT_EQ(at(picture.PlaceOf("T2").topLeft() + QPoint(3, 3)), ground);
+      // The steel stands out from the ground, not by much.
+      const int steel = at(picture.SectionPlace().center()).lightness() - ground.lightness();
+      EXPECT_GT(std::abs(steel), 15);
+      EXPECT_LT(std::abs(steel), 80);
+    }
+  });
+}
+
 TEST_F(NotchesTest, Opening_shows_one_row_for_each_notch) {
   ShowOne(Three);
-  InDialog([this](QWidget& form) {
-    EXPECT_EQ(Cells(form), ThreeTexts);
-    const QByteArray folder = qgetenv("ORVANE_SCREENSHOTS");
-    Click(form, 2, 3);
-    if (!folder.isEmpty()) form.grab().save(folder + "/notches.png");
-    QPalette dark = form.palette();
-    dark.setColor(QPalette::Window, QColor(45, 45, 45));
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    for (const auto role : {QPalette::Text, QPalette::WindowText}) dark.setColor(role, Qt::white);
-    form.setPalette(dark);
-    Click(form, 2, 1);
-    if (!folder.isEmpty()) form.grab().save(folder + "/notches_dark.png");
-  });
+  InDialog([this](QWidget& form) { EXPECT_EQ(Cells(form), ThreeTexts); });
 }
 
 TEST_F(NotchesTest, A_section_without_notches_shows_one_empty_row_and_OK_leaves_none) {
@@ -277,65 +192,6 @@ TEST_F(NotchesTest, A_code_outside_the_list_survives_a_visit) {
     Ok(form);
   });
   EXPECT_EQ(Stored(), (std::vector<Texts>{{"Q7", "1", "2", "3"}, {"TL1", "4", "5", "6"}}));
-}
-
-TEST_F(NotchesTest, Tab_and_Enter_move_right_and_with_Shift_left_and_stop_at_the_ends) {
-  ShowOne(Three);
-  InDialog([this](QWidget& form) {
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Enter}) {
-      SCOPED_TRACE(key);
-      Click(form, 2, 1);
-      for (const int column : {2, 3, 4, 4}) {
-        Key(key);
-        ExpectEditing(form, 2, column, ThreeTexts.at(1).at(static_cast<std::size_t>(column - 1)));
-      }
-      const Qt::Key back = key == Qt::Key_Tab ? Qt::Key_Backtab : key;
-      for (const int column : {3, 2, 1, 1}) {
-        Key(back, Qt::ShiftModifier);
-        ExpectEditing(form, 2, column, ThreeTexts.at(1).at(static_cast<std::size_t>(column - 1)));
-      }
-    }
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(Cells(form), ThreeTexts);
-  });
-}
-
-TEST_F(NotchesTest, Up_and_Down_move_the_row_in_both_editors_and_never_change_a_code) {
-  ShowOne(Three);
-  InDialog([this](QWidget& form) {
-    for (int column = 1; column <= 4; ++column) {
-      Click(form, 1, column);
-      for (const auto& [key, row] : std::vector<std::pair<Qt::Key, int>>{{Qt::Key_Up, 1},
-                                                                         {Qt::Key_Down, 2},
-                                                                         {Qt::Key_Down, 3},
-                                                                         {Qt::Key_Down, 3},
-                                                                         {Qt::Key_Up, 2}}) {
-        Key(key);
-        ExpectEditing(form, row, column,
-                      ThreeTexts.at(static_cast<std::size_t>(row - 1))
-                          .at(static_cast<std::size_t>(column - 1)));
-      }
-    }
-    Click(form, 1, 1);
-    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown})
-      Key(key);
-    EXPECT_EQ(Cells(form), ThreeTexts);
-  });
-}
-
-TEST_F(NotchesTest, From_the_grid_itself_a_key_leads_into_its_current_cell) {
-  ShowOne(Three);
-  InDialog([this](QWidget& form) {
-    EXPECT_EQ(Focus(), "MSFlexGrid1");
-    Key(Qt::Key_Return);
-    ExpectEditing(form, 1, 1, "TL1");
-    Click(form, 3, 2);
-    Key(Qt::Key_D, Qt::AltModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&form] { return Grid(form).Rows() == 3; }));
-    EXPECT_EQ(Focus(), "MSFlexGrid1");
-    Key(Qt::Key_Down);
-    ExpectEditing(form, 2, 2, "20");
-  });
 }
 
 TEST_F(NotchesTest, Add_gives_a_row_at_the_bottom_and_edits_its_code) {

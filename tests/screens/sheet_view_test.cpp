@@ -134,6 +134,18 @@ TEST_F(SheetViewTest, Other_margins_give_other_gaps_and_another_sheet) {
   EXPECT_NE(Seen(), former);
 }
 
+TEST_F(SheetViewTest, Another_separation_alone_gives_all_sections_other_gaps) {
+  PutPurlin("P1");
+  PutPurlin("P2");
+  MinHoleSep = 10;
+  Sheet().ApplyMargins();
+  MinHoleSep = 12;
+  Sheet().ApplyMargins();
+  EXPECT_EQ(DrawingWidth, 228);
+  // 100 mm of 6000 in 228 mm of paper are 3.8 mm, widened to 12.
+  for (const Item& item : Items) EXPECT_NEAR(item.Holes.At(1).DrawGap, 12 * 6000 / 228.0, 1e-9);
+}
+
 TEST_F(SheetViewTest, A_change_shows_and_the_same_sheet_looks_the_same) {
   PutPurlin("P1");
   Sheet().DrawSection(1);

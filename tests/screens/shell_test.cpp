@@ -321,21 +321,34 @@ TEST_F(ShellTest, Export_checks_the_sections_from_entry_and_shortcut) {
   }
 }
 
-TEST_F(ShellTest, Commands_whose_work_is_still_to_come_do_nothing) {
+TEST_F(ShellTest, Printing_commands_show_their_preview_and_leave_the_cursor_in_its_cell) {
+  Do("SSCommand1(6)");
+  Type("P1");
+  ProjectDirty = False;
+  for (const char* way :
+       {"mnuOutput(0)", "mnuOutput(1)", "mnuOutput(4)", "SSCommand1(5)", "Ctrl+P"}) {
+    SCOPED_TRACE(way);
+    dialogs.ExpectDialog("frmPreview", CloseIt);
+    Do(way);
+    EXPECT_TRUE(dialogs.Done());
+    EXPECT_EQ(Items.UBound(), 1);
+    EXPECT_EQ(ProjectDirty, False);
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    EXPECT_EQ(Focus(), "txtEdit");
+  }
+}
+
+TEST_F(ShellTest, The_entry_of_the_accessory_list_has_no_effect) {
   Do("SSCommand1(6)");
   Type("P1");
   ProjectDirty = False;
   const int drawn = Sheet().DrawCount();
-  for (const char* way : {"mnuOutput(0)", "mnuOutput(1)", "mnuOutput(2)", "mnuOutput(3)",
-                          "mnuOutput(4)", "SSCommand1(5)", "Ctrl+P"}) {
-    SCOPED_TRACE(way);
-    Do(way);
-    EXPECT_EQ(Items.UBound(), 1);
-    EXPECT_EQ(ProjectDirty, False);
-    EXPECT_EQ(Sheet().DrawCount(), drawn);
-    EXPECT_EQ(Focus(), "txtEdit");
-  }
-  EXPECT_TRUE(dialogs.Boxes().empty());
+  Do("mnuOutput(2)");
+  EXPECT_EQ(Items.UBound(), 1);
+  EXPECT_EQ(ProjectDirty, False);
+  EXPECT_EQ(Sheet().DrawCount(), drawn);
+  EXPECT_EQ(Focus(), "txtEdit");
 }
 
 TEST_F(ShellTest, Without_a_project_nothing_is_greyed_and_every_section_command_is_harmless) {

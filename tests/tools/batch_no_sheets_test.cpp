@@ -16,12 +16,13 @@ class BatchWithoutSheets : public test::CompanionTest {};
 
 TEST_F(BatchWithoutSheets, Sheets_are_refused_and_nothing_is_done) {
   File("a.ovd", JobOf({Purlin()}));
-  for (const char* option : {"--sheets", "--svg"}) {
+  for (const char* option : {"--sheets", "--svg", "--accessory-sheets", "--summary"}) {
     const Outcome outcome = Run({"--cam", option, "a.ovd"});
     EXPECT_EQ(outcome.Code, 2);
-    EXPECT_EQ(outcome.Err,
-              "orvane-batch: --sheets and --svg are not in this build\n"
-              "Try orvane-batch --help.\n");
+    EXPECT_EQ(
+        outcome.Err,
+        "orvane-batch: --sheets, --svg, --accessory-sheets and --summary are not in this build\n"
+        "Try orvane-batch --help.\n");
     EXPECT_FALSE(Exists("a.xov"));
   }
 }

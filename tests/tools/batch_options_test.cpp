@@ -12,10 +12,11 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(BatchOptions, Every_option_reaches_its_field) {
-  const CommandLine line =
-      ParseCommandLine({"--catalogue", "cat", "--out", "to", "--created", "2024-02-29T23:59:58",
-                        "--sleeves", "yes", "--drawing-width", "180", "--settings", "set.txt",
-                        "--resave", "b.ovd", "--cam", "--sheets", "--svg", "a.ovd"});
+  const CommandLine line = ParseCommandLine(
+      {"--catalogue", "cat",   "--out",           "to",       "--created",  "2024-02-29T23:59:58",
+       "--sleeves",   "yes",   "--drawing-width", "180",      "--settings", "set.txt",
+       "--resave",    "b.ovd", "--cam",           "--sheets", "--svg",      "--accessory-sheets",
+       "--summary",   "a.ovd"});
   EXPECT_EQ(line.Fault, "");
   EXPECT_EQ(line.Wanted, Request::Run);
   EXPECT_EQ(line.Options.CatalogueFolder, "cat");
@@ -32,6 +33,8 @@ TEST(BatchOptions, Every_option_reaches_its_field) {
   EXPECT_TRUE(line.Options.Cam);
   EXPECT_TRUE(line.Options.Sheets);
   EXPECT_TRUE(line.Options.Svg);
+  EXPECT_TRUE(line.Options.AccessorySheets);
+  EXPECT_TRUE(line.Options.Summary);
   EXPECT_EQ(line.Options.Jobs, (Arguments{"a.ovd"}));
 }
 
@@ -44,6 +47,8 @@ TEST(BatchOptions, Without_options_everything_has_its_default) {
   EXPECT_EQ(options.DrawingWidth, 0);
   EXPECT_FALSE(options.Sheets);
   EXPECT_FALSE(options.Svg);
+  EXPECT_FALSE(options.AccessorySheets);
+  EXPECT_FALSE(options.Summary);
   EXPECT_EQ(options.SettingsFile, "");
   EXPECT_EQ(options.Resave, "");
 }
@@ -77,8 +82,10 @@ TEST(BatchOptions, A_command_line_that_cannot_be_followed_says_why) {
   const std::vector<FaultCase> cases = {
       {{}, "no job is named"},
       {{"--cam"}, "no job is named"},
-      {{"a.ovd"}, "none of --cam, --sheets, --svg and --resave is given"},
-      {{"--out", "to", "a.ovd"}, "none of --cam, --sheets, --svg and --resave is given"},
+      {{"a.ovd"},
+       "none of --cam, --sheets, --svg, --accessory-sheets, --summary and --resave is given"},
+      {{"--out", "to", "a.ovd"},
+       "none of --cam, --sheets, --svg, --accessory-sheets, --summary and --resave is given"},
       {{"--resave", "c.ovd", "a.ovd", "b.ovd"}, "--resave takes one job"},
       {{"--cam", "--resave", "c.ovd", "a.ovd", "b.ovd"}, "--resave takes one job"},
       {{"--cam", ""}, "an argument is empty"},
@@ -140,9 +147,24 @@ TEST(BatchOptions, CamFileName_puts_xov_in_the_place_of_ovd) {
 
 TEST(BatchOptions, Sheets_bear_the_name_of_their_job) {
   EXPECT_EQ(SheetsFileName("/jobs/shed.v2.OVD"), "shed.v2-sheets.pdf");
+  EXPECT_EQ(AccessoriesFileName("/jobs/shed.v2.OVD"), "shed.v2-accessories.pdf");
+  EXPECT_EQ(SummaryFileName("/jobs/shed.v2.OVD"), "shed.v2-summary.pdf");
   EXPECT_EQ(SvgFileName("shed.ovd", 1), "shed-sheet-001.svg");
   EXPECT_EQ(SvgFileName("shed.ovd", 42), "shed-sheet-042.svg");
   EXPECT_EQ(SvgFileName("shed.ovd", 1234), "shed-sheet-1234.svg");
+}
+
+TEST(BatchOptions, The_SVGs_of_a_job_are_known_by_their_whole_name) {
+  EXPECT_EQ(SvgSheetOf("/jobs/shed.ovd", "shed-sheet-001.svg"), 1);
+  EXPECT_EQ(SvgSheetOf("shed.ovd", "shed-sheet-042.svg"), 42);
+  EXPECT_EQ(SvgSheetOf("shed.ovd", "shed-sheet-1234.svg"), 1234);
+  for (const char* name : {"shed-sheet-000.svg", "shed-sheet-42.svg", "shed-sheet-0042.svg",
+                           "shed-sheet-.svg", "shed-sheet-042.svg.bak", "shed-sheet-042.SVG",
+                           "shed-sheet-042.pdf", "Shed-sheet-042.svg", "my-shed-sheet-042.svg",
+                           "shed-sheet-042", "shed-sheet--42.svg", "shed-sheet-1000000000.svg",
+                           "shed-sheet-001-sheet-042.svg", "shed-sheets.pdf", "shed", ""}) {
+    EXPECT_EQ(SvgSheetOf("shed.ovd", name), 0) << name;
+  }
 }
 
 TEST(BatchOptions, Jobs_that_would_write_one_file_are_refused) {
@@ -156,6 +178,9 @@ TEST(BatchOptions, Jobs_that_would_write_one_file_are_refused) {
       {{"--cam", "Shed.ovd", "shed.ovd"}, "Shed.ovd and shed.ovd would both write shed.xov"},
       {{"--cam", "a.ovd", "b.ovd", "ab.ovd"}, ""},
       {{"--sheets", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a-sheets.pdf"},
+      {{"--accessory-sheets", "x/a.ovd", "y/a.ovd"},
+       "x/a.ovd and y/a.ovd would both write a-accessories.pdf"},
+      {{"--summary", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a-summary.pdf"},
       {{"--svg", "x/a.ovd", "y/A.ovd"}, "x/a.ovd and y/A.ovd would both write A-sheet-001.svg"},
       // Only the list's name ends at the first point.
       {{"--sheets", "a.v1.ovd", "a.v2.ovd"}, ""},

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -18,29 +16,7 @@ using test::Outcome;
 using test::Purlin;
 using test::SectionLines;
 
-class BatchSheets : public test::CompanionTest {
- protected:
-  // What a program prints about a file of the desk.
-  std::string Printed(const std::string& program, const std::string& file,
-                      const std::string& behind = "") {
-    const std::string command = program + " '" + Path(file) + "' " + behind;
-    FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr) return "";
-    std::string text;
-    std::array<char, 4096> buffer{};
-    for (std::size_t got = 0; (got = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
-      text.append(buffer.data(), got);
-    }
-    EXPECT_EQ(pclose(pipe), 0) << command;
-    return text;
-  }
-
-  std::string Pages(const std::string& pdf) {
-    const std::string info = Printed("pdfinfo", pdf);
-    const std::size_t at = info.find_first_not_of(' ', info.find("Pages:") + 6);
-    return info.substr(at, info.find('\n', at) - at);
-  }
-};
+class BatchSheets : public test::CompanionTest {};
 
 std::vector<std::string> Rail(const std::string& mark) {
   return SectionLines(mark, "Z", "Z20015", "4500", "2", "Pair");
@@ -80,6 +56,56 @@ TEST_F(BatchSheets, Svg_writes_a_file_a_sheet) {
   EXPECT_NE(BytesOf(Path("barn-sheet-002.svg")).find(">R2</text>"), std::string::npos);
   EXPECT_FALSE(Exists("barn-sheet-003.svg"));
   EXPECT_FALSE(Exists("barn-sheets.pdf"));
+}
+
+TEST_F(BatchSheets, A_shorter_run_removes_the_SVGs_of_sheets_that_are_no_more) {
+  File("barn.ovd", JobOf({Purlin(), Rail("R2"), Rail("R3"), Rail("R4")}));
+  EXPECT_EQ(Run({"--out", "to", "--svg", "barn.ovd"}).Code, 0);
+  std::filesystem::remove(Path("to/barn-sheet-003.svg"));
+  // Others' files, all but one of names that no sheet of the job bears; and one of a folder.
+  const std::vector<std::string> others = {
+      "to/barn-sheet-4.svg",        "to/barn-sheet-004.svg.bak", "to/barn-sheet-plan.svg",
+      "to/my-barn-sheet-004.svg",   "to/BARN-sheet-004.svg",     "to/barn-sheet-004.pdf",
+      "to/more/barn-sheet-004.svg", "barn-sheet-004.svg"};
+  for (const std::string& name : others) File(name, "mine");
+  std::filesystem::create_directories(Path("to/barn-sheet-007.svg"));
+
+  File("barn.ovd", JobOf({Purlin(), Rail("R2")}));
+  const Outcome outcome = Run({"--out", "to", "--svg", "barn.ovd"});
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_EQ(outcome.Err, "Sheets complete\n");
+  EXPECT_TRUE(Exists("to/barn-sheet-001.svg"));
+  EXPECT_TRUE(Exists("to/barn-sheet-002.svg"));
+  EXPECT_FALSE(Exists("to/barn-sheet-004.svg"));
+  for (const std::string& name : others) EXPECT_EQ(BytesOf(Path(name)), "mine") << name;
+  EXPECT_TRUE(Exists("to/barn-sheet-007.svg"));
+}
+
+// A run without SVGs, and one that fails, remove nothing.
+TEST_F(BatchSheets, SVGs_stay_until_others_stand_in_their_place) {
+  File("a.ovd", JobOf({Purlin(), Rail("R2")}));
+  EXPECT_EQ(Run({"--svg", "a.ovd"}).Code, 0);
+  File("a.ovd", JobOf({Purlin()}));
+  EXPECT_EQ(Run({"--sheets", "a.ovd"}).Code, 0);
+  EXPECT_TRUE(Exists("a-sheet-002.svg"));
+  File("a.ovd", JobOf({}));
+  EXPECT_EQ(Run({"--svg", "a.ovd"}).Code, 0);
+  EXPECT_TRUE(Exists("a-sheet-002.svg"));
+  File("a.ovd", JobOf({SectionLines("R1", "R", "CLR", "3000", "1", "Custom")}));
+  TempFile("catalogue/dims.csv",
+           BytesOf(TempPath("catalogue/dims.csv")) + "R,CLR,120,0,60,0,0,0,0,0,50,0,0,0\r\n");
+  EXPECT_EQ(Run({"--svg", "a.ovd"}).Code, 3);
+  EXPECT_TRUE(Exists("a-sheet-002.svg"));
+}
+
+TEST_F(BatchSheets, No_SVG_goes_over_a_file_of_the_command_line) {
+  File("a.ovd", JobOf({Purlin(), Rail("R2")}));
+  File("a-sheet-002.svg", JobOf({Purlin()}));
+  const Outcome outcome = Run({"--svg", "a.ovd", "a-sheet-002.svg"});
+  EXPECT_EQ(outcome.Code, 2);
+  EXPECT_EQ(outcome.Err,
+            "orvane-batch: the factory files of a.ovd would overwrite a-sheet-002.svg\n"
+            "Try orvane-batch --help.\n");
 }
 
 TEST_F(BatchSheets, All_that_is_asked_for_comes_in_one_run_into_the_out_folder) {

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -264,6 +265,33 @@ Outcome CompanionTest::RunOnTerminal(const std::vector<std::string>& arguments) 
       });
   close(keeper);
   return outcome;
+}
+
+std::string CompanionTest::Printed(const std::string& program, const std::string& file,
+                                   const std::string& behind) {
+  const std::string command = program + " '" + Path(file) + "' " + behind;
+  FILE* pipe = popen(command.c_str(), "r");
+  if (pipe == nullptr) throw std::runtime_error("no pipe");
+  std::string text;
+  std::array<char, 4096> buffer{};
+  for (std::size_t got = 0; (got = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
+    text.append(buffer.data(), got);
+  }
+  EXPECT_EQ(pclose(pipe), 0) << command;
+  return text;
+}
+
+std::string CompanionTest::Pages(const std::string& pdf) {
+  const std::string info = Printed("pdfinfo", pdf);
+  const std::size_t label = info.find("Pages:");
+  if (label == std::string::npos) return "";
+  const std::size_t at = info.find_first_not_of(' ', label + 6);
+  return info.substr(at, info.find('\n', at) - at);
+}
+
+std::string CompanionTest::PageText(const std::string& pdf, int page) {
+  const std::string number = std::to_string(page);
+  return Printed("pdftotext -layout -f " + number + " -l " + number, pdf, "-");
 }
 
 std::string CompanionTest::Install(const std::string& catalogueFolder) {

@@ -66,6 +66,14 @@ class CompanionTest : public SystemTest {
   // written.
   Outcome RunOnTerminal(const std::vector<std::string>& arguments);
 
+  // What a program prints about a file of the desk; a program that fails fails the test.
+  std::string Printed(const std::string& program, const std::string& file,
+                      const std::string& behind = "");
+  // The number of pages of a PDF of the desk, as it is printed; and the text of one of them,
+  // counted from 1, in lines as on the page.
+  std::string Pages(const std::string& pdf);
+  std::string PageText(const std::string& pdf, int page);
+
   // Lays the companion and the catalogues into "installed" and gives the program's path; there it
   // works for any user. Where the house lies, another user may not even look.
   std::string Install(const std::string& catalogueFolder);

@@ -4,9 +4,11 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPalette>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyleOptionHeaderV2>
 #include <algorithm>
 #include <numeric>
 
@@ -48,6 +50,20 @@ Qt::Alignment FlexGridModel::AlignmentOf(int column) const {
   return alignments_.at(static_cast<std::size_t>(column));
 }
 
+std::string FlexGridModel::GroupTitle(int column) const {
+  if (column < 0 || column >= static_cast<int>(groupTitles_.size())) return {};
+  return groupTitles_[static_cast<std::size_t>(column)];
+}
+
+std::pair<int, int> FlexGridModel::GroupSpan(int column) const {
+  const std::string title = GroupTitle(column);
+  int first = column;
+  int last = column;
+  while (first > 0 && GroupTitle(first - 1) == title) --first;
+  while (last < columnCount() - 1 && GroupTitle(last + 1) == title) ++last;
+  return {first, last};
+}
+
 int FlexGridModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : DataRows();
 }
@@ -77,7 +93,11 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
 
 QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
-  if (role == Qt::DisplayRole) return ToQt(headings_.at(static_cast<std::size_t>(section)));
+  const std::string& heading = headings_.at(static_cast<std::size_t>(section));
+  if (role == Qt::DisplayRole) return ToQt(heading);
+  if (role == Qt::AccessibleTextRole && !GroupTitle(section).empty()) {
+    return ToQt(GroupTitle(section) + " " + heading);
+  }
   if (role == Qt::TextAlignmentRole) {
     return static_cast<int>(AlignmentOf(section)) | static_cast<int>(Qt::TextWordWrap);
   }
@@ -110,9 +130,50 @@ std::string TextGridModel::CellText(int row, int column) const {
   return column < 0 || column >= cells.UBound() ? std::string() : cells.At(column + 1);
 }
 
+// The two heading rows.
+
+GroupHeading::GroupHeading(const FlexGridModel& model, QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), model_(model) {}
+
+QRect GroupHeading::TitlePlace(int column) const {
+  const auto [first, last] = model_.GroupSpan(column);
+  const int left = sectionViewportPosition(first);
+  const int right = sectionViewportPosition(last) + sectionSize(last);
+  return {left, 0, right - left, height() / 2};
+}
+
+void GroupHeading::paintSection(QPainter* painter, const QRect& rect, int column) const {
+  const QRect title = TitlePlace(column);
+  QHeaderView::paintSection(painter, rect.adjusted(0, title.height(), 0, 0), column);
+  // Each column draws the whole cell and shows its own part of it.
+  const auto [first, last] = model_.GroupSpan(column);
+  const bool atEnd = last == model_.columnCount() - 1;
+  QStyleOptionHeaderV2 option;
+  initStyleOption(&option);
+  option.rect = title;
+  option.section = first;
+  option.text = ToQt(model_.GroupTitle(column));
+  option.textAlignment = Qt::AlignCenter;
+  option.textElideMode = Qt::ElideRight;
+  option.position =
+      first > 0 ? (atEnd ? QStyleOptionHeader::End : QStyleOptionHeader::Middle)
+                : (atEnd ? QStyleOptionHeader::OnlyOneSection : QStyleOptionHeader::Beginning);
+  painter->save();
+  painter->setClipRect(rect, Qt::IntersectClip);
+  style()->drawControl(QStyle::CE_Header, &option, painter, this);
+  painter->restore();
+}
+
 // The grid.
 
+QPalette CellColours(QPalette palette) {
+  palette.setColor(QPalette::Base, QColor(WhiteCell));
+  palette.setColor(QPalette::Text, Qt::black);
+  return palette;
+}
+
 FlexGrid::FlexGrid(FlexGridModel* model, QWidget* parent) : QTableView(parent), model_(model) {
+  if (model->HasGroupTitles()) setHorizontalHeader(new GroupHeading(*model, this));
   setModel(model);
   setFocusPolicy(Qt::NoFocus);
   setSelectionMode(QAbstractItemView::NoSelection);
@@ -180,8 +241,23 @@ void FlexGrid::SetColumnRatio(std::vector<int> ratio) {
   LayColumns();
 }
 
+void FlexGrid::SetColumnsByHeading(int narrow, int least) {
+  narrowColumn_ = narrow;
+  leastColumn_ = least;
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  LayColumns();
+}
+
+void FlexGrid::SetLeastRowHeight(int height) {
+  leastRow_ = height;
+  LayRows();
+}
+
 QSize FlexGrid::sizeHint() const {
-  return {QTableView::sizeHint().width(), HeightOf(FewRows)};
+  if (narrowColumn_ == 0) return {QTableView::sizeHint().width(), HeightOf(FewRows)};
+  const int bar = verticalScrollBar()->sizeHint().width();
+  return {horizontalHeader()->length() + bar + 2 * frameWidth(), HeightOf(FewRows)};
 }
 
 int FlexGrid::HeightOf(int rows) const {
@@ -247,7 +323,28 @@ void FlexGrid::scrollContentsBy(int dx, int dy) {
 }
 
 void FlexGrid::LayColumns() {
-  if (ratio_.empty()) return;
+  if (ratio_.empty() && narrowColumn_ == 0) return;
+  if (narrowColumn_ > 0) {
+    LayColumnsByHeading();
+  } else {
+    LayColumnsByRatio();
+  }
+  LayHeading();
+  if (Scrolled) Guard([&] { Scrolled(); });
+}
+
+void FlexGrid::LayColumnsByHeading() {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  const int margin = std::max(
+      HeadingMargin, style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader()));
+  setColumnWidth(0, narrowColumn_);
+  for (int column = 1; column < Cols(); ++column) {
+    const int heading = metrics.horizontalAdvance(ToQt(TextMatrix(0, column)));
+    setColumnWidth(column, std::max(leastColumn_, heading + 2 * margin + 1));
+  }
+}
+
+void FlexGrid::LayColumnsByRatio() {
   const int sum = std::accumulate(ratio_.begin(), ratio_.end(), 0);
   const int width = viewport()->width();
   int left = 0;
@@ -259,8 +356,6 @@ void FlexGrid::LayColumns() {
     setColumnWidth(static_cast<int>(column), right - left);
     left = right;
   }
-  LayHeading();
-  if (Scrolled) Guard([&] { Scrolled(); });
 }
 
 // A heading that its narrow column can't hold in one line is broken into two.
@@ -274,12 +369,13 @@ void FlexGrid::LayHeading() {
     twoLines = twoLines || width > columnWidth(column);
   }
   const int lines = twoLines ? 2 : 1;
-  const int height = lines * metrics.lineSpacing() + 2 * HeadingMargin;
+  int height = lines * metrics.lineSpacing() + 2 * HeadingMargin;
+  if (model_->HasGroupTitles()) height *= 2;
   if (horizontalHeader()->minimumHeight() != height) horizontalHeader()->setFixedHeight(height);
 }
 
 void FlexGrid::LayRows() {
-  const int height = fontMetrics().height() + 2 * RowPadding;
+  const int height = std::max(leastRow_, fontMetrics().height() + 2 * RowPadding);
   verticalHeader()->setMinimumSectionSize(height);
   verticalHeader()->setDefaultSectionSize(height);
   if (Scrolled) Guard([&] { Scrolled(); });

@@ -1,12 +1,15 @@
 // A grid with a heading row 0 and, where it is wanted, a fixed column 0, as the system counts them.
+// Titles over groups of columns stand above row 0, so that the first data row is 1 in any grid.
 // It has no editing and no focus of its own and never moves its current cell by itself: whoever
 // owns it decides what a click means. No other code sees the toolkit's row numbers.
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHeaderView>
 #include <QTableView>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/table.h"
@@ -34,6 +37,15 @@ class FlexGridModel : public QAbstractTableModel {
   // Texts stand left unless a column says otherwise.
   void SetAlignment(int column, Qt::Alignment alignment);
 
+  // A second fixed row above the headings, one title for each column. Neighbours with the same
+  // title, the empty one too, share one cell. To be set before a grid shows the model.
+  void SetGroupTitles(std::vector<std::string> titles) { groupTitles_ = std::move(titles); }
+  bool HasGroupTitles() const { return !groupTitles_.empty(); }
+  // Empty for a column that isn't there, and without titles.
+  std::string GroupTitle(int column) const;
+  // First and last column of the cell that the column's title stands in.
+  std::pair<int, int> GroupSpan(int column) const;
+
   // The toolkit's side.
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -47,6 +59,7 @@ class FlexGridModel : public QAbstractTableModel {
 
  private:
   std::vector<std::string> headings_;
+  std::vector<std::string> groupTitles_;
   std::vector<Qt::Alignment> alignments_;
   int fixedColumns_ = 0;
   int greyRow_ = 0;
@@ -64,6 +77,24 @@ class TextGridModel : public FlexGridModel {
  private:
   Table<Table<std::string>> rows_;
 };
+
+// The two heading rows of a grid with titles over its columns.
+class GroupHeading : public QHeaderView {
+ public:
+  GroupHeading(const FlexGridModel& model, QWidget* parent);
+
+  // Place of a column's title, in the heading's viewport.
+  QRect TitlePlace(int column) const;
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+
+ private:
+  const FlexGridModel& model_;
+};
+
+// The colours for an editor that is laid over a cell: black on white in a dark desktop too.
+QPalette CellColours(QPalette palette);
 
 class FlexGrid : public QTableView {
  public:
@@ -89,6 +120,11 @@ class FlexGrid : public QTableView {
 
   // Column widths in this ratio over the whole width; the last column takes what is left over.
   void SetColumnRatio(std::vector<int> ratio);
+  // Column 0 as wide as given, each other one as its heading, but at least `least` wide
+  // (device-independent pixels). What is too wide for the grid can be scrolled to.
+  void SetColumnsByHeading(int narrow, int least);
+  // Rows are at least this high, device-independent pixels.
+  void SetLeastRowHeight(int height);
 
   // A mouse button pressed on a data row (its column 0 included); never for the heading or the
   // empty space. Double clicks come as a second press.
@@ -104,7 +140,7 @@ class FlexGrid : public QTableView {
 
   // A few rows; who lays it out gives it more.
   QSize sizeHint() const override;
-  // Height of the heading and that many rows.
+  // Height of the heading rows and that many data rows.
   int HeightOf(int rows) const;
 
  protected:
@@ -120,11 +156,16 @@ class FlexGrid : public QTableView {
 
  private:
   void LayColumns();
+  void LayColumnsByRatio();
+  void LayColumnsByHeading();
   void LayHeading();
   void LayRows();
 
   FlexGridModel* model_;
   std::vector<int> ratio_;
+  int narrowColumn_ = 0;  // of columns as wide as their headings; 0 for columns in a ratio
+  int leastColumn_ = 0;
+  int leastRow_ = 0;
   int row_ = 0;
   int col_ = 0;
 };

@@ -1,40 +1,18 @@
 #include "ui/controls/page_view.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScrollBar>
-#include <QWheelEvent>
 #include <algorithm>
-#include <cmath>
 
 #include "ui/platform/guard.h"
 #include "ui/platform/page_painter.h"
 
 namespace orvane {
 
-namespace {
-
-// The desk that a sheet lies on: a shade deeper than the window around it, in every theme.
-constexpr int DeskDepth = 112;   // percent
-constexpr double DeskEdge = 12;  // pixels of the desk that show around the paper
-constexpr int ShadowReach = 6;   // pixels
-constexpr int ShadowDepth = 14;  // opacity of each of its layers, of 255
-
-constexpr double ZoomStep = 1.25;      // by a key, or one notch of the wheel
-constexpr double WheelNotch = 120;     // angle of a notch, eighths of a degree
-constexpr double LeastScale = 0.2;     // pixels to the millimetre
-constexpr double GreatestScale = 100;  // a metre of screen for a centimetre
-constexpr double MmPerInch = 25.4;
-
-}  // namespace
-
-PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
-  setFrameShape(QFrame::NoFrame);
+PageView::PageView(QWidget* parent) : DeskView(parent) {
   setFocusPolicy(Qt::ClickFocus);
-  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   SettleScrollBars();
 }
 
@@ -76,11 +54,6 @@ void PageView::Fit() {
   Repaint();
 }
 
-void PageView::ZoomBy(double factor, QPointF around) {
-  const double scale = PixelsPerMm();
-  if (scale > 0) SetScale(scale * factor, around);
-}
-
 void PageView::SetScale(double pixelsPerMm, QPointF around) {
   const double former = PixelsPerMm();
   if (former == 0) return;
@@ -115,15 +88,6 @@ void PageView::SettleScrollBars() {
   ShowHand();
 }
 
-bool PageView::Scrollable() const {
-  return horizontalScrollBar()->maximum() > 0 || verticalScrollBar()->maximum() > 0;
-}
-
-void PageView::ShowHand() {
-  if (!Scrollable()) return viewport()->unsetCursor();
-  viewport()->setCursor(dragging_ ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
-}
-
 // Painting.
 
 void PageView::Repaint() {
@@ -134,7 +98,7 @@ void PageView::Repaint() {
 // The blank paper on the desk, in the device's own pixels. It is kept, since the shadow, of many
 // layers, takes longer than most pages.
 const QPixmap& PageView::Desk(QSize size, const QRectF& paper, double ratio) {
-  const QColor color = palette().color(QPalette::Window).darker(DeskDepth);
+  const QColor color = DeskColor();
   if (desk_.size() == size && paper == deskPaper_ && color == deskColor_) return desk_;
   desk_ = QPixmap(size);
   deskPaper_ = paper;
@@ -142,15 +106,7 @@ const QPixmap& PageView::Desk(QSize size, const QRectF& paper, double ratio) {
   desk_.fill(color);
   if (paper.isEmpty()) return desk_;
   QPainter painter(&desk_);
-  painter.setPen(Qt::NoPen);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(QColor(0, 0, 0, ShadowDepth));
-  for (int layer = 1; layer <= ShadowReach; ++layer) {
-    const double reach = layer * ratio / 2;
-    painter.drawRoundedRect(paper.adjusted(-reach, 0, reach, 2 * reach), reach, reach);
-  }
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.fillRect(paper, Qt::white);
+  PaintPaper(painter, paper, ratio);
   return desk_;
 }
 
@@ -185,94 +141,28 @@ void PageView::paintEvent(QPaintEvent*) {
   });
 }
 
-bool PageView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ScreenChangeInternal) {
-    Repaint();
-  }
-  return QAbstractScrollArea::viewportEvent(event);
-}
-
-void PageView::changeEvent(QEvent* event) {
-  QAbstractScrollArea::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) Repaint();
-}
-
 void PageView::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   SettleScrollBars();
   Repaint();
 }
 
-void PageView::scrollContentsBy(int, int) {
-  Repaint();
-}
-
-// Mouse and keys.
-
-void PageView::wheelEvent(QWheelEvent* event) {
-  if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
-  ZoomBy(std::pow(ZoomStep, event->angleDelta().y() / WheelNotch), event->position());
-  event->accept();
-}
-
-void PageView::mousePressEvent(QMouseEvent* event) {
-  const bool moves = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
-  if (!moves || !Scrollable()) return QAbstractScrollArea::mousePressEvent(event);
-  dragging_ = true;
-  dragged_ = event->position().toPoint();
-  ShowHand();
-}
-
-void PageView::mouseMoveEvent(QMouseEvent* event) {
-  if (!dragging_) return QAbstractScrollArea::mouseMoveEvent(event);
-  const QPoint now = event->position().toPoint();
-  const QPoint way = now - dragged_;
-  dragged_ = now;
-  horizontalScrollBar()->setValue(horizontalScrollBar()->value() - way.x());
-  verticalScrollBar()->setValue(verticalScrollBar()->value() - way.y());
-}
-
-void PageView::mouseReleaseEvent(QMouseEvent* event) {
-  dragging_ = false;
-  ShowHand();
-  QAbstractScrollArea::mouseReleaseEvent(event);
-}
-
-bool PageView::ZoomKey(int key) {
-  const QPointF middle = QRectF(viewport()->rect()).center();
-  switch (key) {
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:  // the plus key without Shift
-      ZoomBy(ZoomStep, middle);
+bool PageView::MoveKey(const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_PageUp:
+      verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
       return true;
-    case Qt::Key_Minus:
-      ZoomBy(1 / ZoomStep, middle);
+    case Qt::Key_PageDown:
+      verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
       return true;
-    case Qt::Key_0:
-      Fit();
+    case Qt::Key_Home:
+      verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
       return true;
-    case Qt::Key_1:
-      SetScale(logicalDpiX() / MmPerInch, middle);
+    case Qt::Key_End:
+      verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
       return true;
     default:
       return false;
-  }
-}
-
-void PageView::keyPressEvent(QKeyEvent* event) {
-  const auto others = Qt::AltModifier | Qt::MetaModifier;
-  if (!(event->modifiers() & others) && ZoomKey(event->key())) return event->accept();
-  switch (event->key()) {
-    case Qt::Key_PageUp:
-      return verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
-    case Qt::Key_PageDown:
-      return verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
-    case Qt::Key_Home:
-      return verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
-    case Qt::Key_End:
-      return verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
-    default:
-      QAbstractScrollArea::keyPressEvent(event);
   }
 }
 

@@ -33,6 +33,34 @@ std::string PlainCombo::Text() const {
   return currentIndex() < 0 ? std::string() : FromQt(currentText());
 }
 
+void PlainCombo::SearchAfresh() {
+  lastLetter_.invalidate();
+  // A search for nothing ends the former one, but also marks the next entry.
+  const QModelIndex marked = view()->currentIndex();
+  view()->keyboardSearch({});
+  view()->setCurrentIndex(marked);
+}
+
+bool PlainCombo::ChoosesByKey(const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      return true;
+    case Qt::Key_Down:
+      return (key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) != Qt::AltModifier;
+    default:
+      return false;
+  }
+}
+
+void PlainCombo::focusInEvent(QFocusEvent* event) {
+  if (!view()->isVisible()) SearchAfresh();
+  QComboBox::focusInEvent(event);
+}
+
 void PlainCombo::wheelEvent(QWheelEvent* event) {
   event->ignore();
 }

@@ -25,7 +25,16 @@ class PlainCombo : public QComboBox {
   Table<std::string> Entries() const;
   std::string Text() const;  // of the selection; empty without one
 
+  // What was typed before is no part of the search for an entry any more; so it is whenever the
+  // focus comes.
+  void SearchAfresh();
+
+  // The keys by which the toolkit would choose another entry of the closed list. Alt and Down opens
+  // it, and letters search.
+  static bool ChoosesByKey(const QKeyEvent& key);
+
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   // A blank typed behind letters goes on with the search for an entry, "Butt 1".
   void keyPressEvent(QKeyEvent* event) override;

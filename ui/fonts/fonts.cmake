@@ -1,10 +1,10 @@
 # The fonts that the program ships, as the package installs them: they have Arial's metrics, so that
 # every machine measures and prints alike.
-set(ORVANE_FONT_FOLDER /usr/share/fonts/truetype/liberation CACHE PATH "Where the shipped fonts are taken from")
-set(ORVANE_FONT_LICENCE /usr/share/doc/fonts-liberation/copyright CACHE FILEPATH "Their licence")
+set(ORVANE_FONT_FOLDER /usr/share/fonts/truetype/liberation2 CACHE PATH "Where the shipped fonts are taken from")
+set(ORVANE_FONT_LICENCE /usr/share/doc/fonts-liberation2/copyright CACHE FILEPATH "Their licence")
 
-# Lays the fonts' licence into a folder of the build, beside a program that contains them; the file
-# comes into the variable.
+# Lays the fonts' licence into a folder of the build, beside a program that contains them; the
+# file comes into the variable.
 function(orvane_lay_font_licence folder variable)
   set(copy ${folder}/fonts-licence.txt)
   add_custom_command(

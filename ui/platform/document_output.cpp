@@ -10,8 +10,8 @@
 #include <QSvgGenerator>
 
 #include "core/files.h"
+#include "core/numbers.h"
 #include "core/runtime_error.h"
-#include "drawing/length.h"
 #include "ui/platform/page_painter.h"
 #include "ui/platform/qt_text.h"
 
@@ -31,8 +31,9 @@ constexpr double MmPerInch = 25.4;
   throw RuntimeError(SystemErrorBase, FromQt(file.errorString()));
 }
 
-// Paper without margins; the sizes of the trade under their own names.
-QPageLayout LayoutOf(const Page& page) {
+}  // namespace
+
+QPageLayout PageLayoutOf(const Page& page) {
   const bool wide = page.Width > page.Height;
   const QSizeF upright(wide ? page.Height : page.Width, wide ? page.Width : page.Height);
   QPageLayout layout(QPageSize(upright, QPageSize::Millimeter),
@@ -40,8 +41,6 @@ QPageLayout LayoutOf(const Page& page) {
   layout.setMode(QPageLayout::FullPageMode);
   return layout;
 }
-
-}  // namespace
 
 PdfOutput::PdfOutput(const std::string& path, const std::string& title) : path_(path) {
   // A device must not give way to a file of its name.
@@ -64,7 +63,7 @@ PdfOutput::~PdfOutput() {
 
 void PdfOutput::Write(const Page& page) {
   // The paper of a page is settled before the page begins.
-  writer_->setPageLayout(LayoutOf(page));
+  writer_->setPageLayout(PageLayoutOf(page));
   const bool begun = pageCount_ == 0 ? painter_.begin(writer_.get()) : writer_->newPage();
   if (!begun) RaiseFor(*file_, path_);
   ++pageCount_;
@@ -86,7 +85,7 @@ void WriteSvg(const std::string& path, const Page& page, const std::string& titl
   generator.setOutputDevice(&buffer);
   generator.setResolution(SvgResolution);
   const double unitsPerMm = SvgResolution / MmPerInch;
-  const QSizeF size(RoundedTwips(page.Width * unitsPerMm), RoundedTwips(page.Height * unitsPerMm));
+  const QSizeF size(Nearest(page.Width * unitsPerMm), Nearest(page.Height * unitsPerMm));
   generator.setSize(size.toSize());
   generator.setViewBox(QRectF(QPointF(), size));
   generator.setTitle(ToQt(title));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFileDevice>
+#include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <memory>
@@ -11,6 +12,10 @@
 #include "drawing/document.h"
 
 namespace orvane {
+
+// The page's paper without margins, its way up included; the sizes of the trade under their own
+// names.
+QPageLayout PageLayoutOf(const Page& page);
 
 // Writes a PDF. Nothing of a page is kept once it is written, so that a document of any length
 // takes the same memory. The file takes its name when it is finished and complete; until then, and

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/model.h"
+#include "core/numbers.h"
 #include "drawing/length.h"
 #include "ui/platform/qt_font_metrics.h"
 #include "ui/platform/qt_text.h"
@@ -326,7 +327,7 @@ class Painting {
   double Crisp(double twips, double corner, double width) const {
     if (depth_ > 0) return twips;
     const double half = width / 2 * scale_;
-    const double edge = std::nearbyint(twips * scale_ + corner - half);
+    const double edge = Nearest(twips * scale_ + corner - half);
     return (edge + half - corner) / scale_;
   }
 

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "drawing/length.h"
+#include "core/numbers.h"
 #include "ui/platform/qt_text.h"
 
 // The fonts lie in a library: without this call the linker would leave them out. It must stand
@@ -31,7 +31,7 @@ bool LoadShippedFonts() {
 }
 
 int WholeSize(double points) {
-  const double twips = RoundedTwips(points * TwipsPerPoint);
+  const double twips = Nearest(points * TwipsPerPoint);
   if (!(twips >= 1)) return 1;  // no number at all, too
   return static_cast<int>(std::min(twips, double{GreatestFontSize}));
 }

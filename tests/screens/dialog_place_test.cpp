@@ -1,0 +1,76 @@
+// Where the editing dialogs stand on the screen: each where it was left, and always within reach.
+#include <QScreen>
+
+#include "tests/screens/detail_fixture.h"
+
+namespace orvane::test {
+namespace {
+
+struct PlacedDialog {
+  const char* Name;
+  const char* Entry;  // of the section menu
+};
+
+class DialogPlaceTest : public DetailTest {
+ protected:
+  // Opens the dialog, runs the action on it and closes it.
+  void InDialog(const PlacedDialog& placed, const std::function<void(QWidget&)>& action) {
+    dialogs.ExpectDialog(placed.Name, [action](QWidget& dialog) {
+      EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+      action(dialog);
+      dialog.close();
+    });
+    Entry(placed.Entry).trigger();
+    Settle();
+    BackToMain();
+  }
+  static QRect Room() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
+  const std::vector<PlacedDialog> Dialogs = {{"frmAddHoles", "mnuSection(10)"},
+                                             {"frmAddHoles", "mnuSection(11)"},
+                                             {"frmMitres", "mnuSection(13)"},
+                                             {"frmNotches", "mnuSection(14)"}};
+};
+
+TEST_F(DialogPlaceTest, A_dialog_opens_where_it_was_closed) {
+  PutCustom({500});
+  Show();
+  for (const PlacedDialog& placed : Dialogs) {
+    SCOPED_TRACE(placed.Entry);
+    for (const QPoint& place :
+         {Room().topLeft() + QPoint(31, 47), Room().topLeft() + QPoint(11, 23)}) {
+      InDialog(placed, [&](QWidget& dialog) { dialog.move(place); });
+      InDialog(placed, [&](QWidget& dialog) { EXPECT_EQ(dialog.pos(), place); });
+    }
+  }
+}
+
+TEST_F(DialogPlaceTest, A_dialog_left_beyond_the_screen_comes_back_onto_it) {
+  PutCustom({500});
+  Show();
+  for (const PlacedDialog& placed : Dialogs) {
+    SCOPED_TRACE(placed.Entry);
+    for (const QPoint& place :
+         {Room().topLeft() - QPoint(5000, 40), Room().bottomRight() + QPoint(30, 3000)}) {
+      InDialog(placed, [&](QWidget& dialog) { dialog.move(place); });
+      InDialog(placed, [&](QWidget& dialog) {
+        EXPECT_TRUE(Room().contains(dialog.frameGeometry()))
+            << dialog.x() << "," << dialog.y() << " " << dialog.width() << "," << dialog.height();
+      });
+    }
+  }
+}
+
+TEST_F(DialogPlaceTest, Each_dialog_has_a_place_of_its_own) {
+  PutCustom({500});
+  Show();
+  const QPoint one = Room().topLeft() + QPoint(15, 15);
+  const QPoint other = Room().topLeft() + QPoint(60, 70);
+  InDialog(Dialogs.at(2), [&](QWidget& dialog) { dialog.move(one); });
+  InDialog(Dialogs.at(3), [&](QWidget& dialog) { dialog.move(other); });
+  InDialog(Dialogs.at(2), [&](QWidget& dialog) { EXPECT_EQ(dialog.pos(), one); });
+  InDialog(Dialogs.at(3), [&](QWidget& dialog) { EXPECT_EQ(dialog.pos(), other); });
+}
+
+}  // namespace
+}  // namespace orvane::test

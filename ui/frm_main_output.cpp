@@ -1,0 +1,62 @@
+// The main window's part in the outputs: the printing commands, their preview, the list of export
+// errors.
+#include "core/numbers.h"
+#include "output/reports.h"
+#include "ui/frm_errors.h"
+#include "ui/frm_main.h"
+#include "ui/platform/guard.h"
+
+namespace orvane {
+
+// A command that fails, and one that ends without having shown its preview, leaves none behind.
+void FrmMain::Print(const std::function<void()>& command) {
+  try {
+    command();
+  } catch (...) {
+    DropPreview();
+    Guard([this] { ShowSelectedRow(); });
+    throw;
+  }
+  DropPreview();
+}
+
+// The row that is being looked at, after a print run has made the holes of all rows afresh.
+void FrmMain::ShowSelectedRow() {
+  const int row = SelectedRow();
+  if (row < 1) return;
+  detail_->FillHoleGrid(Int16(row));
+  sheet_->DrawSection(row);
+}
+
+void FrmMain::ShowExportErrors() {
+  FrmErrors(this).exec();
+}
+
+PrintSurface& FrmMain::PreviewSurface() {
+  if (!preview_) {
+    auto preview = std::make_unique<FrmPreview>(this);
+    PreparePreview(preview->Surface());
+    preview_ = std::move(preview);
+    printRun_ = std::make_unique<ProgressRun>(this, "Sheets drawn");
+  }
+  return preview_->Surface();
+}
+
+void FrmMain::ShowPreview() {
+  printRun_.reset();
+  const std::unique_ptr<FrmPreview> shown = std::move(preview_);
+  if (!shown) return;
+  Guard([this] { ShowSelectedRow(); });
+  shown->exec();
+}
+
+void FrmMain::DropPreview() {
+  printRun_.reset();
+  preview_.reset();
+}
+
+bool FrmMain::GoesOn(int done, int count) {
+  return !printRun_ || printRun_->GoesOn(done, count);
+}
+
+}  // namespace orvane
