@@ -49,15 +49,21 @@ struct Interval {
   double To = 0;
 };
 
-// The lines that meet `extent`: the numbers of the first and last of those at whole multiples of
-// the spacing; none where their number is no drawing's.
-Interval LinesWithin(const Interval& extent, double spacing) {
-  const Interval lines{std::ceil(extent.From / spacing), std::floor(extent.To / spacing)};
+// Lines at whole multiples of the spacing, by their numbers.
+struct LineNumbers {
+  int First = 0;
+  int Last = -1;
+};
+
+// The lines that meet `extent`; none where their number is no drawing's.
+LineNumbers LinesWithin(const Interval& extent, double spacing) {
+  const double first = std::ceil(extent.From / spacing);
+  const double last = std::floor(extent.To / spacing);
   // What is not a number fails the comparisons too.
-  const bool few = lines.To - lines.From < MostLines;
-  const bool close = lines.From > -FarthestLine && lines.To < FarthestLine;
-  if (!few || !close) return {0, -1};
-  return lines;
+  const bool few = last - first < MostLines;
+  const bool close = first > -FarthestLine && last < FarthestLine;
+  if (!few || !close || last < first) return {};
+  return {static_cast<int>(first), static_cast<int>(last)};
 }
 
 void AddLine(std::vector<Shape>& shapes, const Direction& direction, double across,
@@ -104,9 +110,9 @@ void HatchRings(std::vector<Shape>& shapes, std::span<const std::span<const Poin
       extent.To = std::max(extent.To, across);
     }
   }
-  const Interval lines = LinesWithin(extent, hatch.Spacing);
+  const LineNumbers lines = LinesWithin(extent, hatch.Spacing);
   std::vector<Crossing> crossings;
-  for (double line = lines.From; line <= lines.To; ++line) {
+  for (int line = lines.First; line <= lines.Last; ++line) {
     const double across = line * hatch.Spacing;
     crossings.clear();
     for (const auto& ring : rings) AddCrossings(crossings, ring, direction, across);
@@ -151,8 +157,8 @@ void HatchCutEllipse(std::vector<Shape>& shapes, const Box& place, const Cut* cu
   const Point centre{place.Left + a, place.Top + b};
   const double middle = Dot(centre, direction.Across);
   const double reach = std::hypot(a * direction.Across.X, b * direction.Across.Y);
-  const Interval lines = LinesWithin({middle - reach, middle + reach}, hatch.Spacing);
-  for (double line = lines.From; line <= lines.To; ++line) {
+  const LineNumbers lines = LinesWithin({middle - reach, middle + reach}, hatch.Spacing);
+  for (int line = lines.First; line <= lines.Last; ++line) {
     const double across = line * hatch.Spacing;
     // In units of the half axes the ellipse is a circle of radius 1 around the centre, the line
     // runs through `foot` along `step`.

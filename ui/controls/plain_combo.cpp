@@ -33,12 +33,10 @@ std::string PlainCombo::Text() const {
   return currentIndex() < 0 ? std::string() : FromQt(currentText());
 }
 
+// The list is left alone until a letter comes: it tells by itself where it opens.
 void PlainCombo::SearchAfresh() {
   lastLetter_.invalidate();
-  // A search for nothing ends the former one, but also marks the next entry.
-  const QModelIndex marked = view()->currentIndex();
-  view()->keyboardSearch({});
-  view()->setCurrentIndex(marked);
+  searchesAfresh_ = true;
 }
 
 bool PlainCombo::ChoosesByKey(const QKeyEvent& key) {
@@ -57,7 +55,7 @@ bool PlainCombo::ChoosesByKey(const QKeyEvent& key) {
 }
 
 void PlainCombo::focusInEvent(QFocusEvent* event) {
-  if (!view()->isVisible()) SearchAfresh();
+  SearchAfresh();
   QComboBox::focusInEvent(event);
 }
 
@@ -81,7 +79,12 @@ void PlainCombo::keyPressEvent(QKeyEvent* event) {
     event->accept();
     return;
   }
-  if (letter) lastLetter_.start();
+  if (letter) {
+    // A search for nothing ends the former one.
+    if (searchesAfresh_) view()->keyboardSearch({});
+    searchesAfresh_ = false;
+    lastLetter_.start();
+  }
   QComboBox::keyPressEvent(event);
 }
 

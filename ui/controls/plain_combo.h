@@ -41,6 +41,7 @@ class PlainCombo : public QComboBox {
 
  private:
   QElapsedTimer lastLetter_;
+  bool searchesAfresh_ = false;
 };
 
 }  // namespace orvane
