@@ -10,6 +10,7 @@
 #include "core/desktop.h"
 #include "core/model.h"
 #include "core/numbers.h"
+#include "core/runtime_error.h"
 #include "core/text.h"
 #include "drawing/accessory_sheet.h"
 #include "drawing/draw_section.h"
@@ -82,6 +83,17 @@ std::vector<std::int16_t> AccessoriesInUse() {
   return rows;
 }
 
+// The rows of an accessory's sheet. A number off for a size that the catalogue hasn't got would be
+// missing from the sheet unseen: "Subscript out of range".
+TextRows SheetRows(std::int16_t accessory) {
+  const int sizes = AccDefs.At(accessory).ParamNames.UBound();
+  for (const AccLine1& line : AccLines1) {
+    const bool outside = line.ParamIndex < 0 || line.ParamIndex > sizes;
+    if (line.AccIndex == accessory && outside) throw RuntimeError(Failure::SubscriptOutOfRange);
+  }
+  return AccessoryRows(accessory);
+}
+
 // The same for the sheets of these accessories.
 bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>& accessories) {
   const int count = static_cast<int>(accessories.size());
@@ -89,9 +101,10 @@ bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>&
   for (const std::int16_t row : accessories) {
     CurrentAcc = row;
     const AccessoryType type = IsType1Accessory(row) ? AccessoryType::One : AccessoryType::Two;
+    const TextRows rows = SheetRows(row);
     const bool first = done == 0;
     if (!first) surface.NewPage();
-    DrawAccessorySheet(surface, type, AccessoryRows(row), first, false);
+    DrawAccessorySheet(surface, type, rows, first, false);
     if (!TheOutputScreen().GoesOn(++done, count)) return false;
   }
   return true;
@@ -203,7 +216,8 @@ void DrawSectionsTable(PrintSurface& surface) {
 
 // The accessory report.
 
-// A line of a project may be older than the catalogue: what it has no text for stays empty.
+// Values and their headings needn't be as many, after a change of the catalogue: what is missing
+// stays empty.
 std::string TextOrNone(const Table<std::string>& texts, int row) {
   return row >= 1 && row <= texts.UBound() ? texts.At(row) : std::string();
 }
@@ -213,8 +227,8 @@ void DrawType1Table(PrintSurface& surface) {
   for (const AccLine1& line : AccLines1) {
     if (line.Qty <= 0) continue;
     const AccDef& accessory = AccDefs.At(line.AccIndex);
-    rows.push_back({accessory.Name, TextOrNone(accessory.ParamTexts, line.ParamIndex),
-                    TextOrNone(accessory.ParamNames, line.ParamIndex), ShortestText(line.Qty)});
+    rows.push_back({accessory.Name, accessory.ParamTexts.At(line.ParamIndex),
+                    accessory.ParamNames.At(line.ParamIndex), ShortestText(line.Qty)});
   }
   DrawReportTable(surface,
                   {

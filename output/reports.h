@@ -20,14 +20,15 @@ void PrintCurrentDrawing(std::int16_t ItemIndex);
 void PrintAllDrawings();
 
 // The sheets of all accessories in use; "Nothing to print" without any. CurrentAcc is left at the
-// last one. A run that is called off shows nothing and changes nothing.
+// last one. A run that is called off shows nothing and changes nothing. "Subscript out of range"
+// for a number off of a size that the catalogue hasn't got.
 void PrintAllAccessorySheets();
 
 // The contract summary, up to the end of its sections table; nothing for a project without
 // sections. The document stays open for the report that is always printed behind it.
 void PrintContractSummary();
 
-// The accessory tables, the document's end, and the preview.
+// The accessory tables, the document's end, and the preview; the same error for such a number off.
 void PrintAccessoryReport();
 
 }  // namespace orvane

@@ -18,7 +18,7 @@ std::string MitreText(float angle) {
 }
 
 std::string LeftMitreText(std::string_view typed) {
-  const std::string text = FormatNumber(Val(typed), 1);
+  std::string text = FormatNumber(Val(typed), 1);
   if (Val(text) > MaxMitre) return FormatNumber(MaxMitre, 1);
   if (Val(text) < -MaxMitre) return FormatNumber(-MaxMitre, 1);
   return text;

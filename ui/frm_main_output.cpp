@@ -8,8 +8,11 @@
 
 namespace orvane {
 
-// A command that fails, and one that ends without having shown its preview, leaves none behind.
+// A command that fails, and one that ends without having shown its preview, leaves none behind. The
+// dialog of a long run takes all keys and clicks, but not what a program or the system calls for: a
+// second run would draw on the surface of the first.
 void FrmMain::Print(const std::function<void()>& command) {
+  if (preview_) return;
   try {
     command();
   } catch (...) {

@@ -53,6 +53,7 @@ void FrmPreview::BuildMenu() {
   print_ = AddEntry(*mnuFile, 0, "&Print");
   print_->setIcon(LineIcon("print"));
   print_->setShortcut(QKeySequence("Ctrl+P"));
+  print_->setAutoRepeat(false);  // the key that opened the preview may still be down
   connect(print_, &QAction::triggered, this, [this] { Guard([this] { Print(); }); });
   AddEntry(*mnuFile, 1, "")->setSeparator(true);
   QAction* close = AddEntry(*mnuFile, 2, "&Close");

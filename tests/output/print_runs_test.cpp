@@ -274,7 +274,6 @@ TEST_F(PrintRunsTest, A_type_1_sheet_has_the_numbers_off_of_its_sizes) {
   AccLines1.Append(MakeLine1(1, 1, 99));
   AccLines1.Append(MakeLine1(2, 1, 5));
   AccLines1.Append(MakeLine1(2, 2, 0));
-  AccLines1.Append(MakeLine1(2, 4, 8));  // a size that the catalogue doesn't have any more
   PrintAllAccessorySheets();
   TextList cells;  // of the last table, behind the frame's own
   for (const std::string& line : Drawn()) {
@@ -286,6 +285,20 @@ TEST_F(PrintRunsTest, A_type_1_sheet_has_the_numbers_off_of_its_sizes) {
                              "TableCell 18 2 2 \"SOne\"", "TableCell 18 2 3 \"5\"",
                              "TableCell 18 3 1 \"Size Three\"", "TableCell 18 3 2 \"SThree\"",
                              "TableCell 18 3 3 \"12\""}));
+}
+
+TEST_F(PrintRunsTest, A_number_off_of_a_size_that_the_catalogue_lost_stops_the_run_unseen) {
+  UseAccessory(2);
+  AccLines1.Append(MakeLine1(1, 4, 8));  // of an accessory that isn't in use
+  PrintAllAccessorySheets();
+  EXPECT_EQ(screen.Shown, 1);
+  for (const int size : {4, -1}) {
+    AccLines1.Append(MakeLine1(2, size, 8));
+    EXPECT_EQ(ErrorOf(PrintAllAccessorySheets), "Subscript out of range") << size;
+    AccLines1.Remove(AccLines1.UBound());
+  }
+  EXPECT_EQ(screen.Shown, 1);
+  EXPECT_EQ(screen.Dropped, 2);
 }
 
 TEST_F(PrintRunsTest, Without_accessories_in_use_there_is_nothing_to_print) {

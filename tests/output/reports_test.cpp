@@ -134,12 +134,18 @@ TEST_F(ReportsTest, Type_1_lines_with_none_off_leave_the_heading_alone) {
                       "TableCell 18 1 3 \"Code\"", "TableCell 18 1 4 \"No.Off\""}));
 }
 
-TEST_F(ReportsTest, A_type_1_line_of_a_size_that_the_catalogue_lost_keeps_its_number_off) {
-  AccLines1.Append(MakeLine1(1, 9, 4));
-  const TextList texts = Settings(ReportTables(), "18");
-  EXPECT_EQ(TextList(texts.begin() + 4, texts.end()),
-            (TextList{"TableCell 18 2 1 \"Accessory 1\"", "TableCell 18 2 2 \"\"",
-                      "TableCell 18 2 3 \"\"", "TableCell 18 2 4 \"4\""}));
+TEST_F(ReportsTest, A_number_off_of_a_size_that_the_catalogue_lost_stops_the_report_unseen) {
+  AccLines1.Append(MakeLine1(1, 2, 3));
+  for (const int size : {4, -1}) {
+    AccLines1.Append(MakeLine1(1, size, 4));
+    EXPECT_EQ(ErrorOf(PrintAccessoryReport), "Subscript out of range") << size;
+    EXPECT_EQ(screen.Shown, 0);
+    AccLines1.Remove(2);
+  }
+  EXPECT_EQ(screen.Dropped, 2);
+  // Without a number off the line is left out whatever its size.
+  AccLines1.Append(MakeLine1(1, 4, 0));
+  EXPECT_EQ(Settings(ReportTables(), "18").size(), 8U);
 }
 
 TEST_F(ReportsTest, Type_2_lines_without_a_mark_alone_make_no_table) {

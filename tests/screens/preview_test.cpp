@@ -216,6 +216,16 @@ TEST_F(Preview, Print_prints_the_document_from_entry_button_and_key) {
   EXPECT_EQ(title, "hall seven");
 }
 
+TEST_F(Preview, The_key_that_opened_it_may_be_held_without_printing) {
+  Open(1);
+  Choose([](QPrinter&) { return false; });
+  constexpr bool repeats = true;
+  QTest::simulateEvent(&Pages(), true, Qt::Key_P, Qt::ControlModifier, "", repeats);
+  EXPECT_EQ(asked, 0);
+  QTest::simulateEvent(&Pages(), true, Qt::Key_P, Qt::ControlModifier, "", !repeats);
+  EXPECT_EQ(asked, 1);
+}
+
 TEST_F(Preview, A_job_without_a_file_bears_the_systems_name) {
   Open(1);
   std::string title;

@@ -33,6 +33,24 @@ TEST_F(PreviewZoom, Keys_zoom_and_fit) {
   EXPECT_TRUE(IsDown("cmdFitPage"));
 }
 
+TEST_F(PreviewZoom, The_keys_of_the_pages_work_from_the_bar_too) {
+  Open(3);
+  auto& number = Find<QLineEdit>(*preview, "txtPage");
+  number.setFocus();
+  Press(Qt::Key_PageDown);
+  EXPECT_EQ(Pages().CurrentPage(), 2);
+  EXPECT_TRUE(number.hasFocus());
+  auto& button = Find<QToolButton>(*preview, "cmdZoomOut");
+  button.setFocus();
+  Press(Qt::Key_2);
+  EXPECT_EQ(Pages().Zoom(), PageZoom::FitWidth);
+  Press(Qt::Key_End);
+  EXPECT_EQ(Pages().CurrentPage(), 3);
+  EXPECT_TRUE(button.hasFocus());
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(preview->isVisible());
+}
+
 TEST_F(PreviewZoom, Buttons_zoom_and_fit) {
   Open(3, PageOrientation::Portrait);
   const double fitted = Pages().PixelsPerMm();
@@ -67,6 +85,14 @@ TEST_F(PreviewZoom, The_wheel_zooms_with_Ctrl_around_the_pointer_and_scrolls_wit
   Wheel(at, -120, Qt::NoModifier);
   EXPECT_GT(Bar().value(), value);
   EXPECT_NEAR(Pages().PixelsPerMm(), scale * 1.25 * 1.25, 1e-9);
+}
+
+// Fingers put on a touchpad, or moved sideways on it.
+TEST_F(PreviewZoom, A_wheel_with_Ctrl_that_does_not_turn_keeps_the_page_fitted) {
+  Open(2);
+  Wheel(Sight().center(), 0, Qt::ControlModifier);
+  EXPECT_EQ(Pages().Zoom(), PageZoom::FitPage);
+  EXPECT_TRUE(IsDown("cmdFitPage"));
 }
 
 TEST_F(PreviewZoom, A_page_fitted_by_its_width_begins_at_its_top) {

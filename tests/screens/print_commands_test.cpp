@@ -1,4 +1,5 @@
 // The entries of the Output menu that print, from the window to the preview.
+#include <QMessageBox>
 #include <QTimer>
 
 #include "core/runtime_error.h"
@@ -384,6 +385,73 @@ TEST_F(PrintCommands, A_long_run_that_goes_on_shows_its_preview) {
   EXPECT_GT(seen, 1);
   EXPECT_EQ(pages, 60U);
   EXPECT_EQ(main->findChild<QDialog*>("ProgressDialog"), nullptr);
+}
+
+TEST_F(PrintCommands, An_error_in_the_middle_of_a_long_run_takes_its_dialog_away_first) {
+  for (int i = 1; i <= 60; ++i) Put("Z", "M" + std::to_string(i), "Z14012", 6000);
+  Show(2, 1);
+  ProgressRun::Moment = 0;
+  class FailingLater : public TestDesktop {
+   public:
+    // Once for each sheet.
+    void ProcessEvents() override {
+      if (++sheets < 30) return;
+      InstallDesktop(then);
+      wasLong = window.findChild<QDialog*>("ProgressDialog") != nullptr;
+      throw RuntimeError(Failure::DiskFull);
+    }
+    FailingLater(Desktop& then, FrmMain& window) : then(then), window(window) {}
+    Desktop& then;
+    FrmMain& window;
+    int sheets = 0;
+    bool wasLong = false;
+  } failing(platform, *main);
+  dialogs.Stop();
+  std::vector<std::string> told;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    told.push_back(FromQt(box->text()));
+    EXPECT_EQ(main->findChild<QDialog*>("ProgressDialog"), nullptr);
+    box->close();
+  });
+  look.start(2);
+  InstallDesktop(failing);
+  Output(1);
+  EXPECT_TRUE(failing.wasLong);
+  EXPECT_EQ(told, std::vector<std::string>{DescriptionOf(Failure::DiskFull)});
+  EXPECT_EQ(main->findChild<QDialog*>("frmPreview"), nullptr);
+  EXPECT_TRUE(CursorAt(2, 1, "M2"));
+}
+
+// A system's own menu bar, and what else doesn't ask which window is open.
+TEST_F(PrintCommands, While_a_run_is_drawn_no_other_one_begins) {
+  for (int i = 1; i <= 60; ++i) Put("Z", "M" + std::to_string(i), "Z14012", 6000);
+  Show();
+  ProgressRun::Moment = 0;
+  dialogs.Stop();
+  bool tried = false;
+  std::vector<std::size_t> pages;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr) return;
+    if (FromQt(window->objectName()) == "ProgressDialog" && !std::exchange(tried, true)) {
+      for (const int index : {0, 1, 3, 4}) {
+        Entry("mnuOutput(" + std::to_string(index) + ")").trigger();
+        EXPECT_EQ(QApplication::activeModalWidget(), window) << index;
+      }
+    }
+    if (auto* preview = dynamic_cast<FrmPreview*>(window)) {
+      pages.push_back(preview->Surface().Result().Pages.size());
+      preview->close();
+    }
+  });
+  look.start(2);
+  Output(1);
+  EXPECT_TRUE(tried);
+  EXPECT_EQ(pages, std::vector<std::size_t>{60U});
 }
 
 // From the keyboard to the paper.

@@ -111,7 +111,9 @@ void DeskView::ShowHand() {
 
 void DeskView::wheelEvent(QWheelEvent* event) {
   if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
-  ZoomBy(std::pow(ZoomStep, event->angleDelta().y() / WheelNotch), event->position());
+  // A touchpad tells of fingers that only rest on it, or go sideways: no zoom is asked for then.
+  const int angle = event->angleDelta().y();
+  if (angle != 0) ZoomBy(std::pow(ZoomStep, angle / WheelNotch), event->position());
   event->accept();
 }
 
@@ -138,10 +140,14 @@ void DeskView::mouseReleaseEvent(QMouseEvent* event) {
   QAbstractScrollArea::mouseReleaseEvent(event);
 }
 
-void DeskView::keyPressEvent(QKeyEvent* event) {
+bool DeskView::TakeKey(const QKeyEvent& key) {
   const auto others = Qt::AltModifier | Qt::MetaModifier;
-  if (!(event->modifiers() & others) && ZoomKey(event->key())) return event->accept();
-  if (MoveKey(*event)) return event->accept();
+  if (!(key.modifiers() & others) && ZoomKey(key.key())) return true;
+  return MoveKey(key);
+}
+
+void DeskView::keyPressEvent(QKeyEvent* event) {
+  if (TakeKey(*event)) return event->accept();
   QAbstractScrollArea::keyPressEvent(event);
 }
 

@@ -29,6 +29,8 @@ class DeskView : public QAbstractScrollArea {
   void ZoomOut();
   // As large as it is printed, as far as the screen tells its own size.
   void ShowTrueSize();
+  // Zooms or moves the paper by its key; false for a key that does neither.
+  bool TakeKey(const QKeyEvent& key);
 
  protected:
   static constexpr double DeskEdge = 12;        // pixels of the desk that show around the paper

@@ -1,5 +1,6 @@
 #include "ui/controls/document_view.h"
 
+#include <QKeyEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -111,6 +112,14 @@ void DocumentView::AddCommand(QAction* action) {
   button->setFocusPolicy(Qt::TabFocus);
   bar_->insertWidget(0, button);
   bar_->insertSpacing(1, fontMetrics().height());
+}
+
+// A key that the bar has left over.
+void DocumentView::keyPressEvent(QKeyEvent* event) {
+  bool taken = false;
+  Guard([&] { taken = pages_->TakeKey(*event); });
+  if (taken) return event->accept();
+  QWidget::keyPressEvent(event);
 }
 
 // What the bar shows of the pages.

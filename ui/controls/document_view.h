@@ -12,7 +12,8 @@
 
 namespace orvane {
 
-// The bar shows and takes the number of the page, and has buttons for the pages and the zoom.
+// The bar shows and takes the number of the page, and has buttons for the pages and the zoom. The
+// keys of the pages work from it too, as far as its field and buttons have no use for them.
 class DocumentView : public QWidget {
  public:
   explicit DocumentView(QWidget* parent = nullptr);
@@ -23,6 +24,9 @@ class DocumentView : public QWidget {
 
   // A button for the action at the beginning of the bar, and its shortcut in the whole window.
   void AddCommand(QAction* action);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QToolButton* AddButton(const QString& name, const QString& text, const QString& tip);
