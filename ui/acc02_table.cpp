@@ -59,6 +59,35 @@ std::vector<std::string> GroupTitlesOf(std::int16_t AccIndex) {
   return titles;
 }
 
+bool IsLineEnd(QChar c) {
+  return c == u'\r' || c == u'\n';
+}
+
+// A cell holds one line: the line ends that a cell of a spreadsheet brings along are left out, and
+// those inside a text become a blank.
+QString InOneLine(const QString& text) {
+  QString line;
+  bool broken = false;
+  for (const QChar c : text) {
+    if (IsLineEnd(c)) {
+      broken = true;
+      continue;
+    }
+    if (broken && !line.isEmpty()) line += u' ';
+    broken = false;
+    line += c;
+  }
+  return line;
+}
+
+bool IsControl(QChar c) {
+  return c < u' ' || c == u'\u007F';
+}
+
+bool IsDigit(QChar c) {
+  return c >= u'0' && c <= u'9';
+}
+
 // Options ends with the last parameter of the catalogue and has no row without one.
 bool HasChoices(const AccDef& accessory, int column) {
   return column <= accessory.Options.UBound() && accessory.Options.At(column).OptionCount > 0;
@@ -191,7 +220,7 @@ void Acc02Table::Commit() {
     chosen_ = false;
   } else if (txtEdit_->text() != openedText_) {
     openedText_ = txtEdit_->text();
-    model_->SetText(EditRow_, EditCol_, FromQt(openedText_));
+    model_->SetText(EditRow_, EditCol_, FromQt(InOneLine(openedText_)));
   }
 }
 
@@ -312,7 +341,7 @@ bool Acc02Table::eventFilter(QObject* watched, QEvent* event) {
                 (watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key));
       }
     } else if (event->type() == QEvent::InputMethod && watched == txtEdit_) {
-      taken = !TakesCharacters(static_cast<QInputMethodEvent*>(event)->commitString());
+      taken = DropsComposed(*static_cast<QInputMethodEvent*>(event));
     }
   });
   return taken || QWidget::eventFilter(watched, event);
@@ -394,10 +423,22 @@ bool Acc02Table::DropsCharacter(const QKeyEvent& key) const {
   return !TakesCharacters(key.text());
 }
 
+// The same of what an input method has composed. The event goes on without what isn't taken, as it
+// also ends the composing.
+bool Acc02Table::DropsComposed(const QInputMethodEvent& composed) {
+  QString taken = composed.commitString();
+  if (TakesCharacters(taken)) return false;
+  taken.removeIf([](QChar c) { return !IsDigit(c); });
+  QInputMethodEvent rest(composed.preeditString(), composed.attributes());
+  rest.setCommitString(taken, composed.replacementStart(), composed.replacementLength());
+  QCoreApplication::sendEvent(txtEdit_, &rest);
+  return true;
+}
+
 bool Acc02Table::TakesCharacters(const QString& typed) const {
   if (EditCol_ != AccNoOffColumn) return true;
-  return std::none_of(typed.begin(), typed.end(),
-                      [](QChar c) { return c.isPrint() && (c < u'0' || c > u'9'); });
+  return std::all_of(typed.begin(), typed.end(),
+                     [](QChar c) { return IsControl(c) || IsDigit(c); });
 }
 
 }  // namespace orvane

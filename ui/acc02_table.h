@@ -75,6 +75,7 @@ class Acc02Table : public QWidget {
   bool EditorKey(const QKeyEvent& key);
   bool GridKey(const QKeyEvent& key);
   bool DropsCharacter(const QKeyEvent& key) const;
+  bool DropsComposed(const QInputMethodEvent& composed);
   bool TakesCharacters(const QString& typed) const;
 
   Acc02Model* model_ = nullptr;

@@ -97,6 +97,8 @@ void FrmAcc02::BuildMenus() {
 }
 
 void FrmAcc02::BuildLayout() {
+  // First of all: a picture that can't be loaded leaves nothing half built.
+  QWidget* picture = HasPicture(accIndex_) ? new AccessoryPicture(accIndex_, this) : nullptr;
   struct NamedButton {
     const char* Caption;
     void (FrmAcc02::*Press)();
@@ -127,7 +129,7 @@ void FrmAcc02::BuildLayout() {
 
   QVBoxLayout* layout = AddLayout();
   layout->setMenuBar(menus_);
-  if (HasPicture(accIndex_)) layout->addWidget(new AccessoryPicture(accIndex_, this), PictureShare);
+  if (picture != nullptr) layout->addWidget(picture, PictureShare);
   layout->addLayout(table, TableShare);
   layout->addLayout(buttons);
 }
@@ -197,20 +199,20 @@ bool FrmAcc02::event(QEvent* event) {
   return PlainDialog::event(event);
 }
 
+bool FrmAcc02::AddKey(const QKeyEvent& key) {
+  if (!IsAddKey(key)) return false;
+  // One that is held down adds one line.
+  if (!key.isAutoRepeat()) Guard([this] { AddLine(); });
+  return true;
+}
+
 bool FrmAcc02::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress && IsAddKey(*static_cast<QKeyEvent*>(event))) {
-    Guard([&] { AddLine(); });
-    return true;
-  }
+  if (event->type() == QEvent::KeyPress && AddKey(*static_cast<QKeyEvent*>(event))) return true;
   return PlainDialog::eventFilter(watched, event);
 }
 
 void FrmAcc02::keyPressEvent(QKeyEvent* event) {
-  if (IsAddKey(*event)) {
-    Guard([&] { AddLine(); });
-    return;
-  }
-  PlainDialog::keyPressEvent(event);
+  if (!AddKey(*event)) PlainDialog::keyPressEvent(event);
 }
 
 }  // namespace orvane

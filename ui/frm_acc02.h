@@ -42,6 +42,8 @@ class FrmAcc02 : public PlainDialog {
   void Ok();
   void AddLine();
   void DeleteLine();
+  // Whether the key was that of "&Add".
+  bool AddKey(const QKeyEvent& key);
 
   const std::int16_t accIndex_;
   QMenuBar* menus_ = nullptr;

@@ -1,5 +1,6 @@
 #include "ui/frm_main_accessories.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -233,6 +234,25 @@ bool AccessoryList::ListKey(const QKeyEvent& key) {
     return true;
   }
   return false;
+}
+
+void AccessoryList::keyboardSearch(const QString& typed) {
+  const bool goesOn =
+      lastLetter_.isValid() && !lastLetter_.hasExpired(QApplication::keyboardInputInterval());
+  if (typed.isEmpty() || !goesOn) sought_.clear();
+  lastLetter_.start();
+  // A blank in front begins no name.
+  if (typed.isEmpty() || (sought_.isEmpty() && typed == " ")) return;
+  sought_ += typed;
+  const bool sameLetter = sought_.count(sought_.front(), Qt::CaseInsensitive) == sought_.size();
+  const QString beginning = sameLetter ? sought_.left(1) : sought_;
+  const int from = std::max(0, sameLetter ? currentRow() + 1 : currentRow());
+  for (int step = 0; step < count(); ++step) {
+    const int row = (from + step) % count();
+    if (!item(row)->text().mid(MarkWidth).startsWith(beginning, Qt::CaseInsensitive)) continue;
+    setCurrentRow(row);
+    return;
+  }
 }
 
 void AccessoryList::keyPressEvent(QKeyEvent* event) {

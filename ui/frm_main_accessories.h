@@ -2,6 +2,7 @@
 // project uses, and the way to the accessories' dialogs.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QListWidget>
 #include <QMenu>
 #include <cstdint>
@@ -25,6 +26,10 @@ class AccessoryList : public QListWidget {
   // The project loses all lines of the selected accessory, without a question.
   void ClearAccessory();
 
+  // Typed letters lead to the next name that begins with them, the mark left aside; the same letter
+  // again leads on from there.
+  void keyboardSearch(const QString& typed) override;
+
  protected:
   // The user's arrival counts as a change of the project, deliberately; the way back from a menu, a
   // dialog or another program doesn't.
@@ -45,6 +50,8 @@ class AccessoryList : public QListWidget {
   void Run(Command command);
 
   QMenu* mnuAccPU = nullptr;
+  QString sought_;  // the letters typed one behind the other
+  QElapsedTimer lastLetter_;
 };
 
 }  // namespace orvane

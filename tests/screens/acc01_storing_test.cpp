@@ -65,6 +65,32 @@ TEST_F(Acc01Test, Return_held_down_presses_nothing) {
   });
 }
 
+TEST_F(Acc01Test, Return_held_down_in_the_last_field_comes_to_OK_and_doesnt_press_it) {
+  Put1(HalfSleeves, 1, 5);
+  InDialogOf(HalfSleeves, [this](QWidget& form) {
+    Enter(form, 2, "9");
+    Press(Qt::Key_Return);
+    ASSERT_EQ(Focus(), "SSCommand2(0)");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, "\r", true);
+      QCoreApplication::sendEvent(QApplication::focusWidget(), &held);
+      EXPECT_TRUE(form.isVisible());
+    }
+  });
+  EXPECT_EQ(Lines1(), Texts{"5/1/5/0"});
+}
+
+TEST_F(Acc01Test, Letters_outside_the_first_plane_are_no_digits_either) {
+  InDialogOf(HalfSleeves, [](QWidget& form) {
+    // A digit of the mathematical alphabets, and a full-width one.
+    for (const char16_t* typed : {u"\U0001D7D7", u"\uFF19"}) {
+      QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUtf16(typed));
+      QCoreApplication::sendEvent(&Qty(form, 1), &key);
+    }
+    EXPECT_EQ(Qty(form, 1).text(), "");
+  });
+}
+
 TEST_F(Acc01Test, The_fields_and_buttons_are_reached_by_Tab_in_order) {
   AccDefs.At(HalfSleeves).HasParamColumn = True;
   InDialogOf(HalfSleeves, [this](QWidget&) {

@@ -116,6 +116,21 @@ TEST_F(Acc02CommandsTest, Delete_drops_a_choice_too) {
   });
 }
 
+TEST_F(Acc02CommandsTest, The_key_of_Delete_held_down_takes_one_line) {
+  PutThree();
+  InDialog(PurlinSleeves, [this](FrmAcc02& form) {
+    Grid(form).setFocus();
+    for (const bool held : {false, true, true}) {
+      qt_sendShortcutOverrideEvent(QApplication::focusWidget(), 0, Qt::Key_D, Qt::AltModifier, "d",
+                                   held);
+    }
+    EXPECT_EQ(Cells(form), (std::vector<Texts>{Three.at(1), Three.at(2)}));
+    // Pressed anew it takes another one.
+    Key(Qt::Key_D, Qt::AltModifier);
+    EXPECT_EQ(Cells(form), (std::vector<Texts>{Three.at(2)}));
+  });
+}
+
 TEST_F(Acc02CommandsTest, Delete_on_the_last_line_takes_it_off_without_moving_anything) {
   PutThree();
   InDialog(PurlinSleeves, [this](FrmAcc02& form) {

@@ -2,6 +2,7 @@
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QMenu>
 #include <QScrollBar>
 
@@ -252,6 +253,105 @@ TEST_F(Acc02EditingTest, A_pasted_number_off_is_no_typed_one) {
     ClickButton(form, 0);
   });
   EXPECT_EQ(Stored(SplicePlates).at(0), (Texts{"A1", "12", "Z14012", "2.0", "300"}));
+}
+
+// A cell copied from a spreadsheet ends with a line end.
+TEST_F(Acc02EditingTest, Line_ends_of_a_pasted_text_do_not_reach_a_cell) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    const auto paste = [this, &form](int column, const char* text) {
+      QApplication::clipboard()->setText(text);
+      Click(form, 1, column);
+      Key(Qt::Key_V, Qt::ControlModifier);
+    };
+    paste(1, "A9\r\n");
+    paste(3, "Z14012\nZ17012\r\n\r\n");
+    paste(5, "\n300\r310");
+    Click(form, 2, 1);
+    EXPECT_EQ(Cells(form).at(0), (Texts{"A9", "1", "Z14012 Z17012", "2.0", "300 310"}));
+    ClickButton(form, 0);
+  });
+  EXPECT_EQ(Stored(SplicePlates).at(2), (Texts{"A9", "1", "Z14012 Z17012", "2.0", "300 310"}));
+}
+
+TEST_F(Acc02EditingTest, A_number_off_takes_no_letters_outside_the_first_plane_either) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 2);
+    // A digit of the mathematical alphabets, a full-width one, and an invisible letter.
+    for (const char16_t* typed : {u"\U0001D7D7", u"\uFF19", u"\u200E"}) {
+      QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUtf16(typed));
+      QCoreApplication::sendEvent(&Text(form), &key);
+    }
+    EXPECT_EQ(Text(form).text(), "1");
+  });
+}
+
+TEST_F(Acc02EditingTest, What_an_input_method_refused_leaves_nothing_behind) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 2);
+    const QString before = Text(form).displayText();
+    QInputMethodEvent composing("\u3042", {});
+    QCoreApplication::sendEvent(&Text(form), &composing);
+    QInputMethodEvent done;
+    done.setCommitString("4\u30425");
+    QCoreApplication::sendEvent(&Text(form), &done);
+    EXPECT_EQ(Text(form).text(), "45");
+    EXPECT_EQ(Text(form).displayText(), "45");
+  });
+}
+
+TEST_F(Acc02EditingTest, A_letter_chooses_in_a_cell_whose_text_is_outside_the_list) {
+  PutLine(SplicePlates, "A4", 4, {"Z30012", "9.9", "330"});
+  PutLine(SplicePlates, "A5", 5, {"Z30012", "", "330"});
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    for (const int row : {4, 5}) {
+      Click(form, row, 4);
+      Keys("2");
+      Key(Qt::Key_Tab);
+      EXPECT_EQ(Cells(form).at(static_cast<std::size_t>(row) - 1).at(3), "2.0");
+    }
+  });
+}
+
+TEST_F(Acc02EditingTest, Alt_and_A_in_an_open_list_closes_it_and_adds) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 4);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QAbstractItemView* list = Choices(form, 4).view();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+    QTest::keyClick(list, Qt::Key_A, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([list] { return !list->isVisible(); }));
+    ExpectEditing(form, 4, 1, "");
+    EXPECT_EQ(Cells(form).at(0), Three.at(0));
+  });
+}
+
+TEST_F(Acc02EditingTest, Escape_in_an_open_list_closes_the_list_alone) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 4);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QAbstractItemView* list = Choices(form, 4).view();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([list] { return !list->isVisible(); }));
+    EXPECT_TRUE(form.isVisible());
+    ExpectEditingOne(form, 1, 4);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Cells(form), Three);
+  });
+}
+
+TEST_F(Acc02EditingTest, The_key_of_Add_held_down_adds_one_line) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 1);
+    Key(Qt::Key_A, Qt::AltModifier);
+    for (int times = 0; times < 3; ++times) {
+      QKeyEvent held(QEvent::KeyPress, Qt::Key_A, Qt::AltModifier, "a", true);
+      QCoreApplication::sendEvent(QApplication::focusWidget(), &held);
+    }
+    EXPECT_EQ(Grid(form).Rows() - 1, 4);
+    ExpectEditing(form, 4, 1, "");
+  });
 }
 
 TEST_F(Acc02EditingTest, From_the_table_itself_keys_and_typing_lead_into_the_current_cell) {

@@ -172,6 +172,34 @@ TEST_F(AccessoryListTest, Moving_through_the_sections_never_changes_the_project_
   EXPECT_EQ(ProjectDirty, False);
 }
 
+TEST_F(AccessoryListTest, Typed_letters_lead_to_the_name_behind_the_mark) {
+  AccUsed.At(7) = True;
+  main->SetAccUsage();
+  QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::NoModifier, PlaceOf(0));
+  struct Step {
+    std::string Typed;
+    std::string Name;
+  };
+  // Letters in haste make one beginning; the same letter again leads on, round the list.
+  const std::vector<Step> steps = {
+      {"h", "Half sleeves"},
+      {"splice", "Splice plates"},
+      {"e", "Eaves braces"},
+      {"e", "Eaves struts"},
+      {"ee", "Eaves braces"},
+      {"sag bars (sp", "Sag bars (spring fix)"},
+      {"xyz", "Sag bars (spring fix)"},
+  };
+  for (const Step& step : steps) {
+    SCOPED_TRACE(step.Typed);
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    Type(step.Typed);
+    ASSERT_NE(List().currentItem(), nullptr);
+    EXPECT_EQ(FromQt(List().currentItem()->text().mid(2)), step.Name);
+    EXPECT_EQ(List().selectedItems(), QList<QListWidgetItem*>{List().currentItem()});
+  }
+}
+
 TEST_F(AccessoryListTest, The_right_button_selects_the_entry_under_the_pointer) {
   List().setCurrentRow(0);
   const auto menus = MenusOpenedBy([this] {

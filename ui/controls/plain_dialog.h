@@ -9,24 +9,28 @@
 
 namespace orvane {
 
-// Acts at once when its key is pressed. The toolkit's own button shows itself pressed for a tenth
-// of a second first, and what is typed meanwhile would go to the field before it.
+// Acts at once when its key is pressed, and once when it is held down. The toolkit's own button
+// shows itself pressed for a tenth of a second first, and what is typed meanwhile would go to the
+// field before it.
 class PlainButton : public QPushButton {
  public:
   using QPushButton::QPushButton;
 
  protected:
   bool event(QEvent* event) override {
-    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
-      return QPushButton::event(event);
-    }
+    if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
+    const auto& shortcut = *static_cast<QShortcutEvent*>(event);
+    if (shortcut.isAmbiguous()) return QPushButton::event(event);
+    // From the first press on, as the button's key may have changed before.
+    setShortcutAutoRepeat(shortcut.shortcutId(), false);
     click();
     return true;
   }
 };
 
-// Enter presses the button that has the focus, as the blank does; Escape closes the dialog. Its
-// buttons are made by AddButton, so that none becomes the default by itself.
+// Enter presses the button that has the focus, as the blank does, but not when it is held down, be
+// it since a field before; Escape closes the dialog. Its buttons are made by AddButton, so that
+// none becomes the default by itself.
 class PlainDialog : public QDialog {
  protected:
   explicit PlainDialog(QWidget* parent) : QDialog(parent) {}
@@ -52,7 +56,7 @@ class PlainDialog : public QDialog {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     auto* button = qobject_cast<QPushButton*>(focusWidget());
     if (enter && button != nullptr) {
-      button->click();
+      if (!event->isAutoRepeat()) button->click();
       return;
     }
     QDialog::keyPressEvent(event);
