@@ -151,25 +151,24 @@ bool DetailPanel::HoleListKey(const QKeyEvent& key) {
   const bool alone = held == Qt::NoModifier;
   const int row = MSFlexGrid2->Row();
   const int last = MSFlexGrid2->Rows() - 1;
-  int target = row;
-  if (alone && key.key() == Qt::Key_Up) {
-    target = std::min(std::max(row - 1, 1), last);
-  } else if (alone && key.key() == Qt::Key_Down) {
-    target = std::min(row + 1, last);
-  } else if (alone && key.key() == Qt::Key_Delete) {
+  const auto mark = [this](int target) {
+    MarkHole(target);
+    MSFlexGrid2->EnsureVisible(target, 0);
+    return true;
+  };
+  if (alone && key.key() == Qt::Key_Up) return mark(std::min(std::max(row - 1, 1), last));
+  if (alone && key.key() == Qt::Key_Down) return mark(std::min(row + 1, last));
+  if (alone && key.key() == Qt::Key_Delete) {
     // Held down, it must not run through the holes.
     if (!key.isAutoRepeat()) RunHoleCommand(Command::RemoveHole);
     return true;
-  } else if (key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && held == Qt::ShiftModifier)) {
+  }
+  if (key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && held == Qt::ShiftModifier)) {
     const QPoint place = MSFlexGrid2->CellRect(row, 0).bottomLeft();
     ShowHolesMenu(MSFlexGrid2->viewport()->mapToGlobal(place));
     return true;
-  } else {
-    return false;
   }
-  MarkHole(target);
-  MSFlexGrid2->EnsureVisible(target, 0);
-  return true;
+  return false;
 }
 
 void DetailPanel::HoleListEntered(Qt::FocusReason reason) {

@@ -21,7 +21,7 @@ class BeamPicture : public QWidget {
   // What it shows at its present size, in twips.
   BeamSketch Corners() const;
 
-  QSize sizeHint() const override;
+  QSize sizeHint() const final;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

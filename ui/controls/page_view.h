@@ -28,7 +28,7 @@ class PageView : public DeskView {
   // Where the paper lies in the viewport, in the toolkit's device-independent pixels. An empty
   // rectangle without a page.
   QRectF PaperPlace() const;
-  double PixelsPerMm() const override;
+  double PixelsPerMm() const final;
 
   bool IsFitted() const { return fitted_; }
   void Fit() override;
