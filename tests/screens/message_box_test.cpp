@@ -3,8 +3,10 @@
 
 #include <QAbstractButton>
 #include <QDateTime>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -216,6 +218,25 @@ TEST_F(MessageBoxTest, Pending_events_run_in_between) {
   EXPECT_FALSE(ran);
   platform.ProcessEvents();
   EXPECT_TRUE(ran);
+}
+
+TEST_F(MessageBoxTest, What_is_to_be_deleted_later_outlives_the_events_in_between) {
+  // A field's pop-up goes while the entry that it has chosen is still drawing.
+  const QPointer<QObject> popup = new QObject;
+  QEventLoop deeper;
+  QMetaObject::invokeMethod(
+      qApp,
+      [&] {
+        popup->deleteLater();
+        deeper.quit();
+      },
+      Qt::QueuedConnection);
+  deeper.exec();
+  ASSERT_TRUE(popup);
+  platform.ProcessEvents();
+  EXPECT_TRUE(popup);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(popup);
 }
 
 // The rest of the desktop, as the program has it.

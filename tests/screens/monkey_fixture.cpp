@@ -1,7 +1,6 @@
 #include "tests/screens/monkey_fixture.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -182,7 +181,7 @@ void MonkeyTest::FillField(QWidget& window) {
   if (field && field->isVisible() && Chance(60)) QTest::keyClick(field, Qt::Key_Return);
 }
 
-// A click on a cell of a grid, and often a text into the editor that opens on it.
+// A click on a cell of a grid, and often a text or an entry for the editor that opens on it.
 void MonkeyTest::ClickGrid(QWidget& window) {
   const std::vector<QTableView*> grids = Usable<QTableView>(window);
   if (grids.empty()) return;
@@ -193,8 +192,10 @@ void MonkeyTest::ClickGrid(QWidget& window) {
   const QRect cell = grid->visualRect(grid->model()->index(Pick(rows), Pick(columns)));
   if (!grid->viewport()->rect().contains(cell.center())) return;
   QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
-  auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-  if (field != nullptr && window.isAncestorOf(field) && Chance(70)) Replace(*field, OneOf(Texts()));
+  QWidget* editor = QApplication::focusWidget();
+  if (editor == nullptr || !window.isAncestorOf(editor) || !Chance(70)) return;
+  if (auto* field = qobject_cast<QLineEdit*>(editor)) Replace(*field, OneOf(Texts()));
+  if (auto* list = qobject_cast<QComboBox*>(editor)) TypeEntry(*list);
 }
 
 void MonkeyTest::ChooseEntry(QWidget& window) {
@@ -202,10 +203,14 @@ void MonkeyTest::ChooseEntry(QWidget& window) {
   if (lists.empty()) return;
   QComboBox* list = OneOf(lists);
   list->setFocus();
-  if (list->count() == 0 || !window.isAncestorOf(QApplication::focusWidget())) return;
-  // Closed lists choose by the letters of their entries.
-  const std::string entry = FromQt(list->itemText(Pick(list->count())));
-  const QPointer<QComboBox> still = list;
+  if (window.isAncestorOf(QApplication::focusWidget())) TypeEntry(*list);
+}
+
+// Closed lists choose by the letters of their entries.
+void MonkeyTest::TypeEntry(QComboBox& list) {
+  if (list.count() == 0) return;
+  const std::string entry = FromQt(list.itemText(Pick(list.count())));
+  const QPointer<QComboBox> still = &list;
   for (const char letter : entry.substr(0, 3)) {
     if (still && still->isVisible()) QTest::keyClick(still, letter);
   }

@@ -2,6 +2,7 @@
 // window. ORVANE_MONKEY_EVENTS and ORVANE_MONKEY_SEED choose a longer or another run.
 #pragma once
 
+#include <QComboBox>
 #include <QDialog>
 #include <QPointer>
 #include <map>
@@ -43,6 +44,7 @@ class MonkeyTest : public ScreenTest {
   void FillField(QWidget& window);
   void ClickGrid(QWidget& window);
   void ChooseEntry(QWidget& window);
+  void TypeEntry(QComboBox& list);
   void ActInside(QWidget& window);
   void Replace(QLineEdit& field, const std::string& text);
 

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QStandardPaths>
+#include <vector>
 
 #include "core/settings_file.h"
 #include "core/system_dates.h"
@@ -32,6 +33,28 @@ QWidget* OwnerWindow() {
   }
   return nullptr;
 }
+
+// Puts off what is to be deleted later until it has gone itself. A pop-up of a field that has just
+// chosen an entry is such an object, and still at work on it.
+class DeletionStay : public QObject {
+ public:
+  DeletionStay() { QCoreApplication::instance()->installEventFilter(this); }
+  ~DeletionStay() override {
+    for (const QPointer<QObject>& object : putOff_) {
+      if (object) object->deleteLater();
+    }
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::DeferredDelete) return false;
+    putOff_.emplace_back(watched);
+    return true;
+  }
+
+ private:
+  std::vector<QPointer<QObject>> putOff_;
+};
 
 // Opens the way for a dialog and puts the focus back where it was when the dialog has gone.
 class DialogStay {
@@ -122,6 +145,7 @@ std::optional<std::string> QtDesktop::ShowSaveDialog(const FileDialog& dialog) {
 }
 
 void QtDesktop::ProcessEvents() {
+  const DeletionStay stay;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
