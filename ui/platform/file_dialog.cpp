@@ -27,9 +27,9 @@ std::map<std::string, QString>& LastFolders() {
 }
 
 QString StartFolder(const FileDialog& dialog) {
-  const QString asked = ToQt(dialog.InitialFolder);
+  QString asked = ToQt(dialog.InitialFolder);
   if (!asked.isEmpty() && QFileInfo(asked).isDir()) return asked;
-  const QString last = LastFolders()[dialog.Title];
+  QString last = LastFolders()[dialog.Title];
   if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
   return QDir::currentPath();
 }
@@ -84,7 +84,8 @@ void Chooser::Accept() {
   const QString path = QDir::cleanPath(FinalName(files.first()));
   if (!IsAcceptable(path)) return;
   chosen_ = path;
-  QDialog::accept();
+  // The file dialog's own would choose by its own rules once more.
+  QDialog::accept();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 QString Chooser::FinalName(const QString& typed) const {
