@@ -17,7 +17,7 @@
 #include "drawing/sheet_frame.h"
 #include "holes/hole_list.h"
 #include "output/output_screen.h"
-#include "project/accessory_rules.h"
+#include "project/rules/accessory_rules.h"
 
 namespace orvane {
 

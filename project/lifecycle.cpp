@@ -11,7 +11,7 @@
 #include "project/project_backup.h"
 #include "project/project_file.h"
 #include "project/recent_files.h"
-#include "project/section_rules.h"
+#include "project/rules/section_rules.h"
 #include "project/sections.h"
 
 namespace orvane {

@@ -11,11 +11,11 @@
 #include "output/reports.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
-#include "ui/frm_about.h"
-#include "ui/frm_max_dims.h"
-#include "ui/frm_mitres.h"
-#include "ui/frm_notches.h"
-#include "ui/frm_registration.h"
+#include "ui/dialogs/frm_about.h"
+#include "ui/dialogs/frm_max_dims.h"
+#include "ui/dialogs/frm_mitres.h"
+#include "ui/dialogs/frm_notches.h"
+#include "ui/dialogs/frm_registration.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -90,7 +90,7 @@ void FrmMain::BuildPanes() {
   sheet_ = new SheetView(SSPanel4_);
   sections_ = new SectionsGrid(SSPanel7_);
   detail_ = new DetailPanel(sections_->Grid(), *sheet_, SSPanel7_);
-  accessories_ = new AccessoryList(SSPanel7_);
+  accessories_ = new AccessoryChooser(SSPanel7_);
   sections_->Connect(*detail_, *sheet_);
   connect(sections_, &SectionsGrid::MenuAsked, this,
           [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });

@@ -16,14 +16,14 @@
 
 #include "output/output_screen.h"
 #include "project/main_screen.h"
+#include "ui/accessory_chooser.h"
 #include "ui/commands.h"
 #include "ui/controls/eliding_label.h"
-#include "ui/frm_main_accessories.h"
-#include "ui/frm_main_detail.h"
-#include "ui/frm_main_grid.h"
-#include "ui/frm_preview.h"
-#include "ui/frm_project_details.h"
+#include "ui/detail_panel.h"
+#include "ui/dialogs/frm_preview.h"
+#include "ui/dialogs/frm_project_details.h"
 #include "ui/platform/progress.h"
+#include "ui/sections_grid.h"
 #include "ui/sheet_view.h"
 
 namespace orvane {
@@ -126,7 +126,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   QLabel* mirrorNote_ = nullptr;  // lblMirrored, under the sheet
   SectionsGrid* sections_ = nullptr;
   DetailPanel* detail_ = nullptr;
-  AccessoryList* accessories_ = nullptr;
+  AccessoryChooser* accessories_ = nullptr;
 
   std::unique_ptr<FrmPreview> preview_;    // being drawn, not shown yet
   std::unique_ptr<ProgressRun> printRun_;  // of the commands that draw it

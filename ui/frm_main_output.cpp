@@ -2,7 +2,7 @@
 // errors.
 #include "core/numbers.h"
 #include "output/reports.h"
-#include "ui/frm_errors.h"
+#include "ui/dialogs/frm_errors.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
 

@@ -1,7 +1,7 @@
 #include "ui/sections_model.h"
 
 #include "core/model.h"
-#include "project/section_rules.h"
+#include "project/rules/section_rules.h"
 
 namespace orvane {
 

@@ -5,8 +5,8 @@
 
 #include "core/catalogues.h"
 #include "core/settings.h"
-#include "ui/frm_about.h"
-#include "ui/frm_registration.h"
+#include "ui/dialogs/frm_about.h"
+#include "ui/dialogs/frm_registration.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 

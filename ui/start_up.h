@@ -3,8 +3,8 @@
 
 #include <memory>
 
+#include "ui/dialogs/frm_project_details.h"
 #include "ui/frm_main.h"
-#include "ui/frm_project_details.h"
 
 namespace orvane {
 

@@ -4,7 +4,7 @@
 #include "drawing/accessory_sheet.h"
 #include "drawing/draw_section.h"
 #include "output/reports.h"
-#include "project/accessory_rules.h"
+#include "project/rules/accessory_rules.h"
 #include "tests/output/print_fixture.h"
 
 namespace orvane {

@@ -1,5 +1,5 @@
 // What the accessory dialogs store and refuse.
-#include "project/accessory_rules.h"
+#include "project/rules/accessory_rules.h"
 
 #include <initializer_list>
 #include <string>

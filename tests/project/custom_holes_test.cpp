@@ -1,6 +1,6 @@
 // Holes placed by hand, free of the dialog: codes and lines, positions refused and taken, the hole
 // that comes of an entry, its place in the list.
-#include "project/custom_holes.h"
+#include "project/rules/custom_holes.h"
 
 #include <map>
 

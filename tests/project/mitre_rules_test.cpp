@@ -1,4 +1,4 @@
-#include "project/mitre_rules.h"
+#include "project/rules/mitre_rules.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "project/notch_rules.h"
+#include "project/rules/notch_rules.h"
 
 #include <string>
 #include <vector>

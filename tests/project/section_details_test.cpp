@@ -1,4 +1,4 @@
-#include "project/section_details.h"
+#include "project/rules/section_details.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "project/section_rules.h"
+#include "project/rules/section_rules.h"
 
 #include <optional>
 #include <string>

@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "tests/screens/acc01_fixture.h"
-#include "ui/accessory_pane.h"
+#include "ui/dialogs/accessory_pane.h"
 
 namespace orvane::test {
 namespace {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "tests/screens/dialog_fixture.h"
-#include "ui/frm_acc02.h"
+#include "ui/dialogs/frm_acc02.h"
 
 namespace orvane::test {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "tests/screens/sections_fixture.h"
-#include "ui/frm_main_accessories.h"
+#include "ui/accessory_chooser.h"
 
 namespace orvane::test {
 
@@ -24,7 +24,7 @@ constexpr int SplicePlates = 7;
 
 class AccessoriesTest : public SectionsTest {
  protected:
-  AccessoryList& List() { return Find<AccessoryList>("lstAccessories"); }
+  AccessoryChooser& List() { return Find<AccessoryChooser>("lstAccessories"); }
   QMenu& Popup() { return Find<QMenu>("mnuAccPU"); }
 
   std::vector<std::string> Entries() {

@@ -14,9 +14,9 @@
 
 #include "output/validation.h"
 #include "tests/screens/dialog_fixture.h"
-#include "ui/frm_about.h"
-#include "ui/frm_errors.h"
-#include "ui/frm_project_details.h"
+#include "ui/dialogs/frm_about.h"
+#include "ui/dialogs/frm_errors.h"
+#include "ui/dialogs/frm_project_details.h"
 
 namespace orvane {
 

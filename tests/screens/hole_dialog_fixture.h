@@ -12,7 +12,7 @@
 
 #include "tests/screens/detail_fixture.h"
 #include "ui/controls/picture_radio.h"
-#include "ui/frm_add_holes.h"
+#include "ui/dialogs/frm_add_holes.h"
 
 namespace orvane::test {
 

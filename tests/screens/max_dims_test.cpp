@@ -7,7 +7,7 @@
 #include <array>
 
 #include "tests/screens/dialog_fixture.h"
-#include "ui/frm_max_dims.h"
+#include "ui/dialogs/frm_max_dims.h"
 
 namespace orvane {
 

@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 #include "tests/screens/sections_fixture.h"
-#include "ui/frm_mitres.h"
+#include "ui/dialogs/frm_mitres.h"
 
 namespace orvane::test {
 namespace {

@@ -7,8 +7,8 @@
 #include <tuple>
 
 #include "core/settings.h"
-#include "project/mitre_rules.h"
-#include "project/notch_rules.h"
+#include "project/rules/mitre_rules.h"
+#include "project/rules/notch_rules.h"
 #include "tests/screens/monkey_fixture.h"
 
 namespace orvane::test {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tests/screens/sections_fixture.h"
-#include "ui/frm_notches.h"
+#include "ui/dialogs/frm_notches.h"
 
 namespace orvane::test {
 

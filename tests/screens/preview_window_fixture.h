@@ -8,7 +8,7 @@
 
 #include "core/numbers.h"
 #include "tests/screens/preview_fixture.h"
-#include "ui/frm_preview.h"
+#include "ui/dialogs/frm_preview.h"
 
 namespace orvane::test {
 

@@ -5,7 +5,7 @@
 #include "core/runtime_error.h"
 #include "tests/screens/preview_fixture.h"
 #include "tests/screens/sections_fixture.h"
-#include "ui/frm_preview.h"
+#include "ui/dialogs/frm_preview.h"
 
 namespace orvane::test {
 

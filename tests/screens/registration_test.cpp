@@ -9,7 +9,7 @@
 #include <array>
 
 #include "tests/screens/dialog_fixture.h"
-#include "ui/frm_registration.h"
+#include "ui/dialogs/frm_registration.h"
 
 namespace orvane {
 

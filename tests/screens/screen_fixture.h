@@ -17,8 +17,8 @@
 #include "core/catalogues.h"
 #include "core/settings.h"
 #include "tests/support/fixture.h"
+#include "ui/dialogs/frm_project_details.h"
 #include "ui/frm_main.h"
-#include "ui/frm_project_details.h"
 #include "ui/platform/qt_desktop.h"
 #include "ui/platform/qt_text.h"
 

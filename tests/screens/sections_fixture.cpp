@@ -11,7 +11,7 @@
 #include <map>
 
 #include "core/numbers.h"
-#include "project/section_rules.h"
+#include "project/rules/section_rules.h"
 
 namespace orvane::test {
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/screens/dialog_fixture.h"
-#include "ui/frm_project_details.h"
+#include "ui/dialogs/frm_project_details.h"
 
 namespace orvane::test {
 

@@ -17,6 +17,11 @@ inline std::string FromQt(const QString& text) {
   return text.toStdString();
 }
 
+// A digit of the system's numbers: one of the ten that every keyboard has, in no other script.
+inline bool IsDigit(QChar letter) {
+  return letter >= u'0' && letter <= u'9';
+}
+
 // The name of an element of a control array, "SSCommand1(6)".
 inline QString IndexedName(std::string_view array, int index) {
   return ToQt(std::string(array) + "(" + DecimalText(index) + ")");

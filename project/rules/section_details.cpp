@@ -1,0 +1,121 @@
+#include "project/rules/section_details.h"
+
+#include <initializer_list>
+
+#include "core/catalogues.h"
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace orvane {
+
+namespace {
+
+// Diameters of sag-bar holes, mm.
+constexpr std::int16_t SpringFixDia = 18;
+constexpr std::int16_t ThreadedDia = 14;
+constexpr std::int16_t NoSagBars = 0;
+
+// Rows of the list of patterns count from 0.
+constexpr int CustomIndex = 0;
+
+Table<std::string> TableOf(std::initializer_list<std::string_view> texts) {
+  Table<std::string> table;
+  for (const std::string_view text : texts) table.Append(std::string(text));
+  return table;
+}
+
+// The option of a section with sag bars; whatever isn't a spring fix is threaded from then on.
+SagBars SettledSagBars(Item& item) {
+  if (item.SagBarDia == SpringFixDia) return SagBars::SpringFix;
+  item.SagBarDia = ThreadedDia;
+  return SagBars::Threaded;
+}
+
+}  // namespace
+
+const Table<std::string> Pitches = TableOf({"0", "5", "10", "15", "22.5", "30"});
+
+Table<std::string> SectionProducts(std::string_view letter) {
+  Table<std::string> products;
+  for (const SectionDim& dims : SectionDims) {
+    if (dims.SectionType == letter) products.Append(dims.Product);
+  }
+  return products;
+}
+
+Table<std::string> PatternNames(std::string_view letter) {
+  Table<std::string> names = TableOf({CustomPattern});
+  for (const PunchPattern& pattern : PunchPatterns) {
+    if (pattern.SectionType == letter) names.Append(pattern.Name);
+  }
+  return names;
+}
+
+bool HasPitch(std::string_view letter) {
+  return letter == "E";
+}
+
+bool HasJointingPieces(std::string_view letter) {
+  return letter == "R";
+}
+
+SagBars ShownSagBars(std::int16_t ItemIndex) {
+  Item& item = Items.At(ItemIndex);
+  return item.SagBarDia > 0 ? SettledSagBars(item) : SagBars::Hidden;
+}
+
+bool RemovesCustomHoles(std::int16_t ItemIndex, int listIndex) {
+  const Item& item = Items.At(ItemIndex);
+  return item.PatternName == CustomPattern && item.HoleCount > 0 && listIndex > CustomIndex;
+}
+
+void EmptyHoles(std::int16_t ItemIndex) {
+  Item& item = Items.At(ItemIndex);
+  item.Holes.Clear();
+  item.HoleCount = 0;
+}
+
+void ClearPattern(std::int16_t ItemIndex) {
+  Item& item = Items.At(ItemIndex);
+  item.PatternName.clear();
+  item.SagBarDia = NoSagBars;
+}
+
+void SetPattern(std::int16_t ItemIndex, std::string_view listText) {
+  if (ItemIndex < 1) return;
+  Items.At(ItemIndex).PatternName = Trim(listText);
+}
+
+std::optional<SagBars> SagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText) {
+  if (ItemIndex < 1 || PunchPatterns.Empty()) return std::nullopt;
+  Item& item = Items.At(ItemIndex);
+  // The first row of that name decides, whichever letter it has; "Custom" finds the blank row 0.
+  if (PunchPatterns.At(FindPunchPattern(listText)).HasSagBars != False) return SettledSagBars(item);
+  item.SagBarDia = NoSagBars;
+  return SagBars::Hidden;
+}
+
+void SetSagBars(std::int16_t ItemIndex, int option) {
+  if (ItemIndex < 1) return;
+  Items.At(ItemIndex).SagBarDia = option == 1 ? ThreadedDia : SpringFixDia;
+}
+
+void SetPitch(std::int16_t ItemIndex, std::string_view listText) {
+  if (ItemIndex < 1) return;
+  Items.At(ItemIndex).Pitch = Trim(listText);
+}
+
+void SetJointingPieces(std::int16_t ItemIndex, std::string_view text) {
+  if (ItemIndex < 1) return;
+  Items.At(ItemIndex).JointingPieces = Whole(Val(text));
+}
+
+Item CurrentSection;
+
+void ClearCurrentSection(std::string_view letter, const Date& today) {
+  CurrentSection = Item{};
+  CurrentSection.SectionType = letter;
+  CurrentSection.DateText = FullYearText(today);
+}
+
+}  // namespace orvane

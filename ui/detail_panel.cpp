@@ -1,0 +1,324 @@
+#include "ui/detail_panel.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <array>
+
+#include "core/catalogues.h"
+#include "core/desktop.h"
+#include "core/text.h"
+#include "holes/hole_coding.h"
+#include "holes/hole_list.h"
+#include "ui/controls/tab_stop.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+// Characters that a list of the panel has room for at least; longer entries don't widen the panel.
+constexpr int ListRoom = 10;
+
+// Places of the panel's left-hand column from top to bottom, and its share of the width.
+enum DetailPlace { PunchingPlace, LabelPlace, FieldPlace, SagBarsPlace, FreePlace };
+constexpr int OptionShare = 2;
+constexpr int HoleListShare = 3;
+
+PlainCombo* NewList(const char* name, QWidget* parent) {
+  auto* list = new PlainCombo(parent);
+  list->setObjectName(name);
+  list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  list->setMinimumContentsLength(ListRoom);
+  return list;
+}
+
+QLabel* NewLabel(const char* name, const char* caption, QWidget* field, QWidget* parent) {
+  auto* label = new QLabel(caption, parent);
+  label->setObjectName(name);
+  label->setBuddy(field);
+  return label;
+}
+
+// A hidden part keeps its room, so that no other jumps when it comes and goes.
+void KeepRoom(QWidget& part) {
+  QSizePolicy policy = part.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  part.setSizePolicy(policy);
+}
+
+}  // namespace
+
+// The parts.
+
+DetailPanel::DetailPanel(const FlexGrid& sections, SheetView& sheet, QWidget* parent)
+    : QWidget(parent), sections_(sections), sheet_(sheet) {
+  setObjectName("DetailPanel");
+  BuildPunching();
+  BuildPitch();
+  BuildJointing();
+  BuildSagBars();
+  BuildHoleList();
+  BuildHolesMenu();
+  LayParts();
+  HideParts();
+}
+
+void DetailPanel::BuildPunching() {
+  SSPanelPunching = new QWidget(this);
+  SSPanelPunching->setObjectName("SSPanelPunching");
+  cboPattern = NewList("cboPattern", SSPanelPunching);
+  auto* column = new QVBoxLayout(SSPanelPunching);
+  column->setContentsMargins({});
+  column->addWidget(NewLabel("lblPunching", "Pu&nching", cboPattern, SSPanelPunching));
+  column->addWidget(cboPattern);
+  connect(cboPattern, &QComboBox::activated, this, [this] { Guard([&] { PatternChosen(); }); });
+}
+
+void DetailPanel::BuildPitch() {
+  cboPitch = NewList("cboPitch", this);
+  lblPitch = NewLabel("lblPitch", "Pitch", cboPitch, this);
+  connect(cboPitch, &QComboBox::activated, this, [this] { Guard([&] { PitchSelected(); }); });
+}
+
+void DetailPanel::BuildJointing() {
+  txtJointing = new QLineEdit(this);
+  txtJointing->setObjectName("txtJointing");
+  lblJointing = NewLabel("lblJointing", "No. off jointing pieces", txtJointing, this);
+  connect(txtJointing, &QLineEdit::textEdited, this, [this] { Guard([&] { JointingChanged(); }); });
+}
+
+void DetailPanel::BuildSagBars() {
+  fraSagBars = new QGroupBox("Sag bars", this);
+  fraSagBars->setObjectName("fraSagBars");
+  optSagBars = new QButtonGroup(this);
+  auto* column = new QVBoxLayout(fraSagBars);
+  const std::array captions = {"Spring Fix (18mm)", "Threaded (14mm)"};
+  for (std::size_t option = 0; option < captions.size(); ++option) {
+    auto* button = new QRadioButton(captions.at(option), fraSagBars);
+    button->setObjectName(IndexedName("optSagBars", static_cast<int>(option)));
+    optSagBars->addButton(button, static_cast<int>(option));
+    column->addWidget(button);
+  }
+  KeepTabAtChecked(*optSagBars);
+  // The user's click alone: a change of the pair by code isn't a choice.
+  connect(optSagBars, &QButtonGroup::idClicked, this,
+          [this](int option) { Guard([&] { SagBarsSelected(option); }); });
+}
+
+void DetailPanel::LayParts() {
+  // Pitch and jointing pieces share one place, since no section has both.
+  auto* options = new QGridLayout;
+  options->addWidget(SSPanelPunching, PunchingPlace, 0);
+  options->addWidget(lblPitch, LabelPlace, 0);
+  options->addWidget(cboPitch, FieldPlace, 0);
+  options->addWidget(lblJointing, LabelPlace, 0);
+  options->addWidget(txtJointing, FieldPlace, 0);
+  options->addWidget(fraSagBars, SagBarsPlace, 0);
+  options->setRowStretch(FreePlace, 1);
+
+  auto* columns = new QHBoxLayout(this);
+  columns->setContentsMargins({});
+  columns->addLayout(options, OptionShare);
+  columns->addWidget(SSpanelCustom, HoleListShare);
+  for (QWidget* part : {SSPanelPunching, SSpanelCustom, static_cast<QWidget*>(fraSagBars),
+                        static_cast<QWidget*>(lblPitch), static_cast<QWidget*>(cboPitch),
+                        static_cast<QWidget*>(lblJointing), static_cast<QWidget*>(txtJointing)}) {
+    KeepRoom(*part);
+  }
+}
+
+// Showing.
+
+std::int16_t DetailPanel::Row() const {
+  return Int16(sections_.Row());
+}
+
+// The toolkit would pass the focus of a part that goes on to some other control, maybe one where
+// its arrival counts as a change of the project.
+void DetailPanel::ShowPart(QWidget& part, bool shown) {
+  QWidget* focus = window()->focusWidget();
+  if (!shown && focus != nullptr && (&part == focus || part.isAncestorOf(focus))) {
+    if (&part != SSPanelPunching && SSPanelPunching->isVisible()) {
+      cboPattern->setFocus(Qt::OtherFocusReason);
+    } else {
+      focus->clearFocus();
+    }
+  }
+  part.setVisible(shown);
+}
+
+void DetailPanel::HideParts() {
+  ShowPart(*SSPanelPunching, false);
+  ShowPart(*SSpanelCustom, false);
+  ShowPart(*fraSagBars, false);
+  ShowPart(*lblPitch, false);
+  ShowPart(*cboPitch, false);
+  ShowPart(*lblJointing, false);
+  ShowPart(*txtJointing, false);
+}
+
+// What the section letter alone decides. Sag bars and the hole list follow the pattern.
+void DetailPanel::ShowParts(const std::string& letter) {
+  const bool pitch = HasPitch(letter);
+  const bool jointing = HasJointingPieces(letter);
+  ShowPart(*SSPanelPunching, true);
+  ShowPart(*lblPitch, pitch);
+  ShowPart(*cboPitch, pitch);
+  ShowPart(*lblJointing, jointing);
+  ShowPart(*txtJointing, jointing);
+}
+
+void DetailPanel::ShowSagBars(SagBars choice) {
+  if (choice == SagBars::SpringFix) optSagBars->button(0)->setChecked(true);
+  if (choice == SagBars::Threaded) optSagBars->button(1)->setChecked(true);
+  ShowPart(*fraSagBars, choice != SagBars::Hidden);
+}
+
+void DetailPanel::FillPitches() {
+  cboPitch->Fill(Pitches);
+}
+
+void DetailPanel::FillPatternCombo(const std::string& Letter) {
+  cboPattern->Fill(PatternNames(Letter));
+}
+
+bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex,
+                                 ShownHoles holes) {
+  FillPatternCombo(Letter);
+  ShowParts(Letter);
+  MarkHole(0);
+
+  // A pattern that the catalogue no longer has stays in the record: looking at a section must not
+  // erase it.
+  const int index = FindComboIndex(cboPattern->Entries(), Items.At(ItemIndex).PatternName);
+  cboPattern->SelectQuietly(index);
+  if (index < 0) {
+    ShowPart(*SSpanelCustom, false);
+  } else {
+    ApplyPattern(ItemIndex, false, holes);
+  }
+  // Here also for a section of another letter whose pattern has left it a diameter.
+  ShowSagBars(ShownSagBars(ItemIndex));
+  return index >= 0;
+}
+
+void DetailPanel::ClearDetailPanel() {
+  cboPattern->SelectQuietly(-1);
+  cboPitch->SelectQuietly(-1);
+  EmptyHoleGrid();
+  txtJointing->clear();
+  if (Row() < 1) {
+    HideParts();
+  } else {
+    ShowPart(*SSpanelCustom, false);
+  }
+}
+
+void DetailPanel::ShowPitch(std::int16_t ItemIndex) {
+  cboPitch->SelectQuietly(FindComboIndex(cboPitch->Entries(), Items.At(ItemIndex).Pitch));
+}
+
+void DetailPanel::ShowJointingPieces(std::int16_t ItemIndex) {
+  txtJointing->setText(ToQt(ShortestText(Items.At(ItemIndex).JointingPieces)));
+}
+
+// A section without a selection has no pattern: the text is empty then, and no pattern bears that
+// name.
+void DetailPanel::RebuildShownHoles(std::int16_t ItemIndex) {
+  RebuildHoles(ItemIndex, cboPattern->Text());
+  if (IsHoleListShown()) FillHoleGrid(ItemIndex);
+}
+
+// Choices.
+
+void DetailPanel::PatternChosen() {
+  const std::int16_t row = Row();
+  // The list tells of the choice of the entry that stood there already too.
+  if (row >= 1 && Trim(cboPattern->Text()) != Trim(Items.At(row).PatternName)) ProjectDirty = True;
+  PatternSelected();
+}
+
+// Each step shows its own error, and the next goes on.
+void DetailPanel::PatternSelected() {
+  const std::int16_t row = Row();
+  const int index = cboPattern->currentIndex();
+  if (row < 1 || index < 0) {
+    ClearPattern(row);
+    return;
+  }
+  bool refused = false;
+  Guard([&] {
+    if (!RemovesCustomHoles(row, index)) return;
+    const Answer answer = TheDesktop().ShowMessageBox(
+        "Selecting a standard pattern will remove custom holes, continue?", "Punching Pattern",
+        Buttons::YesNo, Icon::None);
+    if (answer == Answer::Yes) {
+      EmptyHoles(row);
+      EmptyHoleGrid();
+    } else {
+      cboPattern->SelectQuietly(0);
+      refused = true;
+    }
+  });
+  if (!refused) ApplyPattern(row, true);
+}
+
+// What follows from the pattern selected, for the user's choice and for showing a section alike;
+// only a choice goes into the record.
+void DetailPanel::ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes) {
+  const std::string pattern = cboPattern->Text();
+  Guard([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); });
+  if (chosen) Guard([&] { SetPattern(ItemIndex, pattern); });
+  Guard([&] {
+    if (const auto choice = SagBarsOfPattern(ItemIndex, pattern)) ShowSagBars(*choice);
+  });
+  if (holes == ShownHoles::Afresh) {
+    RebuildStepByStep(ItemIndex);
+  } else {
+    ShowHolesAndSheet(ItemIndex);
+  }
+}
+
+// The steps of RebuildHoles, each of which goes on behind an error of the one before.
+void DetailPanel::RebuildStepByStep(std::int16_t ItemIndex) {
+  Guard([&] { RemoveStandardHoles(ItemIndex); });
+  Guard([&] { ExpandPattern(cboPattern->Text(), ItemIndex); });
+  Guard([&] { SortHoles(ItemIndex); });
+  Guard([&] { AdjustHoleSpacing(ItemIndex); });
+  ShowHolesAndSheet(ItemIndex);
+}
+
+void DetailPanel::ShowHolesAndSheet(std::int16_t ItemIndex) {
+  Guard([&] {
+    if (IsHoleListShown()) FillHoleGrid(ItemIndex);
+  });
+  Guard([&] { sheet_.DrawSection(ItemIndex); });
+}
+
+void DetailPanel::SagBarsSelected(int option) {
+  const std::int16_t row = Row();
+  if (row < 1) return;
+  Guard([&] { SetSagBars(row, option); });
+  RebuildStepByStep(row);
+}
+
+// ProjectDirty stays as it is, deliberately, for the pitch as for the jointing pieces, the sag bars
+// and the hole list.
+void DetailPanel::PitchSelected() {
+  const std::int16_t row = Row();
+  if (row < 1) return;
+  SetPitch(row, cboPitch->Text());
+  sheet_.DrawSection(row);
+}
+
+void DetailPanel::JointingChanged() {
+  const std::int16_t row = Row();
+  if (row < 1) return;
+  SetJointingPieces(row, FromQt(txtJointing->text()));
+  sheet_.DrawSection(row);
+}
+
+}  // namespace orvane

@@ -1,0 +1,118 @@
+// The detail panel of the main window: pattern, sag bars, pitch, jointing pieces and hole list of
+// the selected section.
+#pragma once
+
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QWidget>
+#include <cstdint>
+#include <string>
+
+#include "project/rules/section_details.h"
+#include "ui/commands.h"
+#include "ui/controls/flex_grid.h"
+#include "ui/controls/plain_combo.h"
+#include "ui/sheet_view.h"
+
+namespace orvane {
+
+// What showing a section does to its pattern holes.
+enum class ShownHoles { Afresh, AsTheyStand };
+
+// The item worked on is always the one at the current row of the sections grid.
+class DetailPanel : public QWidget {
+ public:
+  DetailPanel(const FlexGrid& sections, SheetView& sheet, QWidget* parent);
+
+  // Step of the main window's load: the entries of cboPitch.
+  void FillPitches();
+
+  // Fill and show; none of these counts as the user's choice.
+  void FillPatternCombo(const std::string& Letter);
+  // Shows the panel for a row: its parts, pattern and sag bars, its holes made afresh and its
+  // sheet. Pitch, jointing pieces and hole list are shown by the calls of their own below.
+  // True when the section has a pattern of the list: the sheet was drawn then. `holes` can spare
+  // the holes.
+  bool SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex,
+                      ShownHoles holes = ShownHoles::Afresh);
+  // No choice, no text and no hole row; without a section nothing of the panel shows at all.
+  void ClearDetailPanel();
+  // Hides all parts of the panel, for a grid without rows.
+  void HideParts();
+  void FillHoleGrid(std::int16_t ItemIndex);
+  void EmptyHoleGrid();
+  void ShowPitch(std::int16_t ItemIndex);
+  void ShowJointingPieces(std::int16_t ItemIndex);
+
+  // The rebuild of a section's holes by the pattern selected here (its custom holes alone without a
+  // selection), and the hole list after it, while it is shown. An error stops it and reaches the
+  // caller.
+  void RebuildShownHoles(std::int16_t ItemIndex);
+
+  // Commands.
+
+  // Does nothing for a row below 1; else ItemIndex is the current row of the sections grid.
+  void ConvertToCustom(std::int16_t ItemIndex);
+  // CustomRow is a row of the hole list; nothing happens for a hole or a section that isn't there.
+  void DeleteCustomHole(std::int16_t ItemIndex, int CustomRow);
+  // The hole dialog on the selected section, to add holes in that mode; refused unless its pattern
+  // is "Custom".
+  void AddCustomHoles(std::int16_t Mode);
+
+ protected:
+  // The keys of the hole list, and the mark that it has the focus.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildPunching();
+  void BuildSagBars();
+  void BuildPitch();
+  void BuildJointing();
+  void BuildHoleList();
+  void BuildHolesMenu();
+  void LayParts();
+
+  std::int16_t Row() const;      // of the section worked on
+  bool IsHoleListShown() const;  // false for a pattern of holes not placed by hand
+  void ShowPart(QWidget& part, bool shown);
+  void ShowParts(const std::string& letter);
+  void ShowSagBars(SagBars choice);
+
+  void PatternChosen();    // the user's door to the next
+  void PatternSelected();  // handler of cboPattern, for code that counts as the user too
+  void ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes = ShownHoles::Afresh);
+  void RebuildStepByStep(std::int16_t ItemIndex);
+  void ShowHolesAndSheet(std::int16_t ItemIndex);
+  void SagBarsSelected(int option);
+  void PitchSelected();
+  void JointingChanged();
+
+  void MarkHole(int row);
+  bool HoleListKey(const QKeyEvent& key);
+  void HoleListEntered(Qt::FocusReason reason);
+  void ShowHolesMenu(QPoint globalPos);
+  void RunHoleCommand(Command command);
+  void EditCustomHole();
+  void OpenHoleDialog(std::int16_t Mode, int CustomRow);
+
+  const FlexGrid& sections_;
+  SheetView& sheet_;
+
+  QWidget* SSPanelPunching = nullptr;
+  PlainCombo* cboPattern = nullptr;
+  QGroupBox* fraSagBars = nullptr;
+  QButtonGroup* optSagBars = nullptr;
+  QLabel* lblPitch = nullptr;
+  PlainCombo* cboPitch = nullptr;
+  QLabel* lblJointing = nullptr;
+  QLineEdit* txtJointing = nullptr;
+  QWidget* SSpanelCustom = nullptr;
+  TextGridModel* holes_ = nullptr;
+  FlexGrid* MSFlexGrid2 = nullptr;
+  QMenu* mnuCHPU = nullptr;
+};
+
+}  // namespace orvane

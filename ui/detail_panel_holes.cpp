@@ -1,0 +1,199 @@
+// The hole list of the detail panel: what it shows, its pop-up and its keys, and the commands that
+// change a section's holes by hand.
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "core/desktop.h"
+#include "holes/hole_list.h"
+#include "project/rules/custom_holes.h"
+#include "ui/detail_panel.h"
+#include "ui/dialogs/frm_add_holes.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/icons.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+// The parts.
+
+void DetailPanel::BuildHoleList() {
+  SSpanelCustom = new QWidget(this);
+  SSpanelCustom->setObjectName("SSpanelCustom");
+
+  holes_ = new TextGridModel({"Xpos", "Rel X", "BF", "W1", "W2", "TF", "Dia", "Slot", "C"}, this);
+  MSFlexGrid2 = new FlexGrid(holes_, SSpanelCustom);
+  MSFlexGrid2->setObjectName("MSFlexGrid2");
+  MSFlexGrid2->setAccessibleName("Custom hole positions");
+  MSFlexGrid2->SetColumnRatio({520, 520, 360, 360, 360, 360, 320, 360, 200});
+  // By the keyboard alone: a click must not take the focus out of the editor of a section.
+  MSFlexGrid2->setFocusPolicy(Qt::TabFocus);
+  MSFlexGrid2->installEventFilter(this);
+  MSFlexGrid2->CellPressed = [this](int row, int, Qt::MouseButton, QPoint) { MarkHole(row); };
+  // What the menu does to a hole, it must not do to one that isn't pointed at.
+  MSFlexGrid2->SpacePressed = [this](Qt::MouseButton) { MarkHole(0); };
+  MSFlexGrid2->MenuAsked = [this](QPoint globalPos) { ShowHolesMenu(globalPos); };
+
+  auto* buttons = new QHBoxLayout;
+  const std::array captions = {"Holes (&Absolute X)", "Holes (&Relative X)"};
+  const std::array modes = {AddAbsolute, AddRelative};
+  for (std::size_t index = 0; index < captions.size(); ++index) {
+    auto* button = new QPushButton(captions.at(index), SSpanelCustom);
+    button->setObjectName(IndexedName("cmdHoles", static_cast<int>(index)));
+    buttons->addWidget(button);
+    connect(button, &QPushButton::clicked, this,
+            [this, mode = modes.at(index)] { Guard([&] { AddCustomHoles(mode); }); });
+  }
+
+  auto* column = new QVBoxLayout(SSpanelCustom);
+  column->setContentsMargins({});
+  column->addWidget(new QLabel(" Custom hole positions:", SSpanelCustom));
+  column->addWidget(MSFlexGrid2, 1);
+  column->addLayout(buttons);
+}
+
+void DetailPanel::BuildHolesMenu() {
+  mnuCHPU = new QMenu(this);
+  mnuCHPU->setObjectName("mnuCHPU");
+  for (const CommandEntry& entry : CommandsOf(Place::mnuCHPUI)) {
+    QAction* action = mnuCHPU->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
+    action->setObjectName(IndexedName("mnuCHPUI", entry.Index));
+    connect(action, &QAction::triggered, this,
+            [this, command = entry.What] { Guard([&] { RunHoleCommand(command); }); });
+  }
+}
+
+// Showing.
+
+bool DetailPanel::IsHoleListShown() const {
+  // Whether the window itself is on the screen doesn't count.
+  return SSpanelCustom->isVisibleTo(this);
+}
+
+void DetailPanel::FillHoleGrid(std::int16_t ItemIndex) {
+  holes_->SetRows(HoleGridRows(ItemIndex));
+  MarkHole(MSFlexGrid2->Row());
+}
+
+void DetailPanel::EmptyHoleGrid() {
+  holes_->SetRows({});
+  MarkHole(0);
+}
+
+void DetailPanel::MarkHole(int row) {
+  MSFlexGrid2->SetCurrent(row, 0);
+  holes_->SetGreyRow(MSFlexGrid2->Row());
+}
+
+void DetailPanel::ShowHolesMenu(QPoint globalPos) {
+  // The menu key can come as a key and as the wish for a menu, one behind the other.
+  if (!mnuCHPU->isVisible()) mnuCHPU->popup(globalPos);
+}
+
+// Commands.
+
+void DetailPanel::ConvertToCustom(std::int16_t ItemIndex) {
+  if (ItemIndex < 1) return;
+  ConvertHolesToCustom(ItemIndex);
+  cboPattern->SelectQuietly(0);
+  // By name: the list tells nothing when "Custom" was selected already.
+  PatternSelected();
+  ProjectDirty = True;
+  FillHoleGrid(ItemIndex);
+}
+
+void DetailPanel::DeleteCustomHole(std::int16_t ItemIndex, int CustomRow) {
+  try {
+    if (!DeleteCustomHoleRow(ItemIndex, CustomRow)) return;
+  } catch (...) {
+    // The hole went, and only the gaps failed: the list must not show it any more.
+    FillHoleGrid(ItemIndex);
+    throw;
+  }
+  FillHoleGrid(ItemIndex);
+  sheet_.DrawSection(ItemIndex);
+}
+
+void DetailPanel::AddCustomHoles(std::int16_t Mode) {
+  if (Row() < 1 || cboPattern->currentIndex() != 0) {
+    TheDesktop().Message("Punching pattern must be 'Custom'");
+    return;
+  }
+  OpenHoleDialog(Mode, 0);
+}
+
+void DetailPanel::EditCustomHole() {
+  // Nothing to edit without a hole of the list selected.
+  const int hole = MSFlexGrid2->Row();
+  if (CustomHoleRow(Row(), hole) > 0) OpenHoleDialog(EditHole, hole);
+}
+
+void DetailPanel::OpenHoleDialog(std::int16_t Mode, int CustomRow) {
+  HoleDialogMode = Mode;
+  const auto follow = [this, row = Row()] { ShowHolesAndSheet(row); };
+  FrmAddHoles(Row(), CustomRow, follow, window()).exec();
+}
+
+void DetailPanel::RunHoleCommand(Command command) {
+  if (command == Command::HolesAbsolute) AddCustomHoles(AddAbsolute);
+  if (command == Command::HolesRelative) AddCustomHoles(AddRelative);
+  if (command == Command::EditHole) EditCustomHole();
+  if (command == Command::RemoveHole) DeleteCustomHole(Row(), MSFlexGrid2->Row());
+}
+
+bool DetailPanel::HoleListKey(const QKeyEvent& key) {
+  // The number pad has the arrows and Delete as well.
+  const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+  const bool alone = held == Qt::NoModifier;
+  const int row = MSFlexGrid2->Row();
+  const int last = MSFlexGrid2->Rows() - 1;
+  const auto mark = [this](int target) {
+    MarkHole(target);
+    MSFlexGrid2->EnsureVisible(target, 0);
+    return true;
+  };
+  if (alone && key.key() == Qt::Key_Up) return mark(std::min(std::max(row - 1, 1), last));
+  if (alone && key.key() == Qt::Key_Down) return mark(std::min(row + 1, last));
+  if (alone && key.key() == Qt::Key_Delete) {
+    // Held down, it must not run through the holes.
+    if (!key.isAutoRepeat()) RunHoleCommand(Command::RemoveHole);
+    return true;
+  }
+  if (key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && held == Qt::ShiftModifier)) {
+    const QPoint place = MSFlexGrid2->CellRect(row, 0).bottomLeft();
+    ShowHolesMenu(MSFlexGrid2->viewport()->mapToGlobal(place));
+    return true;
+  }
+  return false;
+}
+
+void DetailPanel::HoleListEntered(Qt::FocusReason reason) {
+  // Whoever comes by the keyboard sees where he is. The way back from the menu is no arrival: it
+  // may have been opened beside the holes.
+  if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) {
+    MarkHole(std::min(std::max(MSFlexGrid2->Row(), 1), MSFlexGrid2->Rows() - 1));
+  }
+  MSFlexGrid2->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+}
+
+bool DetailPanel::eventFilter(QObject* watched, QEvent* event) {
+  bool handled = false;
+  Guard([&] {
+    if (watched != MSFlexGrid2) return;
+    if (event->type() == QEvent::KeyPress) {
+      handled = HoleListKey(static_cast<const QKeyEvent&>(*event));
+    } else if (event->type() == QEvent::FocusIn) {
+      HoleListEntered(static_cast<const QFocusEvent&>(*event).reason());
+    } else if (event->type() == QEvent::FocusOut) {
+      MSFlexGrid2->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
+                                 static_cast<int>(QFrame::Sunken));
+    }
+  });
+  return handled || QWidget::eventFilter(watched, event);
+}
+
+}  // namespace orvane

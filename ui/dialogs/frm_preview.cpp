@@ -1,0 +1,87 @@
+#include "ui/dialogs/frm_preview.h"
+
+#include <QFileInfo>
+#include <QMenu>
+#include <QScreen>
+#include <QShowEvent>
+
+#include "core/model.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/icons.h"
+#include "ui/platform/printing.h"
+#include "ui/platform/qt_font_metrics.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+// The first size: most of the window that it comes from, or of the screen.
+constexpr int FirstPercent = 92;
+
+// What the printer's queue shows: the project's name.
+QString JobTitle() {
+  const QString name = QFileInfo(ToQt(ProjectFileName)).completeBaseName();
+  return name.isEmpty() ? "Orvane Detail System" : name;
+}
+
+}  // namespace
+
+FrmPreview::FrmPreview(QWidget* parent) : PlainDialog(parent), surface_(SheetMetrics()) {
+  setObjectName("frmPreview");
+  setWindowTitle("Print Preview");
+  setWindowIcon(ProgramIcon());
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  BuildMenu();
+  VSPrinter1 = new DocumentView(this);
+  VSPrinter1->setObjectName("VSPrinter1");
+  VSPrinter1->AddCommand(print_);
+  // All of the window's inside below the menu, at any size.
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setMenuBar(menuBar_);
+  layout->addWidget(VSPrinter1);
+  TakeFirstSize();
+  VSPrinter1->setFocus();
+}
+
+void FrmPreview::BuildMenu() {
+  menuBar_ = new QMenuBar(this);
+  menuBar_->setNativeMenuBar(false);  // the system's bar is the main window's
+  QMenu* mnuFile = menuBar_->addMenu("&File");
+  mnuFile->setObjectName("mnuFile");
+  print_ = AddEntry(*mnuFile, 0, "&Print");
+  print_->setIcon(LineIcon("print"));
+  print_->setShortcut(QKeySequence("Ctrl+P"));
+  print_->setAutoRepeat(false);  // the key that opened the preview may still be down
+  connect(print_, &QAction::triggered, this, [this] { Guard([this] { Print(); }); });
+  AddEntry(*mnuFile, 1, "")->setSeparator(true);
+  QAction* close = AddEntry(*mnuFile, 2, "&Close");
+  connect(close, &QAction::triggered, this, [this] { Guard([this] { reject(); }); });
+}
+
+QAction* FrmPreview::AddEntry(QMenu& menu, int index, const QString& caption) {
+  QAction* action = menu.addAction(caption);
+  action->setObjectName(IndexedName("mnuFile", index));
+  action->setMenuRole(QAction::NoRole);
+  return action;
+}
+
+void FrmPreview::TakeFirstSize() {
+  const QSize whole =
+      parentWidget() != nullptr ? parentWidget()->window()->size() : screen()->availableSize();
+  resize(whole * FirstPercent / 100);
+}
+
+void FrmPreview::showEvent(QShowEvent* event) {
+  PlainDialog::showEvent(event);
+  // Not when the window comes back from the desktop's bar.
+  if (event->spontaneous()) return;
+  Guard([this] { VSPrinter1->ShowDocument(&surface_.Result()); });
+}
+
+void FrmPreview::Print() {
+  PrintDocument(surface_.Result(), this, JobTitle());
+}
+
+}  // namespace orvane

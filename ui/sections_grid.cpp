@@ -1,0 +1,274 @@
+#include "ui/sections_grid.h"
+
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "core/catalogues.h"
+#include "core/desktop.h"
+#include "core/model.h"
+#include "project/rules/section_details.h"
+#include "project/rules/section_rules.h"
+#include "ui/platform/busy.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+#include "ui/sections_model.h"
+
+namespace orvane {
+
+namespace {
+
+// Column widths in this ratio: letter, mark, product, length, quantity, notes.
+const std::vector<int> ColumnRatio = {350, 1000, 1200, 600, 450, 2000};
+
+std::int16_t ItemRow(int row) {
+  return Int16(row);
+}
+
+// Every text that the grid shows, to tell whether filling it anew changed one.
+std::vector<std::string> ShownTexts(const FlexGrid& grid) {
+  std::vector<std::string> texts;
+  texts.reserve(static_cast<std::size_t>(grid.Rows()) * SectionColumns);
+  for (int row = 1; row < grid.Rows(); ++row) {
+    for (int column = 0; column < SectionColumns; ++column) {
+      texts.push_back(grid.TextMatrix(row, column));
+    }
+  }
+  return texts;
+}
+
+}  // namespace
+
+SectionsGrid::SectionsGrid(QWidget* parent)
+    : QWidget(parent),
+      model_(new SectionsModel(this)),
+      sspEditText_(nullptr),
+      txtEdit_(nullptr),
+      sspEditCombo_(nullptr),
+      cboEdit_(nullptr) {
+  // A stop on the way by Tab, which leads on to the cursor's cell.
+  setFocusPolicy(Qt::TabFocus);
+  grid_ = new FlexGrid(model_, this);
+  grid_->setObjectName("MSFlexGrid1");
+  grid_->setAccessibleName(tr("Sections"));
+  grid_->SetColumnRatio(ColumnRatio);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(grid_);
+
+  MakeEditors();
+
+  grid_->CellPressed = [this](int row, int column, Qt::MouseButton, QPoint) {
+    CellPressed(row, column);
+  };
+  grid_->MenuAsked = [this](QPoint globalPos) {
+    if (!refusing_) emit MenuAsked(globalPos);
+  };
+  grid_->Scrolled = [this] { PlaceEditor(); };
+}
+
+void SectionsGrid::Connect(DetailPanel& detail, SheetView& sheet) {
+  detail_ = &detail;
+  sheet_ = &sheet;
+}
+
+// Commands.
+
+// Appends a row to Items and shows it. After an error the row stays as far as it came, and the cell
+// edited before is edited on.
+std::int16_t SectionsGrid::Append(const std::function<std::int16_t()>& append) {
+  const int former = Items.UBound();
+  try {
+    const std::int16_t row = append();
+    model_->FollowAppended();
+    return row;
+  } catch (...) {
+    model_->FollowAppended();
+    if (Items.UBound() > former) ProjectDirty = True;
+    GridEnterCell();
+    throw;
+  }
+}
+
+void SectionsGrid::AddSection(const std::string& Letter) {
+  if (!SettleEditor()) return;
+  const Busy busy(GridBusy_);
+  const std::int16_t row = Append([&] { return AddSectionRow(Letter); });
+  Select(row, MarkColumn);
+  EditSectionType_ = Letter;
+  FillSectionCombo(Letter);
+  detail_->FillPatternCombo(Letter);
+  detail_->SetDetailPanel(Letter, row);
+  detail_->ClearDetailPanel();
+  ClearCurrentSection(Letter, TheDesktop().Now().Day);
+  GridEnterCell();
+}
+
+void SectionsGrid::Duplicate(int ItemIndex) {
+  if (ItemIndex < 1 || !SettleEditor()) return;
+  const Busy busy(GridBusy_);
+  const std::int16_t row = Append([&] { return DuplicateRow(ItemRow(ItemIndex)); });
+  Select(row, MarkColumn);
+  GridEnterCell();
+}
+
+// The new row is shown once with its holes as they are mirrored; from the next move on the pattern
+// puts them.
+void SectionsGrid::CreateOppHand(int ItemIndex) {
+  if (ItemIndex < 1 || !SettleEditor()) return;
+  const Busy busy(GridBusy_);
+  const std::int16_t row = Append([&] { return CreateOppHandRow(ItemRow(ItemIndex)); });
+  mirroredRow_ = row;
+  Select(row, MarkColumn, ShownHoles::AsTheyStand);
+  GridEnterCell();
+}
+
+bool SectionsGrid::IsMirrorShown() {
+  if (mirroredRow_ == 0 || sheet_->ShownRow() != mirroredRow_) return false;
+  // Once its holes stand as the pattern puts them, they stay so.
+  if (!ShowsMirroredPattern(ItemRow(mirroredRow_))) mirroredRow_ = 0;
+  return mirroredRow_ != 0;
+}
+
+void SectionsGrid::DeleteItem(int ItemIndex) {
+  if (ItemIndex < 1 || ItemIndex > Items.UBound()) return;
+  const std::string question = "Remove mark " + Items.At(ItemIndex).Mark + "?";
+  if (TheDesktop().ShowMessageBox(question, "", Buttons::YesNo, Icon::None) != Answer::Yes) return;
+  const Busy busy(GridBusy_);
+  ForgetEditors();
+  DeleteItemRow(ItemRow(ItemIndex));
+  DisplayItems(true);
+  ProjectDirty = True;  // the grid has a row less
+  ShowCurrentRow();
+}
+
+void SectionsGrid::SortItems(SortKey Key) {
+  if (Items.UBound() < 2) return;
+  const Busy busy(GridBusy_);
+  const std::vector<std::string> former = ShownTexts(*grid_);
+  ForgetEditors();
+  SortItemRows(Key);
+  DisplayItems(true);
+  if (ShownTexts(*grid_) != former) ProjectDirty = True;
+  ShowCurrentRow();
+}
+
+// Showing.
+
+void SectionsGrid::DisplayItems(bool keepRow) {
+  ForgetEditors();
+  CurrentItem = 0;
+  mirroredRow_ = 0;
+  model_->SetGreyRow(0);
+  // Its row may stand for another section now.
+  sheet_->Clear();
+  model_->Refill();
+  grid_->SetCurrent(keepRow ? grid_->Row() : 0, keepRow ? grid_->Col() : 0);
+}
+
+void SectionsGrid::SelectFirstItem() {
+  if (grid_->Rows() < 2) return;
+  const Busy busy(GridBusy_);
+  Select(1, MarkColumn);
+  GridEnterCell();
+}
+
+// What Delete and Sort show behind the refill: the row number stays, the section behind it is
+// another.
+void SectionsGrid::ShowCurrentRow() {
+  if (grid_->Row() == 0 && grid_->Rows() > 1) grid_->SetCurrent(1, MarkColumn);
+  const int row = grid_->Row();
+  if (row == 0) {
+    CurrentItem = 0;
+    detail_->ClearDetailPanel();
+    sheet_->Clear();
+    return;
+  }
+  if (grid_->Col() < MarkColumn) grid_->SetCurrent(row, MarkColumn);
+  EditSectionType_ = Items.At(row).SectionType;
+  FillSectionCombo(EditSectionType_);
+  detail_->FillPatternCombo(EditSectionType_);
+  bool drawn = false;
+  Guard([&] { drawn = ShowRow(row); });
+  grid_->EnsureVisible(row, grid_->Col());
+  GridEnterCell();
+  if (!drawn) Guard([&] { sheet_->DrawSection(row); });
+}
+
+// The detail panel and the grey row for a row that becomes the current one. True when it has a
+// pattern, with which the sheet was drawn.
+bool SectionsGrid::ShowRow(int row, ShownHoles holes) {
+  const std::int16_t item = ItemRow(row);
+  const std::string& letter = Items.At(row).SectionType;
+  // The row is the current one from here on, whatever fails below.
+  model_->SetGreyRow(row);
+  CurrentItem = item;
+  const bool drawn = detail_->SetDetailPanel(letter, item, holes);
+  detail_->FillHoleGrid(item);
+  if (HasPitch(letter)) detail_->ShowPitch(item);
+  if (HasJointingPieces(letter)) detail_->ShowJointingPieces(item);
+  return drawn;
+}
+
+void SectionsGrid::FillSectionCombo(const std::string& Letter) {
+  cboEdit_->Fill(SectionProducts(Letter));
+}
+
+// Moving.
+
+// The one way in which a key or a click moves the current cell: the cell left is validated, then
+// row and column change in one step. False when the cell left was refused.
+bool SectionsGrid::MoveTo(int row, int column) {
+  if (row != grid_->Row() || column != grid_->Col()) {
+    if (!LeaveCell()) return false;
+    if (column == ProductColumn && !HasProductChoice(Items.At(row).SectionType)) {
+      column = PassOverProduct();
+    }
+    Select(row, column);
+  }
+  GridEnterCell();
+  return true;
+}
+
+// The column on the other side of a product that can't be chosen, in the direction in which the
+// cursor was going.
+int SectionsGrid::PassOverProduct() {
+  return std::exchange(EditPrevCol_, ProductColumn) == LengthColumn ? MarkColumn : LengthColumn;
+}
+
+// Makes a cell the current one and runs the row change.
+void SectionsGrid::Select(int row, int column, ShownHoles holes) {
+  // What went wrong while the row now left was typed is told before it is out of sight.
+  if (row != grid_->Row()) Guard([&] { DrawTyped(); });
+  grid_->SetCurrent(row, column);
+  grid_->EnsureVisible(row, column);
+  Guard([&] { GridRowChange(holes); });
+}
+
+// The part of the row change behind the validation.
+void SectionsGrid::GridRowChange(ShownHoles holes) {
+  const int row = grid_->Row();
+  if (row == 0) return;
+  const std::string letter = grid_->TextMatrix(row, LetterColumn);
+  if (letter != EditSectionType_) {
+    EditSectionType_ = letter;
+    FillSectionCombo(letter);
+    detail_->FillPatternCombo(letter);
+  }
+  typed_ = false;
+  // A row that is shown anew is rebuilt and drawn on the way, once.
+  if (row != CurrentItem && ShowRow(row, holes)) return;
+  if (holes == ShownHoles::Afresh) detail_->RebuildShownHoles(ItemRow(row));
+  sheet_->DrawSection(row);
+}
+
+// A press beside the columns that can be edited means the nearest one that can.
+void SectionsGrid::CellPressed(int row, int column) {
+  if (GridBusy_ || refusing_ || row > Items.UBound()) return;
+  const bool passedOver = column == ProductColumn && !HasProductChoice(Items.At(row).SectionType);
+  const Busy busy(GridBusy_);
+  MoveTo(row, column == LetterColumn || passedOver ? MarkColumn : column);
+}
+
+}  // namespace orvane

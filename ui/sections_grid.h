@@ -1,0 +1,119 @@
+// The sections grid of the main window with its two floating editors: the order of events of
+// adding, editing, duplicating, sorting and deleting sections.
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "project/sections.h"
+#include "ui/controls/flex_grid.h"
+#include "ui/controls/plain_combo.h"
+#include "ui/detail_panel.h"
+#include "ui/sheet_view.h"
+
+class QFocusEvent;
+class QFrame;
+class QKeyEvent;
+class QLineEdit;
+
+namespace orvane {
+
+class SectionsModel;
+
+class SectionsGrid : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit SectionsGrid(QWidget* parent = nullptr);
+  // The areas that a row change fills; given once, before the first command.
+  void Connect(DetailPanel& detail, SheetView& sheet);
+
+  // The control itself, MSFlexGrid1.
+  FlexGrid& Grid() const { return *grid_; }
+
+  // Commands; rows are rows of Items, and one that takes a row does nothing for a row below 1.
+  void AddSection(const std::string& Letter);
+  void Duplicate(int ItemIndex);
+  void CreateOppHand(int ItemIndex);
+  void DeleteItem(int ItemIndex);
+  void SortItems(SortKey Key);
+
+  // Shows Items afresh, the heading and one row each, with CurrentItem 0 and no cell being edited.
+  // `keepRow` leaves the current cell where it was, as far as there are rows.
+  void DisplayItems(bool keepRow = false);
+  void SelectFirstItem();
+  // Hides both editors and forgets the cell edited, without validating it.
+  void ForgetEditors();
+  // Validates the cell being edited, as leaving it would, and forgets it; false when it was refused
+  // and the cursor is back in it.
+  bool SettleEditor();
+  // True while the sheet shows an opposite hand whose pattern isn't symmetric and stands mirrored.
+  bool IsMirrorShown();
+  // Places the right editor on the current cell.
+  void GridEnterCell();
+
+ signals:
+  // The right button on the grid, after the row under it became the current one.
+  void MenuAsked(QPoint globalPos);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  // The focus rests here while no cell is edited; from here keys lead back into the grid.
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  std::int16_t Append(const std::function<std::int16_t()>& append);
+  bool EnterGrid();
+  // Moving.
+  bool MoveTo(int row, int column);
+  int PassOverProduct();
+  void Select(int row, int column, ShownHoles holes = ShownHoles::Afresh);
+  void GridRowChange(ShownHoles holes);
+  bool ShowRow(int row, ShownHoles holes = ShownHoles::Afresh);
+  void ShowCurrentRow();
+  void CellPressed(int row, int column);
+
+  // The editors.
+  void MakeEditors();
+  bool EditorKey(const QKeyEvent& key);
+  bool DropsCharacter(const QKeyEvent& key) const;
+  bool TakesCharacters(const QString& typed) const;
+  void TextTyped(const std::string& text);
+  void ProductChosen();
+  void PlaceEditor();
+  bool LeaveCell();
+  void Refuse(const std::string& message);
+  bool LosesFocus(const QFocusEvent& event) const;
+  void DrawTyped();
+  void EditorLeft(const QObject* editor);
+  void FillSectionCombo(const std::string& Letter);
+
+  // Makes the holes of the row afresh where asked, and draws it. An error of it isn't shown:
+  // leaving the cell does the same again, and tells.
+  void RedrawWhileTyping(int row, bool rebuild);
+
+  FlexGrid* grid_;
+  SectionsModel* model_;
+  QFrame* sspEditText_;
+  QLineEdit* txtEdit_;
+  QFrame* sspEditCombo_;
+  PlainCombo* cboEdit_;
+  DetailPanel* detail_ = nullptr;
+  SheetView* sheet_ = nullptr;
+
+  int EditPrevCol_ = 0;          // column of the last cell that an editor was placed on
+  int EditCol_ = 0;              // column being edited; 0 for none
+  int EditRow_ = 0;              // row being edited; 0 for none
+  bool refusing_ = false;        // the box of a refusal is still to come
+  bool EditError_ = false;       // the cell was refused; the next try to leave it passes
+  bool GridBusy_ = false;        // a move or a command is under way: input is ignored
+  std::string EditSectionType_;  // letter that cboEdit and cboPattern are filled for
+  int mirroredRow_ = 0;          // opposite hand whose holes weren't made afresh yet; 0 for none
+  bool typed_ = false;           // typed since the sheet was last drawn from a settled cell
+};
+
+}  // namespace orvane
