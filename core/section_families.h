@@ -1,6 +1,8 @@
-// The six section families of the trade, as every menu, sheet and limit of the system names them.
+// The section families of the trade, as every menu, sheet and limit of the system names them, and
+// the form of the tables that hold what else differs by family.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -15,8 +17,8 @@ struct SectionFamily {
   double DefaultMaxLength;        // mm
 };
 
-// In the order of MaxDims, whose rows count from 1.
-constexpr std::array<SectionFamily, 6> SectionFamilies = {{
+// In the order of MaxDims, of the section menu and of the toolbar.
+constexpr auto SectionFamilies = std::to_array<SectionFamily>({
     // clang-format off
     {"Z", "&Z section",    "Add a Z section",                      "Z Purlin/Rail",       "",    15000},
     {"E", "&Eaves Beam",   "Add an eaves beam section",            "Eaves Beam",          "",    15000},
@@ -25,10 +27,50 @@ constexpr std::array<SectionFamily, 6> SectionFamilies = {{
     {"R", "Cleader &Rail", "Add a cleader rail section",           "Cleader Rail",        "CLR", 3050},
     {"T", "&Top Hat",      "Add a top hat section",                "Top Hat Section",     "",    4000},
     // clang-format on
-}};
+});
 
-// The row of MaxDims that limits sections of that letter, 1 to 6; 0 for a text that is no section
-// letter. The family itself is the element before it, SectionFamilies.at(row - 1).
-int MaxDimsRow(std::string_view letter);
+// The family of a section letter; none (null) for a text that is no family's. A file may hold such
+// a letter: its section is kept, and what only a family can tell is left out.
+const SectionFamily* FamilyOf(std::string_view letter);
+
+// The family's place in SectionFamilies counted from 1, which is its row of MaxDims and its number
+// in the control arrays that count from 1; 0 for a text that is no family's letter.
+int FamilyNumber(std::string_view letter);
+
+// What differs by family and belongs to one topic alone stands in that topic's file, as a table
+// with one row for each family. A table that lacks a row mustn't compile, so each has its check in
+// the next line:
+//
+//   constexpr PerFamily<int> Lips = {{{"Z", 2}, {"E", 2}, {"C", 2}, {"V", 1}, {"R", 0}, {"T", 2}}};
+//   static_assert(NamesEachFamily(Lips), "Lips needs one row for each section family");
+
+template <class Fact>
+struct FamilyRow {
+  std::string_view Letter;  // of one of SectionFamilies
+  Fact What;
+};
+
+// The rows may stand in any order.
+template <class Fact>
+using PerFamily = std::array<FamilyRow<Fact>, SectionFamilies.size()>;
+
+// True when each family has its row. There are as many rows as families, so none has two then, and
+// no row is another letter's.
+template <class Fact>
+constexpr bool NamesEachFamily(const PerFamily<Fact>& table) {
+  return std::all_of(SectionFamilies.begin(), SectionFamilies.end(), [&](const auto& family) {
+    return std::any_of(table.begin(), table.end(),
+                       [&](const auto& row) { return row.Letter == family.Letter; });
+  });
+}
+
+// What the table says of that letter's family; none (null) for a text that is no family's letter.
+template <class Fact>
+constexpr const Fact* FactOf(const PerFamily<Fact>& table, std::string_view letter) {
+  for (const FamilyRow<Fact>& row : table) {
+    if (row.Letter == letter) return &row.What;
+  }
+  return nullptr;
+}
 
 }  // namespace orvane

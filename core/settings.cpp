@@ -69,7 +69,7 @@ const std::vector<Setting>& Settings() {
     };
     for (const SectionFamily& family : SectionFamilies) {
       all.push_back({MaxLengths, family.Letter, FormatNumber(family.DefaultMaxLength, 0),
-                     InMaxDims{MaxDimsRow(family.Letter)}});
+                     InMaxDims{FamilyNumber(family.Letter)}});
     }
     return all;
   }();

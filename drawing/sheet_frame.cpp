@@ -20,7 +20,7 @@ constexpr std::string_view RightsLine = "(c) Lintaro. All rights reserved.";
 
 std::string SheetTitle(std::string_view kind) {
   if (kind == "a") return AccDefs.At(CurrentAcc).Name;
-  const int row = MaxDimsRow(kind);
+  const int row = FamilyNumber(kind);
   if (row == 0) return {};
   return std::string(SectionFamilies.at(static_cast<std::size_t>(row) - 1).SheetTitle);
 }

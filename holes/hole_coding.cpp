@@ -94,7 +94,7 @@ double PairSpacing(std::string_view product) {
 }
 
 // The table row of a code; none for a text that is no code.
-const Family* FamilyOf(std::string_view code) {
+const Family* CodeFamilyOf(std::string_view code) {
   if (code.size() != 2) return nullptr;
   for (const Family& family : Families) {
     if (family.Letter == code[0] && family.Digits.find(code[1]) != std::string_view::npos) {
@@ -119,7 +119,7 @@ void ExpandPattern(std::string_view PatternName, std::int16_t ItemIndex) {
   for (int k = 1; k <= codes; ++k) {
     const std::string_view code = FirstChars(rest, 2);
     rest.remove_prefix(FirstChars(rest, 3).size());  // the separator goes by position, unseen
-    const Family* family = FamilyOf(code);
+    const Family* family = CodeFamilyOf(code);
     if (family == nullptr) continue;
 
     const Station& station = Stations.at(static_cast<std::size_t>(code[1] - '0'));

@@ -101,7 +101,7 @@ RowRefusal VcrAssemblyRefusal(const Table<std::string>& row) {
     return AccessoryRefusal{0, 0, "VCR Assembly",
                             "'No. Rqd' should equal 'No. As Drawn' + 'No. Opp. Hand'"};
   }
-  const double maximum = MaxDims.At(MaxDimsRow("V"));
+  const double maximum = MaxDims.At(FamilyNumber("V"));
   const double length = CellValue(row, 5);
   if (length > maximum) {
     return AccessoryRefusal{0, 0, "VCR Assembly",

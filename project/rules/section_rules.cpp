@@ -40,7 +40,7 @@ std::optional<std::string> LengthRefusal(std::int16_t ItemIndex, std::string_vie
   const double length = Val(text);
   if (length <= 0) return "Invalid length";
 
-  const int family = MaxDimsRow(Items.At(ItemIndex).SectionType);
+  const int family = FamilyNumber(Items.At(ItemIndex).SectionType);
   if (family == 0) return std::nullopt;  // no section letter, so no limit of its family
   const double maximum = MaxDims.At(family);
   if (length > maximum) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -36,13 +38,13 @@ TEST(SectionFamilies, are_the_six_of_the_trade_in_the_order_of_the_greatest_leng
 }
 
 TEST(SectionFamilies, MaxDimsRow_counts_from_1_and_is_0_for_what_is_no_letter) {
-  EXPECT_EQ(MaxDimsRow("Z"), 1);
-  EXPECT_EQ(MaxDimsRow("E"), 2);
-  EXPECT_EQ(MaxDimsRow("C"), 3);
-  EXPECT_EQ(MaxDimsRow("V"), 4);
-  EXPECT_EQ(MaxDimsRow("R"), 5);
-  EXPECT_EQ(MaxDimsRow("T"), 6);
-  for (const char* text : {"", "M", "z", " Z", "ZE", "1"}) EXPECT_EQ(MaxDimsRow(text), 0) << text;
+  EXPECT_EQ(FamilyNumber("Z"), 1);
+  EXPECT_EQ(FamilyNumber("E"), 2);
+  EXPECT_EQ(FamilyNumber("C"), 3);
+  EXPECT_EQ(FamilyNumber("V"), 4);
+  EXPECT_EQ(FamilyNumber("R"), 5);
+  EXPECT_EQ(FamilyNumber("T"), 6);
+  for (const char* text : {"", "M", "z", " Z", "ZE", "1"}) EXPECT_EQ(FamilyNumber(text), 0) << text;
 }
 
 }  // namespace

@@ -146,7 +146,7 @@ QWidget* FrmAddHoles::BuildSet(std::string_view Letter) {
   KeepTabAtChecked(*set);
   // By code as by hand: the panel must never stand there for another button.
   connect(set, &QButtonGroup::idToggled, this, [this] { Guard([&] { PatternSelected(); }); });
-  sets_.at(static_cast<std::size_t>(MaxDimsRow(Letter) - 1)) = set;
+  sets_.at(static_cast<std::size_t>(FamilyNumber(Letter) - 1)) = set;
   return panel;
 }
 
@@ -258,13 +258,13 @@ void FrmAddHoles::ShowHoleToEdit() {
 }
 
 std::int16_t FrmAddHoles::FindPattern() const {
-  const int row = MaxDimsRow(Items.At(itemIndex_).SectionType);
+  const int row = FamilyNumber(Items.At(itemIndex_).SectionType);
   if (row == 0) return NoLines;
   return Int16(sets_.at(static_cast<std::size_t>(row) - 1)->checkedId());
 }
 
 void FrmAddHoles::SelectPattern(std::string_view Letter, int code) {
-  const int row = MaxDimsRow(Letter);
+  const int row = FamilyNumber(Letter);
   if (row == 0) return;
   if (QAbstractButton* button = sets_.at(static_cast<std::size_t>(row) - 1)->button(code)) {
     button->setChecked(true);
