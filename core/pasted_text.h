@@ -1,0 +1,36 @@
+// What becomes of a text from the clipboard before it gets into a field: texts of spreadsheets and
+// mails bring line ends, tabs and units that no key types. A number never comes out other than it
+// was copied.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// The text as a field of one line takes it: line ends at its end are dropped, every other one and
+// every tab becomes one blank. CR LF is one line end. All else stays, blanks too.
+std::string PastedLine(std::string_view text);
+
+// What a field takes as a number.
+enum class NumberField {
+  Whole,     // digits alone, such as a length or a quantity
+  Positive,  // digits and at most one point, such as the position of a hole
+  Signed     // one sign besides, such as a mitre or the size of a notch
+};
+
+// A number that was pasted: its text, or why it is refused. One of the two is empty, but for an
+// empty paste, which is neither taken nor refused.
+struct PastedNumber {
+  std::string Text;
+  std::string Refusal;
+};
+
+// The number in a pasted text, written as it was copied. Blanks, line ends, tabs and "mm" may stand
+// around it. A whole number may end in a point and one or two zeros, as spreadsheets write it; they
+// are left off. Refused is what could be read as another number than was meant: a comma, a point
+// before exactly three digits of a whole number (it may divide thousands), a fraction or a sign
+// where the field has none, and any other letter.
+PastedNumber NumberToPaste(std::string_view text, NumberField field);
+
+}  // namespace orvane

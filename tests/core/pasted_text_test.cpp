@@ -1,0 +1,113 @@
+#include "core/pasted_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+namespace {
+
+std::string Taken(std::string_view text, NumberField field) {
+  const PastedNumber pasted = NumberToPaste(text, field);
+  EXPECT_EQ(pasted.Refusal, "") << text;
+  return pasted.Text;
+}
+std::string Refusal(std::string_view text, NumberField field) {
+  const PastedNumber pasted = NumberToPaste(text, field);
+  EXPECT_EQ(pasted.Text, "") << text;
+  return pasted.Refusal;
+}
+
+}  // namespace
+
+TEST(PastedText, A_line_end_at_the_end_is_dropped_and_others_become_one_blank) {
+  EXPECT_EQ(PastedLine("A1\n"), "A1");
+  EXPECT_EQ(PastedLine("A1\r\n"), "A1");
+  EXPECT_EQ(PastedLine("A1\r"), "A1");
+  EXPECT_EQ(PastedLine("A1\n\n"), "A1");
+  EXPECT_EQ(PastedLine("A1\nA2"), "A1 A2");
+  EXPECT_EQ(PastedLine("A1\r\nA2\r\n"), "A1 A2");
+  EXPECT_EQ(PastedLine("A1\n\rA2"), "A1  A2");
+  EXPECT_EQ(PastedLine("A1\tZ24520\t6150"), "A1 Z24520 6150");
+  EXPECT_EQ(PastedLine("\n"), "");
+  EXPECT_EQ(PastedLine(""), "");
+}
+
+TEST(PastedText, Blanks_and_letters_of_a_line_stay) {
+  EXPECT_EQ(PastedLine("  two  blanks "), "  two  blanks ");
+  EXPECT_EQ(PastedLine("Gr\xC3\xBC\xC3\x9F"
+                       "e\xC2\xA0x"),
+            "Gr\xC3\xBC\xC3\x9F"
+            "e\xC2\xA0x");
+}
+
+TEST(PastedText, A_whole_number_is_taken_as_it_was_copied) {
+  EXPECT_EQ(Taken("6150", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("0050", NumberField::Whole), "0050");
+  EXPECT_EQ(Taken("6150\r\n", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("\t 6150 \t", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("6150mm", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken(" 6150 mm ", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("6150 MM", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("mm 6150", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("\xC2\xA0"
+                  "6150\xE2\x80\xAFmm",
+                  NumberField::Whole),
+            "6150");
+}
+
+TEST(PastedText, One_or_two_zeros_behind_the_point_are_a_spreadsheets_form_of_a_whole_number) {
+  EXPECT_EQ(Taken("6150.0", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("6150.00", NumberField::Whole), "6150");
+}
+
+TEST(PastedText, What_may_be_another_number_is_refused_with_its_reason) {
+  EXPECT_EQ(Refusal("3 pcs", NumberField::Whole), "\"3 pcs\" wasn't pasted: it isn't a number");
+  EXPECT_EQ(Refusal("-3.5", NumberField::Whole), "\"-3.5\" wasn't pasted: no sign is taken here");
+  EXPECT_EQ(Refusal("+3", NumberField::Whole), "\"+3\" wasn't pasted: no sign is taken here");
+  EXPECT_EQ(Refusal("6,150", NumberField::Whole),
+            "\"6,150\" wasn't pasted: a comma may divide thousands or a fraction");
+  EXPECT_EQ(Refusal("6.150", NumberField::Whole),
+            "\"6.150\" wasn't pasted: the point may divide thousands");
+  EXPECT_EQ(Refusal("6150.000", NumberField::Whole),
+            "\"6150.000\" wasn't pasted: the point may divide thousands");
+  for (const char* text : {"6150.5", "6150.", ".0", "6150.0000"}) {
+    EXPECT_EQ(Refusal(text, NumberField::Whole),
+              "\"" + std::string(text) + "\" wasn't pasted: only whole numbers are taken here");
+  }
+  for (const char* text :
+       {"6 150", "6150 m", "6.1.5", "6150 mm mm", "mm", "1e3", "0x10", "-", ".", "--3", "3-"}) {
+    EXPECT_EQ(Refusal(text, NumberField::Whole),
+              "\"" + std::string(text) + "\" wasn't pasted: it isn't a number");
+  }
+}
+
+TEST(PastedText, A_number_with_a_fraction_takes_one_point_and_a_signed_one_a_sign_besides) {
+  EXPECT_EQ(Taken("12.125", NumberField::Positive), "12.125");
+  EXPECT_EQ(Taken(".5", NumberField::Positive), ".5");
+  EXPECT_EQ(Taken("12. mm", NumberField::Positive), "12.");
+  EXPECT_EQ(Refusal("-3.5", NumberField::Positive),
+            "\"-3.5\" wasn't pasted: no sign is taken here");
+  EXPECT_EQ(Taken("-3.5", NumberField::Signed), "-3.5");
+  EXPECT_EQ(Taken("+22.5\n", NumberField::Signed), "+22.5");
+  EXPECT_EQ(Refusal("22,5", NumberField::Signed),
+            "\"22,5\" wasn't pasted: a comma may divide thousands or a fraction");
+  EXPECT_EQ(Refusal("-2-2", NumberField::Signed), "\"-2-2\" wasn't pasted: it isn't a number");
+}
+
+TEST(PastedText, A_paste_of_nothing_but_blanks_is_neither_taken_nor_refused) {
+  for (const char* text : {"", " ", "\t\r\n"}) {
+    const PastedNumber pasted = NumberToPaste(text, NumberField::Whole);
+    EXPECT_EQ(pasted.Text, "");
+    EXPECT_EQ(pasted.Refusal, "");
+  }
+}
+
+TEST(PastedText, A_reason_shows_the_beginning_of_a_long_text_on_one_line) {
+  EXPECT_EQ(Refusal("a first line\nand a second line of it", NumberField::Whole),
+            "\"a first line and a s...\" wasn't pasted: it isn't a number");
+}
+
+}  // namespace orvane
