@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "tests/screens/dialog_fixture.h"
+#include "tests/screens/run_clock.h"
 #include "ui/platform/printing.h"
-#include "ui/platform/progress.h"
 
 namespace orvane::test {
 
@@ -60,14 +60,10 @@ inline std::string TextsOf(const std::string& pdf) {
   return FromQt(pages.join('|'));
 }
 
-// Puts a choice in place of the print dialog for the time of a test; every run of pages is as short
-// as a moment at the end.
+// Puts a choice in place of the print dialog for the time of a test.
 class PrintingTest : public DialogTest {
  protected:
-  ~PrintingTest() override {
-    ReplacePrintDialog({});
-    ProgressRun::Moment = 500;
-  }
+  ~PrintingTest() override { ReplacePrintDialog({}); }
 
   // What the dialog would have been asked; it chooses as `choose` does.
   void Choose(std::function<bool(QPrinter&)> choose) {
@@ -91,6 +87,7 @@ class PrintingTest : public DialogTest {
   }
 
   int asked = 0;
+  RunClock clock;
 };
 
 }  // namespace orvane::test

@@ -1,6 +1,5 @@
 // The entries of the Output menu that print, from the window to the preview.
 #include <QMessageBox>
-#include <QTimer>
 
 #include "core/runtime_error.h"
 #include "tests/screens/preview_fixture.h"
@@ -13,10 +12,7 @@ namespace {
 
 class PrintCommands : public SectionsTest {
  protected:
-  ~PrintCommands() override {
-    ReplacePrintDialog({});
-    ProgressRun::Moment = 500;
-  }
+  ~PrintCommands() override { ReplacePrintDialog({}); }
 
   void Output(int index) {
     Entry("mnuOutput(" + std::to_string(index) + ")").trigger();
@@ -67,6 +63,7 @@ class PrintCommands : public SectionsTest {
   int previews = 0;
   QPointer<FrmPreview> lastPreview;
   Document shown;
+  RunClock clock;
 };
 
 }  // namespace
@@ -345,7 +342,8 @@ TEST_F(PrintCommands, A_long_run_is_called_off_and_leaves_everything_as_it_was) 
     Put("Z", "M" + std::to_string(i), "Z14012", 6000).PatternName = "Butt Single Holes";
   }
   Show(2, 1);
-  ProgressRun::Moment = 0;
+  clock.MakeRunsLong();
+  clock.LookAtEachStep([this] { dialogs.Look(); });
   dialogs.ExpectDialog("ProgressDialog", [](QWidget& dialog) {
     const std::string text = FromQt(Find<QLabel>(dialog, "lblProgress").text());
     EXPECT_EQ(text.substr(0, 14), "Sheets drawn: ");
@@ -366,31 +364,29 @@ TEST_F(PrintCommands, A_long_run_is_called_off_and_leaves_everything_as_it_was) 
 TEST_F(PrintCommands, A_long_run_that_goes_on_shows_its_preview) {
   for (int i = 1; i <= 60; ++i) Put("Z", "M" + std::to_string(i), "Z14012", 6000);
   Show();
-  ProgressRun::Moment = 0;
-  dialogs.Stop();
-  int seen = 0;
-  std::size_t pages = 0;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  clock.MakeRunsLong();
+  dialogs.Ignore("ProgressDialog");
+  std::vector<std::string> seen;
+  clock.LookAtEachStep([&seen] {
     QWidget* window = QApplication::activeModalWidget();
-    if (window == nullptr) return;
-    if (FromQt(window->objectName()) == "ProgressDialog") ++seen;
-    if (auto* preview = dynamic_cast<FrmPreview*>(window)) {
-      pages = preview->Surface().Result().Pages.size();
-      preview->close();
-    }
+    if (window == nullptr || !window->isVisible()) return;
+    EXPECT_EQ(FromQt(window->objectName()), "ProgressDialog");
+    const std::string text = FromQt(Find<QLabel>(*window, "lblProgress").text());
+    if (seen.empty() || seen.back() != text) seen.push_back(text);
   });
-  look.start(2);
+  ExpectPreview();
   Output(1);
-  EXPECT_GT(seen, 1);
-  EXPECT_EQ(pages, 60U);
+  std::vector<std::string> expected;
+  for (int i = 1; i <= 60; ++i) expected.push_back("Sheets drawn: " + std::to_string(i) + " of 60");
+  EXPECT_EQ(seen, expected);
+  EXPECT_EQ(shown.Pages.size(), 60U);
   EXPECT_EQ(main->findChild<QDialog*>("ProgressDialog"), nullptr);
 }
 
 TEST_F(PrintCommands, An_error_in_the_middle_of_a_long_run_takes_its_dialog_away_first) {
   for (int i = 1; i <= 60; ++i) Put("Z", "M" + std::to_string(i), "Z14012", 6000);
   Show(2, 1);
-  ProgressRun::Moment = 0;
+  clock.MakeRunsLong();
   class FailingLater : public TestDesktop {
    public:
     // Once for each sheet.
@@ -406,21 +402,17 @@ TEST_F(PrintCommands, An_error_in_the_middle_of_a_long_run_takes_its_dialog_away
     int sheets = 0;
     bool wasLong = false;
   } failing(platform, *main);
-  dialogs.Stop();
-  std::vector<std::string> told;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    told.push_back(FromQt(box->text()));
+  // The progress is nobody's question.
+  dialogs.Ignore("ProgressDialog");
+  dialogs.ExpectDialog("MessageBox", [this](QWidget& box) {
+    EXPECT_EQ(FromQt(dynamic_cast<QMessageBox&>(box).text()), DescriptionOf(Failure::DiskFull));
     EXPECT_EQ(main->findChild<QDialog*>("ProgressDialog"), nullptr);
-    box->close();
+    box.close();
   });
-  look.start(2);
   InstallDesktop(failing);
   Output(1);
   EXPECT_TRUE(failing.wasLong);
-  EXPECT_EQ(told, std::vector<std::string>{DescriptionOf(Failure::DiskFull)});
+  EXPECT_EQ(dialogs.Boxes(), std::vector<std::string>{DescriptionOf(Failure::DiskFull)});
   EXPECT_EQ(main->findChild<QDialog*>("frmPreview"), nullptr);
   EXPECT_TRUE(CursorAt(2, 1, "M2"));
 }
@@ -429,29 +421,23 @@ TEST_F(PrintCommands, An_error_in_the_middle_of_a_long_run_takes_its_dialog_away
 TEST_F(PrintCommands, While_a_run_is_drawn_no_other_one_begins) {
   for (int i = 1; i <= 60; ++i) Put("Z", "M" + std::to_string(i), "Z14012", 6000);
   Show();
-  ProgressRun::Moment = 0;
-  dialogs.Stop();
+  clock.MakeRunsLong();
+  dialogs.Ignore("ProgressDialog");
   bool tried = false;
-  std::vector<std::size_t> pages;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  clock.LookAtEachStep([&] {
     QWidget* window = QApplication::activeModalWidget();
-    if (window == nullptr) return;
-    if (FromQt(window->objectName()) == "ProgressDialog" && !std::exchange(tried, true)) {
-      for (const int index : {0, 1, 3, 4}) {
-        Entry("mnuOutput(" + std::to_string(index) + ")").trigger();
-        EXPECT_EQ(QApplication::activeModalWidget(), window) << index;
-      }
-    }
-    if (auto* preview = dynamic_cast<FrmPreview*>(window)) {
-      pages.push_back(preview->Surface().Result().Pages.size());
-      preview->close();
+    if (window == nullptr || !window->isVisible() || std::exchange(tried, true)) return;
+    EXPECT_EQ(FromQt(window->objectName()), "ProgressDialog");
+    for (const int index : {0, 1, 3, 4}) {
+      Entry("mnuOutput(" + std::to_string(index) + ")").trigger();
+      EXPECT_EQ(QApplication::activeModalWidget(), window) << index;
     }
   });
-  look.start(2);
+  ExpectPreview();
   Output(1);
   EXPECT_TRUE(tried);
-  EXPECT_EQ(pages, std::vector<std::size_t>{60U});
+  EXPECT_EQ(previews, 1);
+  EXPECT_EQ(shown.Pages.size(), 60U);
 }
 
 // From the keyboard to the paper.

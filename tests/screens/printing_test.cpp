@@ -236,7 +236,8 @@ TEST_F(TheDialog, Escape_prints_nothing) {
 // A run of many pages.
 
 TEST_F(Printing, A_long_run_can_be_called_off_and_leaves_no_file) {
-  ProgressRun::Moment = 0;
+  clock.MakeRunsLong();
+  clock.LookAtEachStep([this] { dialogs.Look(); });
   dialogs.ExpectDialog("ProgressDialog", [](QWidget& dialog) {
     EXPECT_EQ(FromQt(Find<QLabel>(dialog, "lblProgress").text()).substr(0, 15), "Pages printed: ");
     QTest::mouseClick(&Find(dialog, "cmdCancel"), Qt::LeftButton);

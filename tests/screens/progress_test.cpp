@@ -1,6 +1,5 @@
 // The progress of a long run.
 #include <QProgressBar>
-#include <QTimer>
 #include <QWindow>
 
 #include "core/desktop.h"
@@ -13,7 +12,7 @@ namespace {
 class Progress : public PrintingTest {
  protected:
   Progress() {
-    ProgressRun::Moment = 0;
+    clock.LookAtEachStep([this] { Look(); });
     owner.setObjectName("owner");
     owner.setText("Owner");
     owner.resize(300, 200);
@@ -21,8 +20,6 @@ class Progress : public PrintingTest {
     ShowActive(owner);
     // The dialog stays longer than the script of the other tests allows.
     dialogs.Stop();
-    QObject::connect(&look, &QTimer::timeout, [this] { Look(); });
-    look.start(2);
   }
   // Does that with the dialog as soon as it is up, once.
   void Foresee(std::function<void(QWidget&)> action) { action_ = std::move(action); }
@@ -32,13 +29,10 @@ class Progress : public PrintingTest {
     EXPECT_EQ(FromQt(dialog->objectName()), "ProgressDialog");
     std::exchange(action_, nullptr)(*dialog);
   }
-  // Tells the run of steps until the dialog was answered; what the last one gave.
-  bool GoOnUntilAnswered(ProgressRun& run) {
-    bool goesOn = true;
-    for (int done = 0; goesOn && action_ && done < 1000; ++done) {
-      QTest::qSleep(5);
-      goesOn = run.GoesOn(done, 1000000);
-    }
+  // Tells the run of its first step, after more than a moment; what that gave.
+  bool GoOnLong(ProgressRun& run) {
+    clock.MoveOn(ProgressRun::Moment + 1);
+    const bool goesOn = run.GoesOn(0, 1000000);
     EXPECT_FALSE(action_) << "the dialog never came";
     return goesOn;
   }
@@ -50,7 +44,6 @@ class Progress : public PrintingTest {
 
   QPushButton owner;
   int ownerClicks = 0;
-  QTimer look;
 
  private:
   std::function<void(QWidget&)> action_;
@@ -59,16 +52,17 @@ class Progress : public PrintingTest {
 }  // namespace
 
 TEST_F(Progress, A_run_within_a_moment_shows_nothing) {
-  ProgressRun::Moment = 100000;
   ProgressRun run(&owner, "Sheets drawn");
-  for (int done = 0; done <= 20; ++done) EXPECT_TRUE(run.GoesOn(done, 20));
+  for (int done = 0; done <= 20; ++done) {
+    EXPECT_TRUE(run.GoesOn(done, 20));
+    if (done < 20) clock.MoveOn((ProgressRun::Moment - 1) / 20);
+  }
   EXPECT_EQ(owner.findChild<QDialog*>("ProgressDialog"), nullptr);
 }
 
 TEST_F(Progress, A_run_that_is_nearly_over_shows_nothing_either) {
-  ProgressRun::Moment = 50;
   ProgressRun run(&owner, "Sheets drawn");
-  QTest::qSleep(60);
+  clock.MoveOn(ProgressRun::Moment + 100);
   // A tenth of the time up to now is still to come.
   EXPECT_TRUE(run.GoesOn(10, 11));
   EXPECT_EQ(owner.findChild<QDialog*>("ProgressDialog"), nullptr);
@@ -78,6 +72,7 @@ TEST_F(Progress, A_run_that_is_nearly_over_shows_nothing_either) {
 
 TEST_F(Progress, A_longer_run_shows_how_far_it_is) {
   ProgressRun run(&owner, "Sheets drawn");
+  clock.MoveOn(ProgressRun::Moment);
   ASSERT_TRUE(run.GoesOn(3, 40));
   auto* dialog = owner.findChild<QDialog*>("ProgressDialog");
   ASSERT_NE(dialog, nullptr);
@@ -89,11 +84,24 @@ TEST_F(Progress, A_longer_run_shows_how_far_it_is) {
   EXPECT_EQ(Find<QProgressBar>(*dialog, "barProgress").maximum(), 40);
 }
 
+TEST_F(Progress, The_count_is_shown_anew_after_some_time_only) {
+  ProgressRun run(&owner, "Sheets drawn");
+  clock.MoveOn(ProgressRun::Moment);
+  ASSERT_TRUE(run.GoesOn(3, 40));
+  const auto& count = Find<QLabel>(owner, "lblProgress");
+  clock.MoveOn(ProgressRun::ShowEvery - 1);
+  ASSERT_TRUE(run.GoesOn(4, 40));
+  EXPECT_EQ(FromQt(count.text()), "Sheets drawn: 3 of 40");
+  clock.MoveOn(1);
+  ASSERT_TRUE(run.GoesOn(5, 40));
+  EXPECT_EQ(FromQt(count.text()), "Sheets drawn: 5 of 40");
+}
+
 TEST_F(Progress, The_dialog_goes_with_the_run) {
   {
     ProgressRun run(&owner, "Sheets drawn");
     Foresee([](QWidget&) {});
-    EXPECT_TRUE(GoOnUntilAnswered(run));
+    EXPECT_TRUE(GoOnLong(run));
   }
   EXPECT_EQ(owner.findChild<QDialog*>("ProgressDialog"), nullptr);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
@@ -109,7 +117,7 @@ TEST_F(Progress, Cancel_by_button_key_and_frame_calls_the_run_off_for_good) {
   for (const auto& way : ways) {
     ProgressRun run(&owner, "Sheets drawn");
     Foresee(way);
-    EXPECT_FALSE(GoOnUntilAnswered(run));
+    EXPECT_FALSE(GoOnLong(run));
     EXPECT_FALSE(run.GoesOn(999, 1000));
     EXPECT_FALSE(run.GoesOn(1000, 1000));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
@@ -125,7 +133,7 @@ TEST_F(Progress, Meanwhile_no_other_window_takes_a_click) {
     QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       Find(dialog, "cmdCancel").geometry().center());
   });
-  EXPECT_FALSE(GoOnUntilAnswered(run));
+  EXPECT_FALSE(GoOnLong(run));
   EXPECT_EQ(ownerClicks, 1);
 }
 

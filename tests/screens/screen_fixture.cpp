@@ -49,7 +49,7 @@ std::optional<std::string> TestDesktop::NextFile() {
 }
 
 DialogScript::DialogScript() {
-  QTimer::singleShot(LookEvery, this, [this] { Look(); });
+  LookAgainAndAgain();
 }
 
 void DialogScript::ExpectBox(const std::string& text, const std::string& title,
@@ -70,12 +70,19 @@ void DialogScript::ExpectDialog(const std::string& name, std::function<void(QWid
   steps_.push_back({name, std::move(action)});
 }
 
+void DialogScript::LookAgainAndAgain() {
+  QTimer::singleShot(LookEvery, this, [this] {
+    // Armed anew first: the action may open the next modal window inside itself.
+    if (stopped_) return;
+    LookAgainAndAgain();
+    Look();
+  });
+}
+
 void DialogScript::Look() {
-  // Armed anew first: the action may open the next modal window inside itself.
-  if (stopped_) return;
-  QTimer::singleShot(LookEvery, this, [this] { Look(); });
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr || !window->isVisible() || (busy_ && window == busyWith_)) return;
+  if (!ignored_.empty() && FromQt(window->objectName()) == ignored_) return;
   if (auto* box = qobject_cast<QMessageBox*>(window)) boxes_.push_back(FromQt(box->text()));
   if (steps_.empty() || steps_.front().Name != FromQt(window->objectName())) {
     auto* box = qobject_cast<QMessageBox*>(window);

@@ -70,16 +70,21 @@ class DialogScript : public QObject {
   std::string NextName() const { return steps_.empty() ? "" : steps_.front().Name; }
   // Leaves the windows to somebody else from now on.
   void Stop() { stopped_ = true; }
+  // Leaves the windows of that name alone: they go by themselves.
+  void Ignore(const std::string& name) { ignored_ = name; }
+  // Answers the window that is open now; the script does so by itself in the application's loop.
+  void Look();
 
  private:
   struct Step {
     std::string Name;
     std::function<void(QWidget&)> Action;
   };
-  void Look();
+  void LookAgainAndAgain();
 
   std::deque<Step> steps_;
   std::vector<std::string> boxes_;
+  std::string ignored_;
   QPointer<QWidget> busyWith_;
   bool busy_ = false;
   bool stopped_ = false;

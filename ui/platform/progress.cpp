@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
+#include <chrono>
 
 #include "core/numbers.h"
 #include "ui/controls/plain_dialog.h"
@@ -11,12 +12,6 @@
 #include "ui/platform/qt_text.h"
 
 namespace orvane {
-
-namespace {
-
-constexpr int ShowEvery = 40;  // ms; the run is slower than its count otherwise
-
-}  // namespace
 
 // Escape and the button of the frame call the run off too.
 class ProgressDialog : public PlainDialog {
@@ -62,16 +57,20 @@ class ProgressDialog : public PlainDialog {
   bool cancelled_ = false;
 };
 
-ProgressRun::ProgressRun(QWidget* parent, QString what) : parent_(parent), what_(std::move(what)) {
-  clock_.start();
+qint64 ProgressRun::SteadyClock() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
 }
+
+ProgressRun::ProgressRun(QWidget* parent, QString what)
+    : parent_(parent), what_(std::move(what)), began_(Clock()) {}
 
 ProgressRun::~ProgressRun() = default;
 
 // Beyond a moment, with at least another one to come at the present pace: a dialog that goes as
 // soon as it comes is a nuisance.
 bool ProgressRun::IsLong(int done, int count) const {
-  const auto past = static_cast<double>(clock_.elapsed());
+  const auto past = static_cast<double>(Clock() - began_);
   if (past < Moment) return false;
   return done <= 0 || past / done * (count - done) >= Moment;
 }
@@ -83,13 +82,13 @@ bool ProgressRun::GoesOn(int done, int count) {
     if (!IsLong(done, count)) return true;
     dialog_ = std::make_unique<ProgressDialog>(parent_);
   }
-  if (!first && clock_.elapsed() - shownAt_ < ShowEvery) return true;
+  if (!first && Clock() - shownAt_ < ShowEvery) return true;
   dialog_->ShowCount(ToQt(FromQt(what_) + ": " + DecimalText(done) + " of " + DecimalText(count)),
                      done, count);
   if (first) dialog_->show();
   // Keys and clicks too: the modal dialog keeps them from every other window.
   QCoreApplication::processEvents();
-  shownAt_ = clock_.elapsed();
+  shownAt_ = Clock();
   return !dialog_->IsCancelled();
 }
 

@@ -1,10 +1,10 @@
 // A long run: its progress, and the user's way out of it.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 namespace orvane {
@@ -16,8 +16,13 @@ class ProgressDialog;
 // this is made.
 class ProgressRun {
  public:
-  // What a moment is, ms. Tests make it none: every run is a long one then.
-  static inline int Moment = 500;
+  static constexpr int Moment = 500;    // what a moment is, ms
+  static constexpr int ShowEvery = 40;  // ms; the run is slower than its count otherwise
+
+  // Milliseconds since any start, never fewer than before: the computer's own from its start. Tests
+  // step one of their own, so that what a run shows doesn't hang on how fast it is.
+  static qint64 SteadyClock();
+  static inline std::function<qint64()> Clock = SteadyClock;
 
   // `parent` is the window that runs; `what` is what is counted, such as "Sheets drawn".
   ProgressRun(QWidget* parent, QString what);
@@ -33,8 +38,8 @@ class ProgressRun {
 
   QPointer<QWidget> parent_;
   QString what_;
-  QElapsedTimer clock_;
-  qint64 shownAt_ = 0;  // when the dialog showed something new last, ms
+  qint64 began_;
+  qint64 shownAt_ = 0;  // when the dialog showed something new last
   std::unique_ptr<ProgressDialog> dialog_;
 };
 
