@@ -2,32 +2,13 @@
 
 #include <filesystem>
 
-#include "core/desktop.h"
+#include "core/headless_desktop.h"
 #include "core/model.h"
-#include "core/settings_file.h"
 #include "holes/hole_list.h"
 
 namespace orvane::bench {
 
 namespace {
-
-class StillDesktop : public Desktop {
- public:
-  Answer ShowMessageBox(const std::string&, const std::string&, Buttons, Icon) override {
-    return Answer::No;
-  }
-  std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return std::nullopt; }
-  std::optional<std::string> ShowSaveDialog(const FileDialog&) override { return std::nullopt; }
-  void ProcessEvents() override {}
-  std::string ShortDateForm() const override { return "dd/MM/yyyy"; }
-  SettingsStore& Settings() override { return settings_; }
-  std::string UserDataFolder() override { return {}; }
-  void ShowHelp(const std::string&) override {}
-  Moment Now() const override { return {{2024, 3, 5}, 14, 7, 9}; }
-
- private:
-  MemorySettings settings_;
-};
 
 // Codes that give `holes` holes: the end pairs first, then four at a time, so that the count is
 // exact and the short gaps between the pairs must be widened.
@@ -113,7 +94,7 @@ std::vector<std::string_view> SplitFields(std::string_view text) {
 }
 
 void InstallStillDesktop() {
-  static StillDesktop desktop;
+  static HeadlessDesktop desktop;
   InstallDesktop(desktop);
 }
 

@@ -3,7 +3,7 @@
 
 #include "core/runtime_error.h"
 #include "drawing/metafile.h"
-#include "fuzz/quiet_desktop.h"
+#include "fuzz/fuzz_support.h"
 #include "fuzz/shape_check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,8 +1,8 @@
 // Any bytes as a project file: it is read whole, or an error says why it was not. What was read can
 // be made into a project file and factory files again, or an error says why not.
 #include "core/catalogues.h"
-#include "core/runtime_error.h"
-#include "fuzz/quiet_desktop.h"
+#include "core/headless_desktop.h"
+#include "fuzz/fuzz_support.h"
 #include "holes/hole_list.h"
 #include "output/accessory_list.h"
 #include "output/cam_export.h"
@@ -11,18 +11,7 @@
 namespace {
 
 using namespace orvane;
-
-// Runs an action that may raise the system's own error and no other.
-template <class Action>
-bool Succeeds(Action action) {
-  try {
-    action();
-    return true;
-  } catch (const RuntimeError& error) {
-    if (error.Description().empty()) fuzz::Fail("an error that doesn't say why");
-    return false;
-  }
-}
+using fuzz::Succeeds;
 
 // A few products, patterns and accessories for the names that the seeds use.
 void FillCatalogues() {
@@ -41,7 +30,6 @@ void FillCatalogues() {
     accessory.Name = "Accessory " + std::to_string(row);
     accessory.ParamTexts.Resize(3);
     accessory.ParamNames.Resize(3);
-    accessory.ParamCount = 3;
     AccDefs.Append(accessory);
     AccUsed.Append(False);
   }
@@ -52,7 +40,7 @@ void FillCatalogues() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::QuietDesktop desktop;
+  HeadlessDesktop desktop;
   InstallDesktop(desktop);
   ResetModel();
   FillCatalogues();
@@ -60,11 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   MinHoleSep = 4;
 
   const std::string path = fuzz::InputFile(data, size);
-  if (Succeeds([&] { ReadProjectFile(path); })) {
-    for (const Item& item : Items) {
-      if (item.HoleCount != item.Holes.UBound()) fuzz::Fail("a wrong count of holes");
-    }
-  }
+  Succeeds([&] { ReadProjectFile(path); });
   if (AccUsed.UBound() != 21) fuzz::Fail("the number of flags has changed");
   Succeeds([] { ProjectText(); });
   for (int row = 1; row <= Items.UBound(); ++row) {

@@ -1,7 +1,7 @@
 // Any bytes as punch.csv: every row kept has a name and codes, both trimmed.
 #include "core/catalogues.h"
 #include "core/text.h"
-#include "fuzz/quiet_desktop.h"
+#include "fuzz/fuzz_support.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace orvane;

@@ -1,12 +1,12 @@
 // Any bytes as a project file, and all sheets of the sections that it gives: each is drawn on one
 // page whose shapes are all finite, or an error says why it was not.
 #include "core/catalogues.h"
-#include "core/runtime_error.h"
+#include "core/headless_desktop.h"
 #include "core/settings.h"
 #include "drawing/draw_section.h"
 #include "drawing/page_surface.h"
 #include "drawing/recording_surface.h"
-#include "fuzz/quiet_desktop.h"
+#include "fuzz/fuzz_support.h"
 #include "fuzz/shape_check.h"
 #include "holes/hole_list.h"
 #include "project/project_file.h"
@@ -14,18 +14,7 @@
 namespace {
 
 using namespace orvane;
-
-// Runs an action that may raise the system's own error and no other.
-template <class Action>
-bool Succeeds(Action action) {
-  try {
-    action();
-    return true;
-  } catch (const RuntimeError& error) {
-    if (error.Description().empty()) fuzz::Fail("an error that doesn't say why");
-    return false;
-  }
-}
+using fuzz::Succeeds;
 
 // The catalogues as they ship, read once.
 struct Catalogues {
@@ -65,7 +54,7 @@ void DrawSheet(PageSurface& surface, std::int16_t row) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::QuietDesktop desktop;
+  HeadlessDesktop desktop;
   InstallDesktop(desktop);
   ProgramFolder = ORVANE_CATALOGUE;
   static const Catalogues catalogues = LoadedCatalogues();

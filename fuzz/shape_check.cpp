@@ -3,7 +3,7 @@
 #include <cmath>
 #include <variant>
 
-#include "fuzz/quiet_desktop.h"
+#include "fuzz/fuzz_support.h"
 
 namespace orvane::fuzz {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/desktop.h"
+#include "core/headless_desktop.h"
 #include "core/settings_file.h"
 #include "output/output_screen.h"
 #include "tools/batch_sheets.h"
@@ -63,7 +63,7 @@ struct BatchAnswers {
   std::string SettingsFile;       // empty for the defaults
 };
 
-class BatchDesktop : public Desktop {
+class BatchDesktop : public HeadlessDesktop {
  public:
   BatchDesktop(Console& console, const BatchAnswers& answers)
       : console_(console), answers_(answers), settings_(answers.SettingsFile) {}
@@ -77,11 +77,8 @@ class BatchDesktop : public Desktop {
                         Icon icon) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return chosenFile_; }
   std::optional<std::string> ShowSaveDialog(const FileDialog&) override { return chosenFile_; }
-  void ProcessEvents() override {}
   std::string ShortDateForm() const override;
   SettingsStore& Settings() override { return settings_; }
-  std::string UserDataFolder() override { return {}; }  // nothing here can be lost
-  void ShowHelp(const std::string&) override {}
   Moment Now() const override;
 
  private:

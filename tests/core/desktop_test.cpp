@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/headless_desktop.h"
 #include "tests/support/fixture.h"
 
 namespace {
@@ -34,6 +35,22 @@ TEST_F(Desktops, Message_is_a_plain_box_without_title_or_icon) {
   EXPECT_EQ(desktop.Boxes[0].Title, "");
   EXPECT_EQ(desktop.Boxes[0].Choice, Buttons::Ok);
   EXPECT_EQ(desktop.Boxes[0].Sign, Icon::None);
+}
+
+TEST_F(Desktops, one_without_a_person_closes_what_it_is_asked_and_keeps_nothing) {
+  HeadlessDesktop headless;
+  EXPECT_EQ(headless.ShowMessageBox("t", "", Buttons::Ok, Icon::Stop), Answer::Ok);
+  EXPECT_EQ(headless.ShowMessageBox("t", "", Buttons::YesNo, Icon::None), Answer::No);
+  EXPECT_EQ(headless.ShowMessageBox("t", "", Buttons::YesNoCancel, Icon::None), Answer::Cancel);
+  EXPECT_EQ(headless.ShowOpenDialog({}), std::nullopt);
+  EXPECT_EQ(headless.ShowSaveDialog({}), std::nullopt);
+  EXPECT_EQ(headless.ShortDateForm(), "dd/MM/yyyy");
+  EXPECT_EQ(headless.UserDataFolder(), "");
+  EXPECT_EQ(headless.Now().Day, (Date{2024, 3, 5}));
+  EXPECT_EQ(headless.Now().Second, 9);
+  EXPECT_EQ(headless.Settings().Query(SettingsRoot::LocalMachine, "key", "name"), std::nullopt);
+  EXPECT_TRUE(headless.Settings().Store(SettingsRoot::LocalMachine, "key", "name", "text"));
+  EXPECT_EQ(headless.Settings().Query(SettingsRoot::LocalMachine, "key", "name"), "text");
 }
 
 TEST_F(Desktops, the_installed_desktop_is_the_one_in_use) {

@@ -12,7 +12,7 @@ Answer ScriptedDesktop::ShowMessageBox(const std::string& text, const std::strin
   if (buttons == Buttons::Ok) return Answer::Ok;
   if (Answers.empty()) {
     ADD_FAILURE() << "unforeseen question: " << text;
-    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    return HeadlessDesktop::ShowMessageBox(text, title, buttons, icon);
   }
   const Answer answer = Answers.front();
   Answers.pop_front();

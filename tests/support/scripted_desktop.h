@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/desktop.h"
+#include "core/headless_desktop.h"
 #include "core/settings_file.h"
 #include "drawing/recording_surface.h"
 #include "output/output_screen.h"
@@ -22,7 +22,7 @@ struct ShownBox {
 };
 
 // A question that the script doesn't foresee fails the test and is answered by Cancel (or No).
-class ScriptedDesktop : public Desktop {
+class ScriptedDesktop : public HeadlessDesktop {
  public:
   // The script.
   std::deque<Answer> Answers;                     // for the boxes with a choice, in order

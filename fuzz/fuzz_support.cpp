@@ -1,4 +1,4 @@
-#include "fuzz/quiet_desktop.h"
+#include "fuzz/fuzz_support.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -6,16 +6,28 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/headless_desktop.h"
 #include "core/model.h"
 
 namespace orvane::fuzz {
 
-Answer QuietDesktop::ShowMessageBox(const std::string& text, const std::string&, Buttons buttons,
-                                    Icon) {
-  ++Boxes;
-  LastText = text;
-  return buttons == Buttons::Ok ? Answer::Ok : Answer::No;
-}
+namespace {
+
+// Counts the message boxes and keeps the text of the last one.
+class CountingDesktop : public HeadlessDesktop {
+ public:
+  int Boxes = 0;
+  std::string LastText;
+
+  Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
+                        Icon icon) override {
+    ++Boxes;
+    LastText = text;
+    return HeadlessDesktop::ShowMessageBox(text, title, buttons, icon);
+  }
+};
+
+}  // namespace
 
 std::string InputFile(const std::uint8_t* data, std::size_t size) {
   static const int file = memfd_create("input", 0);
@@ -33,7 +45,7 @@ void Fail(const char* finding) {
 
 void CheckCatalogueReader(bool (*load)(const std::string& path), const std::uint8_t* data,
                           std::size_t size) {
-  QuietDesktop desktop;
+  CountingDesktop desktop;
   InstallDesktop(desktop);
   ResetModel();
   const std::string path = InputFile(data, size);
