@@ -13,7 +13,7 @@ void RebuildOneSection(benchmark::State& state) {
   const int holes = static_cast<int>(state.range(0));
   bench::FillTables(1, holes);
   const std::string pattern = Items.At(1).PatternName;
-  if (Items.At(1).HoleCount != holes) state.SkipWithError("the section lacks holes");
+  if (Items.At(1).HoleCount() != holes) state.SkipWithError("the section lacks holes");
   for (auto _ : state) {
     RebuildHoles(1, pattern);
     benchmark::DoNotOptimize(Items.At(1).Holes.At(holes).DrawGap);

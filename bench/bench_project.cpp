@@ -76,8 +76,8 @@ std::string StraightProjectText() {
     NumberLine(out, item.MitreRight);
     Quoted(out, item.Notes);
     Plain(out, item.DateText);
-    NumberLine(out, item.HoleCount);
-    for (int row = 0; row <= item.HoleCount; ++row) {
+    NumberLine(out, item.HoleCount());
+    for (int row = 0; row <= item.HoleCount(); ++row) {
       const Hole& hole = item.Holes.At(row);
       NumberLine(out, hole.XPos);
       Plain(out, hole.Kind);
@@ -91,7 +91,7 @@ std::string StraightProjectText() {
       NumberLine(out, hole.RelX);
       NumberLine(out, hole.DrawGap);
     }
-    NumberLine(out, item.NotchCount);
+    NumberLine(out, item.NotchCount());
     Quoted(out, item.PatternName);
     NumberLine(out, item.CustomHoleCount);
     Plain(out, item.Pitch);
@@ -116,8 +116,8 @@ std::string StraightCamText() {
     Plain(out, item.Product);
     Digits(out, static_cast<int>(item.Quantity)), out += "\r\n";
     Digits(out, static_cast<int>(item.Length)), out += "\r\n";
-    Digits(out, static_cast<int>(item.HoleCount)), out += "\r\n";
-    for (int row = 1; row <= item.HoleCount; ++row) {
+    Digits(out, static_cast<int>(item.HoleCount())), out += "\r\n";
+    for (int row = 1; row <= item.HoleCount(); ++row) {
       const Hole& hole = item.Holes.At(row);
       const std::size_t start = out.size();
       Digits(out, item.Length - hole.XPos);

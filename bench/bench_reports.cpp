@@ -74,7 +74,7 @@ void FillAccessories(int accessories) {
     AccDefs.Append(accessory);
     AccUsed.Append(True);
     if (accessory.IsType1 != False) {
-      for (int size = 1; size <= accessory.ParamCount; ++size) {
+      for (int size = 1; size <= accessory.ParamCount(); ++size) {
         AccLines1.Append({Int16(row), Int16(size), Int16(10 * size), 0});
       }
       continue;
@@ -84,8 +84,7 @@ void FillAccessories(int accessories) {
       line.AccIndex = Int16(row);
       line.Mark = "M" + std::to_string(number);
       line.NoOff = Int16(number);
-      line.ValueCount = Int16(accessory.ParamCount - 2);
-      for (int value = 1; value <= line.ValueCount; ++value) line.Values.Append("1250");
+      for (int value = 3; value <= accessory.ParamCount(); ++value) line.Values.Append("1250");
       AccLines2.Append(std::move(line));
     }
   }

@@ -73,13 +73,12 @@ void AddSectionOfHoles(int holes) {
   item.Notes = "Sleeves at every rafter";
   item.MitreLeft = 10;
   item.Notches.Append({"TR1", 20, 60, 0});
-  item.NotchCount = 1;
   item.PatternName = "Sleeved 2 Sag Bars";
   item.SagBarDia = 14;
   Items.Append(item);
   RebuildHoles(Int16(Items.UBound()), item.PatternName);
   Item& added = Items.At(Items.UBound());
-  for (int more = 1; added.HoleCount < holes; ++more) {
+  for (int more = 1; added.HoleCount() < holes; ++more) {
     Hole hole;
     hole.XPos = Int16(300 + more * 150);
     hole.Kind = CustomKind;
@@ -91,7 +90,6 @@ void AddSectionOfHoles(int holes) {
     hole.SlotLength = more % 5 == 0 ? 30 : 0;
     if (more % 7 == 0) hole.CounterSunk = CounterSunkMark;
     added.Holes.Append(hole);
-    ++added.HoleCount;
     ++added.CustomHoleCount;
   }
   SortHoles(Int16(Items.UBound()));
@@ -202,7 +200,7 @@ void BM_SheetKeyStroke(benchmark::State& state) {
   Window window;
   Items.Clear();
   AddSectionOfHoles(static_cast<int>(state.range(0)));
-  if (Items.At(1).HoleCount != state.range(0)) state.SkipWithError("the section lacks holes");
+  if (Items.At(1).HoleCount() != state.range(0)) state.SkipWithError("the section lacks holes");
   TypeKeys(state, window, 3, "7250");
   state.counters["ratio"] = window.Sheet().devicePixelRatioF();
   state.counters["width"] = window.Sheet().viewport()->width();

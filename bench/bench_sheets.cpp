@@ -50,8 +50,8 @@ Page SheetOf(int row) {
 }
 
 bool HasHoles(benchmark::State& state, int holes) {
-  if (Items.At(1).HoleCount != holes) state.SkipWithError("the section lacks holes");
-  return Items.At(1).HoleCount == holes;
+  if (Items.At(1).HoleCount() != holes) state.SkipWithError("the section lacks holes");
+  return Items.At(1).HoleCount() == holes;
 }
 
 void LayOutSheet(benchmark::State& state) {

@@ -114,8 +114,8 @@ AccDef& LastAccessory(std::int16_t count) {
 }
 
 void AppendParam(AccDef& accessory, std::string_view name) {
+  Int16(accessory.ParamNames.UBound() + 1);  // one more than 16 bits count is refused
   accessory.ParamNames.Append(std::string(name));
-  accessory.ParamCount = Int16(accessory.ParamNames.UBound());
 }
 
 bool ReadAccessory1(TextFile& file, const std::string& tag, std::string_view /*cell*/) {
@@ -129,8 +129,8 @@ bool ReadAccessory1(TextFile& file, const std::string& tag, std::string_view /*c
     AccDef& accessory = LastAccessory(AccType1Count);
     const std::string text(file.ReadField());
     const std::string code(file.ReadField());
-    accessory.ParamTexts.Append(text);
     AppendParam(accessory, code);
+    accessory.ParamTexts.Append(text);
   } else {
     return false;
   }
@@ -149,14 +149,14 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
   } else if (tag == "P") {
     AccDef& accessory = LastAccessory(AccType2Count);
     AppendParam(accessory, file.ReadField());
-    accessory.Options.Resize(accessory.ParamCount);
+    accessory.Options.Resize(accessory.ParamCount());
   } else if (tag == "O") {
     AccDef& accessory = LastAccessory(AccType2Count);
     // Choices belong to a parameter of the accessory itself, not to "Mark" or "No.Off".
     if (accessory.Options.Empty()) throw RuntimeError(Failure::SubscriptOutOfRange);
-    AccParamOptions& options = accessory.Options.At(accessory.ParamCount);
+    AccParamOptions& options = accessory.Options.At(accessory.ParamCount());
+    Int16(options.OptionTexts.UBound() + 1);
     options.OptionTexts.Append(std::string(file.ReadField()));
-    options.OptionCount = Int16(options.OptionTexts.UBound());
   } else if (tag == "G") {
     AccDef& accessory = LastAccessory(AccType2Count);
     AccGroup group;

@@ -1,6 +1,6 @@
 // The in-memory model that all of the system works on: the records, and the application-wide tables
 // and values. One project is open at a time. Lengths are millimetres, angles degrees. Nothing is
-// computed here.
+// computed here; a count of a table's rows is asked of the table, "Overflow" beyond 16 bits.
 #pragma once
 
 #include <array>
@@ -55,24 +55,28 @@ struct Notch {
 
 // One marked section of the project.
 struct Item {
-  std::string Mark;             // unique in the project
-  std::string SectionType;      // section letter: Z, E, C, V, R or T
-  std::string Product;          // a SectionDim's Product, or "VCR" or "CLR"
-  std::int16_t Length = 0;      // mm
-  std::int16_t Quantity = 0;    // number off
-  std::string DateText;         // carried through from file to file; nothing gives it a value
-  std::string Notes;            // free note
-  float MitreLeft = 0;          // mitre angle at the left end, degrees; 0 is a square end
-  float MitreRight = 0;         // mitre angle at the right end, degrees
-  std::int16_t HoleCount = 0;   // rows of Holes, pattern and custom holes together
-  Table<Hole> Holes;            // element 0 is the end sentinel that AdjustHoleSpacing writes
-  std::int16_t NotchCount = 0;  // rows of Notches
+  std::string Mark;           // unique in the project
+  std::string SectionType;    // section letter: Z, E, C, V, R or T
+  std::string Product;        // a SectionDim's Product, or "VCR" or "CLR"
+  std::int16_t Length = 0;    // mm
+  std::int16_t Quantity = 0;  // number off
+  std::string DateText;       // carried through from file to file; nothing gives it a value
+  std::string Notes;          // free note
+  float MitreLeft = 0;        // mitre angle at the left end, degrees; 0 is a square end
+  float MitreRight = 0;       // mitre angle at the right end, degrees
+  Table<Hole> Holes;          // element 0 is the end sentinel that AdjustHoleSpacing writes
   Table<Notch> Notches;
-  std::string PatternName;           // a PunchPattern's Name, or CustomPattern
-  std::int16_t CustomHoleCount = 0;  // holes of CustomKind
-  std::string Pitch;                 // eaves beams: roof pitch as chosen, degrees as text
-  std::int16_t JointingPieces = 0;   // cleader rails: number of jointing pieces
-  std::int16_t SagBarDia = 0;        // 0 without sag bars, else their hole diameter, 14 or 18 mm
+  std::string PatternName;  // a PunchPattern's Name, or CustomPattern
+  // Holes of CustomKind, as they were counted last: it lags behind when the list is emptied or
+  // mirrored, and is saved as it stands.
+  std::int16_t CustomHoleCount = 0;
+  std::string Pitch;                // eaves beams: roof pitch as chosen, degrees as text
+  std::int16_t JointingPieces = 0;  // cleader rails: number of jointing pieces
+  std::int16_t SagBarDia = 0;       // 0 without sag bars, else their hole diameter, 14 or 18 mm
+
+  // Rows of Holes, pattern and custom holes together, and of Notches.
+  std::int16_t HoleCount() const { return Int16(Holes.UBound()); }
+  std::int16_t NotchCount() const { return Int16(Notches.UBound()); }
 };
 
 // One line of a type 1 accessory.
@@ -87,9 +91,11 @@ struct AccLine1 {
 struct AccLine2 {
   std::int16_t AccIndex = 0;  // row of AccDefs
   std::string Mark;
-  std::int16_t NoOff = 0;       // number off
-  std::int16_t ValueCount = 0;  // rows of Values: the accessory's ParamCount less 2
-  Table<std::string> Values;    // one for each parameter behind "Mark" and "No.Off"
+  std::int16_t NoOff = 0;     // number off
+  Table<std::string> Values;  // one for each parameter behind "Mark" and "No.Off"
+
+  // Rows of Values: the accessory's ParamCount less 2.
+  std::int16_t ValueCount() const { return Int16(Values.UBound()); }
 };
 
 // Records of the catalogues.
@@ -131,8 +137,10 @@ struct AccGroup {
 
 // The choice list of one parameter.
 struct AccParamOptions {
-  std::int16_t OptionCount = 0;  // rows of OptionTexts; 0 for a parameter typed freely
   Table<std::string> OptionTexts;
+
+  // Rows of OptionTexts; 0 for a parameter typed freely.
+  std::int16_t OptionCount() const { return Int16(OptionTexts.UBound()); }
 };
 
 // One accessory, an "A" row of accs1.csv or accs2.csv with the rows behind it.
@@ -142,7 +150,6 @@ struct AccDef {
   std::int16_t Value1 = 0;         // width of the picture on its sheet, mm
   std::int16_t Value2 = 0;         // fourth catalogue value
   std::int16_t Value3 = 0;         // top of the picture on its sheet, mm
-  std::int16_t ParamCount = 0;     // rows of ParamNames
   Table<std::string> ParamTexts;   // type 1: long text of each parameter
   Table<std::string> ParamNames;   // type 1: short codes; type 2: headings, "Mark", "No.Off" first
   Boolean HasParamColumn = False;  // shows a type 1 value column; no catalogue column sets it
@@ -152,6 +159,9 @@ struct AccDef {
   std::string Option;              // type 2: first column of its lines in the accessory list
   Table<AccGroup> Groups;          // type 2: headed groups of parameters
   Table<AccParamOptions> Options;  // type 2: choices, one row for each row of ParamNames
+
+  // Rows of ParamNames.
+  std::int16_t ParamCount() const { return Int16(ParamNames.UBound()); }
 };
 
 // Rows of texts, as a table on a screen shows them.

@@ -259,7 +259,7 @@ void DrawOffGaugeLetters(PrintSurface& surface, const Table<OffGaugeHole>& list)
 
 void DrawHoles(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim) {
   const Item& item = Items.At(ItemIndex);
-  if (!(dim.Dim3 > 0) || item.Length <= 0 || item.HoleCount <= 0) return;
+  if (!(dim.Dim3 > 0) || item.Length <= 0 || item.HoleCount() <= 0) return;
   FitLengthScale(surface, item);
 
   HoleLabelRow = 1;

@@ -145,8 +145,7 @@ std::int16_t AddHole(std::int16_t ItemIndex, std::int16_t X, std::string_view Ki
                      std::string_view TF, std::int16_t Diameter, std::int16_t SlotLength,
                      Boolean Starred) {
   Item& item = Items.At(ItemIndex);
-  const std::int16_t count = Int16(item.HoleCount + 1);
-  item.Holes.Resize(item.HoleCount);
+  const std::int16_t count = Int16(item.Holes.UBound() + 1);
   item.Holes.Resize(count);  // a blank record, made in place
   Hole& hole = item.Holes.At(count);
   hole.XPos = X;
@@ -159,7 +158,6 @@ std::int16_t AddHole(std::int16_t ItemIndex, std::int16_t X, std::string_view Ki
   hole.SlotLength = SlotLength;
   // One blank, never empty text: the empty form belongs to holes placed by hand.
   hole.CounterSunk = Starred != False ? CounterSunkMark : " ";
-  item.HoleCount = count;
   return X;
 }
 

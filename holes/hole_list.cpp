@@ -54,14 +54,14 @@ void RemoveStandardHoles(std::int16_t ItemIndex) {
   Item& item = Items.At(ItemIndex);
   Table<Hole>& holes = item.Holes;
   int kept = 0;
-  for (int row = 1; row <= item.HoleCount; ++row) {
+  for (int row = 1; row <= holes.UBound(); ++row) {
     if (!IsCustom(holes.At(row))) continue;
     ++kept;
     if (kept < row) holes.At(kept) = std::move(holes.At(row));
   }
   holes.Resize(kept);
   holes.At(0) = Hole{};
-  item.HoleCount = item.CustomHoleCount = Int16(kept);
+  item.CustomHoleCount = Int16(kept);
 }
 
 void SortHoles(std::int16_t ItemIndex) {
@@ -139,14 +139,13 @@ bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow) {
   int customs = 0;
   int row = 0;
   while (customs < CustomRow) {
-    if (++row > item.HoleCount) return false;
+    if (++row > item.Holes.UBound()) return false;
     if (IsCustom(item.Holes.At(row))) ++customs;
   }
   item.Holes.Remove(row);
-  item.HoleCount = Int16(item.HoleCount - 1);
   item.CustomHoleCount = Int16(item.CustomHoleCount - 1);
   // Without holes there is no gap to the end either.
-  if (item.HoleCount == 0) item.Holes.Clear();
+  if (item.Holes.Empty()) item.Holes.Clear();
   AdjustHoleSpacing(ItemIndex);
   return true;
 }
@@ -154,15 +153,14 @@ bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow) {
 void ConvertHolesToCustom(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
   Item& item = Items.At(ItemIndex);
-  for (int row = 1; row <= item.HoleCount; ++row) item.Holes.At(row).Kind = CustomKind;
-  item.CustomHoleCount = item.HoleCount;
+  for (Hole& hole : item.Holes) hole.Kind = CustomKind;
+  item.CustomHoleCount = item.HoleCount();
 }
 
 Table<Table<std::string>> HoleGridRows(std::int16_t ItemIndex) {
   const Item& item = Items.At(ItemIndex);
   Table<Table<std::string>> rows;
-  for (int row = 1; row <= item.HoleCount; ++row) {
-    const Hole& hole = item.Holes.At(row);
+  for (const Hole& hole : item.Holes) {
     if (IsCustom(hole)) rows.Append(GridRow(hole));
   }
   return rows;

@@ -249,7 +249,7 @@ int ValueColumnWidth(int valueCount) {
 // The table of lines of one accessory; the first of them settles the number of columns.
 void DrawType2Table(PrintSurface& surface, const std::vector<const AccLine2*>& lines) {
   const AccDef& accessory = AccDefs.At(lines.front()->AccIndex);
-  const int valueCount = std::max<int>(lines.front()->ValueCount, 0);
+  const int valueCount = lines.front()->Values.UBound();
   const std::string valueWidth = MillimetreText(ValueColumnWidth(valueCount));
   std::vector<ReportColumn> columns = {
       {"Type", "32mm", CellAlignment::Left},

@@ -99,13 +99,11 @@ void WriteSectionBlock(FactoryWriter& out, const Item& item) {
   if (item.SectionType == "E") out.Line(PitchText(item.Pitch));
   out.Line(ShortestText(item.Quantity));
   out.Line(FormatNumber(static_cast<double>(item.Length), 0));
-  out.Line(ShortestText(item.HoleCount));
+  out.Line(ShortestText(item.HoleCount()));
   for (const Hole& hole : item.Holes) WriteHoleLine(out, item, hole, mirrored);
   out.Line(FormatNumber(item.MitreLeft, 1) + " " + FormatNumber(item.MitreRight, 1));
-  out.Line(ShortestText(item.NotchCount));
-  for (int row = 1; row <= item.NotchCount; ++row) {
-    WriteNotchLine(out, item, item.Notches.At(row), mirrored);
-  }
+  out.Line(ShortestText(item.NotchCount()));
+  for (const Notch& notch : item.Notches) WriteNotchLine(out, item, notch, mirrored);
   out.Line();
 }
 

@@ -9,7 +9,9 @@
 //   Quoted(text)              a line that holds the text between double quotes
 //   Number(field)             a number line for a 16-bit, 32-bit float or 64-bit float field
 //   Flag(row)                 a number line for a flag of AccUsed
-//   Count(table)              a number line for the number of a table's rows, which it returns
+//   Count(table)              a number line for the number of a table's rows, which it returns:
+//   that of
+//                             the table when it is written, that of the file when it is read
 //   Size(table, count)        no line: gives a table that is about to be read fresh blank rows; a
 //                             negative count is "Subscript out of range"
 //   Rows(table, first, last)  one block for each of these rows, by Describe of the row's record
@@ -62,15 +64,15 @@ void Describe(Visitor& visit, Item& item) {
   visit.Quoted(item.Notes);
   visit.Plain(item.DateText);
 
-  visit.Number(item.HoleCount);
-  visit.Size(item.Holes, item.HoleCount);
+  const int holes = visit.Count(item.Holes);
+  visit.Size(item.Holes, holes);
   // Element 0, the end sentinel of the gaps, goes with the holes, but never alone.
-  if (item.HoleCount > 0) visit.Rows(item.Holes, 0, item.HoleCount);
+  if (holes > 0) visit.Rows(item.Holes, 0, holes);
 
-  visit.Number(item.NotchCount);
-  if (item.NotchCount > 0) {
-    visit.Size(item.Notches, item.NotchCount);
-    visit.Rows(item.Notches, 1, item.NotchCount);
+  const int notches = visit.Count(item.Notches);
+  if (notches > 0) {
+    visit.Size(item.Notches, notches);
+    visit.Rows(item.Notches, 1, notches);
   }
 
   visit.Quoted(item.PatternName);
@@ -101,9 +103,9 @@ void Describe(Visitor& visit, AccLine2& line) {
   visit.Number(line.AccIndex);
   visit.Plain(line.Mark);
   visit.Number(line.NoOff);
-  visit.Number(line.ValueCount);
-  visit.Size(line.Values, line.ValueCount);
-  visit.Rows(line.Values, 1, line.ValueCount);
+  const int values = visit.Count(line.Values);
+  visit.Size(line.Values, values);
+  visit.Rows(line.Values, 1, values);
 }
 
 // The part that every project file has, from its head to the last type 1 line.

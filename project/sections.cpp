@@ -74,11 +74,9 @@ Notch MirrorNotch(const Notch& source, std::int16_t length) {
 }
 
 void MirrorNotches(const Item& source, Item& hand) {
-  if (source.NotchCount <= 0) return;
   hand.Notches.Clear();
-  hand.Notches.Resize(source.NotchCount);
-  for (int row = 1; row <= source.NotchCount; ++row) {
-    hand.Notches.At(row) = MirrorNotch(source.Notches.At(row), source.Length);
+  for (const Notch& notch : source.Notches) {
+    hand.Notches.Append(MirrorNotch(notch, source.Length));
   }
 }
 

@@ -40,7 +40,7 @@ TextRows Type1Rows(std::int16_t accIndex) {
   const AccDef& accessory = AccDefs.At(accIndex);
   const bool hasParam = accessory.HasParamColumn != False;
   TextRows rows;
-  rows.Resize(accessory.ParamCount);
+  rows.Resize(accessory.ParamCount());
   for (Table<std::string>& row : rows) row.Resize(hasParam ? ParamColumn : QuantityColumn);
   for (const AccLine1& line : AccLines1) {
     if (line.AccIndex != accIndex) continue;
@@ -53,7 +53,7 @@ TextRows Type1Rows(std::int16_t accIndex) {
 }
 
 TextRows Type2Rows(std::int16_t accIndex) {
-  const int columns = AccDefs.At(accIndex).ParamCount;
+  const int columns = AccDefs.At(accIndex).ParamCount();
   TextRows rows;
   for (const AccLine2& line : AccLines2) {
     if (line.AccIndex != accIndex) continue;
@@ -71,11 +71,10 @@ AccLine2 Type2Line(std::int16_t accIndex, const Table<std::string>& row) {
   line.AccIndex = accIndex;
   line.Mark = Trim(CellText(row, MarkColumn));
   line.NoOff = Whole(CellValue(row, NoOffColumn));
-  const int columns = AccDefs.At(accIndex).ParamCount;
+  const int columns = AccDefs.At(accIndex).ParamCount();
   for (int column = NoOffColumn + 1; column <= columns; ++column) {
     line.Values.Append(std::string(CellText(row, column)));
   }
-  line.ValueCount = Int16(line.Values.UBound());
   return line;
 }
 

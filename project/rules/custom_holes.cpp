@@ -69,8 +69,8 @@ double TypedPosition(std::string_view text) {
 }
 
 bool KeepsItsDistance(const Item& item, double position, int separation) {
-  for (int row = 1; row <= item.HoleCount; ++row) {
-    if (!(std::abs(position - item.Holes.At(row).XPos) >= separation)) return false;
+  for (const Hole& hole : item.Holes) {
+    if (!(std::abs(position - hole.XPos) >= separation)) return false;
   }
   return true;
 }
@@ -149,7 +149,7 @@ std::optional<std::int16_t> HolePosition(std::int16_t ItemIndex, std::int16_t Mo
   } else if (Mode == AddRelative) {
     if (!offGauge && typed < limits.Separation) return std::nullopt;
     // Row 0 of an empty list is no hole: it can still hold the section's end.
-    if (item.HoleCount > 0) position += item.Holes.At(item.HoleCount).XPos;
+    if (item.HoleCount() > 0) position += item.Holes.At(item.HoleCount()).XPos;
   }
 
   // No section is longer than 16 bits can tell, so that a position beyond them lies beyond its end.
@@ -189,7 +189,7 @@ int CustomHoleRow(std::int16_t ItemIndex, int CustomRow) {
   if (ItemIndex < 1 || CustomRow < 1) return 0;
   const Item& item = Items.At(ItemIndex);
   int customs = 0;
-  for (int row = 1; row <= item.HoleCount; ++row) {
+  for (int row = 1; row <= item.Holes.UBound(); ++row) {
     if (item.Holes.At(row).Kind == CustomKind && ++customs == CustomRow) return row;
   }
   return 0;
@@ -197,10 +197,9 @@ int CustomHoleRow(std::int16_t ItemIndex, int CustomRow) {
 
 void AppendCustomHole(std::int16_t ItemIndex, Hole hole) {
   Item& item = Items.At(ItemIndex);
-  const std::int16_t holes = Int16(item.HoleCount + 1);
+  Int16(item.Holes.UBound() + 1);  // one hole more than 16 bits count is refused
   const std::int16_t customs = Int16(item.CustomHoleCount + 1);
   item.Holes.Append(std::move(hole));
-  item.HoleCount = holes;
   item.CustomHoleCount = customs;
 }
 

@@ -47,8 +47,7 @@ void SetNotchText(NotchTexts& row, int column, std::string text) {
 Table<NotchTexts> NotchRows(std::int16_t ItemIndex) {
   const Item& item = Items.At(ItemIndex);
   Table<NotchTexts> rows;
-  for (int at = 1; at <= item.NotchCount; ++at) {
-    const Notch& notch = item.Notches.At(at);
+  for (const Notch& notch : item.Notches) {
     NotchTexts row = BlankNotch();
     SetNotchText(row, NotchCodeColumn, notch.Code);
     for (const SizeColumn& size : SizeColumns) {
@@ -71,9 +70,7 @@ void StoreNotches(std::int16_t ItemIndex, const Table<NotchTexts>& rows) {
     }
     notches.Append(std::move(notch));
   }
-  Item& item = Items.At(ItemIndex);
-  item.NotchCount = Int16(notches.UBound());
-  item.Notches = std::move(notches);
+  Items.At(ItemIndex).Notches = std::move(notches);
 }
 
 }  // namespace orvane

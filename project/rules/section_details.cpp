@@ -66,13 +66,11 @@ SagBars ShownSagBars(std::int16_t ItemIndex) {
 
 bool RemovesCustomHoles(std::int16_t ItemIndex, int listIndex) {
   const Item& item = Items.At(ItemIndex);
-  return item.PatternName == CustomPattern && item.HoleCount > 0 && listIndex > CustomIndex;
+  return item.PatternName == CustomPattern && item.HoleCount() > 0 && listIndex > CustomIndex;
 }
 
 void EmptyHoles(std::int16_t ItemIndex) {
-  Item& item = Items.At(ItemIndex);
-  item.Holes.Clear();
-  item.HoleCount = 0;
+  Items.At(ItemIndex).Holes.Clear();
 }
 
 void ClearPattern(std::int16_t ItemIndex) {

@@ -52,9 +52,8 @@ std::optional<std::string> LengthRefusal(std::int16_t ItemIndex, std::string_vie
 // The position of the hole farthest from the left-hand end; none without holes.
 std::optional<std::int16_t> LastHolePosition(const Item& item) {
   std::optional<std::int16_t> last;
-  for (int row = 1; row <= item.HoleCount; ++row) {
-    const std::int16_t position = item.Holes.At(row).XPos;
-    last = std::max(last.value_or(position), position);
+  for (const Hole& hole : item.Holes) {
+    last = std::max(last.value_or(hole.XPos), hole.XPos);
   }
   return last;
 }

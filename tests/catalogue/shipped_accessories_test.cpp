@@ -62,7 +62,7 @@ TEST_F(ShippedCatalogue, shows_descriptions_for_some_type_1_accessories_and_not_
 TEST_F(ShippedCatalogue, gives_every_type_1_accessory_sizes_that_fit_the_list) {
   for (int row = 1; row <= AccType1Count; ++row) {
     const AccDef& accessory = AccDefs.At(row);
-    EXPECT_GE(accessory.ParamCount, 1) << accessory.Name;
+    EXPECT_GE(accessory.ParamCount(), 1) << accessory.Name;
     std::set<std::string> codes;
     for (const std::string& code : accessory.ParamNames) {
       ExpectPlainName(code);
@@ -102,7 +102,7 @@ TEST_F(ShippedCatalogue, keeps_the_purlin_sleeves_in_row_6_with_the_product_firs
 }
 
 TEST_F(ShippedCatalogue, keeps_a_type_2_accessory_in_row_7_that_calls_for_a_CAM_file) {
-  EXPECT_GT(AccDefs.At(7).ParamCount, 2);
+  EXPECT_GT(AccDefs.At(7).ParamCount(), 2);
   EXPECT_EQ(AccDefs.At(7).IsType1, False);
 }
 
@@ -123,7 +123,7 @@ TEST_F(ShippedCatalogue, keeps_in_row_9_an_accessory_whose_kind_stands_behind_it
   // Its first value follows the text in the list, and the two behind it default to 0.
   const AccDef& accessory = AccDefs.At(9);
   EXPECT_FALSE(accessory.Option.empty());
-  EXPECT_EQ(accessory.ParamCount, 5);
+  EXPECT_EQ(accessory.ParamCount(), 5);
   for (const std::string& kind : ChoicesOf(9, 3)) {
     EXPECT_LT(accessory.Option.size() + 1 + kind.size(), 35U) << kind;
   }
@@ -164,10 +164,10 @@ TEST_F(ShippedCatalogue, has_type_2_accessories_with_and_without_groups_choices_
     const AccDef& accessory = AccDefs.At(row);
     grouped += accessory.Groups.Empty() ? 0 : 1;
     withChoices += std::any_of(accessory.Options.begin(), accessory.Options.end(),
-                               [](const AccParamOptions& o) { return o.OptionCount > 0; })
+                               [](const AccParamOptions& o) { return o.OptionCount() > 0; })
                        ? 1
                        : 0;
-    bare += accessory.ParamCount == 2 ? 1 : 0;
+    bare += accessory.ParamCount() == 2 ? 1 : 0;
   }
   EXPECT_GE(grouped, 2);
   EXPECT_LT(grouped, AccType2Count);
@@ -185,7 +185,7 @@ TEST_F(ShippedCatalogue, keeps_every_group_inside_the_columns_and_off_its_neighb
       EXPECT_GE(group.FirstParam, next) << accessory.Name << ": " << group.Title;
       EXPECT_GE(group.GroupValue, 1) << accessory.Name << ": " << group.Title;
       next = group.FirstParam + group.GroupValue;
-      EXPECT_LE(next - 1, accessory.ParamCount) << accessory.Name << ": " << group.Title;
+      EXPECT_LE(next - 1, accessory.ParamCount()) << accessory.Name << ": " << group.Title;
     }
   }
 }
@@ -197,7 +197,7 @@ TEST_F(ShippedCatalogue, keeps_choices_within_the_nine_columns_that_have_choice_
       const Texts choices = ChoicesOf(row, column);
       if (choices.empty()) continue;
       EXPECT_GE(column, 3) << accessory.Name;
-      EXPECT_LE(accessory.ParamCount, 9) << accessory.Name;
+      EXPECT_LE(accessory.ParamCount(), 9) << accessory.Name;
       EXPECT_GE(choices.size(), 2U) << accessory.Name;
       EXPECT_EQ(std::set<std::string>(choices.begin(), choices.end()).size(), choices.size())
           << accessory.Name;

@@ -143,17 +143,16 @@ TEST_F(ShippedCatalogue, turns_every_row_of_accs1_csv_into_its_record) {
     } else {
       EXPECT_EQ(accessory.ParamTexts.At(param), cells[1]);
       EXPECT_EQ(accessory.ParamNames.At(param), cells[2]);
-      EXPECT_LE(param, accessory.ParamCount);
+      EXPECT_LE(param, accessory.ParamCount());
     }
   }
   EXPECT_EQ(accIndex, AccType1Count);
   int params = 0;
   for (int row = 1; row <= AccType1Count; ++row) {
-    EXPECT_EQ(AccDefs.At(row).ParamCount, AccDefs.At(row).ParamNames.UBound());
-    EXPECT_EQ(AccDefs.At(row).ParamCount, AccDefs.At(row).ParamTexts.UBound());
+    EXPECT_EQ(AccDefs.At(row).ParamCount(), AccDefs.At(row).ParamTexts.UBound());
     EXPECT_EQ(AccDefs.At(row).IsType1, True);
     EXPECT_EQ(AccDefs.At(row).HasParamColumn, False);
-    params += AccDefs.At(row).ParamCount;
+    params += AccDefs.At(row).ParamCount();
   }
   EXPECT_EQ(static_cast<std::size_t>(params), RowsOf("accs1.csv", "I").size());
 }
@@ -203,12 +202,10 @@ TEST_F(ShippedCatalogue, turns_every_row_of_accs2_csv_into_its_record) {
     EXPECT_EQ(accessory.IsType1, False);
     EXPECT_EQ(accessory.ParamNames.At(1), "Mark");
     EXPECT_EQ(accessory.ParamNames.At(2), "No.Off");
-    EXPECT_EQ(accessory.ParamCount, accessory.ParamNames.UBound());
-    columns += static_cast<std::size_t>(accessory.ParamCount - 2);
+    columns += static_cast<std::size_t>(accessory.ParamCount() - 2);
     groups += static_cast<std::size_t>(accessory.Groups.UBound());
     for (const AccParamOptions& options : accessory.Options) {
-      EXPECT_EQ(options.OptionCount, options.OptionTexts.UBound());
-      choices += static_cast<std::size_t>(options.OptionCount);
+      choices += static_cast<std::size_t>(options.OptionCount());
     }
   }
   EXPECT_EQ(columns, RowsOf("accs2.csv", "P").size());

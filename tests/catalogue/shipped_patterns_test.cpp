@@ -176,7 +176,7 @@ TEST_F(ShippedCatalogue, punches_every_pattern_on_a_product_of_its_family) {
 
     int holes = 0;
     for (const std::string& code : CodesOf(row)) holes += known.at(code);
-    EXPECT_EQ(item.HoleCount, holes) << row.Name;
+    EXPECT_EQ(item.HoleCount(), holes) << row.Name;
     std::set<int> places;
     for (const Hole& hole : item.Holes) {
       EXPECT_GE(hole.XPos, 32) << row.Name;

@@ -24,14 +24,13 @@ std::string Type1Text(const AccDef& row) {
   EXPECT_EQ(row.Option, "");
   EXPECT_TRUE(row.Groups.Empty());
   EXPECT_TRUE(row.Options.Empty());
-  EXPECT_EQ(row.ParamCount, row.ParamNames.UBound());
-  EXPECT_EQ(row.ParamCount, row.ParamTexts.UBound());
+  EXPECT_EQ(row.ParamCount(), row.ParamTexts.UBound());
   EXPECT_EQ(row.ParamNames.At(0), "");
   EXPECT_EQ(row.ParamTexts.At(0), "");
   std::string text = row.Name + "|" + row.DrawingFile + "|" + ShortestText(row.Value1) + " " +
                      ShortestText(row.Value2) + " " + ShortestText(row.Value3) +
                      (row.Flag == True ? "|Y|" : "|N|");
-  for (int param = 1; param <= row.ParamCount; ++param) {
+  for (int param = 1; param <= row.ParamCount(); ++param) {
     text += "[" + row.ParamTexts.At(param) + "=" + row.ParamNames.At(param) + "]";
   }
   return text;
@@ -43,16 +42,14 @@ std::string Type2Text(const AccDef& row) {
   EXPECT_EQ(row.IsType1, False);
   EXPECT_EQ(row.Flag, False);
   EXPECT_TRUE(row.ParamTexts.Empty());
-  EXPECT_EQ(row.ParamCount, row.ParamNames.UBound());
-  EXPECT_EQ(row.Options.UBound(), row.ParamCount > 2 ? row.ParamCount : 0);
+  EXPECT_EQ(row.Options.UBound(), row.ParamCount() > 2 ? row.ParamCount() : 0);
   std::string text = row.Name + "|" + row.DrawingFile + "|" + ShortestText(row.Value1) + " " +
                      ShortestText(row.Value2) + " " + ShortestText(row.Value3) + "|" + row.Option +
                      "|";
-  for (int param = 1; param <= row.ParamCount; ++param) {
+  for (int param = 1; param <= row.ParamCount(); ++param) {
     text += "[" + row.ParamNames.At(param);
     if (param <= row.Options.UBound()) {
       const AccParamOptions& options = row.Options.At(param);
-      EXPECT_EQ(options.OptionCount, options.OptionTexts.UBound());
       for (const std::string& choice : options.OptionTexts) text += "/" + choice;
     }
     text += "]";
@@ -103,7 +100,7 @@ TEST_F(AccessoryCatalogues, accs1_reads_an_accessory_and_its_sizes) {
 
 TEST_F(AccessoryCatalogues, accs1_starts_an_accessory_without_sizes) {
   EXPECT_EQ(Type1Of("A,N,D,1,2,3,Y\n"), (Texts{"N|D|1 2 3|Y|"}));
-  EXPECT_EQ(AccDefs.At(1).ParamCount, 0);
+  EXPECT_EQ(AccDefs.At(1).ParamCount(), 0);
 }
 
 TEST_F(AccessoryCatalogues, accs1_takes_only_a_Y_of_either_case_for_the_flag) {
@@ -195,19 +192,19 @@ TEST_F(AccessoryCatalogues, accs2_reads_an_accessory_with_columns_choices_and_gr
 
 TEST_F(AccessoryCatalogues, accs2_starts_an_accessory_with_mark_and_number_off) {
   EXPECT_EQ(Type2Of("A,N,D,1,2,3,T\n"), (Texts{"N|D|1 2 3|T|[Mark][No.Off]|"}));
-  EXPECT_EQ(AccDefs.At(1).ParamCount, 2);
+  EXPECT_EQ(AccDefs.At(1).ParamCount(), 2);
   EXPECT_EQ(AccDefs.At(1).Options.UBound(), 0);
 }
 
 TEST_F(AccessoryCatalogues, accs2_gives_each_column_an_option_row_of_its_own_number) {
   ASSERT_TRUE(Load2("A,N,D,1,2,3,T\nP,X\n"));
-  ASSERT_EQ(AccDefs.At(1).ParamCount, 3);
+  ASSERT_EQ(AccDefs.At(1).ParamCount(), 3);
   ASSERT_EQ(AccDefs.At(1).Options.UBound(), 3);
-  EXPECT_EQ(AccDefs.At(1).Options.At(3).OptionCount, 0);
+  EXPECT_EQ(AccDefs.At(1).Options.At(3).OptionCount(), 0);
   EXPECT_TRUE(AccDefs.At(1).Options.At(3).OptionTexts.Empty());
   ASSERT_TRUE(Load2("A,N,D,1,2,3,T\nP,X\nO,a\nP,Y\nO,b\nO,c\n"));
-  EXPECT_EQ(AccDefs.At(1).Options.At(3).OptionCount, 1);
-  EXPECT_EQ(AccDefs.At(1).Options.At(4).OptionCount, 2);
+  EXPECT_EQ(AccDefs.At(1).Options.At(3).OptionCount(), 1);
+  EXPECT_EQ(AccDefs.At(1).Options.At(4).OptionCount(), 2);
   EXPECT_EQ(AccDefs.At(1).Options.At(4).OptionTexts.At(2), "c");
 }
 

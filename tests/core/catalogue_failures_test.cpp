@@ -151,12 +151,12 @@ TEST_F(CatalogueFailures, a_row_cut_off_by_the_end_of_the_file_is_told_and_not_s
 
 TEST_F(CatalogueFailures, a_half_read_size_column_or_group_is_not_stored) {
   EXPECT_FALSE(LoadAccessories1(TempFile("accs1.csv", "A,N,D,1,2,3,Y\nI,t")));
-  EXPECT_EQ(AccDefs.At(1).ParamCount, 0);
+  EXPECT_EQ(AccDefs.At(1).ParamCount(), 0);
   EXPECT_EQ(AccDefs.At(1).ParamTexts.UBound(), 0);
   EXPECT_EQ(AccDefs.At(1).ParamNames.UBound(), 0);
   EXPECT_FALSE(LoadAccessories2(TempFile("accs2.csv", "A,N,D,1,2,3,T\nG,g,x\n")));
   EXPECT_EQ(AccDefs.At(2).Groups.UBound(), 0);
-  EXPECT_EQ(AccDefs.At(2).ParamCount, 2);
+  EXPECT_EQ(AccDefs.At(2).ParamCount(), 2);
 }
 
 TEST_F(CatalogueFailures, a_quote_that_never_closes_runs_to_the_end_of_the_file) {
@@ -229,9 +229,9 @@ TEST_F(CatalogueFailures, a_faulty_accessory_is_not_appended_and_the_counts_stay
                "A,N1,D,1,2,3,Y\nI,t,c\nA,N2,D,4,5,6,N\nA,N3,D,7,x,9,Y\nI,u,d\nA,N4,D,0,0,0,N\n")));
   EXPECT_EQ(AccType1Count, 2);
   ASSERT_EQ(AccDefs.UBound(), 2);
-  EXPECT_EQ(AccDefs.At(1).ParamCount, 1);
+  EXPECT_EQ(AccDefs.At(1).ParamCount(), 1);
   EXPECT_EQ(AccDefs.At(2).Name, "N2");
-  EXPECT_EQ(AccDefs.At(2).ParamCount, 0);
+  EXPECT_EQ(AccDefs.At(2).ParamCount(), 0);
 
   EXPECT_FALSE(LoadAccessories2(
       TempFile("accs2.csv", "A,M1,D,1,2,3,T\nP,X\nO,a\nA,M2,D,4,5,99999,T\nP,Y\n")));
@@ -239,7 +239,7 @@ TEST_F(CatalogueFailures, a_faulty_accessory_is_not_appended_and_the_counts_stay
   EXPECT_EQ(AccType2Count, 1);
   ASSERT_EQ(AccDefs.UBound(), 3);
   EXPECT_EQ(AccDefs.At(3).Name, "M1");
-  EXPECT_EQ(AccDefs.At(3).ParamCount, 3);
+  EXPECT_EQ(AccDefs.At(3).ParamCount(), 3);
   EXPECT_EQ(AccDefs.At(3).Options.At(3).OptionTexts.At(1), "a");
 }
 
@@ -258,7 +258,7 @@ TEST_F(CatalogueFailures, a_row_before_the_first_accessory_of_its_file_is_an_err
         << row;
     EXPECT_EQ(AccType2Count, 0);
     ASSERT_EQ(AccDefs.UBound(), 1);
-    EXPECT_EQ(AccDefs.At(1).ParamCount, 1);
+    EXPECT_EQ(AccDefs.At(1).ParamCount(), 1);
     EXPECT_TRUE(AccDefs.At(1).Groups.Empty());
     EXPECT_TRUE(AccDefs.At(1).Options.Empty());
   }
@@ -267,13 +267,13 @@ TEST_F(CatalogueFailures, a_row_before_the_first_accessory_of_its_file_is_an_err
 TEST_F(CatalogueFailures, a_choice_before_the_first_column_of_its_accessory_is_an_error) {
   EXPECT_EQ(DescriptionOf(Readers[3], "A,N,D,1,2,3,T\nO,a\nP,X\n"),
             "Subscript out of range (row 2, column 1)");
-  EXPECT_EQ(AccDefs.At(1).ParamCount, 2);
+  EXPECT_EQ(AccDefs.At(1).ParamCount(), 2);
   EXPECT_TRUE(AccDefs.At(1).Options.Empty());
   // The columns of the accessory before don't count.
   EXPECT_EQ(DescriptionOf(Readers[3], "A,N,D,1,2,3,T\nP,X\nO,a\nA,M,D,1,2,3,T\nG,g,1\nO,b\n"),
             "Subscript out of range (row 6, column 1)");
   EXPECT_EQ(AccType2Count, 2);
-  EXPECT_EQ(AccDefs.At(1).Options.At(3).OptionCount, 1);
+  EXPECT_EQ(AccDefs.At(1).Options.At(3).OptionCount(), 1);
   EXPECT_EQ(AccDefs.At(2).Groups.UBound(), 1);
 }
 

@@ -22,7 +22,7 @@ template <class Field>
 constexpr bool Is64BitFloat = std::is_same_v<Field, double>;
 
 static_assert(Is16Bit<decltype(Item::Length)> && Is16Bit<decltype(Item::Quantity)> &&
-              Is16Bit<decltype(Item::HoleCount)> && Is16Bit<decltype(Item::NotchCount)> &&
+              Is16Bit<decltype(Item().HoleCount())> && Is16Bit<decltype(Item().NotchCount())> &&
               Is16Bit<decltype(Item::CustomHoleCount)> && Is16Bit<decltype(Item::JointingPieces)> &&
               Is16Bit<decltype(Item::SagBarDia)>);
 static_assert(Is32BitFloat<decltype(Item::MitreLeft)> && Is32BitFloat<decltype(Item::MitreRight)>);
@@ -34,15 +34,15 @@ static_assert(Is32BitFloat<decltype(Notch::Size1)> && Is32BitFloat<decltype(Notc
 static_assert(Is16Bit<decltype(AccLine1::AccIndex)> && Is16Bit<decltype(AccLine1::ParamIndex)> &&
               Is16Bit<decltype(AccLine1::Qty)> && Is16Bit<decltype(AccLine1::Param)>);
 static_assert(Is16Bit<decltype(AccLine2::AccIndex)> && Is16Bit<decltype(AccLine2::NoOff)> &&
-              Is16Bit<decltype(AccLine2::ValueCount)>);
+              Is16Bit<decltype(AccLine2().ValueCount())>);
 static_assert(Is64BitFloat<decltype(SectionDim::Dim3)> &&
               Is64BitFloat<decltype(SectionDim::Dim14)>);
 static_assert(Is16Bit<decltype(PunchPattern::HasSagBars)> &&
               Is16Bit<decltype(PunchPattern::Starred)> && Is16Bit<decltype(AccDef::Flag)> &&
               Is16Bit<decltype(AccDef::IsType1)> && Is16Bit<decltype(AccDef::HasParamColumn)>);
-static_assert(Is16Bit<decltype(AccDef::Value1)> && Is16Bit<decltype(AccDef::ParamCount)> &&
+static_assert(Is16Bit<decltype(AccDef::Value1)> && Is16Bit<decltype(AccDef().ParamCount())> &&
               Is16Bit<decltype(AccGroup::FirstParam)> && Is16Bit<decltype(AccGroup::GroupValue)> &&
-              Is16Bit<decltype(AccParamOptions::OptionCount)>);
+              Is16Bit<decltype(AccParamOptions().OptionCount())>);
 static_assert(Is16Bit<decltype(LeftMargin)> && Is16Bit<decltype(BottomMargin)> &&
               Is16Bit<decltype(CurrentItem)> && Is16Bit<decltype(CurrentAcc)> &&
               Is16Bit<decltype(ProjectDirty)> && Is16Bit<decltype(DrawingWidth)> &&
@@ -106,13 +106,37 @@ TEST_F(Model, ResetModel_takes_everything_back_to_the_start) {
   ExpectFresh();
 }
 
+TEST_F(Model, A_count_is_that_of_its_table_and_overflows_beyond_16_bits) {
+  Item item;
+  item.Holes.At(0).XPos = 6000;  // element 0 is no row
+  EXPECT_EQ(item.HoleCount(), 0);
+  item.Holes.Resize(2);
+  item.Notches.Resize(3);
+  EXPECT_EQ(item.HoleCount(), 2);
+  EXPECT_EQ(item.NotchCount(), 3);
+  AccLine2 line;
+  line.Values.Resize(4);
+  EXPECT_EQ(line.ValueCount(), 4);
+  AccDef accessory;
+  accessory.ParamNames.Resize(5);
+  EXPECT_EQ(accessory.ParamCount(), 5);
+  AccParamOptions options;
+  options.OptionTexts.Resize(6);
+  EXPECT_EQ(options.OptionCount(), 6);
+
+  item.Notches.Resize(32767);
+  EXPECT_EQ(item.NotchCount(), 32767);
+  item.Notches.Resize(32768);
+  EXPECT_EQ(orvane::test::ErrorOf([&] { item.NotchCount(); }), "Overflow");
+}
+
 TEST_F(Model, a_blank_item_has_hole_and_notch_tables_with_element_0_only) {
   const Item item;
-  EXPECT_EQ(item.HoleCount, 0);
+  EXPECT_EQ(item.HoleCount(), 0);
   EXPECT_EQ(item.Holes.UBound(), 0);
   EXPECT_EQ(item.Holes.At(0).Kind, "");
   EXPECT_EQ(item.Holes.At(0).XPos, 0);
-  EXPECT_EQ(item.NotchCount, 0);
+  EXPECT_EQ(item.NotchCount(), 0);
   EXPECT_EQ(item.Notches.UBound(), 0);
   EXPECT_EQ(item.DateText, "");
 }

@@ -66,7 +66,6 @@ AccDef& AddType1(const std::string& name, const std::vector<SizeOfTest>& sizes) 
     accessory.ParamTexts.Append(size.Text);
     accessory.ParamNames.Append(size.Code);
   }
-  accessory.ParamCount = Int16(accessory.ParamNames.UBound());
   return accessory;
 }
 
@@ -75,7 +74,6 @@ AccDef& AddType2(const std::string& name, const std::vector<std::string>& column
   accessory.ParamNames.Append("Mark");
   accessory.ParamNames.Append("No.Off");
   for (const std::string& column : columns) accessory.ParamNames.Append(column);
-  accessory.ParamCount = Int16(accessory.ParamNames.UBound());
   return accessory;
 }
 

@@ -269,7 +269,7 @@ TEST_F(ShippedAccessories, each_picture_leaves_room_for_five_lines_at_least) {
   for (int row = AccType1Count + 1; row <= AccDefs.UBound(); ++row) {
     CurrentAcc = Int16(row);
     const AccDef& accessory = AccDefs.At(row);
-    Draw(NumberedRows(5, accessory.ParamCount - 2));
+    Draw(NumberedRows(5, accessory.ParamCount() - 2));
     EXPECT_TRUE(LinesOf("NewPage").empty()) << accessory.Name;
     EXPECT_EQ(LinesOf("StartTable").size(), 2U) << accessory.Name;
     ++count;
@@ -283,9 +283,9 @@ TEST_F(ShippedAccessories, all_sizes_of_type_1_stand_above_the_strip) {
     CurrentAcc = Int16(row);
     const AccDef& accessory = AccDefs.At(row);
     TextRows rows;
-    for (int size = 1; size <= accessory.ParamCount; ++size) rows.Append({}).Append("9999");
+    for (int size = 1; size <= accessory.ParamCount(); ++size) rows.Append({}).Append("9999");
     Draw(rows);
-    EXPECT_LE(LastOf("CurrentY") + 5 * (accessory.ParamCount + 1), 167) << accessory.Name;
+    EXPECT_LE(LastOf("CurrentY") + 5 * (accessory.ParamCount() + 1), 167) << accessory.Name;
   }
 }
 
@@ -293,10 +293,10 @@ TEST_F(ShippedAccessories, pictures_and_tables_stay_between_the_margins) {
   for (int row = 1; row <= AccDefs.UBound(); ++row) {
     CurrentAcc = Int16(row);
     const AccDef& accessory = AccDefs.At(row);
-    TextRows rows = NumberedRows(1, accessory.ParamCount - 2);
+    TextRows rows = NumberedRows(1, accessory.ParamCount() - 2);
     if (accessory.IsType1) {
       rows = {};
-      for (int size = 1; size <= accessory.ParamCount; ++size) rows.Append({}).Append("1");
+      for (int size = 1; size <= accessory.ParamCount(); ++size) rows.Append({}).Append("1");
     }
     Draw(rows);
     EXPECT_GE(LastOf("TableIndent"), 0) << accessory.Name;
@@ -322,7 +322,7 @@ TEST_F(ShippedAccessories, each_picture_names_the_columns_that_it_stands_over) {
   for (const AccDef& accessory : AccDefs) {
     if (accessory.DrawingFile == "None") continue;
     const std::string texts = textsOf(accessory);
-    for (int column = 3; !accessory.IsType1 && column <= accessory.ParamCount; ++column) {
+    for (int column = 3; !accessory.IsType1 && column <= accessory.ParamCount(); ++column) {
       const std::string& name = accessory.ParamNames.At(column);
       EXPECT_NE(texts.find(name), std::string::npos) << accessory.Name << ": " << name;
       ++count;
@@ -337,7 +337,7 @@ TEST_F(ShippedAccessories, groups_end_within_their_columns) {
     for (const AccGroup& group : accessory.Groups) {
       EXPECT_GE(group.FirstParam, next) << accessory.Name;
       next = group.FirstParam + group.GroupValue;
-      EXPECT_LE(next - 1, accessory.ParamCount) << accessory.Name;
+      EXPECT_LE(next - 1, accessory.ParamCount()) << accessory.Name;
     }
   }
 }

@@ -34,7 +34,6 @@ class DrawSectionTest : public SheetTest {
       hole.W1 = "y";
       hole.Diameter = 18;
     }
-    item.HoleCount = 2;
     item.CustomHoleCount = 2;
     Items.Append(item);
     DrawingWidth = 228;

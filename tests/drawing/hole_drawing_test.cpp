@@ -26,7 +26,6 @@ class HoleDrawingTest : public test::ElevationTest {
     const int last = item.Holes.UBound();
     const double gap = XPos - (last > 0 ? item.Holes.At(last).XPos : 0);
     item.Holes.Append(Placed(std::move(hole), XPos, gap, DrawGap < 0 ? gap : DrawGap));
-    item.HoleCount = Int16(item.Holes.UBound());
     item.Holes.At(0) = Placed({}, item.Length, item.Length - XPos, item.Length - XPos);
   }
 
@@ -207,7 +206,6 @@ TEST_F(HoleDrawingTest, A_hole_at_the_sections_end_leaves_no_last_gap) {
 TEST_F(HoleDrawingTest, Holes_whose_gaps_are_not_known_yet_stand_at_the_left_end) {
   TheItem().Holes.Append(Placed(web, 500, 0, 0));
   TheItem().Holes.Append(Placed(web, 900, 0, 0));
-  TheItem().HoleCount = 2;
   DrawHoles(surface, 1, dim);
   EXPECT_EQ(LinesOf("DrawCircle"),
             (Lines{"DrawCircle 55mm 110mm 0.9mm", "DrawCircle 55mm 110mm 0.9mm"}));

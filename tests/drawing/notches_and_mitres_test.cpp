@@ -17,7 +17,6 @@ class NotchesTest : public test::ElevationTest {
  protected:
   void Add(const std::string& code, float size1, float size2, float size3 = 0) {
     TheItem().Notches.Append({code, size1, size2, size3});
-    TheItem().NotchCount = Int16(TheItem().Notches.UBound());
   }
 
   std::string Drawn() {

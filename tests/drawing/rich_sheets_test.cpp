@@ -303,7 +303,6 @@ Item ItemOf(const RichSection& section) {
   item.MitreRight = section.MitreRight;
   for (const Notch& notch : section.Notches) {
     item.Notches.Append(notch);
-    ++item.NotchCount;
   }
   for (const RichHole& row : section.Holes) {
     Hole hole;
@@ -317,7 +316,6 @@ Item ItemOf(const RichSection& section) {
     hole.SlotLength = row.SlotLength;
     hole.CounterSunk = row.CounterSunk;
     item.Holes.Append(hole);
-    ++item.HoleCount;
     if (row.Kind == CustomKind) ++item.CustomHoleCount;
   }
   return item;

@@ -39,9 +39,9 @@ std::set<std::string> KnownCodes() {
       pattern.Codes = {letter, digit};
       pattern.Name = pattern.Codes;
       PunchPatterns.Append(pattern);
-      const std::int16_t before = Items.At(1).HoleCount;
+      const std::int16_t before = Items.At(1).HoleCount();
       ExpandPattern(pattern.Name, 1);
-      if (Items.At(1).HoleCount > before) known.insert(pattern.Codes);
+      if (Items.At(1).HoleCount() > before) known.insert(pattern.Codes);
     }
   }
   return known;

@@ -115,7 +115,7 @@ TEST_F(CamFileTest, It_changes_nothing_in_the_model) {
   Items.At(1).PatternName = "P1";
   ProjectDirty = False;
   Blocks();
-  EXPECT_EQ(Items.At(1).HoleCount, 1);
+  EXPECT_EQ(Items.At(1).HoleCount(), 1);
   EXPECT_EQ(Items.At(1).Holes.At(1).XPos, 10);
   EXPECT_EQ(ProjectDirty, False);
 }

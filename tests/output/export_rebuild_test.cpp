@@ -52,7 +52,7 @@ TEST_F(RebuildTest, Stale_pattern_holes_are_made_afresh_and_stay_in_the_model) {
                                HoleLine("5968      n y y n 18"), HoleLine("5893      n y y n 18"),
                                HoleLine("3000      y y y n 18"), HoleLine("107       n y y n 18"),
                                HoleLine("32        n y y n 18"), "0.0 0.0", "0", ""}));
-  ASSERT_EQ(Items.At(1).HoleCount, 5);
+  ASSERT_EQ(Items.At(1).HoleCount(), 5);
   EXPECT_EQ(Items.At(1).Holes.At(2).XPos, 107);
   EXPECT_EQ(ProjectDirty, False);
 }
@@ -129,7 +129,7 @@ TEST_F(RebuildTest, Before_anything_was_drawn_the_export_needs_no_gaps) {
   Items.Append(item);
   DrawingWidth = 0;
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(Items.At(1).HoleCount, 5);
+  EXPECT_EQ(Items.At(1).HoleCount(), 5);
   for (const Hole& hole : Items.At(1).Holes) EXPECT_EQ(hole.RelX, 0);
 }
 

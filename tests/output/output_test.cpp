@@ -65,12 +65,10 @@ Item MakeItem(const std::string& sectionType, const std::string& mark, std::int1
 
 void AddHoles(Item& item, std::initializer_list<Hole> holes) {
   for (const Hole& hole : holes) item.Holes.Append(hole);
-  item.HoleCount = static_cast<std::int16_t>(item.Holes.UBound());
 }
 
 void AddNotches(Item& item, std::initializer_list<Notch> notches) {
   for (const Notch& notch : notches) item.Notches.Append(notch);
-  item.NotchCount = static_cast<std::int16_t>(item.Notches.UBound());
 }
 
 AccLine1 MakeLine1(int accIndex, int paramIndex, int qty) {
@@ -87,7 +85,6 @@ AccLine2 MakeLine2(int accIndex, const std::string& mark, int noOff,
   line.AccIndex = Int16(accIndex);
   line.Mark = mark;
   line.NoOff = Int16(noOff);
-  line.ValueCount = static_cast<std::int16_t>(values.size());
   for (const std::string& value : values) line.Values.Append(value);
   return line;
 }
@@ -153,7 +150,6 @@ void OutputTest::AddAccessories() {
         accessory.ParamNames.Append(heading);
       }
     }
-    accessory.ParamCount = static_cast<std::int16_t>(accessory.ParamNames.UBound());
     AccDefs.Append(std::move(accessory));
   }
   AccType1Count = 5;

@@ -63,7 +63,7 @@ void PrintTest::AddCustomPurlin(const std::string& mark, std::int16_t length,
                                 const std::vector<std::int16_t>& holes) {
   Item item = MakeItem("Z", mark, length);
   for (const std::int16_t x : holes) AddHoles(item, {MakeHole(x, 18)});
-  item.CustomHoleCount = item.HoleCount;
+  item.CustomHoleCount = item.HoleCount();
   Items.Append(item);
 }
 

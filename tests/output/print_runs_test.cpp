@@ -215,7 +215,7 @@ TEST_F(PrintRunsTest, A_run_that_is_called_off_shows_nothing_and_leaves_the_tabl
     EXPECT_EQ(static_cast<int>(screen.Steps.size()), step);
     EXPECT_EQ(DrawingWidth, 100);
     EXPECT_EQ(HolesOf(1), (std::vector<std::int16_t>{50}));
-    EXPECT_EQ(Items.At(1).HoleCount, 1);
+    EXPECT_EQ(Items.At(1).HoleCount(), 1);
     EXPECT_EQ(HolesOf(2), (std::vector<std::int16_t>{3000, 100}));
     EXPECT_EQ(Items.At(2).Holes.At(1).RelX, 0);
     EXPECT_EQ(HolesOf(3), std::vector<std::int16_t>{});

@@ -27,7 +27,7 @@ class SectionBlockTest : public OutputTest {
 
   // The lines of the item's notches; it must have no holes.
   static std::vector<std::string> NotchLinesOf(const Item& item) {
-    return LinesOf(item, 8, item.NotchCount);
+    return LinesOf(item, 8, item.NotchCount());
   }
 
   static std::vector<std::string> LinesOf(const Item& item, int before, int count) {
@@ -169,12 +169,11 @@ TEST_F(SectionBlockTest, The_end_sentinel_in_row_0_is_never_written) {
                                 HoleLine("450       n y y n 18"), "0.0 0.0", "0", ""}));
 }
 
-TEST_F(SectionBlockTest, Hole_lines_follow_the_list_and_the_count_line_its_own_field) {
+TEST_F(SectionBlockTest, Hole_lines_follow_the_list_and_the_count_line_counts_them) {
   Item item = MakeItem("C", "C1", 900);
   AddHoles(item, {MakeHole(10, 18), MakeHole(20, 18)});
-  item.HoleCount = 7;
   EXPECT_EQ(Block(item),
-            Lines({"C-SECTION", "C1", "X20018", "1", "900", "7", HoleLine("10        n y y n 18"),
+            Lines({"C-SECTION", "C1", "X20018", "1", "900", "2", HoleLine("10        n y y n 18"),
                    HoleLine("20        n y y n 18"), "0.0 0.0", "0", ""}));
 }
 
@@ -362,27 +361,23 @@ TEST_F(SectionBlockTest, A_purlins_notch_of_an_unknown_code_stands_as_stored) {
             (TextList{"BR2   50 100 7", "tl1   50 100", "      50 100", "ABCDE 50 100"}));
 }
 
-TEST_F(SectionBlockTest, Only_the_counted_notches_are_written) {
+TEST_F(SectionBlockTest, Notches_are_counted_in_front_of_their_lines) {
   Item item = MakeItem("C", "C1", 900);
+  EXPECT_EQ(Block(item), Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0", "0", ""}));
   AddNotches(item, {MakeNotch("TL1", 1, 2, 0), MakeNotch("TR1", 1, 2, 0)});
-  item.NotchCount = 1;
-  EXPECT_EQ(Block(item),
-            Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0", "1", "TL1   1 2", ""}));
-  item.NotchCount = -1;
-  EXPECT_EQ(Block(item),
-            Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0", "-1", ""}));
+  EXPECT_EQ(Block(item), Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0", "2",
+                                "TL1   1 2", "TR1   1 2", ""}));
 }
 
-TEST_F(SectionBlockTest, A_missing_notch_cuts_the_file_behind_the_notches_there_are) {
+TEST_F(SectionBlockTest, Notches_that_16_bits_can_t_count_cut_the_file_before_their_count) {
   Item item = MakeItem("C", "C1", 900);
-  AddNotches(item, {MakeNotch("TL1", 1, 2, 0)});
-  item.NotchCount = 2;
+  item.Notches.Resize(32768);
   Items.Append(item);
   const FactoryFile file = CamFile(desktop.Present);
-  EXPECT_EQ(file.Text, CamHeader + Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0",
-                                          "2", "TL1   1 2"}));
+  EXPECT_EQ(file.Text,
+            CamHeader + Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0"}));
   ASSERT_TRUE(file.Error);
-  EXPECT_EQ(file.Error->Description(), "Subscript out of range");
+  EXPECT_EQ(file.Error->Description(), "Overflow");
 }
 
 TEST_F(SectionBlockTest, A_figure_without_a_text_cuts_the_file_before_its_line) {

@@ -30,7 +30,6 @@ class AccessoryLinesTest : public test::SystemTest {
     line.Mark = mark;
     line.NoOff = Int16(noOff);
     line.Values.Append(mark + "!");
-    line.ValueCount = 1;
     AccLines2.Append(line);
   }
 

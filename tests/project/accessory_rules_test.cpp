@@ -49,8 +49,7 @@ class AccessoryRulesTest : public test::SystemTest {
     for (int index = 1; index <= 12; ++index) {
       AccDef& accessory = AccDefs.At(index);
       accessory.IsType1 = ToBoolean(index <= 3);
-      accessory.ParamCount = index <= 3 ? 3 : index == 4 ? 2 : 9;
-      accessory.ParamNames.Resize(accessory.ParamCount);
+      accessory.ParamNames.Resize(index <= 3 ? 3 : index == 4 ? 2 : 9);
     }
     MaxDims.At(4) = 3050;
   }
@@ -66,7 +65,6 @@ class AccessoryRulesTest : public test::SystemTest {
     line.Mark = mark;
     line.NoOff = Int16(noOff);
     for (const std::string& value : values) line.Values.Append(value);
-    line.ValueCount = Int16(line.Values.UBound());
     AccLines2.Append(line);
     AccUsed.At(accIndex) = True;
   }
@@ -86,7 +84,7 @@ class AccessoryRulesTest : public test::SystemTest {
     Row lines;
     for (const AccLine2& line : AccLines2) {
       std::string text = std::to_string(line.AccIndex) + "/" + line.Mark + "/" +
-                         std::to_string(line.NoOff) + "/" + std::to_string(line.ValueCount);
+                         std::to_string(line.NoOff) + "/" + std::to_string(line.ValueCount());
       for (const std::string& value : line.Values) text += "|" + value;
       lines.push_back(text);
     }
@@ -130,7 +128,7 @@ TEST_F(AccessoryRulesTest, A_size_that_the_catalogue_no_longer_has_is_skipped) {
 }
 
 TEST_F(AccessoryRulesTest, An_accessory_without_sizes_shows_no_rows) {
-  AccDefs.At(2).ParamCount = 0;
+  AccDefs.At(2).ParamNames.Clear();
   Add1(2, 1, 9);
   EXPECT_EQ(FromRows(AccessoryRows(2)), Rows{});
 }
@@ -237,7 +235,7 @@ TEST_F(AccessoryRulesTest, An_empty_table_clears_the_accessory) {
 }
 
 TEST_F(AccessoryRulesTest, Lines_come_back_sorted_by_mark_in_character_order) {
-  AccDefs.At(6).ParamCount = 2;
+  AccDefs.At(6).ParamNames.Resize(2);
   StoreType2Lines(6, ToRows({{"a1", "1"}, {"B1", "2"}, {"A9", "3"}, {"A10", "4"}, {"B1", "5"}}));
   EXPECT_EQ(Lines2(), (Row{"6/A10/4/0", "6/A9/3/0", "6/B1/2/0", "6/B1/5/0", "6/a1/1/0"}));
 }
@@ -248,7 +246,7 @@ TEST_F(AccessoryRulesTest, Mark_and_number_alone_make_a_line_without_values) {
 }
 
 TEST_F(AccessoryRulesTest, A_number_off_is_read_as_far_as_it_is_a_number) {
-  AccDefs.At(6).ParamCount = 2;
+  AccDefs.At(6).ParamNames.Resize(2);
   StoreType2Lines(6, ToRows({{"A", ""}, {"B", "12x"}, {"C", "none"}}));
   EXPECT_EQ(Lines2(), (Row{"6/A/0/0", "6/B/12/0", "6/C/0/0"}));
 }

@@ -26,7 +26,6 @@ class CustomHolesTest : public SystemTest {
     hole.XPos = x;
     hole.Kind = kind;
     item.Holes.Append(hole);
-    ++item.HoleCount;
     if (kind == CustomKind) ++item.CustomHoleCount;
   }
 
@@ -374,7 +373,7 @@ TEST_F(CustomHolesTest, An_added_hole_becomes_the_last_row_and_both_counts_grow)
   Put(2000, PatternKind);
   AppendCustomHole(1, CustomHole(At("500"), 500));
   const Item& item = Items.At(1);
-  EXPECT_EQ(item.HoleCount, 3);
+  EXPECT_EQ(item.HoleCount(), 3);
   EXPECT_EQ(item.CustomHoleCount, 2);
   ASSERT_EQ(item.Holes.UBound(), 3);
   EXPECT_EQ(item.Holes.At(3).XPos, 500);
@@ -402,7 +401,7 @@ TEST_F(CustomHolesTest, An_edited_hole_replaces_its_row_and_the_counts_stay) {
   Put(400);
   ReplaceCustomHole(1, 2, CustomHole(At("450", Dia14, 3), 450));
   const Item& item = Items.At(1);
-  EXPECT_EQ(item.HoleCount, 4);
+  EXPECT_EQ(item.HoleCount(), 4);
   EXPECT_EQ(item.CustomHoleCount, 2);
   EXPECT_EQ(item.Holes.At(4).XPos, 450);
   EXPECT_EQ(Lines(item.Holes.At(4)), "n|n|n|y");

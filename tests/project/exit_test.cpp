@@ -128,9 +128,9 @@ TEST_F(SaveTest, A_failed_writing_is_told_and_has_stored_the_folder_already) {
 TEST_F(SaveTest, A_project_that_has_no_text_is_told_and_its_file_stays) {
   WriteSmallProject(JobPath());
   HoldSmallProject(JobPath());
-  Items.At(1).HoleCount = 3;  // one more than there are
+  Items.At(1).Notches.Resize(32768);  // one more than a file can count
   EXPECT_FALSE(SaveProject(False));
-  EXPECT_EQ(Events(), Log{"tell Subscript out of range"});
+  EXPECT_EQ(Events(), Log{"tell Overflow"});
   EXPECT_EQ(BytesOf(JobPath()), Joined(SmallProjectLines()));
   ExpectUnsaved(JobPath());
 }
@@ -257,12 +257,12 @@ TEST_F(ExitTest, A_second_pass_warns_again_and_does_not_ask_to_save_again) {
 }
 
 TEST_F(ExitTest, A_check_that_cannot_be_made_is_told_and_the_save_prompt_comes) {
-  FillSmallProject();
-  Items.At(1).HoleCount = 3;  // one more than there are
+  ShortenSection();
+  log.On["ask Warning"] = [] { throw RuntimeError(Failure::SubscriptOutOfRange); };
   ProjectDirty = True;
   person.Answers = {Answer::Cancel};
   EXPECT_FALSE(ExitProject());
-  EXPECT_EQ(Events(), (Log{"tell Subscript out of range", "ask Exit"}));
+  EXPECT_EQ(Events(), (Log{"ask Warning", "tell Subscript out of range", "ask Exit"}));
 }
 
 TEST_F(ExitTest, An_opened_project_asks_although_nothing_was_touched) {
@@ -325,7 +325,7 @@ TEST_F(RecoveryTest, What_goes_wrong_is_passed_over) {
   KeepRecoveredProject();
   log.On["user's data folder"] = [] { throw RuntimeError(Failure::PermissionDenied); };
   KeepRecoveredProject();
-  Items.At(1).HoleCount = 3;  // one more than there are
+  Items.At(1).Notches.Resize(32768);  // one more than a file can count
   KeepRecoveredProject();
   EXPECT_EQ(Events(), (Log{"user's data folder", "user's data folder"}));
   EXPECT_FALSE(std::filesystem::exists(Path("@/gone")));

@@ -18,7 +18,6 @@ class NotchRules : public test::SystemTest {
 
   static void AddNotch(const std::string& code, float depth, float width, float position) {
     Items.At(1).Notches.Append({code, depth, width, position});
-    ++Items.At(1).NotchCount;
   }
   static std::vector<Texts> Shown() {
     std::vector<Texts> rows;
@@ -37,7 +36,7 @@ class NotchRules : public test::SystemTest {
   static std::vector<std::string> Codes() {
     std::vector<std::string> codes;
     for (const Notch& notch : Items.At(1).Notches) codes.push_back(notch.Code);
-    EXPECT_EQ(Items.At(1).NotchCount, static_cast<int>(codes.size()));
+    EXPECT_EQ(Items.At(1).NotchCount(), static_cast<int>(codes.size()));
     return codes;
   }
 };

@@ -27,7 +27,6 @@ class OppositeHandTest : public test::SystemTest {
     hole.Kind = kind;
     Item& item = Items.At(1);
     item.Holes.Append(hole);
-    item.HoleCount = Int16(item.Holes.UBound());
     if (kind == "C") ++item.CustomHoleCount;
   }
 
@@ -39,7 +38,6 @@ class OppositeHandTest : public test::SystemTest {
     notch.Size3 = size3;
     Item& item = Items.At(1);
     item.Notches.Append(notch);
-    item.NotchCount = Int16(item.Notches.UBound());
   }
 
   static Positions PositionsOf(int row) {
@@ -55,7 +53,7 @@ TEST_F(OppositeHandTest, positions_are_measured_from_the_other_end) {
   EXPECT_EQ(CreateOppHandRow(1), 2);
   EXPECT_EQ(PositionsOf(2), (Positions{2000, 2968}));
   EXPECT_EQ(PositionsOf(1), (Positions{32, 1000}));
-  EXPECT_EQ(Items.At(2).HoleCount, 2);
+  EXPECT_EQ(Items.At(2).HoleCount(), 2);
   EXPECT_EQ(ProjectDirty, True);
 }
 
@@ -211,7 +209,7 @@ TEST_F(OppositeHandTest, each_notch_code_has_its_counterpart) {
 
   const Item& hand = Items.At(2);
   ASSERT_EQ(hand.Notches.UBound(), static_cast<int>(cases.size()));
-  EXPECT_EQ(hand.NotchCount, static_cast<int>(cases.size()));
+  EXPECT_EQ(hand.NotchCount(), static_cast<int>(cases.size()));
   size = 100;
   int row = 0;
   for (const Case& c : cases) {
@@ -239,10 +237,10 @@ TEST_F(OppositeHandTest, a_section_without_holes_or_notches_gets_empty_lists) {
   CreateOppHandRow(1);
   const Item& hand = Items.At(2);
   EXPECT_EQ(hand.Mark, "P1X");
-  EXPECT_EQ(hand.HoleCount, 0);
+  EXPECT_EQ(hand.HoleCount(), 0);
   EXPECT_EQ(hand.Holes.UBound(), 0);
   EXPECT_EQ(hand.Holes.At(0).XPos, 0);
-  EXPECT_EQ(hand.NotchCount, 0);
+  EXPECT_EQ(hand.NotchCount(), 0);
   EXPECT_EQ(hand.Notches.UBound(), 0);
 }
 

@@ -242,8 +242,8 @@ TEST_F(ProjectBackupTest, A_text_that_can_t_be_built_leaves_the_file_and_its_bac
   AccLines1.Resize(40000);
   EXPECT_EQ(ErrorOf([&] { WriteProjectFile(Job()); }), "Overflow");
   FillSmallProject();
-  Items.At(2).HoleCount = 1;
-  EXPECT_EQ(ErrorOf([&] { WriteProjectFile(Job()); }), "Subscript out of range");
+  Items.At(2).Notches.Resize(32768);
+  EXPECT_EQ(ErrorOf([&] { WriteProjectFile(Job()); }), "Overflow");
   EXPECT_EQ(BytesOf(Job()), Whole());
   EXPECT_EQ(BytesOf(Backup()), "a good backup");
 }

@@ -136,7 +136,7 @@ TEST_F(ProjectFileTest, A_file_cut_in_its_type_2_lines_keeps_those_read_and_leav
   EXPECT_EQ(AccLines2.At(1).Values.At(2), "");
   EXPECT_EQ(AccLines2.At(2).AccIndex, 0);
   EXPECT_EQ(AccLines2.At(2).Mark, "");
-  EXPECT_EQ(AccLines2.At(2).ValueCount, 0);
+  EXPECT_EQ(AccLines2.At(2).ValueCount(), 0);
   ExpectFlags({-1, -1, -1, -1});
 }
 
@@ -434,16 +434,16 @@ TEST_F(ProjectFileTest, As_many_rows_as_16_bits_count_are_written_and_read) {
   EXPECT_EQ(Items.At(32767).Mark, "last");
 }
 
-TEST_F(ProjectFileTest, Counts_that_promise_more_rows_than_there_are_can_t_be_written) {
+TEST_F(ProjectFileTest, Rows_that_16_bits_can_t_count_can_t_be_written) {
   FillSmallProject();
-  Items.At(1).HoleCount = 3;
-  EXPECT_EQ(ErrorOf([] { ProjectText(); }), "Subscript out of range");
+  Items.At(1).Holes.Resize(32768);
+  EXPECT_EQ(ErrorOf([] { ProjectText(); }), "Overflow");
   FillSmallProject();
-  Items.At(1).NotchCount = 2;
-  EXPECT_EQ(ErrorOf([] { ProjectText(); }), "Subscript out of range");
+  Items.At(1).Notches.Resize(32768);
+  EXPECT_EQ(ErrorOf([] { ProjectText(); }), "Overflow");
   FillSmallProject();
-  AccLines2.At(1).ValueCount = 3;
-  EXPECT_EQ(ErrorOf([] { ProjectText(); }), "Subscript out of range");
+  AccLines2.At(1).Values.Resize(32768);
+  EXPECT_EQ(ErrorOf([] { ProjectText(); }), "Overflow");
 }
 
 }  // namespace

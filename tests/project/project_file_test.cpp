@@ -52,7 +52,6 @@ TEST_F(ProjectFileTest, A_project_without_items_has_two_zero_counts_in_a_row) {
 TEST_F(ProjectFileTest, An_item_with_3_holes_has_4_hole_blocks_of_44_lines) {
   Item item;
   item.Mark = "M";
-  item.HoleCount = 3;
   item.Holes.Resize(3);
   item.Holes.At(3).XPos = 77;
   Items.Append(item);
@@ -225,7 +224,7 @@ TEST_F(ProjectFileTest, A_small_complete_project_is_read_field_by_field) {
   EXPECT_EQ(purlin.MitreRight, -0.1F);
   EXPECT_EQ(purlin.Notes, "sleeved, both ends");
   EXPECT_EQ(purlin.DateText, "12.03.2024");
-  EXPECT_EQ(purlin.HoleCount, 2);
+  EXPECT_EQ(purlin.HoleCount(), 2);
   ASSERT_EQ(purlin.Holes.UBound(), 2);
 
   const Hole& sentinel = purlin.Holes.At(0);
@@ -260,7 +259,7 @@ TEST_F(ProjectFileTest, A_small_complete_project_is_read_field_by_field) {
   EXPECT_EQ(slot.RelX, 5665);
   EXPECT_EQ(slot.DrawGap, 133.333333333333);
 
-  EXPECT_EQ(purlin.NotchCount, 1);
+  EXPECT_EQ(purlin.NotchCount(), 1);
   ASSERT_EQ(purlin.Notches.UBound(), 1);
   EXPECT_EQ(purlin.Notches.At(1).Code, "TL1");
   EXPECT_EQ(purlin.Notches.At(1).Size1, 50);
@@ -282,9 +281,9 @@ TEST_F(ProjectFileTest, A_small_complete_project_is_read_field_by_field) {
   EXPECT_EQ(rail.MitreRight, 0);
   EXPECT_EQ(rail.Notes, "");
   EXPECT_EQ(rail.DateText, "");
-  EXPECT_EQ(rail.HoleCount, 0);
+  EXPECT_EQ(rail.HoleCount(), 0);
   EXPECT_EQ(rail.Holes.UBound(), 0);
-  EXPECT_EQ(rail.NotchCount, 0);
+  EXPECT_EQ(rail.NotchCount(), 0);
   EXPECT_EQ(rail.Notches.UBound(), 0);
   EXPECT_EQ(rail.PatternName, "");
   EXPECT_EQ(rail.CustomHoleCount, 0);
@@ -302,14 +301,14 @@ TEST_F(ProjectFileTest, A_small_complete_project_is_read_field_by_field) {
   EXPECT_EQ(AccLines2.At(1).AccIndex, 3);
   EXPECT_EQ(AccLines2.At(1).Mark, "A1");
   EXPECT_EQ(AccLines2.At(1).NoOff, 4);
-  EXPECT_EQ(AccLines2.At(1).ValueCount, 2);
+  EXPECT_EQ(AccLines2.At(1).ValueCount(), 2);
   ASSERT_EQ(AccLines2.At(1).Values.UBound(), 2);
   EXPECT_EQ(AccLines2.At(1).Values.At(1), "6000");
   EXPECT_EQ(AccLines2.At(1).Values.At(2), "ø 16, long");
   EXPECT_EQ(AccLines2.At(2).AccIndex, 4);
   EXPECT_EQ(AccLines2.At(2).Mark, "B2");
   EXPECT_EQ(AccLines2.At(2).NoOff, 7);
-  EXPECT_EQ(AccLines2.At(2).ValueCount, 0);
+  EXPECT_EQ(AccLines2.At(2).ValueCount(), 0);
   EXPECT_EQ(AccLines2.At(2).Values.UBound(), 0);
 
   ExpectFlags({-1, 0, -1, -1});

@@ -86,7 +86,7 @@ TEST_F(ProjectFileTest, A_comma_in_a_type_2_mark_spoils_the_tail_without_a_word)
   ASSERT_EQ(AccLines2.UBound(), 2);
   EXPECT_EQ(AccLines2.At(1).Mark, "A");
   EXPECT_EQ(AccLines2.At(1).NoOff, 1);
-  EXPECT_EQ(AccLines2.At(1).ValueCount, 4);
+  EXPECT_EQ(AccLines2.At(1).ValueCount(), 4);
   const Table<std::string>& values = AccLines2.At(1).Values;
   EXPECT_EQ(std::vector<std::string>(values.begin(), values.end()),
             (std::vector<std::string>{"2 ", "6000", "ø 16, long", "4 "}));

@@ -29,7 +29,6 @@ class SectionRulesTest : public test::SystemTest {
     Hole hole;
     hole.XPos = x;
     item.Holes.Append(hole);
-    ++item.HoleCount;
   }
 };
 
@@ -315,14 +314,6 @@ TEST_F(SectionRulesTest, Of_several_short_sections_only_the_last_is_told) {
   ASSERT_EQ(desktop.Boxes.size(), 1U);
   EXPECT_EQ(desktop.Boxes.front().Text,
             "P2 : C-product Length shorter than last hole position \rQuit anyway?");
-}
-
-TEST_F(SectionRulesTest, Only_the_holes_that_count_are_looked_at) {
-  Item& item = AddItem("P1", "Z", 2000);
-  AddHole(item, 1000);
-  AddHole(item, 2900);
-  item.HoleCount = 1;
-  EXPECT_TRUE(CheckLength());
 }
 
 TEST_F(SectionRulesTest, Positions_below_0_are_compared_as_they_are) {

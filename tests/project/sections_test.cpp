@@ -28,7 +28,6 @@ class SectionsTest : public test::SystemTest {
     hole.XPos = Int16(x);
     hole.Kind = kind;
     item.Holes.Append(hole);
-    item.HoleCount = Int16(item.Holes.UBound());
     if (kind == "C") ++item.CustomHoleCount;
   }
 
@@ -39,7 +38,6 @@ class SectionsTest : public test::SystemTest {
     notch.Size2 = size2;
     notch.Size3 = size3;
     item.Notches.Append(notch);
-    item.NotchCount = Int16(item.Notches.UBound());
   }
 
   static Positions PositionsOf(int row) {
@@ -61,7 +59,7 @@ TEST_F(SectionsTest, a_project_without_sections_keeps_a_blank_element_0) {
   EXPECT_EQ(Items.UBound(), 0);
   EXPECT_EQ(Items.At(0).Mark, "");
   EXPECT_EQ(Items.At(0).SectionType, "");
-  EXPECT_EQ(Items.At(0).HoleCount, 0);
+  EXPECT_EQ(Items.At(0).HoleCount(), 0);
   EXPECT_EQ(Items.At(0).Holes.UBound(), 0);
 }
 
@@ -82,10 +80,10 @@ TEST_F(SectionsTest, AddSectionRow_appends_a_blank_row_of_its_letter) {
     EXPECT_EQ(item.Quantity, 0);
     EXPECT_EQ(item.MitreLeft, 0.0F);
     EXPECT_EQ(item.MitreRight, 0.0F);
-    EXPECT_EQ(item.HoleCount, 0);
+    EXPECT_EQ(item.HoleCount(), 0);
     EXPECT_EQ(item.Holes.UBound(), 0);
     EXPECT_EQ(item.CustomHoleCount, 0);
-    EXPECT_EQ(item.NotchCount, 0);
+    EXPECT_EQ(item.NotchCount(), 0);
     EXPECT_EQ(item.Notches.UBound(), 0);
     EXPECT_EQ(item.JointingPieces, 0);
     EXPECT_EQ(item.SagBarDia, 0);
@@ -137,10 +135,10 @@ TEST_F(SectionsTest, DuplicateRow_copies_the_whole_row_and_the_copy_is_its_own) 
   EXPECT_EQ(copy.Pitch, "10");
   EXPECT_EQ(copy.JointingPieces, 2);
   EXPECT_EQ(copy.SagBarDia, 18);
-  EXPECT_EQ(copy.HoleCount, 2);
+  EXPECT_EQ(copy.HoleCount(), 2);
   EXPECT_EQ(copy.CustomHoleCount, 1);
   EXPECT_EQ(PositionsOf(3), (Positions{100, 2900}));
-  EXPECT_EQ(copy.NotchCount, 1);
+  EXPECT_EQ(copy.NotchCount(), 1);
   EXPECT_EQ(copy.Notches.At(1).Code, "TL1");
   EXPECT_EQ(ProjectDirty, True);
 

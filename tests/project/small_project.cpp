@@ -172,13 +172,11 @@ void ProjectFileTest::FillSmallProject() {
   purlin.MitreRight = -0.1F;
   purlin.Notes = "sleeved, both ends";
   purlin.DateText = "12.03.2024";
-  purlin.HoleCount = 2;
   purlin.Holes.At(0).XPos = 6000;
   purlin.Holes.At(0).RelX = 300;
   purlin.Holes.At(0).DrawGap = 412.5;
   purlin.Holes.Append({35, "S", "n", "y", "y", "n", 14, 0, 35, 1e-14, " "});
   purlin.Holes.Append({5700, "C", "42.5", "n", "n", "y", 17.6F, 30, 5665, 400.0 / 3, "*"});
-  purlin.NotchCount = 1;
   purlin.Notches.Append({"TL1", 50, 120.5F, -3});
   purlin.PatternName = "Slvd, 2 rows";
   purlin.CustomHoleCount = 1;
@@ -200,12 +198,12 @@ void ProjectFileTest::FillSmallProject() {
   AccLines1.Clear();
   AccLines1.Append({1, 2, 10, -5});
 
-  AccLine2 values{3, "A1", 4, 2, {}};
+  AccLine2 values{3, "A1", 4, {}};
   values.Values.Append("6000");
   values.Values.Append("ø 16, long");
   AccLines2.Clear();
   AccLines2.Append(values);
-  AccLines2.Append({4, "B2", 7, 0, {}});
+  AccLines2.Append({4, "B2", 7, {}});
 
   AccUsed.At(1) = True;
   AccUsed.At(2) = False;
@@ -220,7 +218,6 @@ void ProjectFileTest::FillEarlierProject() {
   Item item;
   item.Mark = "old mark";
   item.DateText = "old date";
-  item.NotchCount = 2;
   item.Notches.Append({"T2", 1, 2, 3});
   item.Notches.Append({"B2", 4, 5, 6});
   Items.Clear();
@@ -229,7 +226,7 @@ void ProjectFileTest::FillEarlierProject() {
   AccLines1.Clear();
   AccLines1.Append({9, 8, 7, 6});
   AccLines2.Clear();
-  AccLines2.Append({5, "old line", 4, 0, {}});
+  AccLines2.Append({5, "old line", 4, {}});
   for (Boolean& flag : AccUsed) flag = True;
 }
 

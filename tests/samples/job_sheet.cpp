@@ -36,7 +36,7 @@ std::int16_t AddSection(std::string_view letter, const std::string& mark,
   item.SagBarDia = punching.SagBarDia;
   RebuildHoles(row, punching.Pattern);
   // A pattern name that the catalogue doesn't know would punch nothing without a word.
-  if (punching.Pattern != Custom && Items.At(row).HoleCount == 0) {
+  if (punching.Pattern != Custom && Items.At(row).HoleCount() == 0) {
     throw std::logic_error("no holes from " + punching.Pattern);
   }
   return row;
@@ -46,7 +46,6 @@ void AddHoleByHand(std::int16_t row, Hole hole) {
   Item& item = Items.At(row);
   hole.Kind = "C";
   item.Holes.Append(std::move(hole));
-  item.HoleCount = Int16(item.HoleCount + 1);
   item.CustomHoleCount = Int16(item.CustomHoleCount + 1);
   SortHoles(row);
   AdjustHoleSpacing(row);
@@ -117,7 +116,6 @@ void AddNotch(std::int16_t row, const std::string& code, double depth, double wi
               double position) {
   Item& item = Items.At(row);
   item.Notches.Append({code, Float32(depth), Float32(width), Float32(position)});
-  item.NotchCount = Int16(item.NotchCount + 1);
 }
 
 void ConvertToCustom(std::int16_t row) {
@@ -176,8 +174,7 @@ void AddLine2(Acc accessory, const std::string& mark, std::int16_t noOff,
   line.Mark = mark;
   line.NoOff = noOff;
   for (const std::string& value : values) line.Values.Append(value);
-  line.ValueCount = Int16(line.Values.UBound());
-  if (line.ValueCount != AccDefs.At(line.AccIndex).ParamCount - 2) {
+  if (line.ValueCount() != AccDefs.At(line.AccIndex).ParamCount() - 2) {
     throw std::logic_error("a value for each column of " + mark);
   }
   AccLines2.Append(std::move(line));

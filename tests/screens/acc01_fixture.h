@@ -32,7 +32,7 @@ class Acc01Test : public AccessoriesTest {
   // The texts of a column of fields, hidden ones too.
   static Texts Quantities(QWidget& form) {
     Texts texts;
-    for (int i = 1; i <= AccDefs.At(CurrentAcc).ParamCount; ++i) {
+    for (int i = 1; i <= AccDefs.At(CurrentAcc).ParamCount(); ++i) {
       texts.push_back(FromQt(Qty(form, i).text()));
     }
     return texts;
@@ -66,7 +66,6 @@ class Acc01Test : public AccessoriesTest {
       accessory.ParamNames.Append("C" + std::to_string(i));
       accessory.ParamTexts.Append(text);
     }
-    accessory.ParamCount = Int16(count);
   }
 
   // Prints into a file in place of asking for a printer; counts how often it was asked.

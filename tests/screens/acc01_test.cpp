@@ -83,7 +83,7 @@ TEST_F(Acc01Test, No_shipped_accessory_shows_the_value_column) {
     SCOPED_TRACE(index);
     InDialogOf(index, [&](QWidget& form) {
       EXPECT_FALSE(Label(form, "lblHeading", 3).isVisible());
-      for (int i = 1; i <= AccDefs.At(index).ParamCount; ++i) {
+      for (int i = 1; i <= AccDefs.At(index).ParamCount(); ++i) {
         EXPECT_FALSE(Param(form, i).isVisible());
       }
     });

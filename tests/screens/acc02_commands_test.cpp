@@ -229,7 +229,7 @@ TEST_F(Acc02CommandsTest, OK_stores_trimmed_marks_numbers_and_the_values_as_they
   });
   EXPECT_EQ(Stored(PurlinSleeves), (std::vector<Texts>{{"A 1", "5", " Z14012  ", "600mm"}}));
   EXPECT_EQ(AccLines2.At(1).AccIndex, PurlinSleeves);
-  EXPECT_EQ(AccLines2.At(1).ValueCount, 2);
+  EXPECT_EQ(AccLines2.At(1).ValueCount(), 2);
   EXPECT_EQ(AccUsed.At(PurlinSleeves), True);
   EXPECT_EQ(AccDialogResult, "OK");
 }
@@ -245,7 +245,7 @@ TEST_F(Acc02CommandsTest, Nine_columns_give_seven_values) {
   });
   EXPECT_EQ(Stored(VcrAssemblies),
             (std::vector<Texts>{{"V1", "5", "3", "2", "3000", "10", "12.5", "KT33", "KT41"}}));
-  EXPECT_EQ(AccLines2.At(1).ValueCount, 7);
+  EXPECT_EQ(AccLines2.At(1).ValueCount(), 7);
 }
 
 TEST_F(Acc02CommandsTest, Lines_come_back_sorted_by_mark_by_character_code) {

@@ -16,7 +16,6 @@ void Acc02Test::PutLine(std::int16_t accIndex, const std::string& mark, std::int
   line.Mark = mark;
   line.NoOff = noOff;
   for (const std::string& value : values) line.Values.Append(value);
-  line.ValueCount = Int16(line.Values.UBound());
   AccLines2.Append(line);
   AccUsed.At(accIndex) = True;
 }
@@ -25,7 +24,6 @@ std::vector<Texts> Acc02Test::Stored(std::int16_t accIndex) {
   std::vector<Texts> lines;
   for (const AccLine2& line : AccLines2) {
     if (line.AccIndex != accIndex) continue;
-    EXPECT_EQ(line.ValueCount, line.Values.UBound());
     Texts& texts = lines.emplace_back(Texts{line.Mark, ShortestText(line.NoOff)});
     texts.insert(texts.end(), line.Values.begin(), line.Values.end());
   }
@@ -38,16 +36,14 @@ AccDef& Acc02Test::Reshape(std::int16_t accIndex, const Texts& columns) {
   accessory.Options.Clear();
   accessory.ParamNames.Resize(2);
   for (const std::string& column : columns) accessory.ParamNames.Append(column);
-  accessory.ParamCount = Int16(accessory.ParamNames.UBound());
   // The catalogue has no row of choices for an accessory without a column of its own.
-  if (!columns.empty()) accessory.Options.Resize(accessory.ParamCount);
+  if (!columns.empty()) accessory.Options.Resize(accessory.ParamCount());
   return accessory;
 }
 
 void Acc02Test::GiveChoices(AccDef& accessory, int column, const Texts& texts) {
   AccParamOptions& options = accessory.Options.At(column);
   for (const std::string& text : texts) options.OptionTexts.Append(text);
-  options.OptionCount = Int16(options.OptionTexts.UBound());
 }
 
 void Acc02Test::InDialog(std::int16_t accIndex, const std::function<void(FrmAcc02&)>& action) {

@@ -33,7 +33,7 @@ TEST_F(EditHoleTest, The_dialog_bears_its_captions_and_the_position_stands_selec
     EXPECT_FALSE(dialog.isVisible());
   });
   EXPECT_EQ(HolesOf(1), std::vector<int>{750});
-  EXPECT_EQ(Items.At(1).HoleCount, 1);
+  EXPECT_EQ(Items.At(1).HoleCount(), 1);
   EXPECT_EQ(Items.At(1).CustomHoleCount, 1);
 }
 
@@ -56,7 +56,6 @@ TEST_F(EditHoleTest, The_hole_is_counted_among_the_custom_ones) {
   item.Holes.Insert(2, item.Holes.At(1));
   item.Holes.At(2).Kind = "S";
   item.Holes.At(2).XPos = 700;
-  item.HoleCount = 3;
   InEdit(2, [&](FrmAddHoles& dialog) {
     EXPECT_EQ(FromQt(X(dialog).text()), "900");
     Store(dialog, "300");

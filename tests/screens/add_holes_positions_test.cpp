@@ -63,7 +63,7 @@ TEST_F(HolePositionTest, A_list_emptied_again_counts_from_the_left_hand_end) {
   ShowSection("Z", {500});
   ClickCell(HoleList(), 1, 0);
   Entry("mnuCHPUI(3)").trigger();
-  ASSERT_EQ(Items.At(1).HoleCount, 0);
+  ASSERT_EQ(Items.At(1).HoleCount(), 0);
   InRelative([&](FrmAddHoles& dialog) {
     StoreRefused(dialog, "18");
     Store(dialog, "23.6");

@@ -265,7 +265,7 @@ TEST_F(AddHolesTest, Enter_elsewhere_stores_nothing) {
       Find<QWidget>(dialog, name).setFocus();
       Press(Qt::Key_Return);
       EXPECT_TRUE(dialog.isVisible()) << name;
-      EXPECT_EQ(Items.At(1).HoleCount, 0) << name;
+      EXPECT_EQ(Items.At(1).HoleCount(), 0) << name;
     }
   });
 }
@@ -283,7 +283,7 @@ TEST_F(AddHolesTest, The_Y_position_takes_digits_and_Backspace_and_Enter_goes_on
     Press(Qt::Key_Return);
     EXPECT_EQ(Focus(), "SSRibbon2(0)");
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(Items.At(1).HoleCount, 0);
+    EXPECT_EQ(Items.At(1).HoleCount(), 0);
   });
 }
 
@@ -303,9 +303,10 @@ TEST_F(AddHolesTest, Each_button_stores_its_lines) {
         ClickOn(Picture(dialog, letter, code));
         Store(dialog, std::to_string(x));
         const Item& item = Items.At(Items.UBound());
-        ASSERT_EQ(item.Holes.At(item.HoleCount).XPos, x);
-        EXPECT_EQ(LinesOf(item.Holes.At(item.HoleCount)), lines.at(static_cast<std::size_t>(code)));
-        EXPECT_EQ(item.Holes.At(item.HoleCount).Diameter, letter == "T" ? 14 : 18);
+        ASSERT_EQ(item.Holes.At(item.HoleCount()).XPos, x);
+        EXPECT_EQ(LinesOf(item.Holes.At(item.HoleCount())),
+                  lines.at(static_cast<std::size_t>(code)));
+        EXPECT_EQ(item.Holes.At(item.HoleCount()).Diameter, letter == "T" ? 14 : 18);
         x += 100;
       }
     });
@@ -412,7 +413,7 @@ TEST_F(AddHolesTest, List_and_sheet_follow_each_hole_behind_the_dialog) {
     EXPECT_EQ(HoleTexts(2),
               (std::vector<std::string>{"2000", "1000", "n", "y", "y", "n", "18", "", ""}));
   });
-  EXPECT_EQ(Items.At(1).HoleCount, 2);
+  EXPECT_EQ(Items.At(1).HoleCount(), 2);
   EXPECT_EQ(Items.At(1).CustomHoleCount, 2);
   EXPECT_EQ(Items.At(1).PatternName, "Custom");
   EXPECT_EQ(ProjectDirty, False);
@@ -447,7 +448,7 @@ TEST_F(AddHolesTest, Info_tells_the_limits_and_the_lines) {
     ClickOn(Button(dialog, "SSCommand1"));
     EXPECT_TRUE(dialog.isVisible());
   });
-  EXPECT_EQ(Items.At(1).HoleCount, 0);
+  EXPECT_EQ(Items.At(1).HoleCount(), 0);
 }
 
 }  // namespace

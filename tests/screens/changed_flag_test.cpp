@@ -133,7 +133,7 @@ TEST_F(ChangedFlag, Removing_a_custom_hole_leaves_it) {
   ClickCell(holes, 1, 0);
   Entry("mnuCHPUI(3)").trigger();
   Settle();
-  EXPECT_EQ(Items.At(4).HoleCount, 0);
+  EXPECT_EQ(Items.At(4).HoleCount(), 0);
   EXPECT_EQ(ProjectDirty, False);
 }
 

@@ -76,9 +76,9 @@ std::string RecordText(const Item& item) {
   for (const std::string& field :
        {item.Mark, item.SectionType, item.Product, DecimalText(item.Length),
         DecimalText(item.Quantity), item.DateText, item.Notes, ShortestText(item.MitreLeft),
-        ShortestText(item.MitreRight), DecimalText(item.HoleCount), DecimalText(item.NotchCount),
-        item.PatternName, DecimalText(item.CustomHoleCount), item.Pitch,
-        DecimalText(item.JointingPieces), DecimalText(item.SagBarDia)}) {
+        ShortestText(item.MitreRight), DecimalText(item.HoleCount()),
+        DecimalText(item.NotchCount()), item.PatternName, DecimalText(item.CustomHoleCount),
+        item.Pitch, DecimalText(item.JointingPieces), DecimalText(item.SagBarDia)}) {
     text += field + "|";
   }
   for (const Hole& hole : item.Holes) {

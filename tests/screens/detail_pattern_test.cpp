@@ -65,9 +65,9 @@ TEST_F(DetailPatternTest, The_name_is_stored_without_its_outer_blanks) {
 TEST_F(DetailPatternTest, Custom_over_a_standard_pattern_drops_its_holes_without_asking) {
   PutSection("Z", "Butt");
   Show();
-  ASSERT_EQ(Items.At(1).HoleCount, 4);
+  ASSERT_EQ(Items.At(1).HoleCount(), 4);
   Choose("cboPattern", "Custom");
-  EXPECT_EQ(Items.At(1).HoleCount, 0);
+  EXPECT_EQ(Items.At(1).HoleCount(), 0);
   EXPECT_EQ(Items.At(1).PatternName, "Custom");
   EXPECT_EQ(HoleList().Rows(), 1);
   EXPECT_TRUE(Shown("SSpanelCustom"));
@@ -92,7 +92,7 @@ TEST_F(DetailPatternTest, Custom_without_holes_changes_to_a_pattern_without_aski
   ASSERT_EQ(Items.At(1).PatternName, "Custom");
   Choose("cboPattern", "Butt");
   EXPECT_EQ(Items.At(1).PatternName, "Butt");
-  EXPECT_EQ(Items.At(1).HoleCount, 4);
+  EXPECT_EQ(Items.At(1).HoleCount(), 4);
   EXPECT_FALSE(Shown("SSpanelCustom"));
 }
 
@@ -375,7 +375,7 @@ TEST_F(DetailPatternTest, Converting_a_section_without_holes_still_makes_it_cust
   Show();
   Section(ConvertEntry);
   EXPECT_EQ(Items.At(1).PatternName, "Custom");
-  EXPECT_EQ(Items.At(1).HoleCount, 0);
+  EXPECT_EQ(Items.At(1).HoleCount(), 0);
   EXPECT_EQ(Items.At(1).CustomHoleCount, 0);
   EXPECT_EQ(Pattern().currentIndex(), 0);
   EXPECT_EQ(ProjectDirty, True);

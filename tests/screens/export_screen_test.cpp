@@ -136,7 +136,6 @@ TEST_F(ExportScreen, Sleeved_purlins_without_sleeves_are_asked_about_one_by_one)
   AccLine2 sleeve;
   sleeve.AccIndex = 6;
   sleeve.Mark = "S1";
-  sleeve.ValueCount = 2;
   sleeve.Values.Append("Z14014");
   sleeve.Values.Append("600");
   AccLines2.Append(sleeve);

@@ -92,7 +92,7 @@ TEST_F(HoleListTest, It_shows_custom_holes_alone_in_ascending_order_measured_fro
   slot.CounterSunk = "*";
   Show();
   // Pattern holes stand at 32, 92, 2908 and 2968.
-  ASSERT_EQ(Items.At(1).HoleCount, 6);
+  ASSERT_EQ(Items.At(1).HoleCount(), 6);
   ASSERT_EQ(HoleList().Rows(), 3);
   EXPECT_EQ(HoleTexts(1),
             (std::vector<std::string>{"500", "408", "n", "y", "y", "n", "18", "", ""}));
@@ -224,7 +224,6 @@ TEST_F(HoleListTest, Remove_counts_custom_holes_alone) {
   item.Holes.Insert(2, item.Holes.At(1));
   item.Holes.At(2).Kind = "S";
   item.Holes.At(2).XPos = 700;
-  item.HoleCount = 3;
   RightClickHole(2);
   ChooseRemove();
   EXPECT_EQ(HolesOf(1), (std::vector<int>{500, 700}));
@@ -321,7 +320,7 @@ TEST_F(HoleListTest, The_keys_on_an_empty_list_do_nothing) {
   HoleList().setFocus(Qt::TabFocusReason);
   for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Delete}) Press(key);
   EXPECT_EQ(HoleList().Row(), 0);
-  EXPECT_EQ(Items.At(1).HoleCount, 0);
+  EXPECT_EQ(Items.At(1).HoleCount(), 0);
   EXPECT_TRUE(dialogs.Boxes().empty());
 }
 

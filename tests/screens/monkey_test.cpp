@@ -42,10 +42,8 @@ class ScreensMonkey : public MonkeyTest {
     ASSERT_EQ(Val(grid.TextMatrix(row, 3)) == item.Length, true) << grid.TextMatrix(row, 3);
     ASSERT_EQ(Val(grid.TextMatrix(row, 4)) == item.Quantity, true) << grid.TextMatrix(row, 4);
     ASSERT_EQ(grid.TextMatrix(row, 5), item.Notes);
-    ASSERT_EQ(item.HoleCount, item.Holes.UBound());
-    ASSERT_EQ(item.NotchCount, item.Notches.UBound());
     int custom = 0;
-    for (int hole = 1; hole <= item.HoleCount; ++hole) {
+    for (int hole = 1; hole <= item.HoleCount(); ++hole) {
       if (item.Holes.At(hole).Kind == CustomKind) ++custom;
       if (hole > 1) {
         ASSERT_LE(item.Holes.At(hole - 1).XPos, item.Holes.At(hole).XPos);
@@ -79,7 +77,7 @@ class ScreensMonkey : public MonkeyTest {
       ASSERT_GE(line.AccIndex, 1);
       ASSERT_LE(line.AccIndex, AccType1Count);
       ASSERT_GE(line.ParamIndex, 1);
-      ASSERT_LE(line.ParamIndex, AccDefs.At(line.AccIndex).ParamCount);
+      ASSERT_LE(line.ParamIndex, AccDefs.At(line.AccIndex).ParamCount());
       ASSERT_GT(line.Qty, 0);
       used.at(static_cast<std::size_t>(line.AccIndex)) = true;
       if (at == 1) continue;
@@ -92,8 +90,7 @@ class ScreensMonkey : public MonkeyTest {
       ASSERT_GT(line.AccIndex, AccType1Count);
       ASSERT_LE(line.AccIndex, AccDefs.UBound());
       ASSERT_NE(line.Mark, "");
-      ASSERT_EQ(line.ValueCount, line.Values.UBound());
-      ASSERT_EQ(line.ValueCount, AccDefs.At(line.AccIndex).ParamCount - 2);
+      ASSERT_EQ(line.ValueCount(), AccDefs.At(line.AccIndex).ParamCount() - 2);
       used.at(static_cast<std::size_t>(line.AccIndex)) = true;
       if (at == 1) continue;
       const AccLine2& before = AccLines2.At(at - 1);
@@ -174,7 +171,7 @@ class ScreensMonkey : public MonkeyTest {
   void Note() {
     linesStored_ = linesStored_ || (AccLines1.UBound() > 0 && AccLines2.UBound() > 0);
     for (const Item& item : Items) {
-      notchesStored_ = notchesStored_ || item.NotchCount > 0;
+      notchesStored_ = notchesStored_ || item.NotchCount() > 0;
       mitreStored_ = mitreStored_ || item.MitreLeft != 0 || item.MitreRight != 0;
     }
   }

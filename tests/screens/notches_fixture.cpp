@@ -7,7 +7,6 @@ namespace orvane::test {
 Item& NotchesTest::ShowOne(const std::vector<Notch>& notches) {
   Item& item = Put("Z", "A1", "Z14012", 3000);
   for (const Notch& notch : notches) item.Notches.Append(notch);
-  item.NotchCount = Int16(item.Notches.UBound());
   Show();
   return Items.At(1);
 }
@@ -43,7 +42,7 @@ std::vector<Texts> NotchesTest::Stored() {
     notches.push_back({notch.Code, ShortestText(notch.Size1), ShortestText(notch.Size2),
                        ShortestText(notch.Size3)});
   }
-  EXPECT_EQ(Items.At(1).NotchCount, static_cast<int>(notches.size()));
+  EXPECT_EQ(Items.At(1).NotchCount(), static_cast<int>(notches.size()));
   return notches;
 }
 

@@ -273,13 +273,12 @@ TEST_F(OppositeHandScreen, Mitres_and_notches_are_those_of_the_other_hand) {
   item.MitreLeft = 10;
   item.MitreRight = -20;
   item.Notches.Append({"BL1", 5, 6, 7});
-  item.NotchCount = 1;
   Show();
   CreateOppHand();
   const Item& hand = Items.At(2);
   EXPECT_EQ(hand.MitreLeft, 20);
   EXPECT_EQ(hand.MitreRight, -10);
-  ASSERT_EQ(hand.NotchCount, 1);
+  ASSERT_EQ(hand.NotchCount(), 1);
   EXPECT_EQ(hand.Notches.At(1).Code, "BR1");
   EXPECT_EQ(hand.Notches.At(1).Size1, 5);
   EXPECT_EQ(hand.Notches.At(1).Size2, 6);

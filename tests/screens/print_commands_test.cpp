@@ -271,7 +271,6 @@ TEST_F(PrintCommands, All_drawings_make_the_holes_afresh_but_for_those_placed_by
   PutHole(custom, 700, std::string(CustomKind));
   Show();
   Items.At(2).Holes.Clear();
-  Items.At(2).HoleCount = 0;
   ExpectPreview();
   Output(1);
   EXPECT_EQ(HolesOf(2), (std::vector<int>{32, 5968}));

@@ -81,7 +81,7 @@ TEST_F(SectionsAdding, AddSection_gives_a_blank_row_of_its_letter_with_the_curso
     EXPECT_EQ(item.Mark, "");
     EXPECT_EQ(item.Length, 0);
     EXPECT_EQ(item.Quantity, 0);
-    EXPECT_EQ(item.HoleCount, 0);
+    EXPECT_EQ(item.HoleCount(), 0);
     EXPECT_EQ(item.Holes.UBound(), 0);
     EXPECT_EQ(item.PatternName, "");
     EXPECT_EQ(Row(row), (std::vector<std::string>{added.Letter, "", added.Product, "0", "0", ""}));
@@ -189,7 +189,6 @@ TEST_F(SectionsAdding, Duplicate_appends_a_deep_copy_with_an_A_behind_its_mark) 
   PutHole(source, 4000, "C");
   PutHole(source, 1000, "C");
   source.Notches.Append({"TL1", 10, 20, 0});
-  source.NotchCount = 1;
   Put("Z", "C1", "Z14012", 5000, 1);
   Show(1, 4);
   Section(DuplicateEntry);

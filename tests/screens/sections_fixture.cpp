@@ -94,14 +94,13 @@ void SectionsTest::PutHole(Item& item, std::int16_t x, const std::string& kind) 
   hole.TF = "n";
   hole.Diameter = 18;
   item.Holes.Append(hole);
-  ++item.HoleCount;
   if (kind == CustomKind) ++item.CustomHoleCount;
 }
 
 std::vector<int> SectionsTest::HolesOf(int row) {
   std::vector<int> positions;
   for (const Hole& hole : Items.At(row).Holes) positions.push_back(hole.XPos);
-  EXPECT_EQ(positions.size(), static_cast<std::size_t>(Items.At(row).HoleCount));
+  EXPECT_EQ(positions.size(), static_cast<std::size_t>(Items.At(row).HoleCount()));
   return positions;
 }
 

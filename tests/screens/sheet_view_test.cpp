@@ -26,7 +26,6 @@ class SheetViewTest : public SectionsTest {
     item.PatternName = "Custom";
     PutHole(item, 100, std::string(CustomKind));
     PutHole(item, 3000, std::string(CustomKind));
-    item.HoleCount = item.CustomHoleCount = 2;
     return item;
   }
 

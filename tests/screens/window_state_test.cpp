@@ -60,7 +60,6 @@ class WindowStateTest : public ScreenTest {
     item.Mark = "P1";
     item.Product = "Z15";
     item.Length = 1000;
-    item.HoleCount = 1;
     item.Holes.Append(Hole{}).XPos = 1001;
     ProjectDirty = False;
   }

@@ -37,7 +37,7 @@ constexpr int PixelsOf(int twips) {
 std::vector<std::string> HeadingsOf(std::int16_t AccIndex) {
   const AccDef& accessory = AccDefs.At(AccIndex);
   std::vector<std::string> headings = {""};
-  for (int param = 1; param <= accessory.ParamCount; ++param) {
+  for (int param = 1; param <= accessory.ParamCount(); ++param) {
     headings.push_back(accessory.ParamNames.At(param));
   }
   return headings;
@@ -48,10 +48,10 @@ std::vector<std::string> HeadingsOf(std::int16_t AccIndex) {
 std::vector<std::string> GroupTitlesOf(std::int16_t AccIndex) {
   const AccDef& accessory = AccDefs.At(AccIndex);
   if (accessory.Groups.Empty()) return {};
-  std::vector<std::string> titles(static_cast<std::size_t>(accessory.ParamCount) + 1);
+  std::vector<std::string> titles(static_cast<std::size_t>(accessory.ParamCount()) + 1);
   for (const AccGroup& group : accessory.Groups) {
     const int first = std::max<int>(group.FirstParam, AccMarkColumn);
-    const int last = std::min<int>(group.FirstParam + group.GroupValue - 1, accessory.ParamCount);
+    const int last = std::min<int>(group.FirstParam + group.GroupValue - 1, accessory.ParamCount());
     for (int column = first; column <= last; ++column) {
       titles.at(static_cast<std::size_t>(column)) = group.Title;
     }
@@ -86,7 +86,7 @@ bool IsControl(QChar c) {
 
 // Options ends with the last parameter of the catalogue and has no row without one.
 bool HasChoices(const AccDef& accessory, int column) {
-  return column <= accessory.Options.UBound() && accessory.Options.At(column).OptionCount > 0;
+  return column <= accessory.Options.UBound() && accessory.Options.At(column).OptionCount() > 0;
 }
 
 }  // namespace
@@ -95,7 +95,7 @@ bool HasChoices(const AccDef& accessory, int column) {
 
 Acc02Model::Acc02Model(std::int16_t AccIndex, TextRows rows, QObject* parent)
     : FlexGridModel(HeadingsOf(AccIndex), parent),
-      columns_(AccDefs.At(AccIndex).ParamCount),
+      columns_(AccDefs.At(AccIndex).ParamCount()),
       rows_(std::move(rows)) {
   SetFixedColumns(1);
   SetGroupTitles(GroupTitlesOf(AccIndex));
@@ -174,7 +174,7 @@ void Acc02Table::BuildEditors(std::int16_t AccIndex) {
   txtEdit_->setPalette(CellColours(txtEdit_->palette()));
   SSPanelEdit_ = MakePanel("SSPanelEdit", txtEdit_);
   const AccDef& accessory = AccDefs.At(AccIndex);
-  for (int column = AccMarkColumn; column <= accessory.ParamCount; ++column) {
+  for (int column = AccMarkColumn; column <= accessory.ParamCount(); ++column) {
     if (!HasChoices(accessory, column)) continue;
     auto* choices = new PlainCombo;
     choices->setObjectName(IndexedName("cboEdit", column));

@@ -238,7 +238,7 @@ NumberField* FrmAcc01::NewField(std::string_view array, int index, std::string_v
 QWidget* FrmAcc01::BuildRows() {
   const AccDef& accessory = AccDefs.At(accIndex_);
   SizeColumns columns({true, true, hasTexts_, hasParam_});
-  for (int i = 1; i <= accessory.ParamCount; ++i) {
+  for (int i = 1; i <= accessory.ParamCount(); ++i) {
     txtQty_.push_back(NewField("txtQty", i, Headings.at(QtyColumn)));
     txtParam_.push_back(NewField("txtParam", i, Headings.at(ParamColumn)));
     columns.AddRow(
