@@ -108,9 +108,7 @@ TEST_F(ProjectDetails, Tab_runs_through_the_fields_in_the_order_of_the_form) {
   std::vector<std::string> stops;
   for (int stop = 0; stop < 7; ++stop) {
     stops.push_back(Focus());
-    // The parts of the date are stops of their own.
-    const std::string here = Focus();
-    while (Focus() == here) Press(Qt::Key_Tab);
+    Press(Qt::Key_Tab);
   }
   EXPECT_EQ(stops, (std::vector<std::string>{"txtProject(1)", "txtProject(2)", "txtProject(3)",
                                              "txtProject(4)", "DTPicker1", "txtProject(0)",

@@ -24,6 +24,17 @@ const QDate FirstSetDate(2002, 1, 1);
 const QDate EarliestDate(100, 1, 1);  // that the picker can show
 constexpr int ThisCentury = 2000;
 
+// Tab leaves it: the number that a person types behind the date must not get into its month.
+class DateField : public QDateEdit {
+ public:
+  using QDateEdit::QDateEdit;
+
+ protected:
+  bool focusNextPrevChild(bool next) override {
+    return QWidget::focusNextPrevChild(next);  // the toolkit's own goes through the parts first
+  }
+};
+
 QDate ToQDate(const Date& date) {
   return {date.Year, date.Month, date.Day};
 }
@@ -99,7 +110,7 @@ void FrmProjectDetails::AddFields() {
 }
 
 void FrmProjectDetails::AddPicker() {
-  picker_ = new QDateEdit(this);
+  picker_ = new DateField(this);
   picker_->setObjectName("DTPicker1");
   // The screens speak English whatever the system speaks, the calendar included.
   picker_->setLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
@@ -150,6 +161,13 @@ bool FrmProjectDetails::eventFilter(QObject* watched, QEvent* event) {
 // goes to the next part by itself as soon as one is full; the separator that a person types then
 // must not skip that part too.
 bool FrmProjectDetails::PickerKey(const QKeyEvent& key) {
+  const bool right = key.key() == Qt::Key_Right;
+  const bool aside = right || key.key() == Qt::Key_Left;
+  if (aside && !(key.modifiers() & (Qt::ShiftModifier | Qt::AltModifier | Qt::MetaModifier))) {
+    CompleteYear();
+    GoToPart(picker_->currentSectionIndex() + (right ? 1 : -1));
+    return true;
+  }
   const QString text = key.text();
   const bool plain = !(key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
   if (plain && text.size() == 1 && text.front().isDigit()) {
@@ -164,10 +182,14 @@ bool FrmProjectDetails::PickerKey(const QKeyEvent& key) {
   CompleteYear();
   if (!separator) return false;
   // Whatever separator the form has.
-  picker_->setCurrentSectionIndex(
-      std::min(picker_->currentSectionIndex() + 1, picker_->sectionCount() - 1));
-  picker_->setSelectedSection(picker_->currentSection());
+  GoToPart(picker_->currentSectionIndex() + 1);
   return true;
+}
+
+// Day, month or year by its place; beyond the last one it is the last one.
+void FrmProjectDetails::GoToPart(int index) {
+  picker_->setCurrentSectionIndex(std::clamp(index, 0, picker_->sectionCount() - 1));
+  picker_->setSelectedSection(picker_->currentSection());
 }
 
 // A year of one or two digits is one of this century.

@@ -27,6 +27,7 @@ class FrmProjectDetails : public PlainDialog {
   void AddFields();
   void AddPicker();
   bool PickerKey(const QKeyEvent& key);
+  void GoToPart(int index);
   void CompleteYear();
 
   // Digits typed into that part of the date.
