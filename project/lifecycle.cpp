@@ -7,6 +7,7 @@
 #include "core/model.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "core/text_file.h"
 #include "project/main_screen.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
@@ -66,10 +67,20 @@ void TakeFileName(const std::string& path) {
   TheMainScreen().ShowFileName(path);
 }
 
-// Reads a project; true when it was read, false after its error was shown.
-bool ReadAndTell(const std::string& path) {
+// The file, before anything of it is read; none after its error was shown.
+std::optional<TextFile> OpenAndTell(const std::string& path) {
   try {
-    ReadProjectFile(path);
+    return TextFile::Open(path);
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+    return std::nullopt;
+  }
+}
+
+// Reads a project; true when it was read, false after its error was shown.
+bool ReadAndTell(TextFile& file) {
+  try {
+    ReadProjectFile(file);
     return true;
   } catch (const std::exception& error) {
     TheDesktop().Message(error.what());
@@ -129,11 +140,14 @@ void OpenProject() {
 
 void OpenFile(const std::string& path) {
   if (Trim(path).empty()) return;
+  // A file that is gone takes nothing off the screen.
+  std::optional<TextFile> file = OpenAndTell(path);
+  if (!file) return;
   MainScreen& screen = TheMainScreen();
   screen.ForgetEditors();
   CurrentItem = 0;  // its row may be gone before the sections are shown afresh
 
-  if (!ReadAndTell(path)) {
+  if (!ReadAndTell(*file)) {
     screen.DisplayItems();
     screen.ClearDetailPanel();
     screen.RefreshProjectDetails();

@@ -17,8 +17,9 @@ void NewProject();
 // folder.
 void OpenProject();
 
-// Reads a project into the model and shows it; asks nothing, and counts as a change. An error of
-// reading shows its description; the model then holds what was read until then, the grid shows it,
+// Reads a project into the model and shows it; asks nothing, and counts as a change. A file that
+// can't be opened shows the error's description and leaves everything as it is. An error of reading
+// shows its description; the model then holds what was read until then, the grid shows it,
 // and the name, the flag and the recent list stay. A path of blanks does nothing.
 void OpenFile(const std::string& path);
 

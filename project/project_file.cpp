@@ -138,6 +138,10 @@ void WriteProjectFile(const std::string& path) {
 void ReadProjectFile(const std::string& path) {
   if (Trim(path).empty()) return;
   TextFile file = TextFile::Open(path);
+  ReadProjectFile(file);
+}
+
+void ReadProjectFile(TextFile& file) {
   ProjectReader reader(file);
   DescribeSections(reader);
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/model.h"
+#include "core/text_file.h"
 
 namespace orvane {
 
@@ -18,11 +19,13 @@ std::string ProjectText();
 // building the text touches no file; a backup that can't be made stops nothing.
 void WriteProjectFile(const std::string& path);
 
-// The table half of OpenFile: reads a project into the model; a path of blanks does nothing. An
-// error up to the end of the type 1 accessory lines is raised, and the model then holds what was
-// read until then. Behind them an error, end of file above all, ends the reading without a word:
-// files from before type 2 accessories end there. ProjectFileName and ProjectDirty stay; the
-// command sets them.
+// The table half of OpenFile: reads a project into the model. An error up to the end of the type 1
+// accessory lines is raised, and the model then holds what was read until then. Behind them an
+// error, end of file above all, ends the reading without a word: files from before type 2
+// accessories end there. ProjectFileName and ProjectDirty stay; the command sets them.
+void ReadProjectFile(TextFile& file);
+// The same of a file named by its path; a path of blanks does nothing. A file that can't be opened
+// raises the system's error, and leaves the model as it is.
 void ReadProjectFile(const std::string& path);
 
 }  // namespace orvane

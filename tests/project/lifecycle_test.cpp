@@ -221,11 +221,11 @@ TEST_F(NewProjectTest, New_counts_as_a_change_only_when_the_details_are_closed_a
 class OpenFileTest : public LifecycleTest {
  protected:
   // What an opening that failed leaves as it was, beside the model.
-  void ExpectKept(Boolean dirty) {
+  void ExpectKept(Boolean dirty, std::int16_t current = 0) {
     EXPECT_EQ(ProjectFileName, Path("@/old.ovd"));
     EXPECT_EQ(ProjectDirty, dirty);
     EXPECT_EQ(Recent(), (Log{"@/old.ovd", "/b.ovd", "", "", ""}));
-    EXPECT_EQ(CurrentItem, 0);
+    EXPECT_EQ(CurrentItem, current);
   }
 
   void HoldOld(Boolean dirty) {
@@ -316,11 +316,13 @@ TEST_F(OpenFileTest, A_project_without_sections_leaves_the_drawing_empty) {
 
 TEST_F(OpenFileTest, A_missing_file_is_told_and_its_entry_stays) {
   HoldOld(True);
+  CurrentItem = 1;
   OpenFile(Path("@/gone.ovd"));
-  EXPECT_EQ(Events(), Failed("File not found"));
+  // Nothing was read, so the screen stays as it is.
+  EXPECT_EQ(Events(), Log{"tell File not found"});
   ExpectBox(person.Boxes.front(), "File not found", "", Buttons::Ok);
   ExpectEarlierItems();
-  ExpectKept(True);
+  ExpectKept(True, 1);
 }
 
 TEST_F(OpenFileTest, A_file_cut_in_its_sections_shows_what_was_read_until_then) {

@@ -293,6 +293,45 @@ TEST_F(OpeningScreen, A_recent_file_that_has_gone_tells_why_and_stays_in_the_lis
   EXPECT_TRUE(GridShowsItems());
 }
 
+TEST_F(OpeningScreen, A_recent_file_that_has_gone_leaves_the_screen_as_it_is) {
+  const std::string gone = FileOf("gone.ovd", {"A1"});
+  const std::string other = FileOf("other.ovd", {"B1", "B2"});
+  Open(gone);
+  ProjectDirty = False;
+  Open(other);
+  std::filesystem::remove(gone);
+  ClickCell(Sections(), 2, 3);
+  Retype("4500");
+  ASSERT_EQ(Sheet().ShownRow(), 2);
+  const QPixmap sheet = Find("SSPanel4").grab();
+  dialogs.ExpectBox("File not found");
+  Entry("mnuProject(10)").trigger();
+  Settle();
+  EXPECT_TRUE(CursorAt(2, 3, "4500"));
+  EXPECT_EQ(CurrentItem, 2);
+  EXPECT_EQ(Sheet().ShownRow(), 2);
+  EXPECT_EQ(Find("SSPanel4").grab().toImage(), sheet.toImage());
+  EXPECT_EQ(FromQt(Find<QLineEdit>("txtProject(1)").text()), "Job other.ovd");
+  // The cell is typed in on, and is checked when it is left.
+  Retype("0");
+  dialogs.ExpectBox("Invalid length");
+  Press(Qt::Key_Tab);
+  Settle();
+}
+
+TEST_F(OpeningScreen, A_file_whose_reading_began_and_failed_clears_the_screen) {
+  Open(FileOf("job.ovd", {"B1", "B2"}));
+  ASSERT_EQ(Sheet().ShownRow(), 1);
+  RecentFiles.at(1) = TempFile("cut.ovd", "0,J\r\n");
+  BuildRecent();
+  dialogs.ExpectBox("Input past end of file");
+  Entry("mnuProject(10)").trigger();
+  Settle();
+  EXPECT_EQ(Sheet().ShownRow(), 0);
+  EXPECT_EQ(CurrentItem, 0);
+  EXPECT_TRUE(GridShowsItems());
+}
+
 TEST_F(OpeningScreen, Long_paths_show_their_last_50_characters_and_no_key_of_an_ampersand) {
   const std::string fifty = "/" + std::string(45, 'p') + ".ovd";
   const std::string longer = "/x" + std::string(45, 'p') + ".ovd";
