@@ -131,10 +131,32 @@ void StoreText(const Setting& setting, const std::string& text) {
               text);
 }
 
+// A line on a stored number that can't be held: the setting, what is stored, what takes its place.
+std::string Replaced(const Setting& setting, const std::string& stored, const std::string& by) {
+  const std::size_t last = setting.Key.find_last_of('\\') + 1;
+  return "\r" + std::string(setting.Key.substr(last)) + ", " + std::string(setting.Name) + ": " +
+         stored + " becomes " + by;
+}
+
+void TellReplaced(const std::string& lines) {
+  if (lines.empty()) return;
+  TheDesktop().Message(std::string(DescriptionOf(Failure::Overflow)) + " in the settings" + lines);
+}
+
 void LoadKey(std::string_view key) {
+  std::string replaced;
   for (const Setting& setting : Settings()) {
-    if (setting.Key == key) Take(setting.HeldIn, StoredText(setting));
+    if (setting.Key != key) continue;
+    const std::string text = StoredText(setting);
+    try {
+      Take(setting.HeldIn, text);
+    } catch (const RuntimeError&) {
+      const std::string byDefault = setting.Default.value_or("");
+      replaced += Replaced(setting, text, byDefault);
+      Take(setting.HeldIn, byDefault);
+    }
   }
+  TellReplaced(replaced);
 }
 
 void SaveKey(std::string_view key) {
@@ -217,6 +239,16 @@ void StoreCamDirectory(const std::string& folder) {
 
 std::string ScreenSetting(std::string_view name, const std::string& presentValue) {
   return StoredText(SettingOf(Screen, name), presentValue);
+}
+double ScreenNumber(std::string_view name, double presentValue) {
+  const std::string present = ShortestText(presentValue);
+  const std::string text = ScreenSetting(name, present);
+  try {
+    return Val(text);
+  } catch (const RuntimeError&) {
+    TellReplaced(Replaced(SettingOf(Screen, name), text, present));
+    return presentValue;
+  }
 }
 void StoreScreenSetting(std::string_view name, const std::string& text) {
   StoreText(SettingOf(Screen, name), text);

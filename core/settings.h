@@ -44,8 +44,10 @@ bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& n
 // The settings, by key.
 
 // Each procedure reads or writes the values of one key in their fixed order. Numbers are stored in
-// the form "0" and read back by number prefix, margins then rounded to 16 bits ("Overflow" beyond
-// them). Storing MinHoleSep in the form "0" gives up its fraction: deliberate.
+// the form "0" and read back by number prefix, margins then rounded to 16 bits. A stored number
+// that its field can't hold is told with its setting, and that setting alone gets its default: one
+// bad margin must not take the others off the paper. Storing MinHoleSep in the form "0" gives up
+// its fraction: deliberate.
 
 void LoadPageSetup();
 void SavePageSetup();
@@ -65,6 +67,9 @@ void StoreCamDirectory(const std::string& folder);
 // The window: "State", which is "0" if it isn't stored, and "Width", "Height", "Top" and "Left",
 // for which a missing value gives the present one. Another name is an error of the program.
 std::string ScreenSetting(std::string_view name, const std::string& presentValue = {});
+// The same as a number, by number prefix. One that is too large for a float is told, and gives the
+// present value.
+double ScreenNumber(std::string_view name, double presentValue);
 void StoreScreenSetting(std::string_view name, const std::string& text);
 
 // The paths of the recent files, number 1 to 5; empty for none. Another number is an error of the

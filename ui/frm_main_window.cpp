@@ -45,8 +45,7 @@ constexpr QSize LeastGrip(80, 16);
 
 // A stored measure, device-independent pixels. The numbers of a screen fit 16 bits.
 int Measure(std::string_view name, int present) {
-  const double value = Val(ScreenSetting(name, DecimalText(present)));
-  return Whole(std::clamp(value, -32768.0, 32767.0));
+  return Whole(std::clamp(ScreenNumber(name, present), -32768.0, 32767.0));
 }
 
 bool IsOnAScreen(const QRect& titleBar) {
@@ -73,7 +72,7 @@ void FrmMain::Load() {
     sections_->DisplayItems();
     AccLines1.Clear();
     AccLines2.Clear();
-    const int state = Whole(std::clamp(Val(ScreenSetting("State")), -1.0, 3.0));
+    const int state = Whole(std::clamp(ScreenNumber("State", NormalState), -1.0, 3.0));
     if (state == NormalState) RestoreGeometry();
     sheet_->ApplyMargins();
     RestoreState(state);

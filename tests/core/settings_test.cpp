@@ -308,9 +308,66 @@ TEST_F(Settings, a_margin_is_read_by_number_prefix_and_rounded_a_half_to_even) {
   }
 }
 
-TEST_F(Settings, a_stored_margin_beyond_16_bits_is_an_Overflow) {
-  Store(PageSetup, "TopMargin", "40000");
-  EXPECT_EQ(ErrorOf([] { LoadPageSetup(); }), "Overflow");
+TEST_F(Settings, a_stored_margin_beyond_16_bits_costs_itself_alone_its_value) {
+  Store(PageSetup, "LeftMargin", "40000");
+  Store(PageSetup, "RightMargin", "12");
+  Store(PageSetup, "TopMargin", "13");
+  Store(PageSetup, "BottomMargin", "-32769");
+  LoadPageSetup();
+  EXPECT_EQ(LeftMargin, 10);
+  EXPECT_EQ(RightMargin, 12);
+  EXPECT_EQ(TopMargin, 13);
+  EXPECT_EQ(BottomMargin, 10);
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes.front().Text,
+            "Overflow in the settings\r"
+            "PageSetup, LeftMargin: 40000 becomes 10\r"
+            "PageSetup, BottomMargin: -32769 becomes 10");
+  EXPECT_EQ(Stored(PageSetup, "LeftMargin"), "40000") << "reading stores nothing";
+}
+
+TEST_F(Settings, a_stored_number_beyond_every_float_costs_itself_alone_its_value) {
+  Store(Lengths, "E", "1e999");
+  Store(Lengths, "T", "3999");
+  LoadMaxDims();
+  const std::vector<double> expected = {15000, 15000, 15000, 3050, 3050, 3999};
+  for (int row = 1; row <= 6; ++row) {
+    EXPECT_EQ(MaxDims.At(row), expected.at(static_cast<std::size_t>(row) - 1)) << row;
+  }
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes.front().Text,
+            "Overflow in the settings\rMaxDims, E: 1e999 becomes 15000");
+  Store(Drawings, "MinHoleSep", "-1e999");
+  LoadDrawingSettings();
+  EXPECT_EQ(MinHoleSep, 4);
+  ASSERT_EQ(desktop.Boxes.size(), 2U);
+  EXPECT_EQ(desktop.Boxes.back().Text,
+            "Overflow in the settings\rDrawings, MinHoleSep: -1e999 becomes 4");
+}
+
+TEST_F(Settings, words_that_look_like_no_finite_number_count_0_without_a_box) {
+  for (const char* text : {"inf", "nan", "-inf", "many"}) {
+    Store(PageSetup, "LeftMargin", text);
+    Store(Lengths, "Z", text);
+    LoadPageSetup();
+    LoadMaxDims();
+    EXPECT_EQ(LeftMargin, 0) << text;
+    EXPECT_EQ(MaxDims.At(1), 0) << text;
+  }
+  EXPECT_TRUE(desktop.Boxes.empty());
+}
+
+TEST_F(Settings, a_stored_measure_of_the_window_that_is_no_finite_number_is_told_and_replaced) {
+  Store(Screen, "Width", "1e999");
+  Store(Screen, "Height", "700.5");
+  EXPECT_EQ(ScreenNumber("Width", 1024), 1024);
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes.front().Text,
+            "Overflow in the settings\rScreen, Width: 1e999 becomes 1024");
+  EXPECT_EQ(ScreenNumber("Height", 768), 700.5);
+  EXPECT_EQ(ScreenNumber("Top", 40), 40);
+  EXPECT_EQ(ScreenNumber("State", 0), 0);
+  EXPECT_EQ(desktop.Boxes.size(), 1U);
 }
 
 TEST_F(Settings, an_empty_margin_that_was_stored_counts_0_and_not_the_default) {

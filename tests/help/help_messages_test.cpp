@@ -66,6 +66,7 @@ const std::multiset<std::string> Messages = {
     // Catalogues and settings.
     "Error loading data from /opt/lintaro/dims.csv\nFile not found",
     "ERROR #3 : Permission denied",
+    "Overflow in the settings\nPageSetup, LeftMargin: 40000 becomes 10",
     "The help can't be shown: no viewer for /opt/lintaro/Lintaro.chm was found",
     // The system's descriptions.
     "File not found",

@@ -281,8 +281,10 @@ TEST_F(StartUpTest, A_margin_beyond_16_bits_is_told_and_the_start_goes_on) {
   desktop.Traced.Store(SettingsRoot::LocalMachine, SettingsKey + "\\Settings\\PageSetup",
                        "LeftMargin", "99999");
   ExpectAbout();
-  dialogs.ExpectBox("Overflow");
+  dialogs.ExpectBox("Overflow in the settings\nPageSetup, LeftMargin: 99999 becomes 10");
   start->Run();
+  EXPECT_EQ(LeftMargin, 10);
+  EXPECT_EQ(RightMargin, 10);
   EXPECT_EQ(MaxDims.At(6), 4000);
   EXPECT_EQ(MinHoleSep, 4);
   EXPECT_EQ(CompanyName, "Anna Steel");

@@ -285,16 +285,20 @@ TEST_F(WindowStateTest, An_error_stops_the_load_at_its_step_and_the_window_lives
   EXPECT_EQ(Items.UBound(), 7);
 }
 
-TEST_F(WindowStateTest, An_error_behind_the_catalogues_leaves_what_stood_before_it) {
-  StoreScreenSetting("State", "0");
+TEST_F(WindowStateTest, A_measure_that_is_no_finite_number_costs_itself_alone_its_value) {
+  const int first = main->width();
+  Store("0", 0, SomeSize().height(), 33, 22);
   StoreScreenSetting("Width", "1e999");
+  const int height = SomeSize().height();
   main.reset();
-  dialogs.ExpectBox("Overflow");
+  dialogs.ExpectBox("Overflow in the settings\nScreen, Width: 1e999 becomes " + DecimalText(first));
   main = std::make_unique<FrmMain>(*details);
   main->Load();
   main->show();
   Settle();
   EXPECT_TRUE(main->isVisible());
+  EXPECT_EQ(main->size(), QSize(first, height));
+  EXPECT_EQ(main->pos(), QPoint(22, 33));
   EXPECT_EQ(Find<QComboBox>("cboPitch").count(), 6);
   EXPECT_FALSE(SectionDims.Empty());
 }
