@@ -192,6 +192,50 @@ TEST_F(MessageBoxTest, An_open_list_is_closed_before_the_box_comes) {
   EXPECT_FALSE(menu.isVisible());
 }
 
+TEST_F(MessageBoxTest, No_pop_up_owns_a_box_so_that_one_may_go_while_the_box_stands) {
+  QWidget window;
+  ShowActive(window);
+  auto* list = new QMenu(&window);
+  list->addAction("Entry");
+  list->popup(window.mapToGlobal(QPoint(0, 0)));
+  QApplication::setActiveWindow(list);  // as it happens while one goes
+  const QPointer<QMenu> kept = list;
+  const Answer answer = Ask("?", "", Buttons::YesNo, Icon::None, [&](QWidget& box) {
+    EXPECT_EQ(box.parentWidget(), &window);
+    list->setParent(nullptr);
+    delete list;
+    Button(QMessageBox::Yes)(box);
+  });
+  EXPECT_EQ(answer, Answer::Yes);
+  EXPECT_FALSE(kept);
+}
+
+TEST_F(MessageBoxTest, The_box_over_a_submenu_belongs_to_the_window_of_the_menu) {
+  QWidget window;
+  ShowActive(window);
+  QMenu menu(&window);
+  QMenu* sub = menu.addMenu("More");
+  sub->addAction("Entry");
+  menu.popup(window.mapToGlobal(QPoint(0, 0)));
+  sub->popup(window.mapToGlobal(QPoint(40, 0)));
+  QApplication::setActiveWindow(sub);  // as it happens while one goes
+  Ask("?", "", Buttons::Ok, Icon::None, [](QWidget& box) {
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    Enter(box);
+  });
+  EXPECT_EQ(look.Parent, &window);
+  EXPECT_FALSE(menu.isVisible());
+}
+
+TEST_F(MessageBoxTest, A_pop_up_that_belongs_to_nobody_owns_no_box_either) {
+  QMenu alone;
+  alone.addAction("Entry");
+  alone.popup(QPoint(0, 0));
+  QApplication::setActiveWindow(&alone);  // as it happens while one goes
+  Ask("?", "", Buttons::Ok, Icon::None, Enter);
+  EXPECT_EQ(look.Parent, nullptr);
+}
+
 TEST_F(MessageBoxTest, The_guard_shows_the_description_of_an_error_and_nothing_without_one) {
   bool ran = false;
   Guard([&] { ran = true; });

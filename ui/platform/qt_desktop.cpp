@@ -23,10 +23,23 @@ namespace orvane {
 
 namespace {
 
+// A menu, an open list and a tip go by themselves, and what they own goes with them. So no dialog
+// belongs to one, but to the window that it came from; none if there is no such window.
+QWidget* WithoutPopups(QWidget* window) {
+  const auto goesByItself = [](const QWidget& each) {
+    return each.windowType() == Qt::Popup || each.windowType() == Qt::ToolTip;
+  };
+  while (window != nullptr && goesByItself(*window)) {
+    QWidget* parent = window->parentWidget();
+    window = parent == nullptr ? nullptr : parent->window();
+  }
+  return window;
+}
+
 // The window that a dialog belongs to.
 QWidget* OwnerWindow() {
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  if (QWidget* active = QApplication::activeWindow()) return active;
+  if (QWidget* modal = WithoutPopups(QApplication::activeModalWidget())) return modal;
+  if (QWidget* active = WithoutPopups(QApplication::activeWindow())) return active;
   // Another program is in front.
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
@@ -60,7 +73,7 @@ class DeletionStay : public QObject {
 class DialogStay {
  public:
   DialogStay() : owner_(OwnerWindow()), focus_(QApplication::focusWidget()) {
-    if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    ClosePopups();
     if (focus_ == nullptr && owner_ != nullptr) focus_ = owner_->focusWidget();
   }
   ~DialogStay() {
@@ -76,6 +89,14 @@ class DialogStay {
   QWidget* Owner() const { return owner_; }
 
  private:
+  // A menu over a menu too; one that won't go stays.
+  static void ClosePopups() {
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+      popup->close();
+      if (QApplication::activePopupWidget() == popup) return;
+    }
+  }
+
   QPointer<QWidget> owner_;
   QPointer<QWidget> focus_;
 };
