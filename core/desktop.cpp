@@ -1,6 +1,7 @@
 #include "core/desktop.h"
 
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -45,6 +46,16 @@ void UninstallDesktop() {
 Desktop& TheDesktop() {
   if (installedDesktop == nullptr) throw std::logic_error("no desktop installed");
   return *installedDesktop;
+}
+
+bool Tell(const std::function<void()>& action) {
+  try {
+    action();
+    return true;
+  } catch (const std::exception& error) {
+    TheDesktop().Message(error.what());
+    return false;
+  }
 }
 
 std::string ProgramPath(std::string_view suffix) {

@@ -2,6 +2,7 @@
 // implements it on its screens, the companion on standard error, the tests by script.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -63,6 +64,10 @@ class Desktop : public Clock {
 void InstallDesktop(Desktop& desktop);
 void UninstallDesktop();
 Desktop& TheDesktop();
+
+// Runs the action; an error shows its description in a plain message box, and the state stays as
+// the action left it. True when none was raised.
+bool Tell(const std::function<void()>& action);
 
 // The program's own folder, which holds the catalogue files, the pictures and the help: the folder
 // of the executable, not the current one. Set first thing; nothing is ever written there.

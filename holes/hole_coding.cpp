@@ -107,7 +107,10 @@ const Family* CodeFamilyOf(std::string_view code) {
 }  // namespace
 
 void ExpandPattern(std::string_view PatternName, std::int16_t ItemIndex) {
-  const Item& item = Items.At(ItemIndex);
+  ExpandPattern(PatternName, Items.At(ItemIndex));
+}
+
+void ExpandPattern(std::string_view PatternName, Item& item) {
   const double length = item.Length;
   const std::int16_t sagBarDia = item.SagBarDia;
   const PunchPattern* pattern = PatternOf(item.SectionType, PatternName);
@@ -133,7 +136,7 @@ void ExpandPattern(std::string_view PatternName, std::int16_t ItemIndex) {
         distance += hole.PairSpacings * *pairSpacing;
       }
       const std::int16_t x = Whole(distance);  // rounded once, behind every sum
-      AddHole(ItemIndex, x, PatternKind, hole.Lines.substr(0, 1), hole.Lines.substr(1, 1),
+      AddHole(item, x, PatternKind, hole.Lines.substr(0, 1), hole.Lines.substr(1, 1),
               hole.Lines.substr(2, 1), hole.Lines.substr(3, 1), diameter, family->SlotLength,
               pattern->Starred);
     }
@@ -144,7 +147,12 @@ std::int16_t AddHole(std::int16_t ItemIndex, std::int16_t X, std::string_view Ki
                      std::string_view BF, std::string_view W1, std::string_view W2,
                      std::string_view TF, std::int16_t Diameter, std::int16_t SlotLength,
                      Boolean Starred) {
-  Item& item = Items.At(ItemIndex);
+  return AddHole(Items.At(ItemIndex), X, Kind, BF, W1, W2, TF, Diameter, SlotLength, Starred);
+}
+
+std::int16_t AddHole(Item& item, std::int16_t X, std::string_view Kind, std::string_view BF,
+                     std::string_view W1, std::string_view W2, std::string_view TF,
+                     std::int16_t Diameter, std::int16_t SlotLength, Boolean Starred) {
   const std::int16_t count = Int16(item.Holes.UBound() + 1);
   item.Holes.Resize(count);  // a blank record, made in place
   Hole& hole = item.Holes.At(count);

@@ -14,6 +14,8 @@ namespace orvane {
 // "Custom"), an empty string and an unknown code add nothing. It doesn't clear the list, sort it or
 // fill the gaps. A position beyond 16 bits raises "Overflow".
 void ExpandPattern(std::string_view PatternName, std::int16_t ItemIndex);
+// The same for a section wherever it stands, a copy of a row among them.
+void ExpandPattern(std::string_view PatternName, Item& item);
 
 // Appends one hole to Items(ItemIndex) and returns X. For pattern holes only: CustomHoleCount
 // stays.
@@ -21,5 +23,8 @@ std::int16_t AddHole(std::int16_t ItemIndex, std::int16_t X, std::string_view Ki
                      std::string_view BF, std::string_view W1, std::string_view W2,
                      std::string_view TF, std::int16_t Diameter, std::int16_t SlotLength = 0,
                      Boolean Starred = False);
+std::int16_t AddHole(Item& item, std::int16_t X, std::string_view Kind, std::string_view BF,
+                     std::string_view W1, std::string_view W2, std::string_view TF,
+                     std::int16_t Diameter, std::int16_t SlotLength = 0, Boolean Starred = False);
 
 }  // namespace orvane

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "core/desktop.h"
 #include "holes/hole_coding.h"
 
 namespace orvane {
@@ -51,7 +52,10 @@ Table<std::string> GridRow(const Hole& hole) {
 }  // namespace
 
 void RemoveStandardHoles(std::int16_t ItemIndex) {
-  Item& item = Items.At(ItemIndex);
+  RemoveStandardHoles(Items.At(ItemIndex));
+}
+
+void RemoveStandardHoles(Item& item) {
   Table<Hole>& holes = item.Holes;
   int kept = 0;
   for (int row = 1; row <= holes.UBound(); ++row) {
@@ -65,7 +69,11 @@ void RemoveStandardHoles(std::int16_t ItemIndex) {
 }
 
 void SortHoles(std::int16_t ItemIndex) {
-  Table<Hole>& holes = Items.At(ItemIndex).Holes;
+  SortHoles(Items.At(ItemIndex));
+}
+
+void SortHoles(Item& item) {
+  Table<Hole>& holes = item.Holes;
   const auto before = [](const Hole& a, const Hole& b) { return a.XPos < b.XPos; };
   // Most lists come in order: a pattern's codes go from left to right.
   if (std::is_sorted(holes.begin(), holes.end(), before)) return;
@@ -82,7 +90,10 @@ void SortHoles(std::int16_t ItemIndex) {
 }
 
 void AdjustHoleSpacing(std::int16_t ItemIndex) {
-  Item& item = Items.At(ItemIndex);
+  AdjustHoleSpacing(Items.At(ItemIndex));
+}
+
+void AdjustHoleSpacing(Item& item) {
   Table<Hole>& holes = item.Holes;
   const int last = holes.UBound();
   if (last == 0 || DrawingWidth == 0 || item.Length <= 0) return;
@@ -126,11 +137,22 @@ void AdjustHoleSpacing(std::int16_t ItemIndex) {
   }
 }
 
-void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName) {
-  RemoveStandardHoles(ItemIndex);
-  ExpandPattern(PatternName, ItemIndex);
-  SortHoles(ItemIndex);
-  AdjustHoleSpacing(ItemIndex);
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName, StepErrors errors) {
+  RebuildHoles(Items.At(ItemIndex), PatternName, errors);
+}
+
+void RebuildHoles(Item& item, std::string_view PatternName, StepErrors errors) {
+  const auto run = [errors](const auto& step) {
+    if (errors == StepErrors::Stop) {
+      step();
+    } else {
+      Tell(step);
+    }
+  };
+  run([&] { RemoveStandardHoles(item); });
+  run([&] { ExpandPattern(PatternName, item); });
+  run([&] { SortHoles(item); });
+  run([&] { AdjustHoleSpacing(item); });
 }
 
 bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow) {

@@ -1,5 +1,6 @@
 // Keeps an item's list of holes: pattern holes removed and made afresh while custom holes survive,
-// sorted by position, with true and drawn gaps. All procedures take the row of Items.
+// sorted by position, with true and drawn gaps. The procedures take the row of Items; those that
+// make holes take a section itself too, for a copy of one that is only looked at.
 #pragma once
 
 #include <cstdint>
@@ -12,20 +13,31 @@ namespace orvane {
 
 // Keeps only the rows of kind "C", in their order; row 0 becomes blank.
 void RemoveStandardHoles(std::int16_t ItemIndex);
+void RemoveStandardHoles(Item& item);
 
 // Sorts rows 1.. by XPos, ascending; rows of equal XPos keep their order, so that a pair of holes
 // at one position keeps the order of its creation.
 void SortHoles(std::int16_t ItemIndex);
+void SortHoles(Item& item);
 
 // Works out RelX and DrawGap of every hole, and makes row 0 the end sentinel: XPos is the item's
 // length, RelX and DrawGap the gap to the right-hand end. Changes nothing for an item without holes
 // or length, or before a section has been drawn (DrawingWidth 0). When short gaps must be widened
 // and the gaps that should pay for it add up to 0, "Division by zero"; the widened gaps then stay.
 void AdjustHoleSpacing(std::int16_t ItemIndex);
+void AdjustHoleSpacing(Item& item);
+
+// What becomes of an error in one step of a rebuild.
+enum class StepErrors {
+  Stop,        // it ends the rebuild and is raised
+  TellAndGoOn  // its box is shown, and the next step goes on with the list as it then stands
+};
 
 // The sequence by which a section's holes are made afresh: RemoveStandardHoles, ExpandPattern,
 // SortHoles, AdjustHoleSpacing.
-void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName);
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName,
+                  StepErrors errors = StepErrors::Stop);
+void RebuildHoles(Item& item, std::string_view PatternName, StepErrors errors = StepErrors::Stop);
 
 // The table half of DeleteCustomHole: takes out the CustomRow-th hole of kind "C" and adjusts the
 // gaps. Does nothing if either argument is below 1 or there is no such hole; true when a hole went.

@@ -1,7 +1,6 @@
 #include "output/accessory_list.h"
 
 #include <algorithm>
-#include <exception>
 #include <string_view>
 
 #include "core/desktop.h"
@@ -110,15 +109,11 @@ void WriteLines2(FactoryWriter& out) {
 }  // namespace
 
 bool ExportAccList(const std::string& camPath) {
-  try {
+  return Tell([&] {
     const auto used = [](Boolean flag) { return flag != False; };
-    if (std::none_of(AccUsed.begin(), AccUsed.end(), used)) return true;
+    if (std::none_of(AccUsed.begin(), AccUsed.end(), used)) return;
     WriteFactoryFile(AccListPath(camPath), AccListFile(TheDesktop().Now()));
-    return true;
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-    return false;
-  }
+  });
 }
 
 std::string AccListPath(const std::string& camPath) {

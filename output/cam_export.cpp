@@ -1,7 +1,6 @@
 #include "output/cam_export.h"
 
 #include <algorithm>
-#include <exception>
 #include <optional>
 #include <string>
 
@@ -91,12 +90,9 @@ void ExportCAM() {
 }
 
 ExportOutcome RunExport() {
-  try {
-    return ExportSteps();
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-    return ExportOutcome::Failed;
-  }
+  ExportOutcome outcome = ExportOutcome::Failed;
+  Tell([&] { outcome = ExportSteps(); });
+  return outcome;
 }
 
 FactoryFile CamFile(const Moment& created) {

@@ -1,6 +1,5 @@
 #include "project/lifecycle.h"
 
-#include <exception>
 #include <optional>
 
 #include "core/desktop.h"
@@ -69,23 +68,9 @@ void TakeFileName(const std::string& path) {
 
 // The file, before anything of it is read; none after its error was shown.
 std::optional<TextFile> OpenAndTell(const std::string& path) {
-  try {
-    return TextFile::Open(path);
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-    return std::nullopt;
-  }
-}
-
-// Reads a project; true when it was read, false after its error was shown.
-bool ReadAndTell(TextFile& file) {
-  try {
-    ReadProjectFile(file);
-    return true;
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-    return false;
-  }
+  std::optional<TextFile> file;
+  Tell([&] { file = TextFile::Open(path); });
+  return file;
 }
 
 // Draws the first section. What its holes or its sheet raise is shown; the project is open all the
@@ -95,21 +80,14 @@ void ShowFirstItem() {
     TheMainScreen().ClearDrawing();
     return;
   }
-  try {
-    TheMainScreen().SelectFirstItem();
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-  }
+  Tell([] { TheMainScreen().SelectFirstItem(); });
 }
 
 // The check at exit; one that can't be made is told and stops nobody.
 bool LengthsAllowExit() {
-  try {
-    return CheckLength();
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-    return true;
-  }
+  bool allowed = true;
+  Tell([&] { allowed = CheckLength(); });
+  return allowed;
 }
 
 }  // namespace
@@ -147,7 +125,7 @@ void OpenFile(const std::string& path) {
   screen.ForgetEditors();
   CurrentItem = 0;  // its row may be gone before the sections are shown afresh
 
-  if (!ReadAndTell(*file)) {
+  if (!Tell([&] { ReadProjectFile(*file); })) {
     screen.DisplayItems();
     screen.ClearDetailPanel();
     screen.RefreshProjectDetails();
@@ -167,17 +145,15 @@ void OpenFile(const std::string& path) {
 
 bool SaveProject(Boolean SaveAs) {
   bool written = false;
-  try {
+  Tell([&] {
     const std::optional<std::string> path = PathToSave(SaveAs);
-    if (!path) return false;
+    if (!path) return;
     WriteProjectFile(*path);
     written = true;
     TakeFileName(*path);
     ProjectDirty = False;
     AddRecent(*path);
-  } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
-  }
+  });
   return written;
 }
 

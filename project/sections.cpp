@@ -149,18 +149,14 @@ std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
 bool ShowsMirroredPattern(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return false;
   const auto shown = PatternHoles(Items.At(ItemIndex));
-  // The pattern is expanded in the section's own row, which is put back in any case.
-  Item keep = Items.At(ItemIndex);
-  bool mirrored = false;
+  Item afresh = Items.At(ItemIndex);
   try {
-    RemoveStandardHoles(ItemIndex);
-    ExpandPattern(keep.PatternName, ItemIndex);
-    mirrored = PatternHoles(Items.At(ItemIndex)) != shown;
+    RemoveStandardHoles(afresh);
+    ExpandPattern(afresh.PatternName, afresh);
+    return PatternHoles(afresh) != shown;
   } catch (const RuntimeError&) {
-    // Positions that don't fit: its rebuild tells.
+    return false;  // positions that don't fit: its rebuild tells
   }
-  Items.At(ItemIndex) = std::move(keep);
-  return mirrored;
 }
 
 void DeleteItemRow(std::int16_t ItemIndex) {

@@ -9,7 +9,6 @@
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/text.h"
-#include "holes/hole_coding.h"
 #include "holes/hole_list.h"
 #include "ui/controls/tab_stop.h"
 #include "ui/platform/guard.h"
@@ -201,6 +200,7 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
     ApplyPattern(ItemIndex, false, holes);
   }
   // Here also for a section of another letter whose pattern has left it a diameter.
+  SettleSagBars(ItemIndex);
   ShowSagBars(ShownSagBars(ItemIndex));
   return index >= 0;
 }
@@ -273,21 +273,11 @@ void DetailPanel::ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles h
   Guard([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); });
   if (chosen) Guard([&] { SetPattern(ItemIndex, pattern); });
   Guard([&] {
-    if (const auto choice = SagBarsOfPattern(ItemIndex, pattern)) ShowSagBars(*choice);
+    const auto choice = SagBarsOfPattern(ItemIndex, pattern);
+    SetSagBarsOfPattern(ItemIndex, pattern);
+    if (choice) ShowSagBars(*choice);
   });
-  if (holes == ShownHoles::Afresh) {
-    RebuildStepByStep(ItemIndex);
-  } else {
-    ShowHolesAndSheet(ItemIndex);
-  }
-}
-
-// The steps of RebuildHoles, each of which goes on behind an error of the one before.
-void DetailPanel::RebuildStepByStep(std::int16_t ItemIndex) {
-  Guard([&] { RemoveStandardHoles(ItemIndex); });
-  Guard([&] { ExpandPattern(cboPattern->Text(), ItemIndex); });
-  Guard([&] { SortHoles(ItemIndex); });
-  Guard([&] { AdjustHoleSpacing(ItemIndex); });
+  if (holes == ShownHoles::Afresh) RebuildHoles(ItemIndex, pattern, StepErrors::TellAndGoOn);
   ShowHolesAndSheet(ItemIndex);
 }
 
@@ -302,7 +292,8 @@ void DetailPanel::SagBarsSelected(int option) {
   const std::int16_t row = Row();
   if (row < 1) return;
   Guard([&] { SetSagBars(row, option); });
-  RebuildStepByStep(row);
+  RebuildHoles(row, cboPattern->Text(), StepErrors::TellAndGoOn);
+  ShowHolesAndSheet(row);
 }
 
 // ProjectDirty stays as it is, deliberately, for the pitch as for the jointing pieces, the sag bars

@@ -84,7 +84,6 @@ class DetailPanel : public QWidget {
   void PatternChosen();    // the user's door to the next
   void PatternSelected();  // handler of cboPattern, for code that counts as the user too
   void ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes = ShownHoles::Afresh);
-  void RebuildStepByStep(std::int16_t ItemIndex);
   void ShowHolesAndSheet(std::int16_t ItemIndex);
   void SagBarsSelected(int option);
   void PitchSelected();

@@ -24,11 +24,14 @@ Table<std::string> TableOf(std::initializer_list<std::string_view> texts) {
   return table;
 }
 
-// The option of a section with sag bars; whatever isn't a spring fix is threaded from then on.
-SagBars SettledSagBars(Item& item) {
-  if (item.SagBarDia == SpringFixDia) return SagBars::SpringFix;
-  item.SagBarDia = ThreadedDia;
-  return SagBars::Threaded;
+// The option of a section with sag bars: whatever isn't a spring fix is threaded.
+SagBars OptionOf(const Item& item) {
+  return item.SagBarDia == SpringFixDia ? SagBars::SpringFix : SagBars::Threaded;
+}
+
+std::int16_t DiameterOf(SagBars choice) {
+  if (choice == SagBars::SpringFix) return SpringFixDia;
+  return choice == SagBars::Threaded ? ThreadedDia : NoSagBars;
 }
 
 }  // namespace
@@ -60,8 +63,13 @@ bool HasJointingPieces(std::string_view letter) {
 }
 
 SagBars ShownSagBars(std::int16_t ItemIndex) {
+  const Item& item = Items.At(ItemIndex);
+  return item.SagBarDia > 0 ? OptionOf(item) : SagBars::Hidden;
+}
+
+void SettleSagBars(std::int16_t ItemIndex) {
   Item& item = Items.At(ItemIndex);
-  return item.SagBarDia > 0 ? SettledSagBars(item) : SagBars::Hidden;
+  if (item.SagBarDia > 0) item.SagBarDia = DiameterOf(OptionOf(item));
 }
 
 bool RemovesCustomHoles(std::int16_t ItemIndex, int listIndex) {
@@ -86,11 +94,14 @@ void SetPattern(std::int16_t ItemIndex, std::string_view listText) {
 
 std::optional<SagBars> SagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText) {
   if (ItemIndex < 1 || PunchPatterns.Empty()) return std::nullopt;
-  Item& item = Items.At(ItemIndex);
   // The first row of that name decides, whichever letter it has; "Custom" finds the blank row 0.
-  if (PunchPatterns.At(FindPunchPattern(listText)).HasSagBars != False) return SettledSagBars(item);
-  item.SagBarDia = NoSagBars;
-  return SagBars::Hidden;
+  const bool has = PunchPatterns.At(FindPunchPattern(listText)).HasSagBars != False;
+  return has ? OptionOf(Items.At(ItemIndex)) : SagBars::Hidden;
+}
+
+void SetSagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText) {
+  const std::optional<SagBars> choice = SagBarsOfPattern(ItemIndex, listText);
+  if (choice) Items.At(ItemIndex).SagBarDia = DiameterOf(*choice);
 }
 
 void SetSagBars(std::int16_t ItemIndex, int option) {

@@ -33,8 +33,10 @@ enum class SagBars {
   Threaded    // option 1, 14 mm
 };
 
-// What the choice shows for a section as it stands; a diameter above 0 that isn't 18 becomes 14.
+// What the choice shows for a section as it stands.
 SagBars ShownSagBars(std::int16_t ItemIndex);
+// Showing it settles the diameter: one above 0 that isn't 18 becomes 14.
+void SettleSagBars(std::int16_t ItemIndex);
 
 // Selecting a pattern, in the steps of its handler.
 
@@ -46,9 +48,11 @@ void EmptyHoles(std::int16_t ItemIndex);
 void ClearPattern(std::int16_t ItemIndex);
 // PatternName from the list's text.
 void SetPattern(std::int16_t ItemIndex, std::string_view listText);
-// What the pattern's sag-bar mark means for the section: SagBarDia 0, or 14 unless it is 18. None,
-// and no change, when no pattern has been loaded.
+// What the choice shows for a section with that pattern, by the pattern's sag-bar mark; none when
+// no pattern has been loaded.
 std::optional<SagBars> SagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText);
+// Gives the section what that choice stands for: SagBarDia 0, 14 or 18; none changes nothing.
+void SetSagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText);
 
 // Choosing option 0 or 1 of the sag bars, without the rebuild that follows.
 void SetSagBars(std::int16_t ItemIndex, int option);

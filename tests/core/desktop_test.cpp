@@ -70,6 +70,26 @@ TEST_F(Desktops, asking_without_an_installed_desktop_is_an_error_of_the_program)
   EXPECT_EQ(&TheDesktop(), &desktop);
 }
 
+TEST_F(Desktops, Tell_shows_an_error_in_a_plain_box_and_leaves_what_was_done_before_it) {
+  int done = 0;
+  EXPECT_FALSE(Tell([&] {
+    done = 1;
+    throw RuntimeError(Failure::Overflow);
+  }));
+  EXPECT_EQ(done, 1);
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes[0].Text, "Overflow");
+  EXPECT_EQ(desktop.Boxes[0].Title, "");
+  EXPECT_EQ(desktop.Boxes[0].Sign, Icon::None);
+}
+
+TEST_F(Desktops, Tell_says_nothing_of_an_action_that_went_well) {
+  int done = 0;
+  EXPECT_TRUE(Tell([&] { done = 1; }));
+  EXPECT_EQ(done, 1);
+  EXPECT_TRUE(desktop.Boxes.empty());
+}
+
 TEST_F(Desktops, ProgramPath_joins_the_programs_folder_and_a_backslash_led_name) {
   const std::string folder = ProgramWith({"dims.csv", "Drawings/clip.wmf"});
   EXPECT_EQ(ProgramPath("\\dims.csv"), folder + "/dims.csv");

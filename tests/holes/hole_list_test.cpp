@@ -224,6 +224,31 @@ TEST_F(HoleListTest, the_rebuild_removes_expands_sorts_and_adjusts_in_that_order
   EXPECT_EQ(holes.At(0).XPos, 6000);
 }
 
+TEST_F(HoleListTest, the_rebuild_stops_at_the_first_step_that_fails_or_tells_and_goes_on) {
+  AddPattern("End", "B6");
+  Items.At(1).Length = -32768;  // the hole 32 mm before its end has no place in 16 bits
+  Add(500, "C");
+  Add(300, "C");
+  EXPECT_EQ(test::ErrorOf([] { RebuildHoles(1, "End"); }), "Overflow");
+  EXPECT_EQ(PositionsNow(), (Positions{500, 300}));
+  EXPECT_TRUE(desktop.Boxes.empty());
+  RebuildHoles(1, "End", StepErrors::TellAndGoOn);
+  EXPECT_EQ(PositionsNow(), (Positions{300, 500}));
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes[0].Text, "Overflow");
+}
+
+TEST_F(HoleListTest, a_copy_of_a_section_is_rebuilt_without_its_row) {
+  AddPattern("Mid", "F3,B0");
+  Add(4000, "S");
+  Item copy = Items.At(1);
+  RebuildHoles(copy, "Mid");
+  EXPECT_EQ(PositionsNow(), (Positions{4000}));
+  ASSERT_EQ(copy.Holes.UBound(), 2);
+  EXPECT_EQ(copy.Holes.At(1).XPos, 32);
+  EXPECT_EQ(copy.Holes.At(2).XPos, 3000);
+}
+
 TEST_F(HoleListTest, the_rebuild_may_be_told_the_items_own_pattern_name) {
   Items.At(1).PatternName = "A pattern name that is longer than a short text";
   AddPattern(Items.At(1).PatternName, "F3,B0");

@@ -127,10 +127,13 @@ TEST_F(SectionDetailsTest, The_choice_shows_18_and_takes_any_other_diameter_for_
     for (const Dia& dia : dias) {
       Items.At(1).SagBarDia = Int16(dia.Stored);
       EXPECT_EQ(ShownSagBars(1), dia.Shown) << dia.Stored;
+      EXPECT_EQ(Items.At(1).SagBarDia, dia.Stored) << "asking changes nothing";
+      SettleSagBars(1);
       EXPECT_EQ(Items.At(1).SagBarDia, dia.Becomes) << dia.Stored;
     }
   }
   EXPECT_EQ(ShownSagBars(0), SagBars::Hidden);
+  SettleSagBars(0);
   ExpectBlankElement0();
   ExpectOtherUntouched();
 }
@@ -200,6 +203,8 @@ TEST_F(SectionDetailsTest, A_sag_bar_pattern_keeps_18_and_makes_anything_else_14
   for (const Dia& dia : dias) {
     Items.At(1).SagBarDia = Int16(dia.Stored);
     EXPECT_EQ(SagBarsOfPattern(1, "sag"), dia.Shown) << dia.Stored;
+    EXPECT_EQ(Items.At(1).SagBarDia, dia.Stored) << "asking changes nothing";
+    SetSagBarsOfPattern(1, "sag");
     EXPECT_EQ(Items.At(1).SagBarDia, dia.Becomes) << dia.Stored;
   }
   ExpectOtherUntouched();
@@ -211,6 +216,8 @@ TEST_F(SectionDetailsTest, Any_other_pattern_takes_the_sag_bars) {
   for (const std::string pattern : {"plain", "Custom", "unknown", "SAG"}) {
     Items.At(1).SagBarDia = 18;
     EXPECT_EQ(SagBarsOfPattern(1, pattern), SagBars::Hidden) << pattern;
+    EXPECT_EQ(Items.At(1).SagBarDia, 18) << "asking changes nothing";
+    SetSagBarsOfPattern(1, pattern);
     EXPECT_EQ(Items.At(1).SagBarDia, 0) << pattern;
   }
 }
@@ -226,9 +233,11 @@ TEST_F(SectionDetailsTest, The_first_pattern_of_the_name_decides_whichever_lette
 
 TEST_F(SectionDetailsTest, Without_patterns_or_a_section_the_sag_bars_stay) {
   EXPECT_EQ(SagBarsOfPattern(1, "sag"), std::nullopt);
+  SetSagBarsOfPattern(1, "sag");
   EXPECT_EQ(Items.At(1).SagBarDia, 16);
   AddPattern("Z", "sag", true);
   EXPECT_EQ(SagBarsOfPattern(0, "sag"), std::nullopt);
+  SetSagBarsOfPattern(0, "sag");
   ExpectBlankElement0();
 }
 
@@ -239,7 +248,7 @@ TEST_F(SectionDetailsTest, Custom_over_a_standard_pattern_keeps_nothing_but_the_
   Items.At(1).PatternName = "sag";
   ASSERT_FALSE(RemovesCustomHoles(1, 0));
   SetPattern(1, "Custom");
-  SagBarsOfPattern(1, "Custom");
+  SetSagBarsOfPattern(1, "Custom");
   RebuildHoles(1, "Custom");
   EXPECT_EQ(Items.At(1).HoleCount(), 1);
   EXPECT_EQ(Items.At(1).Holes.At(1).Kind, "C");
@@ -261,7 +270,7 @@ TEST_F(SectionDetailsTest, A_standard_pattern_over_Custom_has_its_own_holes_alon
   ASSERT_TRUE(RemovesCustomHoles(1, 1));
   EmptyHoles(1);
   SetPattern(1, "sag");
-  SagBarsOfPattern(1, "sag");
+  SetSagBarsOfPattern(1, "sag");
   RebuildHoles(1, "sag");
   EXPECT_EQ(Items.At(1).PatternName, "sag");
   EXPECT_EQ(Items.At(1).SagBarDia, 14);

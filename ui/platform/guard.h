@@ -3,23 +3,19 @@
 #pragma once
 
 #include <exception>
+#include <functional>
+
+#include "core/desktop.h"
 
 namespace orvane {
 
-// Shows an error's description in a plain message box.
-void ShowError(const std::exception& error);
-
-// The same when the event that is under way is over.
+// Shows an error's description in a plain message box when the event that is under way is over.
 void ShowErrorLater(const std::exception& error);
 
 // Runs the action; an error shows its description, and the state stays as the action left it.
 template <class Action>
 void Guard(Action&& action) {
-  try {
-    action();
-  } catch (const std::exception& error) {
-    ShowError(error);
-  }
+  Tell(std::ref(action));
 }
 
 // The same for an action in the middle of a change of focus, which a message box would disturb: the
