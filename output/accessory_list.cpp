@@ -6,6 +6,7 @@
 #include "core/desktop.h"
 #include "core/numbers.h"
 #include "output/accessory_rows.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -100,7 +101,9 @@ void WriteLines2(FactoryWriter& out) {
     if (line.NoOff <= 0) continue;
     const AccDef& accessory = AccDefs.At(line.AccIndex);
     if (accessory.Name != lastName) WriteHeading2(out, line, accessory);
-    if (line.AccIndex == JoinedColumnRow) FillJoinedColumnValues(line);
+    if (line.AccIndex == JoinedColumnRow) {
+      Change(ChangeKind::Export, 0, [&] { FillJoinedColumnValues(line); });
+    }
     WriteLine2(out, line, accessory);
     lastName = accessory.Name;
   }

@@ -14,6 +14,7 @@
 #include "output/output_screen.h"
 #include "output/section_blocks.h"
 #include "output/validation.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -75,7 +76,7 @@ ExportOutcome ExportSteps() {
   if (path->empty()) return ExportOutcome::Cancelled;
 
   if (!Items.Empty() || forceCamFile) {
-    RebuildPatternHoles();
+    Change(ChangeKind::Export, 0, RebuildPatternHoles);
     WriteFactoryFile(*path, CamFile(TheDesktop().Now()));
   }
   const bool listed = (AccLines1.Empty() && AccLines2.Empty()) || ExportAccList(*path);

@@ -1,4 +1,5 @@
-// The two list operations on the project's accessory lines that all accessory dialogs share.
+// The two list operations on the project's accessory lines that all accessory dialogs share, parts
+// of the changes that those make.
 #pragma once
 
 #include <cstdint>

@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "core/text_file.h"
+#include "project/changes.h"
 #include "project/main_screen.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
@@ -46,6 +47,11 @@ bool MayReplaceProject() {
   if (answer == Answer::Cancel) return false;
   if (answer == Answer::Yes) SaveBeforeItGoes();
   return true;
+}
+
+// The changes are saved, or are to be lost.
+void ForgetChanges() {
+  ProjectDirty = False;
 }
 
 // The path to save under: the project's own, or one that the user chooses; none if he chose none.
@@ -97,7 +103,7 @@ void NewProject() {
   MainScreen& screen = TheMainScreen();
   screen.ForgetEditors();
 
-  NewProjectTables(TheDesktop().Now().Day);
+  Change(ChangeKind::NewProject, 0, [] { NewProjectTables(TheDesktop().Now().Day); });
   screen.DisplayItems();
   screen.ClearDetailPanel();
   screen.EmptyHoleList();
@@ -106,7 +112,7 @@ void NewProject() {
   screen.ClearDrawing();
   screen.RefreshProjectDetails();
   screen.ShowProjectDetails();
-  ProjectDirty = True;
+  Change(ChangeKind::ProjectReplaced);
 }
 
 void OpenProject() {
@@ -125,7 +131,8 @@ void OpenFile(const std::string& path) {
   screen.ForgetEditors();
   CurrentItem = 0;  // its row may be gone before the sections are shown afresh
 
-  if (!Tell([&] { ReadProjectFile(*file); })) {
+  const auto read = [&] { ReadProjectFile(*file); };
+  if (!Tell([&] { Change(ChangeKind::OpenProject, 0, read); })) {
     screen.DisplayItems();
     screen.ClearDetailPanel();
     screen.RefreshProjectDetails();
@@ -140,7 +147,7 @@ void OpenFile(const std::string& path) {
   ShowFirstItem();
   AddRecent(path);
   // Opening counts as a change, deliberately: leaving the project always brings the save prompt.
-  ProjectDirty = True;
+  Change(ChangeKind::ProjectReplaced);
 }
 
 bool SaveProject(Boolean SaveAs) {
@@ -151,7 +158,7 @@ bool SaveProject(Boolean SaveAs) {
     WriteProjectFile(*path);
     written = true;
     TakeFileName(*path);
-    ProjectDirty = False;
+    ForgetChanges();
     AddRecent(*path);
   });
   return written;
@@ -162,7 +169,7 @@ bool ExitProject() {
   if (ProjectDirty == False) return true;
   const Answer answer = AskToSave("Exit");
   if (answer == Answer::Cancel) return false;
-  ProjectDirty = False;
+  ForgetChanges();
   if (answer == Answer::Yes) SaveBeforeItGoes();
   return true;
 }

@@ -10,6 +10,7 @@
 #include "core/section_families.h"
 #include "holes/hole_coding.h"
 #include "holes/hole_list.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -105,44 +106,47 @@ void SortItemsBy(Field Item::*key) {
 
 std::int16_t AddSectionRow(std::string_view SectionType) {
   const std::int16_t row = NextRow();
-  Item item;
-  item.SectionType = SectionType;
-  for (const SectionFamily& family : SectionFamilies) {
-    if (family.Letter == SectionType) item.Product = family.FixedProduct;
-  }
-  Items.Append(std::move(item));
-  ProjectDirty = True;
+  Change(ChangeKind::AddSection, row, [&] {
+    Item item;
+    item.SectionType = SectionType;
+    for (const SectionFamily& family : SectionFamilies) {
+      if (family.Letter == SectionType) item.Product = family.FixedProduct;
+    }
+    Items.Append(std::move(item));
+  });
   return row;
 }
 
 std::int16_t DuplicateRow(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return 0;
   const std::int16_t row = NextRow();
-  Item copy = Items.At(ItemIndex);
-  copy.Mark += "A";
-  Items.Append(std::move(copy));
-  SortHoles(row);
-  AdjustHoleSpacing(row);
-  ProjectDirty = True;
+  Change(ChangeKind::Duplicate, row, [&] {
+    Item copy = Items.At(ItemIndex);
+    copy.Mark += "A";
+    Items.Append(std::move(copy));
+    SortHoles(row);
+    AdjustHoleSpacing(row);
+  });
   return row;
 }
 
 std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return 0;
   const std::int16_t row = NextRow();
-  const Item source = Items.At(ItemIndex);
-  Item& hand = Items.Append(source);
+  Change(ChangeKind::OppositeHand, row, [&] {
+    const Item source = Items.At(ItemIndex);
+    Item& hand = Items.Append(source);
 
-  MirrorHoles(source, hand);
-  // Swapped and negated, which keeps the shape of each cut; a square end bears no minus sign.
-  hand.MitreLeft = Float32(source.MitreRight * -1.0 + 0.0);
-  hand.MitreRight = Float32(source.MitreLeft * -1.0 + 0.0);
-  MirrorNotches(source, hand);
-  hand.Mark = source.Mark + "X";
+    MirrorHoles(source, hand);
+    // Swapped and negated, which keeps the shape of each cut; a square end bears no minus sign.
+    hand.MitreLeft = Float32(source.MitreRight * -1.0 + 0.0);
+    hand.MitreRight = Float32(source.MitreLeft * -1.0 + 0.0);
+    MirrorNotches(source, hand);
+    hand.Mark = source.Mark + "X";
 
-  SortHoles(row);
-  AdjustHoleSpacing(row);
-  ProjectDirty = True;
+    SortHoles(row);
+    AdjustHoleSpacing(row);
+  });
   return row;
 }
 
@@ -160,21 +164,20 @@ bool ShowsMirroredPattern(std::int16_t ItemIndex) {
 }
 
 void DeleteItemRow(std::int16_t ItemIndex) {
-  Items.Remove(ItemIndex);
+  Change(ChangeKind::Delete, ItemIndex, [&] { Items.Remove(ItemIndex); });
 }
 
 void SortItemRows(SortKey Key) {
-  switch (Key) {
-    case SortKey::Mark:
-      SortItemsBy(&Item::Mark);
-      break;
-    case SortKey::Product:
-      SortItemsBy(&Item::Product);
-      break;
-    case SortKey::Length:
-      SortItemsBy(&Item::Length);
-      break;
-  }
+  Change(ChangeKind::Sort, 0, [Key] {
+    switch (Key) {
+      case SortKey::Mark:
+        return SortItemsBy(&Item::Mark);
+      case SortKey::Product:
+        return SortItemsBy(&Item::Product);
+      case SortKey::Length:
+        return SortItemsBy(&Item::Length);
+    }
+  });
 }
 
 void NewProjectTables(const Date& today) {

@@ -1,5 +1,6 @@
 // What happens to the table of sections when one is added, duplicated, mirrored, sorted or deleted:
-// the table halves of the commands of the same name on the screen. Rows are rows of Items.
+// the table halves of the commands of the same name on the screen, each a change of its kind. Rows
+// are rows of Items.
 #pragma once
 
 #include <cstdint>
@@ -29,13 +30,15 @@ std::int16_t CreateOppHandRow(std::int16_t ItemIndex);
 // for a pattern that can't be made afresh.
 bool ShowsMirroredPattern(std::int16_t ItemIndex);
 
-// The table half of DeleteItem: takes the row out; those behind it move up by one.
+// The table half of DeleteItem: takes the row out; those behind it move up by one. ProjectDirty
+// stays: the grid, which has a row less then, sets it.
 void DeleteItemRow(std::int16_t ItemIndex);
 
 enum class SortKey { Mark = 1, Product = 2, Length = 3 };
 
 // The table half of SortItems: sorts all rows by the key, texts by character code; rows of equal
 // keys keep their order. "Sort by Section" is the product, deliberately not the section letter.
+// ProjectDirty stays: the grid sets it where one of its texts changes.
 void SortItemRows(SortKey Key);
 
 // The table half of NewProject: empties the sections, the accessory lines and the project details,

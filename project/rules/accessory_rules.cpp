@@ -7,6 +7,7 @@
 #include "core/section_families.h"
 #include "core/text.h"
 #include "project/accessory_lines.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -82,10 +83,12 @@ AccLine2 Type2Line(std::int16_t accIndex, const Table<std::string>& row) {
 template <class Line>
 void ReplaceLines(std::int16_t type, std::int16_t accIndex, std::vector<Line> lines,
                   Table<Line>& all) {
-  ClearAccLines(type, accIndex);
-  AccUsed.At(accIndex) = ToBoolean(!lines.empty());
-  for (Line& line : lines) all.Append(std::move(line));
-  SortAccLines(type);
+  Change(ChangeKind::EditAccessory, accIndex, [&] {
+    ClearAccLines(type, accIndex);
+    AccUsed.At(accIndex) = ToBoolean(!lines.empty());
+    for (Line& line : lines) all.Append(std::move(line));
+    SortAccLines(type);
+  });
 }
 
 // What is wrong with one row of the accessory's table.
@@ -169,6 +172,11 @@ void StoreType2Lines(std::int16_t AccIndex, const TextRows& rows) {
     lines.push_back(Type2Line(AccIndex, row));
   }
   ReplaceLines(2, AccIndex, std::move(lines), AccLines2);
+}
+
+void ClearAccessory(std::int16_t AccIndex) {
+  Change(ChangeKind::ClearAccessory, AccIndex,
+         [&] { ClearAccLines(IsType1Accessory(AccIndex) ? 1 : 2, AccIndex); });
 }
 
 std::optional<AccessoryRefusal> ValidateAccessory(std::int16_t AccIndex, const TextRows& rows) {

@@ -21,9 +21,14 @@ bool IsType1Accessory(std::int16_t AccIndex);
 TextRows AccessoryRows(std::int16_t AccIndex);
 
 // "&OK" of the dialogs: the accessory's lines are replaced by what the rows hold, AccUsed follows,
-// and the list is sorted. A number beyond 16 bits raises "Overflow" before anything is changed.
+// and the list is sorted; one change, which sets ProjectDirty. A number beyond 16 bits raises
+// "Overflow" before anything is changed.
 void StoreType1Lines(std::int16_t AccIndex, const TextRows& rows);
 void StoreType2Lines(std::int16_t AccIndex, const TextRows& rows);
+
+// "Clear" of the list: the project loses all lines of the accessory, of either type. A change,
+// which sets ProjectDirty.
+void ClearAccessory(std::int16_t AccIndex);
 
 // Why a type 2 table may not be stored: the first faulty row, and the column whose cell is opened
 // for it, 0 for none.

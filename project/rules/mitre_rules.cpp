@@ -4,6 +4,7 @@
 
 #include "core/model.h"
 #include "core/numbers.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -27,9 +28,11 @@ std::string LeftMitreText(std::string_view typed) {
 void StoreMitres(std::int16_t ItemIndex, std::string_view left, std::string_view right) {
   const float mitreLeft = Float32(Val(left));
   const float mitreRight = Float32(Val(right));
-  Item& item = Items.At(ItemIndex);
-  item.MitreLeft = mitreLeft;
-  item.MitreRight = mitreRight;
+  Change(ChangeKind::Mitres, ItemIndex, [&] {
+    Item& item = Items.At(ItemIndex);
+    item.MitreLeft = mitreLeft;
+    item.MitreRight = mitreRight;
+  });
 }
 
 BeamSketch SketchBeam(double width, double height, double left, double right) {

@@ -16,7 +16,7 @@ std::string MitreText(float angle);
 std::string LeftMitreText(std::string_view typed);
 
 // Both angles of a row of Items from the texts of their boxes, left first. Neither is stored when
-// one raises "Overflow". ProjectDirty stays as it is, deliberately.
+// one raises "Overflow". One change, which leaves ProjectDirty as it is.
 void StoreMitres(std::int16_t ItemIndex, std::string_view left, std::string_view right);
 
 // The four corners of the sketch, in the units of the picture: the beam fills it but for a margin,

@@ -4,6 +4,7 @@
 
 #include "core/model.h"
 #include "core/numbers.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -70,7 +71,7 @@ void StoreNotches(std::int16_t ItemIndex, const Table<NotchTexts>& rows) {
     }
     notches.Append(std::move(notch));
   }
-  Items.At(ItemIndex).Notches = std::move(notches);
+  Change(ChangeKind::Notches, ItemIndex, [&] { Items.At(ItemIndex).Notches = std::move(notches); });
 }
 
 }  // namespace orvane

@@ -31,7 +31,7 @@ Table<NotchTexts> NotchRows(std::int16_t ItemIndex);
 
 // Replaces the notches of a row of Items by those rows that have a code, in their order. Nothing is
 // refused: text that is no number counts as 0, a code may come twice. "Overflow" for a size beyond
-// 32 bits; the section is left as it was then. ProjectDirty stays as it is, deliberately.
+// 32 bits; the section is left as it was then. One change, which leaves ProjectDirty as it is.
 void StoreNotches(std::int16_t ItemIndex, const Table<NotchTexts>& rows);
 
 }  // namespace orvane

@@ -5,6 +5,7 @@
 #include "core/catalogues.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "project/changes.h"
 
 namespace orvane {
 
@@ -106,17 +107,20 @@ void SetSagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText) {
 
 void SetSagBars(std::int16_t ItemIndex, int option) {
   if (ItemIndex < 1) return;
-  Items.At(ItemIndex).SagBarDia = option == 1 ? ThreadedDia : SpringFixDia;
+  Change(ChangeKind::SagBars, ItemIndex,
+         [&] { Items.At(ItemIndex).SagBarDia = option == 1 ? ThreadedDia : SpringFixDia; });
 }
 
 void SetPitch(std::int16_t ItemIndex, std::string_view listText) {
   if (ItemIndex < 1) return;
-  Items.At(ItemIndex).Pitch = Trim(listText);
+  Change(ChangeKind::Pitch, ItemIndex, [&] { Items.At(ItemIndex).Pitch = Trim(listText); });
 }
 
 void SetJointingPieces(std::int16_t ItemIndex, std::string_view text) {
   if (ItemIndex < 1) return;
-  Items.At(ItemIndex).JointingPieces = Whole(Val(text));
+  const std::int16_t pieces = Whole(Val(text));
+  Change(ChangeKind::JointingPieces, ItemIndex,
+         [&] { Items.At(ItemIndex).JointingPieces = pieces; });
 }
 
 Item CurrentSection;

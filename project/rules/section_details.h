@@ -1,7 +1,7 @@
 // What the detail panel offers for a section, and what a choice there does to it. Rows are rows of
-// Items; row 0 stands for none, and nothing happens then. ProjectDirty stays with all of them,
-// deliberately: of the panel's choices only the pattern counts as a change, and the screen's
-// handler sets the flag.
+// Items; row 0 stands for none, and nothing happens then. Choosing sag bars, a pitch or jointing
+// pieces is a change of its kind; the steps of selecting a pattern are parts of one, whose kind the
+// screen's handler names.
 #pragma once
 
 #include <cstdint>
