@@ -129,9 +129,9 @@ void AccessoryChooser::EditAccessories() {
   CurrentAcc = index;
   if (index == 0) return;
   if (IsType1Accessory(index)) {
-    FrmAcc01(window()).exec();
+    FrmAcc01(index, window()).exec();
   } else {
-    FrmAcc02(window()).exec();
+    FrmAcc02(index, window()).exec();
   }
   if (AccDialogResult == "Cancelled") return;
   SetAccessoryMark(*item(index - 1), AccUsed.At(index) != False ? UsedMark : UnusedMark);

@@ -256,7 +256,7 @@ void FrmMain::EditMitres() {
   const int row = SelectedRow();
   if (row < 1) return;
   CurrentItem = Int16(row);
-  FrmMitres(this).exec();
+  FrmMitres(CurrentItem, this).exec();
   sheet_->DrawSection(row);
 }
 
@@ -264,7 +264,7 @@ void FrmMain::EditNotches() {
   const int row = SelectedRow();
   if (row < 1) return;
   CurrentItem = Int16(row);
-  FrmNotches(this).exec();
+  FrmNotches(CurrentItem, this).exec();
   sheet_->DrawSection(row);
 }
 

@@ -55,7 +55,7 @@ void Acc02Test::InDialog(std::int16_t accIndex, const std::function<void(FrmAcc0
     QTest::qWait(20);
     if (window.isVisible()) QTest::keyClick(&window, Qt::Key_Escape);
   });
-  FrmAcc02 dialog;
+  FrmAcc02 dialog(accIndex);
   dialog.exec();
   Settle();
 }

@@ -249,7 +249,7 @@ TEST_F(Acc02OpeningTest, None_hides_the_picture_and_the_table_takes_the_whole_di
 TEST_F(Acc02OpeningTest, None_is_exact) {
   AccDefs.At(DoorJambKits).DrawingFile = "none";
   CurrentAcc = DoorJambKits;
-  EXPECT_EQ(ErrorOf([] { const FrmAcc02 form; }),
+  EXPECT_EQ(ErrorOf([] { const FrmAcc02 form(DoorJambKits); }),
             "File not found: " + ProgramFolder + "/Drawings/none.wmf");
 }
 
@@ -257,7 +257,7 @@ TEST_F(Acc02OpeningTest, A_missing_picture_stops_the_opening_and_the_result_is_C
   AccDefs.At(SplicePlates).DrawingFile = "acc99";
   CurrentAcc = SplicePlates;
   AccDialogResult = "OK";
-  EXPECT_EQ(ErrorOf([] { const FrmAcc02 form; }),
+  EXPECT_EQ(ErrorOf([] { const FrmAcc02 form(SplicePlates); }),
             "File not found: " + ProgramFolder + "/Drawings/acc99.wmf");
   EXPECT_EQ(AccDialogResult, "Cancelled");
 }

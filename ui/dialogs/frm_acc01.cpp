@@ -199,11 +199,11 @@ void NumberField::keyPressEvent(QKeyEvent* event) {
 
 // The dialog.
 
-FrmAcc01::FrmAcc01(QWidget* parent)
+FrmAcc01::FrmAcc01(std::int16_t AccIndex, QWidget* parent)
     : PlainDialog(parent),
-      accIndex_(CurrentAcc),
-      hasTexts_(AccDefs.At(CurrentAcc).Flag != False),
-      hasParam_(AccDefs.At(CurrentAcc).HasParamColumn != False) {
+      accIndex_(AccIndex),
+      hasTexts_(AccDefs.At(AccIndex).Flag != False),
+      hasParam_(AccDefs.At(AccIndex).HasParamColumn != False) {
   // Whatever way the dialog is left, but for OK.
   AccDialogResult = "Cancelled";
   setObjectName("frmAcc01");

@@ -23,11 +23,11 @@ class NumberField : public QLineEdit {
   void KeepDigits();
 };
 
-// Edits the lines of the accessory CurrentAcc. A picture that can't be loaded raises its error out
-// of the constructor.
+// Edits the lines of an accessory, a row of AccDefs. A picture that can't be loaded raises its
+// error out of the constructor.
 class FrmAcc01 : public PlainDialog {
  public:
-  explicit FrmAcc01(QWidget* parent = nullptr);
+  explicit FrmAcc01(std::int16_t AccIndex, QWidget* parent = nullptr);
 
  private:
   QWidget* BuildRows();

@@ -42,7 +42,8 @@ bool IsAddKey(const QKeyEvent& key) {
 
 }  // namespace
 
-FrmAcc02::FrmAcc02(QWidget* parent) : PlainDialog(parent), accIndex_(CurrentAcc) {
+FrmAcc02::FrmAcc02(std::int16_t AccIndex, QWidget* parent)
+    : PlainDialog(parent), accIndex_(AccIndex) {
   AccDialogResult = "Cancelled";
   setObjectName("frmAcc02");
   setWindowTitle(ToQt(AccDefs.At(accIndex_).Name));

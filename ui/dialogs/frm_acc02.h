@@ -11,11 +11,11 @@ class QMenuBar;
 
 namespace orvane {
 
-// Edits the lines of the accessory CurrentAcc. A picture that can't be loaded raises its error out
-// of the constructor.
+// Edits the lines of an accessory, a row of AccDefs. A picture that can't be loaded raises its
+// error out of the constructor.
 class FrmAcc02 : public PlainDialog {
  public:
-  explicit FrmAcc02(QWidget* parent = nullptr);
+  explicit FrmAcc02(std::int16_t AccIndex, QWidget* parent = nullptr);
 
   // Whether the table may be stored. A refusal is told, and its row becomes the current one.
   bool AccValidate();

@@ -68,7 +68,8 @@ void BeamPicture::paintEvent(QPaintEvent*) {
   });
 }
 
-FrmMitres::FrmMitres(QWidget* parent) : PlainDialog(parent), itemIndex_(CurrentItem) {
+FrmMitres::FrmMitres(std::int16_t ItemIndex, QWidget* parent)
+    : PlainDialog(parent), itemIndex_(ItemIndex) {
   setObjectName("frmMitres");
   setWindowTitle("Mitres");
   setWindowIcon(ProgramIcon());

@@ -31,10 +31,10 @@ class BeamPicture : public QWidget {
   double right_ = 0;
 };
 
-// Edits the row of Items that CurrentItem names when it is made.
+// Edits a row of Items.
 class FrmMitres : public PlainDialog {
  public:
-  explicit FrmMitres(QWidget* parent = nullptr);
+  explicit FrmMitres(std::int16_t ItemIndex, QWidget* parent = nullptr);
 
   // Draws the sketch from the two boxes.
   void DrawBeam();

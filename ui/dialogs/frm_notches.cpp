@@ -145,7 +145,8 @@ class NotchesModel : public FlexGridModel {
 
 // The dialog.
 
-FrmNotches::FrmNotches(QWidget* parent) : PlainDialog(parent), itemIndex_(CurrentItem) {
+FrmNotches::FrmNotches(std::int16_t ItemIndex, QWidget* parent)
+    : PlainDialog(parent), itemIndex_(ItemIndex) {
   setObjectName("frmNotches");
   setWindowTitle("Notches");
   setWindowIcon(ProgramIcon());

@@ -34,10 +34,10 @@ class NotchPicture : public QWidget {
 
 class NotchesModel;
 
-// Edits the row of Items that CurrentItem names when it is made; nothing is stored before OK.
+// Edits the notches of a row of Items; nothing is stored before OK.
 class FrmNotches : public PlainDialog {
  public:
-  explicit FrmNotches(QWidget* parent = nullptr);
+  explicit FrmNotches(std::int16_t ItemIndex, QWidget* parent = nullptr);
 
   // Leaves one blank row.
   void ClearAll();
