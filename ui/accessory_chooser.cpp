@@ -10,7 +10,6 @@
 #include <algorithm>
 
 #include "core/model.h"
-#include "project/accessory_lines.h"
 #include "project/rules/accessory_rules.h"
 #include "ui/dialogs/frm_acc01.h"
 #include "ui/dialogs/frm_acc02.h"
@@ -133,18 +132,17 @@ void AccessoryChooser::EditAccessories() {
   } else {
     FrmAcc02(index, window()).exec();
   }
-  if (AccDialogResult == "Cancelled") return;
-  SetAccessoryMark(*item(index - 1), AccUsed.At(index) != False ? UsedMark : UnusedMark);
-  // The list may have had the focus since before the project was saved.
-  ProjectDirty = True;
 }
 
 void AccessoryChooser::ClearAccessory() {
-  const std::int16_t index = Selected();
-  if (index == 0) return;
-  ClearAccLines(IsType1Accessory(index) ? 1 : 2, index);
-  SetAccUsage();
-  ProjectDirty = True;
+  if (Selected() > 0) orvane::ClearAccessory(Selected());
+}
+
+// A dialog that was left without a change tells of none.
+void AccessoryChooser::Follow(const ChangeNotice& change) {
+  if (change.Kind == ChangeKind::ClearAccessory) SetAccUsage();
+  if (change.Kind != ChangeKind::EditAccessory || change.Row > count()) return;
+  SetAccessoryMark(*item(change.Row - 1), AccUsed.At(change.Row) != False ? UsedMark : UnusedMark);
 }
 
 void AccessoryChooser::Run(Command command) {
@@ -157,7 +155,7 @@ void AccessoryChooser::focusInEvent(QFocusEvent* event) {
     QListWidget::focusInEvent(event);
     if (!IsUsersArrival(event->reason())) return;
     // Deliberately whether anything is changed afterwards or not.
-    ProjectDirty = True;
+    Change(ChangeKind::AccessoryListEntered);
     // Whoever comes by the keyboard sees where he is.
     const bool byMouse = event->reason() == Qt::MouseFocusReason;
     if (!byMouse && Selected() == 0) setCurrentRow(std::max(currentRow(), 0));

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <cstdint>
 
+#include "project/changes.h"
 #include "ui/commands.h"
 
 namespace orvane {
@@ -41,6 +42,7 @@ class AccessoryChooser : public QListWidget {
 
  private:
   void BuildMenu();
+  void Follow(const ChangeNotice& change);
   // Row of AccDefs; 0 when nothing is selected.
   std::int16_t Selected() const;
   void SelectAt(QPoint place);
@@ -52,6 +54,7 @@ class AccessoryChooser : public QListWidget {
   QMenu* mnuAccPU = nullptr;
   QString sought_;  // the letters typed one behind the other
   QElapsedTimer lastLetter_;
+  const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 
 }  // namespace orvane

@@ -52,8 +52,8 @@ void KeepRoom(QWidget& part) {
 
 // The parts.
 
-DetailPanel::DetailPanel(const FlexGrid& sections, SheetView& sheet, QWidget* parent)
-    : QWidget(parent), sections_(sections), sheet_(sheet) {
+DetailPanel::DetailPanel(const FlexGrid& sections, QWidget* parent)
+    : QWidget(parent), sections_(sections) {
   setObjectName("DetailPanel");
   BuildPunching();
   BuildPitch();
@@ -197,10 +197,14 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
   if (index < 0) {
     ShowPart(*SSpanelCustom, false);
   } else {
-    ApplyPattern(ItemIndex, false, holes);
+    Guard([&] {
+      Change(ChangeKind::ShowSection, ItemIndex, [&] {
+        ApplyPattern(ItemIndex, holes);
+        SettleSagBars(ItemIndex);
+      });
+    });
   }
   // Here also for a section of another letter whose pattern has left it a diameter.
-  SettleSagBars(ItemIndex);
   ShowSagBars(ShownSagBars(ItemIndex));
   return index >= 0;
 }
@@ -225,91 +229,101 @@ void DetailPanel::ShowJointingPieces(std::int16_t ItemIndex) {
   txtJointing->setText(ToQt(ShortestText(Items.At(ItemIndex).JointingPieces)));
 }
 
-// A section without a selection has no pattern: the text is empty then, and no pattern bears that
-// name.
+std::string DetailPanel::ShownPattern() const {
+  return cboPattern->Text();
+}
+
 void DetailPanel::RebuildShownHoles(std::int16_t ItemIndex) {
-  RebuildHoles(ItemIndex, cboPattern->Text());
-  if (IsHoleListShown()) FillHoleGrid(ItemIndex);
+  Change(ChangeKind::ShowSection, ItemIndex, [&] {
+    SettleSagBars(ItemIndex);
+    RebuildHoles(ItemIndex, ShownPattern());
+  });
+}
+
+void DetailPanel::ShowHolesAsTheyStand(std::int16_t ItemIndex) {
+  Change(ChangeKind::ShowSection, ItemIndex, [&] { SettleSagBars(ItemIndex); });
+}
+
+void DetailPanel::Follow(const ChangeNotice& change) {
+  const ChangeRule& rule = RuleOf(change.Kind);
+  if (rule.Subject != ChangeSubject::Section || !rule.MakesHoles || !IsHoleListShown()) return;
+  // A hole that was removed has gone even where only the gaps behind it failed.
+  if (change.Failed && change.Kind != ChangeKind::RemoveHole) return;
+  if (change.Row == Row()) FillHoleGrid(change.Row);
 }
 
 // Choices.
 
 void DetailPanel::PatternChosen() {
   const std::int16_t row = Row();
-  // The list tells of the choice of the entry that stood there already too.
-  if (row >= 1 && Trim(cboPattern->Text()) != Trim(Items.At(row).PatternName)) ProjectDirty = True;
-  PatternSelected();
-}
-
-// Each step shows its own error, and the next goes on.
-void DetailPanel::PatternSelected() {
-  const std::int16_t row = Row();
+  if (row < 1) return;
   const int index = cboPattern->currentIndex();
-  if (row < 1 || index < 0) {
-    ClearPattern(row);
+  // The list tells of the choice of the entry that stood there already too.
+  const bool another = Trim(ShownPattern()) != Trim(Items.At(row).PatternName);
+  if (index < 0) {
+    Change(ChangeKind::NoPattern, row, [&] {
+      ClearPattern(row);
+      if (another) Change(ChangeKind::PatternText, row);
+    });
     return;
   }
-  bool refused = false;
+  bool dropsHoles = false;
+  Answer answer = Answer::Yes;
   Guard([&] {
-    if (!RemovesCustomHoles(row, index)) return;
-    const Answer answer = TheDesktop().ShowMessageBox(
+    dropsHoles = RemovesCustomHoles(row, index);
+    if (!dropsHoles) return;
+    answer = TheDesktop().ShowMessageBox(
         "Selecting a standard pattern will remove custom holes, continue?", "Punching Pattern",
         Buttons::YesNo, Icon::None);
-    if (answer == Answer::Yes) {
+  });
+  if (answer != Answer::Yes) {
+    cboPattern->SelectQuietly(0);
+    if (another) Change(ChangeKind::PatternText, row);
+    return;
+  }
+  Change(another ? ChangeKind::Pattern : ChangeKind::SamePattern, row, [&] {
+    if (dropsHoles) {
       EmptyHoles(row);
       EmptyHoleGrid();
-    } else {
-      cboPattern->SelectQuietly(0);
-      refused = true;
     }
+    TakePattern(row);
   });
-  if (!refused) ApplyPattern(row, true);
 }
 
-// What follows from the pattern selected, for the user's choice and for showing a section alike;
-// only a choice goes into the record.
-void DetailPanel::ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes) {
-  const std::string pattern = cboPattern->Text();
+// The selected pattern goes into the record, and what follows from it. Each step shows its own
+// error, and the next goes on.
+void DetailPanel::TakePattern(std::int16_t ItemIndex) {
+  Guard([&] { SetPattern(ItemIndex, ShownPattern()); });
+  ApplyPattern(ItemIndex, ShownHoles::Afresh);
+}
+
+// What follows from the pattern selected, for the user's choice and for showing a section alike.
+void DetailPanel::ApplyPattern(std::int16_t ItemIndex, ShownHoles holes) {
+  const std::string pattern = ShownPattern();
   Guard([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); });
-  if (chosen) Guard([&] { SetPattern(ItemIndex, pattern); });
   Guard([&] {
     const auto choice = SagBarsOfPattern(ItemIndex, pattern);
     SetSagBarsOfPattern(ItemIndex, pattern);
     if (choice) ShowSagBars(*choice);
   });
   if (holes == ShownHoles::Afresh) RebuildHoles(ItemIndex, pattern, StepErrors::TellAndGoOn);
-  ShowHolesAndSheet(ItemIndex);
-}
-
-void DetailPanel::ShowHolesAndSheet(std::int16_t ItemIndex) {
-  Guard([&] {
-    if (IsHoleListShown()) FillHoleGrid(ItemIndex);
-  });
-  Guard([&] { sheet_.DrawSection(ItemIndex); });
 }
 
 void DetailPanel::SagBarsSelected(int option) {
   const std::int16_t row = Row();
   if (row < 1) return;
-  Guard([&] { SetSagBars(row, option); });
-  RebuildHoles(row, cboPattern->Text(), StepErrors::TellAndGoOn);
-  ShowHolesAndSheet(row);
+  Change(ChangeKind::SagBars, row, [&] {
+    Guard([&] { SetSagBars(row, option); });
+    RebuildHoles(row, ShownPattern(), StepErrors::TellAndGoOn);
+  });
 }
 
-// ProjectDirty stays as it is, deliberately, for the pitch as for the jointing pieces, the sag bars
-// and the hole list.
 void DetailPanel::PitchSelected() {
-  const std::int16_t row = Row();
-  if (row < 1) return;
-  SetPitch(row, cboPitch->Text());
-  sheet_.DrawSection(row);
+  SetPitch(Row(), cboPitch->Text());
 }
 
 void DetailPanel::JointingChanged() {
-  const std::int16_t row = Row();
-  if (row < 1) return;
-  SetJointingPieces(row, FromQt(txtJointing->text()));
-  sheet_.DrawSection(row);
+  SetJointingPieces(Row(), FromQt(txtJointing->text()));
 }
 
 }  // namespace orvane

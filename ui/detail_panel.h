@@ -11,11 +11,11 @@
 #include <cstdint>
 #include <string>
 
+#include "project/changes.h"
 #include "project/rules/section_details.h"
 #include "ui/commands.h"
 #include "ui/controls/flex_grid.h"
 #include "ui/controls/plain_combo.h"
-#include "ui/sheet_view.h"
 
 namespace orvane {
 
@@ -25,7 +25,7 @@ enum class ShownHoles { Afresh, AsTheyStand };
 // The item worked on is always the one at the current row of the sections grid.
 class DetailPanel : public QWidget {
  public:
-  DetailPanel(const FlexGrid& sections, SheetView& sheet, QWidget* parent);
+  DetailPanel(const FlexGrid& sections, QWidget* parent);
 
   // Step of the main window's load: the entries of cboPitch.
   void FillPitches();
@@ -47,10 +47,15 @@ class DetailPanel : public QWidget {
   void ShowPitch(std::int16_t ItemIndex);
   void ShowJointingPieces(std::int16_t ItemIndex);
 
-  // The rebuild of a section's holes by the pattern selected here (its custom holes alone without a
-  // selection), and the hole list after it, while it is shown. An error stops it and reaches the
+  // The text of the pattern selected here, by which the section's holes are made; empty without a
+  // selection, and then the custom holes alone are left.
+  std::string ShownPattern() const;
+
+  // Looks at the section, which its hole list and its sheet follow: its sag bars are settled, and
+  // the first makes its holes afresh by the pattern shown. An error stops it and reaches the
   // caller.
   void RebuildShownHoles(std::int16_t ItemIndex);
+  void ShowHolesAsTheyStand(std::int16_t ItemIndex);
 
   // Commands.
 
@@ -81,10 +86,12 @@ class DetailPanel : public QWidget {
   void ShowParts(const std::string& letter);
   void ShowSagBars(SagBars choice);
 
-  void PatternChosen();    // the user's door to the next
-  void PatternSelected();  // handler of cboPattern, for code that counts as the user too
-  void ApplyPattern(std::int16_t ItemIndex, bool chosen, ShownHoles holes = ShownHoles::Afresh);
-  void ShowHolesAndSheet(std::int16_t ItemIndex);
+  // The hole list after a change of the section's holes.
+  void Follow(const ChangeNotice& change);
+
+  void PatternChosen();
+  void TakePattern(std::int16_t ItemIndex);
+  void ApplyPattern(std::int16_t ItemIndex, ShownHoles holes);
   void SagBarsSelected(int option);
   void PitchSelected();
   void JointingChanged();
@@ -98,7 +105,6 @@ class DetailPanel : public QWidget {
   void OpenHoleDialog(std::int16_t Mode, int CustomRow);
 
   const FlexGrid& sections_;
-  SheetView& sheet_;
 
   QWidget* SSPanelPunching = nullptr;
   PlainCombo* cboPattern = nullptr;
@@ -112,6 +118,7 @@ class DetailPanel : public QWidget {
   TextGridModel* holes_ = nullptr;
   FlexGrid* MSFlexGrid2 = nullptr;
   QMenu* mnuCHPU = nullptr;
+  const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 
 }  // namespace orvane

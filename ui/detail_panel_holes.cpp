@@ -98,24 +98,17 @@ void DetailPanel::ShowHolesMenu(QPoint globalPos) {
 
 void DetailPanel::ConvertToCustom(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
-  ConvertHolesToCustom(ItemIndex);
-  cboPattern->SelectQuietly(0);
-  // By name: the list tells nothing when "Custom" was selected already.
-  PatternSelected();
-  ProjectDirty = True;
-  FillHoleGrid(ItemIndex);
+  Change(ChangeKind::ConvertToCustom, ItemIndex, [&] {
+    ConvertHolesToCustom(ItemIndex);
+    cboPattern->SelectQuietly(0);
+    // By name: the list tells nothing when "Custom" was selected already.
+    TakePattern(ItemIndex);
+  });
 }
 
 void DetailPanel::DeleteCustomHole(std::int16_t ItemIndex, int CustomRow) {
-  try {
-    if (!DeleteCustomHoleRow(ItemIndex, CustomRow)) return;
-  } catch (...) {
-    // The hole went, and only the gaps failed: the list must not show it any more.
-    FillHoleGrid(ItemIndex);
-    throw;
-  }
-  FillHoleGrid(ItemIndex);
-  sheet_.DrawSection(ItemIndex);
+  if (CustomHoleRow(ItemIndex, CustomRow) == 0) return;
+  Change(ChangeKind::RemoveHole, ItemIndex, [&] { DeleteCustomHoleRow(ItemIndex, CustomRow); });
 }
 
 void DetailPanel::AddCustomHoles(std::int16_t Mode) {
@@ -134,8 +127,7 @@ void DetailPanel::EditCustomHole() {
 
 void DetailPanel::OpenHoleDialog(std::int16_t Mode, int CustomRow) {
   HoleDialogMode = Mode;
-  const auto follow = [this, row = Row()] { ShowHolesAndSheet(row); };
-  FrmAddHoles(Row(), CustomRow, follow, window()).exec();
+  FrmAddHoles(Row(), Mode, CustomRow, window()).exec();
 }
 
 void DetailPanel::RunHoleCommand(Command command) {

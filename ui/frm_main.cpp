@@ -87,10 +87,11 @@ void FrmMain::BuildPanes() {
   SSSplitter1_->setStretchFactor(0, 0);
   SSSplitter1_->setStretchFactor(1, 1);
 
-  sheet_ = new SheetView(SSPanel4_);
+  // They follow changes in this order: the grid, its panel, and the sheet last.
   sections_ = new SectionsGrid(SSPanel7_);
-  detail_ = new DetailPanel(sections_->Grid(), *sheet_, SSPanel7_);
+  detail_ = new DetailPanel(sections_->Grid(), SSPanel7_);
   accessories_ = new AccessoryChooser(SSPanel7_);
+  sheet_ = new SheetView(SSPanel4_);
   sections_->Connect(*detail_, *sheet_);
   connect(sections_, &SectionsGrid::MenuAsked, this,
           [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });
@@ -246,26 +247,24 @@ void FrmMain::Dispatch(Command command, int index) {
 
 void FrmMain::ShowRegistration() {
   FrmRegistration(this).exec();
-  sheet_->ApplyMargins();
   // Every change shows on the sheet at once.
-  sheet_->DrawSection(SelectedRow());
+  ShowSelectedRow();
 }
 
-// The row is drawn afterwards whatever closed the dialog.
 void FrmMain::EditMitres() {
-  const int row = SelectedRow();
-  if (row < 1) return;
-  CurrentItem = Int16(row);
-  FrmMitres(CurrentItem, this).exec();
-  sheet_->DrawSection(row);
+  EditSection([this](std::int16_t row) { FrmMitres(row, this).exec(); });
 }
 
 void FrmMain::EditNotches() {
-  const int row = SelectedRow();
-  if (row < 1) return;
-  CurrentItem = Int16(row);
-  FrmNotches(CurrentItem, this).exec();
-  sheet_->DrawSection(row);
+  EditSection([this](std::int16_t row) { FrmNotches(row, this).exec(); });
+}
+
+// A dialog on the selected section, which is drawn afterwards whatever closed it.
+void FrmMain::EditSection(const std::function<void(std::int16_t)>& edit) {
+  if (SelectedRow() < 1) return;
+  CurrentItem = Int16(SelectedRow());
+  edit(CurrentItem);
+  ShowSelectedRow();
 }
 
 void FrmMain::ForgetEditors() {
@@ -311,7 +310,7 @@ void FrmMain::RefreshProjectDetails() {
 void FrmMain::ShowProjectDetails() {
   details_.exec();
   // The sheet's bottom strip shows them.
-  sheet_->DrawSection(SelectedRow());
+  ShowSelectedRow();
 }
 
 }  // namespace orvane

@@ -90,6 +90,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void Dispatch(Command command, int index);
   void Exit();
   void ShowRegistration();
+  void EditSection(const std::function<void(std::int16_t)>& edit);
   void EditMitres();
   void EditNotches();
   void ToggleDrawingArea();

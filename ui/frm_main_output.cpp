@@ -2,6 +2,7 @@
 // errors.
 #include "core/numbers.h"
 #include "output/reports.h"
+#include "project/changes.h"
 #include "ui/dialogs/frm_errors.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
@@ -23,12 +24,10 @@ void FrmMain::Print(const std::function<void()>& command) {
   DropPreview();
 }
 
-// The row that is being looked at, after a print run has made the holes of all rows afresh.
+// The row that is being looked at, as it stands after what was done to all rows or to the sheets.
 void FrmMain::ShowSelectedRow() {
   const int row = SelectedRow();
-  if (row < 1) return;
-  detail_->FillHoleGrid(Int16(row));
-  sheet_->DrawSection(row);
+  if (row >= 1) Change(ChangeKind::ShowSection, Int16(row));
 }
 
 void FrmMain::ShowExportErrors() {

@@ -68,6 +68,24 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   grid_->Scrolled = [this] { PlaceEditor(); };
 }
 
+void SectionsGrid::Follow(const ChangeNotice& change) {
+  switch (change.Kind) {
+    case ChangeKind::AddSection:
+    case ChangeKind::Duplicate:
+    case ChangeKind::OppositeHand:
+      // After an error too: the row stays as far as it came.
+      return model_->FollowAppended();
+    case ChangeKind::Delete:
+    case ChangeKind::Sort:
+      if (!change.Failed) DisplayItems(true);
+      return;
+    case ChangeKind::Product:
+      return model_->ShowRecord(change.Row, ProductColumn);
+    default:
+      return;
+  }
+}
+
 void SectionsGrid::Connect(DetailPanel& detail, SheetView& sheet) {
   detail_ = &detail;
   sheet_ = &sheet;
@@ -75,17 +93,14 @@ void SectionsGrid::Connect(DetailPanel& detail, SheetView& sheet) {
 
 // Commands.
 
-// Appends a row to Items and shows it. After an error the row stays as far as it came, and the cell
-// edited before is edited on.
+// Appends a row to Items. After an error the row stays as far as it came, and the cell edited
+// before is edited on.
 std::int16_t SectionsGrid::Append(const std::function<std::int16_t()>& append) {
   const int former = Items.UBound();
   try {
-    const std::int16_t row = append();
-    model_->FollowAppended();
-    return row;
+    return append();
   } catch (...) {
-    model_->FollowAppended();
-    if (Items.UBound() > former) ProjectDirty = True;
+    if (Items.UBound() > former) Change(ChangeKind::GridTexts);
     GridEnterCell();
     throw;
   }
@@ -138,8 +153,7 @@ void SectionsGrid::DeleteItem(int ItemIndex) {
   const Busy busy(GridBusy_);
   ForgetEditors();
   DeleteItemRow(ItemRow(ItemIndex));
-  DisplayItems(true);
-  ProjectDirty = True;  // the grid has a row less
+  Change(ChangeKind::GridTexts);  // the grid has a row less
   ShowCurrentRow();
 }
 
@@ -149,8 +163,7 @@ void SectionsGrid::SortItems(SortKey Key) {
   const std::vector<std::string> former = ShownTexts(*grid_);
   ForgetEditors();
   SortItemRows(Key);
-  DisplayItems(true);
-  if (ShownTexts(*grid_) != former) ProjectDirty = True;
+  if (ShownTexts(*grid_) != former) Change(ChangeKind::GridTexts);
   ShowCurrentRow();
 }
 
@@ -158,9 +171,8 @@ void SectionsGrid::SortItems(SortKey Key) {
 
 void SectionsGrid::DisplayItems(bool keepRow) {
   ForgetEditors();
-  CurrentItem = 0;
+  MakeCurrent(0);
   mirroredRow_ = 0;
-  model_->SetGreyRow(0);
   // Its row may stand for another section now.
   sheet_->Clear();
   model_->Refill();
@@ -180,7 +192,6 @@ void SectionsGrid::ShowCurrentRow() {
   if (grid_->Row() == 0 && grid_->Rows() > 1) grid_->SetCurrent(1, MarkColumn);
   const int row = grid_->Row();
   if (row == 0) {
-    CurrentItem = 0;
     detail_->ClearDetailPanel();
     sheet_->Clear();
     return;
@@ -193,7 +204,13 @@ void SectionsGrid::ShowCurrentRow() {
   Guard([&] { drawn = ShowRow(row); });
   grid_->EnsureVisible(row, grid_->Col());
   GridEnterCell();
-  if (!drawn) Guard([&] { sheet_->DrawSection(row); });
+  if (!drawn) Guard([&] { detail_->ShowHolesAsTheyStand(ItemRow(row)); });
+}
+
+// The row that is worked on, and that a dialog opened next works on, bears the grey.
+void SectionsGrid::MakeCurrent(std::int16_t row) {
+  model_->SetGreyRow(row);
+  CurrentItem = row;
 }
 
 // The detail panel and the grey row for a row that becomes the current one. True when it has a
@@ -202,8 +219,7 @@ bool SectionsGrid::ShowRow(int row, ShownHoles holes) {
   const std::int16_t item = ItemRow(row);
   const std::string& letter = Items.At(row).SectionType;
   // The row is the current one from here on, whatever fails below.
-  model_->SetGreyRow(row);
-  CurrentItem = item;
+  MakeCurrent(item);
   const bool drawn = detail_->SetDetailPanel(letter, item, holes);
   detail_->FillHoleGrid(item);
   if (HasPitch(letter)) detail_->ShowPitch(item);
@@ -259,8 +275,11 @@ void SectionsGrid::GridRowChange(ShownHoles holes) {
   typed_ = false;
   // A row that is shown anew is rebuilt and drawn on the way, once.
   if (row != CurrentItem && ShowRow(row, holes)) return;
-  if (holes == ShownHoles::Afresh) detail_->RebuildShownHoles(ItemRow(row));
-  sheet_->DrawSection(row);
+  if (holes == ShownHoles::Afresh) {
+    detail_->RebuildShownHoles(ItemRow(row));
+  } else {
+    detail_->ShowHolesAsTheyStand(ItemRow(row));
+  }
 }
 
 // A press beside the columns that can be edited means the nearest one that can.

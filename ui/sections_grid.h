@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "project/changes.h"
 #include "project/sections.h"
 #include "ui/controls/flex_grid.h"
 #include "ui/controls/plain_combo.h"
@@ -66,6 +67,8 @@ class SectionsGrid : public QWidget {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
+  // What the grid shows of a change, its own and others'.
+  void Follow(const ChangeNotice& change);
   std::int16_t Append(const std::function<std::int16_t()>& append);
   bool EnterGrid();
   // Moving.
@@ -75,6 +78,7 @@ class SectionsGrid : public QWidget {
   void GridRowChange(ShownHoles holes);
   bool ShowRow(int row, ShownHoles holes = ShownHoles::Afresh);
   void ShowCurrentRow();
+  void MakeCurrent(std::int16_t row);
   void CellPressed(int row, int column);
 
   // The editors.
@@ -91,10 +95,6 @@ class SectionsGrid : public QWidget {
   void DrawTyped();
   void EditorLeft(const QObject* editor);
   void FillSectionCombo(const std::string& Letter);
-
-  // Makes the holes of the row afresh where asked, and draws it. An error of it isn't shown:
-  // leaving the cell does the same again, and tells.
-  void RedrawWhileTyping(int row, bool rebuild);
 
   FlexGrid* grid_;
   SectionsModel* model_;
@@ -114,6 +114,7 @@ class SectionsGrid : public QWidget {
   std::string EditSectionType_;  // letter that cboEdit and cboPattern are filled for
   int mirroredRow_ = 0;          // opposite hand whose holes weren't made afresh yet; 0 for none
   bool typed_ = false;           // typed since the sheet was last drawn from a settled cell
+  const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 
 }  // namespace orvane

@@ -12,6 +12,8 @@
 #include "core/desktop.h"
 #include "core/model.h"
 #include "core/runtime_error.h"
+#include "holes/hole_list.h"
+#include "project/changes.h"
 #include "project/rules/section_rules.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
@@ -51,6 +53,20 @@ QFrame* MakePanel(QFrame* panel, const char* name, QWidget* control) {
   layout->addWidget(control);
   panel->hide();
   return panel;
+}
+
+// The change that typing into a column makes.
+ChangeKind KindOfColumn(int column) {
+  switch (column) {
+    case MarkColumn:
+      return ChangeKind::Mark;
+    case LengthColumn:
+      return ChangeKind::Length;
+    case QuantityColumn:
+      return ChangeKind::Quantity;
+    default:
+      return ChangeKind::Notes;
+  }
 }
 
 // True while the toolkit takes the focus away only for a while: a menu or list is open, a box is
@@ -280,27 +296,26 @@ void SectionsGrid::TextTyped(const std::string& text) {
   const int row = grid_->Row();
   const int column = grid_->Col();
   if (row < 1) return;
-  model_->SetTyped(row, column, text);
-  ProjectDirty = True;
-  const Typed result = TakeTypedText(Int16(row), column, text);
-  if (result != Typed::Taken) {
-    model_->ShowRecord(row, column);
-    txtEdit_->setText(ToQt(grid_->TextMatrix(row, column)));
-    txtEdit_->end(false);
-  }
-  typed_ = true;
-  RedrawWhileTyping(row, column == LengthColumn);
-  if (result == Typed::Overflow) throw RuntimeError(Failure::Overflow);
-}
-
-void SectionsGrid::RedrawWhileTyping(int row, bool rebuild) {
+  Typed result = Typed::Taken;
+  bool taken = false;
   try {
-    if (rebuild) detail_->RebuildShownHoles(Int16(row));
-    sheet_->DrawSection(row);
+    Change(KindOfColumn(column), Int16(row), [&] {
+      model_->SetTyped(row, column, text);
+      result = TakeTypedText(Int16(row), column, text);
+      if (result != Typed::Taken) {
+        model_->ShowRecord(row, column);
+        txtEdit_->setText(ToQt(grid_->TextMatrix(row, column)));
+        txtEdit_->end(false);
+      }
+      typed_ = taken = true;
+      if (column == LengthColumn) RebuildHoles(Int16(row), detail_->ShownPattern());
+    });
   } catch (const std::exception&) {
+    if (!taken) throw;
     // A length half typed may be too short for its holes: the sheet keeps its last state, and
     // leaving the cell draws again and tells.
   }
+  if (result == Typed::Overflow) throw RuntimeError(Failure::Overflow);
 }
 
 void SectionsGrid::ProductChosen() {
@@ -308,11 +323,10 @@ void SectionsGrid::ProductChosen() {
   if (row < 1) return;
   const std::string product = cboEdit_->Text();
   if (Items.At(row).Product == product) return;
-  Items.At(row).Product = product;
-  model_->ShowRecord(row, ProductColumn);
-  ProjectDirty = True;
-  detail_->RebuildShownHoles(Int16(row));
-  sheet_->DrawSection(row);
+  Change(ChangeKind::Product, Int16(row), [&] {
+    Items.At(row).Product = product;
+    RebuildHoles(Int16(row), detail_->ShownPattern());
+  });
 }
 
 // Leaving.
@@ -378,7 +392,6 @@ void SectionsGrid::DrawTyped() {
   const int row = grid_->Row();
   if (row < 1) return;
   detail_->RebuildShownHoles(Int16(row));
-  sheet_->DrawSection(row);
 }
 
 }  // namespace orvane

@@ -52,6 +52,11 @@ void SheetView::DrawSection(int ItemIndex) {
   spare_ = std::move(sheet);
 }
 
+void SheetView::Follow(const ChangeNotice& change) {
+  if (change.Kind == ChangeKind::Registration) ApplyMargins();
+  if (RuleOf(change.Kind).Redraws && !change.Failed) DrawSection(change.Row);
+}
+
 void SheetView::Clear() {
   shownDraw_ = drawCount_;
   shownRow_ = 0;

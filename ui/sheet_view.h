@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "drawing/page_surface.h"
+#include "project/changes.h"
 #include "ui/controls/page_view.h"
 
 namespace orvane {
@@ -35,6 +36,9 @@ class SheetView : public PageView {
   int DrawCount() const { return drawCount_; }
 
  private:
+  // Draws what a change has made different.
+  void Follow(const ChangeNotice& change);
+
   // The sheet shown, and one to draw the next sheet on: they change places, so that an error leaves
   // the former alone and no memory is taken at a key stroke.
   std::unique_ptr<PageSurface> shown_;
@@ -43,6 +47,7 @@ class SheetView : public PageView {
   int shownRow_ = 0;
   int drawCount_ = 0;
   int shownDraw_ = 0;  // which drawing it was
+  const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 
 }  // namespace orvane

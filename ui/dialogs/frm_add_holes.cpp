@@ -10,6 +10,7 @@
 #include "core/numbers.h"
 #include "core/section_families.h"
 #include "holes/hole_list.h"
+#include "project/changes.h"
 #include "ui/controls/dialog_place.h"
 #include "ui/controls/picture_radio.h"
 #include "ui/controls/tab_stop.h"
@@ -70,13 +71,8 @@ bool IsEnter(const QKeyEvent& key) {
 
 }  // namespace
 
-FrmAddHoles::FrmAddHoles(std::int16_t ItemIndex, int CustomRow, std::function<void()> HolesChanged,
-                         QWidget* parent)
-    : PlainDialog(parent),
-      itemIndex_(ItemIndex),
-      customRow_(CustomRow),
-      mode_(HoleDialogMode),
-      holesChanged_(std::move(HolesChanged)) {
+FrmAddHoles::FrmAddHoles(std::int16_t ItemIndex, std::int16_t Mode, int CustomRow, QWidget* parent)
+    : PlainDialog(parent), itemIndex_(ItemIndex), mode_(Mode), customRow_(CustomRow) {
   setObjectName("frmAddHoles");
   setWindowTitle(TextsOfMode(mode_).Title);
   setWindowIcon(ProgramIcon());
@@ -339,7 +335,7 @@ void FrmAddHoles::Store() {
     txtXpos_->selectAll();
     return;
   }
-  StoreAt(*XPos, entry);
+  if (!StoreAt(*XPos, entry)) return;
   if (mode_ == EditHole) {
     accept();
     return;
@@ -348,24 +344,31 @@ void FrmAddHoles::Store() {
   txtXpos_->setFocus();
 }
 
-void FrmAddHoles::StoreAt(std::int16_t XPos, const HoleEntry& entry) {
-  Hole hole = CustomHole(entry, XPos);
-  if (mode_ == EditHole) {
-    // A hole that no button can show keeps its lines: moving it must not unpunch it.
-    const bool keepsLines = openedWithoutLines_ && entry.Code == NoLines;
-    if (keepsLines) {
-      CopyHoleLines(Items.At(itemIndex_).Holes.At(CustomHoleRow(itemIndex_, customRow_)), hole);
-    }
-    ReplaceCustomHole(itemIndex_, customRow_, std::move(hole));
-  } else {
-    AppendCustomHole(itemIndex_, std::move(hole));
-  }
-  // The hole stands now, whatever comes of its gaps.
+// True when the hole stands, whatever comes of its gaps and of its sheet: each tells its own error.
+bool FrmAddHoles::StoreAt(std::int16_t XPos, const HoleEntry& entry) {
+  bool stored = false;
   Guard([&] {
-    SortHoles(itemIndex_);
-    AdjustHoleSpacing(itemIndex_);
+    Hole hole = CustomHole(entry, XPos);
+    const bool edits = mode_ == EditHole;
+    Change(edits ? ChangeKind::EditHole : ChangeKind::AddHole, itemIndex_, [&] {
+      if (edits) {
+        // A hole that no button can show keeps its lines: moving it must not unpunch it.
+        const bool keepsLines = openedWithoutLines_ && entry.Code == NoLines;
+        if (keepsLines) {
+          CopyHoleLines(Items.At(itemIndex_).Holes.At(CustomHoleRow(itemIndex_, customRow_)), hole);
+        }
+        ReplaceCustomHole(itemIndex_, customRow_, std::move(hole));
+      } else {
+        AppendCustomHole(itemIndex_, std::move(hole));
+      }
+      stored = true;
+      Guard([&] {
+        SortHoles(itemIndex_);
+        AdjustHoleSpacing(itemIndex_);
+      });
+    });
   });
-  Guard([&] { holesChanged_(); });
+  return stored;
 }
 
 }  // namespace orvane

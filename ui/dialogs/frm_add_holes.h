@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
 #include "project/rules/custom_holes.h"
@@ -17,13 +16,12 @@
 
 namespace orvane {
 
-// Works in the mode that HoleDialogMode names when it is made. `CustomRow` counts the custom holes
-// of the section and matters for editing alone; there must be such a hole then. `HolesChanged` runs
-// after each hole that was stored.
+// Works on a row of Items in the mode EditHole, AddAbsolute or AddRelative. `CustomRow` counts the
+// custom holes of the section and matters for editing alone; there must be such a hole then. Each
+// hole stored is a change of its own.
 class FrmAddHoles : public PlainDialog {
  public:
-  FrmAddHoles(std::int16_t ItemIndex, int CustomRow, std::function<void()> HolesChanged,
-              QWidget* parent = nullptr);
+  FrmAddHoles(std::int16_t ItemIndex, std::int16_t Mode, int CustomRow, QWidget* parent = nullptr);
 
   // The code of the selected button in the set of the section's letter; NoLines if none is.
   std::int16_t FindPattern() const;
@@ -48,13 +46,12 @@ class FrmAddHoles : public PlainDialog {
   void SlotLenChanged();
   bool TakeYPosKey(const QKeyEvent& key);
   void Store();
-  void StoreAt(std::int16_t XPos, const HoleEntry& entry);
+  bool StoreAt(std::int16_t XPos, const HoleEntry& entry);
   HoleEntry Entry() const;
 
   const std::int16_t itemIndex_;
-  const int customRow_;
   const std::int16_t mode_;
-  const std::function<void()> holesChanged_;
+  const int customRow_;
   // Editing a hole whose lines no button stands for.
   bool openedWithoutLines_ = false;
 

@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/section_families.h"
 #include "core/settings.h"
+#include "project/changes.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -100,10 +101,12 @@ void FrmMaxDims::Store() {
   if (auto* field = qobject_cast<QLineEdit*>(focusWidget())) Rewrite(*field);
   SSCommand2_.at(1)->setFocus();
 
-  for (std::size_t row = 1; row < txtMaxDims_.size(); ++row) {
-    MaxDims.At(static_cast<int>(row)) = Val(FromQt(txtMaxDims_.at(row)->text()));
-  }
-  SaveMaxDims();
+  Change(ChangeKind::MaxDims, 0, [this] {
+    for (std::size_t row = 1; row < txtMaxDims_.size(); ++row) {
+      MaxDims.At(static_cast<int>(row)) = Val(FromQt(txtMaxDims_.at(row)->text()));
+    }
+    SaveMaxDims();
+  });
   accept();
 }
 

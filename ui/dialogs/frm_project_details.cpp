@@ -12,6 +12,7 @@
 #include "core/desktop.h"
 #include "core/model.h"
 #include "core/numbers.h"
+#include "project/changes.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -41,6 +42,10 @@ QDate ToQDate(const Date& date) {
 
 Date FromQDate(const QDate& date) {
   return {date.year(), date.month(), date.day()};
+}
+
+void TakeDate(const QDate& date) {
+  Change(ChangeKind::ProjectDetails, 0, [&] { DTPicker1 = FromQDate(date); });
 }
 
 // The system's short date form with a year of four digits, so that no century is left to guess; a
@@ -103,8 +108,11 @@ void FrmProjectDetails::AddFields() {
     auto* field = new QLineEdit(this);
     field->setObjectName(IndexedName("txtProject", static_cast<int>(at)));
     field->setMinimumWidth(width);
-    connect(field, &QLineEdit::textEdited, this,
-            [at](const QString& text) { Guard([&] { txtProject.at(at) = FromQt(text); }); });
+    connect(field, &QLineEdit::textEdited, this, [at](const QString& text) {
+      Guard([&] {
+        Change(ChangeKind::ProjectDetails, 0, [&] { txtProject.at(at) = FromQt(text); });
+      });
+    });
     txtProject_.at(at) = field;
   }
 }
@@ -121,7 +129,7 @@ void FrmProjectDetails::AddPicker() {
   picker_->setFocusPolicy(Qt::StrongFocus);
   picker_->installEventFilter(this);
   connect(picker_, &QDateEdit::userDateChanged, this,
-          [](QDate date) { Guard([&] { DTPicker1 = FromQDate(date); }); });
+          [](QDate date) { Guard([&] { TakeDate(date); }); });
 }
 
 void FrmProjectDetails::Refresh() {
@@ -200,7 +208,7 @@ void FrmProjectDetails::CompleteYear() {
   const QDate month(year, picker_->date().month(), 1);
   const QDate date(year, month.month(), std::min(picker_->date().day(), month.daysInMonth()));
   picker_->setDate(date);
-  DTPicker1 = FromQDate(date);
+  TakeDate(date);
 }
 
 }  // namespace orvane

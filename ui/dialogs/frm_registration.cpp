@@ -13,6 +13,7 @@
 #include "core/numbers.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "project/changes.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -189,20 +190,22 @@ void FrmRegistration::Continue() {
   LimitSeparation();
 
   const auto text = [this](std::size_t at) { return FromQt(Text1_.at(at)->text()); };
-  CompanyName = Trim(text(0));
-  CompanyDetails = Trim(text(1));
-  SaveRegistration();
+  Change(ChangeKind::Registration, 0, [&] {
+    CompanyName = Trim(text(0));
+    CompanyDetails = Trim(text(1));
+    SaveRegistration();
 
-  // All four or none: one that is too large leaves the dialog open.
-  const std::array margins = {Whole(Val(text(2))), Whole(Val(text(3))), Whole(Val(text(4))),
-                              Whole(Val(text(5)))};
-  LeftMargin = margins[0];
-  RightMargin = margins[1];
-  TopMargin = margins[2];
-  BottomMargin = margins[3];
-  MinHoleSep = Val(text(Separation));
-  SavePageSetup();
-  SaveDrawingSettings();
+    // All four or none: one that is too large leaves the dialog open.
+    const std::array margins = {Whole(Val(text(2))), Whole(Val(text(3))), Whole(Val(text(4))),
+                                Whole(Val(text(5)))};
+    LeftMargin = margins[0];
+    RightMargin = margins[1];
+    TopMargin = margins[2];
+    BottomMargin = margins[3];
+    MinHoleSep = Val(text(Separation));
+    SavePageSetup();
+    SaveDrawingSettings();
+  });
   accept();
 }
 
