@@ -10,6 +10,7 @@
 #include "drawing/pictures.h"
 #include "tests/drawing/accessory_fixture.h"
 #include "tests/drawing/metafile_writer.h"
+#include "tests/support/golden.h"
 
 namespace orvane::test {
 
@@ -17,12 +18,6 @@ namespace {
 
 constexpr AccessoryType One = AccessoryType::One;
 constexpr AccessoryType Two = AccessoryType::Two;
-
-std::string Joined(const Lines& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\n";
-  return text;
-}
 
 // The end of a recording from that line on.
 Lines From(const Lines& lines, const std::string& first) {
@@ -45,9 +40,7 @@ class AccessoryGoldens : public AccessorySheetTest {
     CompanyDetails = "Unit 4, Mill Lane";
   }
 
-  void ExpectGolden(const std::string& name) const {
-    EXPECT_EQ(Joined(page.Lines()), BytesOf(ORVANE_SOURCE_DIR "/tests/goldens/sheets/" + name));
-  }
+  void ExpectSheet(const std::string& name) const { ExpectGolden("sheets/" + name, page.Lines()); }
 
   // The picture 120 mm wide at 35 mm, so 60 mm high; the table at 35 + 60 + 5 = 100 mm.
   static AccDef& AddCleats() {
@@ -66,13 +59,13 @@ class AccessoryGoldens : public AccessorySheetTest {
 TEST_F(AccessoryGoldens, A_type_1_sheet_is_drawn_line_by_line) {
   AddCleats();
   Sheet(One, CleatRows(), true, true);
-  ExpectGolden("accessory-type1.txt");
+  ExpectSheet("accessory-type1.txt");
 }
 
 TEST_F(AccessoryGoldens, A_type_1_sheet_without_its_flag_is_drawn_line_by_line) {
   AddCleats().Flag = False;
   Sheet(One, CleatRows(), true, true);
-  ExpectGolden("accessory-type1-codes.txt");
+  ExpectSheet("accessory-type1-codes.txt");
 }
 
 // The picture 100 mm wide at 50 mm, so 50 mm high; the table at 105 mm. 62 mm below it down to 3 mm
@@ -83,13 +76,13 @@ TEST_F(AccessoryGoldens, A_type_2_sheet_with_groups_over_three_pages_is_drawn_li
   AddGroup(ties, 3, 2, "Bay");
   ShowPicture(ties, 100, 50);
   Sheet(Two, NumberedRows(23, 3), true, true);
-  ExpectGolden("accessory-type2-groups.txt");
+  ExpectSheet("accessory-type2-groups.txt");
 }
 
 TEST_F(AccessoryGoldens, A_type_2_sheet_without_a_picture_inside_a_document_is_drawn_line_by_line) {
   AddType2("Door jamb kits", {"Height"});
   Sheet(Two, RowsOf({{"D1", "2", "2100"}, {"D2", "1", "2400"}, {"D3", "14", ""}}), false, false);
-  ExpectGolden("accessory-type2-none.txt");
+  ExpectSheet("accessory-type2-none.txt");
 }
 
 // The document.

@@ -1,20 +1,17 @@
 // One whole sheet of a rich section for each family, operation by operation, against recordings
-// that were worked out from the rules with a calculator of their own, not taken from the program.
-// Only where the order of settings shows nowhere on the page do they follow the program's.
-#include <algorithm>
-#include <cmath>
+// that were worked out by hand from the rules, not taken from the program. Only where the order of
+// settings shows nowhere on the page do they follow the program's.
 #include <cstdint>
 #include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/desktop.h"
-#include "core/numbers.h"
 #include "drawing/draw_section.h"
 #include "holes/hole_list.h"
 #include "tests/drawing/sheet_fixture.h"
 #include "tests/drawing/small_metafile.h"
+#include "tests/support/golden.h"
 
 namespace orvane::test {
 namespace {
@@ -321,81 +318,12 @@ Item ItemOf(const RichSection& section) {
   return item;
 }
 
-std::vector<std::string> LinesIn(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
-
-// The words of a line; a text in quotes is one word.
-std::vector<std::string> WordsOf(const std::string& line) {
-  std::vector<std::string> words(1);
-  bool quoted = false;
-  for (const char c : line) {
-    if (c == '"') quoted = !quoted;
-    if (c == ' ' && !quoted) {
-      words.emplace_back();
-    } else {
-      words.back() += c;
-    }
-  }
-  return words;
-}
-
-// Equal texts, or numbers of one form (millimetres or bare) that differ by no more than the noise
-// of floats: far less than a twip, so whole twips have to be equal.
-bool SameWord(std::string recorded, std::string expected) {
-  if (recorded == expected) return true;
-  const auto takeUnit = [](std::string& word) {
-    const bool millimetres = word.ends_with("mm");
-    if (millimetres) word.resize(word.size() - 2);
-    return millimetres;
-  };
-  if (takeUnit(recorded) != takeUnit(expected)) return false;
-  if (!IsNumber(recorded) || !IsNumber(expected)) return false;
-  return std::abs(ParseDouble(recorded) - ParseDouble(expected)) <= 1e-6;
-}
-
-bool SameLine(const std::string& recorded, const std::string& expected) {
-  const std::vector<std::string> ours = WordsOf(recorded);
-  const std::vector<std::string> theirs = WordsOf(expected);
-  if (ours.size() != theirs.size()) return false;
-  for (std::size_t i = 0; i < ours.size(); ++i) {
-    if (!SameWord(ours[i], theirs[i])) return false;
-  }
-  return true;
-}
-
-// Shows the lines from the first difference on, those expected beside those recorded.
-void ExpectRecording(const std::vector<std::string>& recorded,
-                     const std::vector<std::string>& expected) {
-  const auto lineOf = [](const std::vector<std::string>& lines, std::size_t i) {
-    return i < lines.size() ? lines[i] : std::string("(end)");
-  };
-  const std::size_t count = std::max(recorded.size(), expected.size());
-  std::size_t first = 0;
-  while (first < count && SameLine(lineOf(recorded, first), lineOf(expected, first))) ++first;
-  if (first == count) return;
-  constexpr std::size_t Shown = 8;
-  constexpr std::size_t Column = 60;
-  std::string shown;
-  for (std::size_t i = first < 2 ? 0 : first - 2; i < std::min(count, first + Shown); ++i) {
-    std::string left = lineOf(expected, i);
-    if (left.size() < Column) left.resize(Column, ' ');
-    const bool same = SameLine(lineOf(recorded, i), lineOf(expected, i));
-    shown += DecimalText(static_cast<long long>(i) + 1) + (same ? "   " : " ! ") + left + " | " +
-             lineOf(recorded, i) + "\n";
-  }
-  ADD_FAILURE() << "line, expected | recorded:\n" << shown;
-}
-
 class RichSheetTest : public SheetTest {
  protected:
   RichSheetTest();
 
   // Draws the section's sheet as a document of its own and compares it with its golden.
-  void ExpectGolden(const RichSection& section, const std::string& name);
+  void ExpectSheet(const RichSection& section, const std::string& name);
 };
 
 RichSheetTest::RichSheetTest() {
@@ -413,23 +341,21 @@ RichSheetTest::RichSheetTest() {
   MinHoleSep = 4;
 }
 
-void RichSheetTest::ExpectGolden(const RichSection& section, const std::string& name) {
+void RichSheetTest::ExpectSheet(const RichSection& section, const std::string& name) {
   SectionDims.Append(section.Product);
   Items.Append(ItemOf(section));
   PrepareDrawingWidth(surface);
   AdjustHoleSpacing(1);
   DrawSection(surface, 1, true, true);
-
-  ExpectRecording(surface.Lines(),
-                  LinesIn(BytesOf(ORVANE_SOURCE_DIR "/tests/goldens/sheets/" + name)));
+  ExpectGolden("sheets/" + name, surface.Lines(), EqualButForNoise);
 }
 
 TEST_F(RichSheetTest, The_sheet_of_a_rich_purlin_is_drawn_line_by_line) {
-  ExpectGolden(RichZ, "rich-z.txt");
+  ExpectSheet(RichZ, "rich-z.txt");
 }
 
 TEST_F(RichSheetTest, The_sheet_of_a_rich_channel_is_drawn_line_by_line) {
-  ExpectGolden(RichC, "rich-c.txt");
+  ExpectSheet(RichC, "rich-c.txt");
 }
 
 // Margins that differ from each other, so that none can stand for another.
@@ -438,23 +364,23 @@ TEST_F(RichSheetTest, The_sheet_of_a_rich_channel_keeps_to_margins_of_different_
   RightMargin = 8;
   TopMargin = 17;
   BottomMargin = 11;
-  ExpectGolden(RichC, "rich-c-uneven-margins.txt");
+  ExpectSheet(RichC, "rich-c-uneven-margins.txt");
 }
 
 TEST_F(RichSheetTest, The_sheet_of_a_rich_eaves_beam_is_drawn_line_by_line) {
-  ExpectGolden(RichE, "rich-e.txt");
+  ExpectSheet(RichE, "rich-e.txt");
 }
 
 TEST_F(RichSheetTest, The_sheet_of_a_rich_cladding_rail_is_drawn_line_by_line) {
-  ExpectGolden(RichV, "rich-v.txt");
+  ExpectSheet(RichV, "rich-v.txt");
 }
 
 TEST_F(RichSheetTest, The_sheet_of_a_rich_cleader_rail_is_drawn_line_by_line) {
-  ExpectGolden(RichR, "rich-r.txt");
+  ExpectSheet(RichR, "rich-r.txt");
 }
 
 TEST_F(RichSheetTest, The_sheet_of_a_rich_top_hat_is_drawn_line_by_line) {
-  ExpectGolden(RichT, "rich-t.txt");
+  ExpectSheet(RichT, "rich-t.txt");
 }
 
 }  // namespace

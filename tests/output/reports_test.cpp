@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tests/output/print_fixture.h"
+#include "tests/support/golden.h"
 
 namespace orvane {
 
@@ -66,17 +67,6 @@ class ReportsTest : public PrintTest {
   }
 };
 
-TextList GoldenLines(const std::string& name) {
-  const std::string text = BytesOf(ORVANE_SOURCE_DIR "/tests/goldens/reports/" + name);
-  TextList lines;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = text.find('\n', at);
-    lines.push_back(text.substr(at, end - at));
-    at = end + 1;
-  }
-  return lines;
-}
-
 }  // namespace
 
 TEST_F(ReportsTest, The_contract_summary_is_drawn_line_by_line) {
@@ -91,12 +81,7 @@ TEST_F(ReportsTest, The_contract_summary_is_drawn_line_by_line) {
   AccLines2.Append(MakeLine2(7, "M2", 0, {"1", "2", "3", "4", "5"}));
   AccLines2.Append(MakeLine2(7, "", 4, {"1", "2", "3", "4", "5"}));
   AccLines2.Append(MakeLine2(12, " V1", 2, {"950"}));
-  const TextList lines = Summary();
-  const TextList golden = GoldenLines("contract-summary.txt");
-  for (std::size_t at = 0; at < std::min(lines.size(), golden.size()); ++at) {
-    ASSERT_EQ(lines[at], golden[at]) << "line " << at + 1;
-  }
-  EXPECT_EQ(lines.size(), golden.size());
+  ExpectGolden("reports/contract-summary.txt", Summary());
   EXPECT_EQ(screen.Shown, 1);
   EXPECT_EQ(screen.Dropped, 0);
   EXPECT_TRUE(desktop.Boxes.empty());

@@ -1,6 +1,7 @@
 // The CAM files of sections that went through all four editing dialogs, against files worked out by
 // hand: the working stands beside them, in tests/goldens/cam.
 #include "tests/screens/edited_section_fixture.h"
+#include "tests/support/golden.h"
 
 namespace orvane::test {
 namespace {
@@ -19,9 +20,7 @@ class EditedSectionCam : public EditedSectionTest {
     platform.Chosen.push_back(path);
     dialogs.ExpectBox("CAM export complete");
     ChooseInMenu(Qt::Key_O, Qt::Key_E);
-    const std::string golden = BytesOf(ORVANE_SOURCE_DIR "/tests/goldens/cam/" + name);
-    ASSERT_FALSE(golden.empty());
-    EXPECT_EQ(BytesOf(path), golden);
+    ExpectGoldenBytes("cam/" + name, BytesOf(path));
   }
 };
 
