@@ -8,6 +8,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <algorithm>
+#include <iostream>
 
 #include "ui/platform/printing.h"
 
@@ -16,7 +17,6 @@ namespace orvane::test {
 namespace {
 
 constexpr int UsualEvents = 2000;
-constexpr unsigned UsualSeed = 20240305;
 // Where chance is to lead somewhere, it has that many events for it.
 constexpr int LongestSearch = 20000;
 
@@ -31,6 +31,12 @@ int FromEnvironment(const char* name, int usual) {
   bool good = false;
   const int value = qEnvironmentVariableIntValue(name, &good);
   return good && value > 0 ? value : usual;
+}
+
+// Another one in each run: what one monkey has passed by, the next one may find.
+int NewSeed() {
+  constexpr unsigned Seeds = 1000000000;
+  return 1 + static_cast<int>(std::random_device()() % Seeds);
 }
 
 // Texts at the limits of what fields take, and some that no field should take.
@@ -56,11 +62,17 @@ std::vector<Widget*> Usable(QWidget& window) {
 
 }  // namespace
 
-MonkeyTest::MonkeyTest()
-    : random_(static_cast<unsigned>(FromEnvironment("ORVANE_MONKEY_SEED", UsualSeed))) {}
+MonkeyTest::MonkeyTest() : seed_(FromEnvironment("ORVANE_MONKEY_SEED", NewSeed())) {
+  random_.seed(static_cast<unsigned>(seed_));
+  std::cout << Replay() << std::endl;
+}
 
 MonkeyTest::~MonkeyTest() {
   ReplacePrintDialog({});
+}
+
+std::string MonkeyTest::Replay() const {
+  return "ORVANE_MONKEY_SEED=" + std::to_string(seed_) + " runs this monkey again";
 }
 
 int MonkeyTest::EventsWanted() {
@@ -89,6 +101,7 @@ void MonkeyTest::SetUp() {
 
 void MonkeyTest::RunEvents(int events, const std::function<bool()>& enough,
                            std::function<void(QDialog*)> checkAfter) {
+  SCOPED_TRACE(Replay());
   checkAfter_ = std::move(checkAfter);
   const int most = std::max(events, LongestSearch);
   while ((done_ < events || (done_ < most && !enough())) && !HasFatalFailure()) {
@@ -96,10 +109,10 @@ void MonkeyTest::RunEvents(int events, const std::function<bool()>& enough,
     SCOPED_TRACE("event " + std::to_string(done_));
     ActOnMain();
     QCoreApplication::processEvents();
-    if (done_ % 7 == 0) QTest::qWait(2);
+    if (done_ % 7 == 0) RunQueued();
     while (QApplication::activePopupWidget() != nullptr ||
            QApplication::activeModalWidget() != nullptr) {
-      QTest::qWait(2);
+      QCoreApplication::processEvents();
     }
     if (!main->isVisible()) {
       main->show();
@@ -341,7 +354,8 @@ bool MonkeyTest::MayBeAnswered(const QWidget& window) const {
 }
 
 void MonkeyTest::Look() {
-  QTimer::singleShot(1, &timer_, [this] { Look(); });
+  // At each turn of the loop, by no time of its own: a seed that is run again does the same again.
+  QTimer::singleShot(0, &timer_, [this] { Look(); });
   if (QWidget* popup = QApplication::activePopupWidget()) {
     AnswerPopup(*popup);
     return;

@@ -1,5 +1,6 @@
 // A monkey at the keyboard and the mouse: its hands for any window, and what it does on the main
-// window. ORVANE_MONKEY_EVENTS and ORVANE_MONKEY_SEED choose a longer or another run.
+// window. Each run has a seed of its own, which it prints; ORVANE_MONKEY_SEED runs one again,
+// ORVANE_MONKEY_EVENTS makes it longer.
 #pragma once
 
 #include <QComboBox>
@@ -26,6 +27,8 @@ class MonkeyTest : public ScreenTest {
   void RunEvents(int events, const std::function<bool()>& enough,
                  std::function<void(QDialog*)> checkAfter);
   static int EventsWanted();
+  // What a run has to be told to be the same again.
+  std::string Replay() const;
 
   // How many events happened in each dialog, by its objectName.
   const std::map<std::string, int>& EventsInside() const { return inside_; }
@@ -66,6 +69,7 @@ class MonkeyTest : public ScreenTest {
   void PressAButton(QWidget& window);
   bool MayBeAnswered(const QWidget& window) const;
 
+  int seed_;
   std::mt19937 random_;
   QObject timer_;
   std::function<void(QDialog*)> checkAfter_;

@@ -51,6 +51,11 @@ class TestDesktop : public QtDesktop {
   std::optional<std::string> NextFile();
 };
 
+// Lets the application do all that is queued, and what that queues in its turn: by turns of its
+// loop, not by time, so that it does the same however slow the machine is. What a timer of the
+// toolkit does later is waited for by its effect.
+void RunQueued();
+
 // Answers modal windows in the order in which they were foreseen. One that wasn't foreseen fails
 // the test and is closed; so does one that was foreseen and never came.
 class DialogScript : public QObject {
