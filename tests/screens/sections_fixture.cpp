@@ -17,9 +17,9 @@ namespace orvane::test {
 
 namespace {
 
-constexpr int Patience = 10000;    // ms
-constexpr int MenuPatience = 300;  // how long a menu may take that perhaps never comes, ms
-constexpr int Stayed = 77;         // exit code of a program that nobody ended
+constexpr int Patience = 10000;  // ms
+constexpr int Stayed = 77;       // exit code of a program that nobody ended
+constexpr int LastTurns = 10;    // of the loop, in which a queued end of the program would come
 
 const std::map<std::string, std::string> AddButtons = {
     {"Z", "SSCommand1(6)"}, {"E", "SSCommand1(7)"},  {"C", "SSCommand1(8)"},
@@ -39,6 +39,7 @@ class Differences {
   void Compare(const std::string& what, const QRect& actual, const QRect& expected) {
     Compare(what, PlaceText(actual), PlaceText(expected));
   }
+  void Add(const std::string& text) { text_ += text; }
   ::testing::AssertionResult Result() const {
     if (text_.empty()) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << text_;
@@ -110,10 +111,24 @@ std::vector<std::string> SectionsTest::Marks() {
   return marks;
 }
 
-std::vector<std::string> SectionsTest::Row(int row) {
-  std::vector<std::string> texts;
-  for (int column = 0; column < SectionColumns; ++column) texts.push_back(Cell(row, column));
-  return texts;
+std::string SectionsTest::CellUnder(const std::string& heading, int row) {
+  for (int column = 0; column < Sections().Cols(); ++column) {
+    if (Cell(0, column) == heading) return Cell(row, column);
+  }
+  throw std::runtime_error("no column is headed \"" + heading + "\"");
+}
+
+::testing::AssertionResult SectionsTest::RowShows(int row, const SectionRow& expected) {
+  Differences wrong;
+  const std::vector<std::pair<std::string, std::string>> cells = {
+      {"", expected.Letter},         {"Mark", expected.Mark},
+      {"Product", expected.Product}, {"Length (mm)", expected.Length},
+      {"Qty", expected.Quantity},    {"Notes", expected.Notes}};
+  for (const auto& [heading, text] : cells) {
+    const std::string column = heading.empty() ? "the letter" : heading;
+    wrong.Compare(column + " of row " + DecimalText(row), CellUnder(heading, row), text);
+  }
+  return wrong.Result();
 }
 
 ::testing::AssertionResult SectionsTest::GridShowsItems() {
@@ -121,13 +136,10 @@ std::vector<std::string> SectionsTest::Row(int row) {
   wrong.Compare("the number of rows", Sections().Rows(), Items.UBound() + 1);
   for (int row = 1; row <= Items.UBound(); ++row) {
     const Item& item = Items.At(row);
-    const std::vector<std::string> expected = {
-        item.SectionType,           item.Mark, item.Product, DecimalText(item.Length),
-        DecimalText(item.Quantity), item.Notes};
-    for (int column = 0; column < SectionColumns; ++column) {
-      wrong.Compare("cell " + DecimalText(row) + "," + DecimalText(column), Cell(row, column),
-                    expected.at(static_cast<std::size_t>(column)));
-    }
+    const ::testing::AssertionResult shows =
+        RowShows(row, {item.SectionType, item.Mark, item.Product, DecimalText(item.Length),
+                       DecimalText(item.Quantity), item.Notes});
+    if (!shows) wrong.Add(shows.message());
   }
   return wrong.Result();
 }
@@ -219,7 +231,10 @@ std::vector<std::vector<std::string>> SectionsTest::MenusOpenedBy(
   });
   look.start(2);
   action();
-  QTest::qWait(MenuPatience);
+  // One that is queued comes now or never; it goes when it has been looked at.
+  RunQueued();
+  EXPECT_TRUE(
+      QTest::qWaitFor([] { return QApplication::activePopupWidget() == nullptr; }, Patience));
   return menus;
 }
 
@@ -238,17 +253,21 @@ void SectionsTest::BackToMain() {
 }
 
 bool SectionsTest::EndsProgram(const std::function<void()>& action) {
+  // Nobody ended the program if its loop goes on turning.
   QTimer patience;
-  patience.setSingleShot(true);
-  QObject::connect(&patience, &QTimer::timeout, [] { QCoreApplication::exit(Stayed); });
+  int turns = 0;
+  QObject::connect(&patience, &QTimer::timeout, [&turns] {
+    if (++turns == LastTurns) QCoreApplication::exit(Stayed);
+  });
   QTimer::singleShot(0, &patience, [&] {
     action();
     Settle();
-    patience.start(50);
+    patience.start(0);
   });
   const bool ended = QApplication::exec() != Stayed;
   // A second end that the window queued behind its closing must not reach the next loop.
-  patience.start(10);
+  turns = 0;
+  patience.start(0);
   QApplication::exec();
   return ended;
 }

@@ -14,6 +14,17 @@
 
 namespace orvane::test {
 
+// The texts of a row of the grid, named by their columns: a further column is nobody's business but
+// its own tests'.
+struct SectionRow {
+  std::string Letter;
+  std::string Mark;
+  std::string Product;
+  std::string Length;
+  std::string Quantity;
+  std::string Notes;
+};
+
 class SectionsTest : public ScreenTest {
  protected:
   // Sections.
@@ -40,8 +51,10 @@ class SectionsTest : public ScreenTest {
   QComboBox& Patterns() { return Find<QComboBox>("cboPattern"); }
   SheetView& Sheet() { return Find<SheetView>("VSPrinter1"); }
   bool Shown(const std::string& name) { return Find(name).isVisible(); }
-  // The six cells of a grid row.
-  std::vector<std::string> Row(int row);
+  // The cell of a row in the column of that heading; the letter's column has none.
+  std::string CellUnder(const std::string& heading, int row);
+  // Whether the row shows those texts in their columns.
+  ::testing::AssertionResult RowShows(int row, const SectionRow& expected);
   // Whether all rows of the grid show what the table holds.
   ::testing::AssertionResult GridShowsItems();
   // Whether the cursor stands there: current cell, right editor over the cell with the focus and
