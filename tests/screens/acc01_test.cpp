@@ -111,7 +111,7 @@ TEST_F(Acc01Test, Columns_are_as_wide_as_their_longest_entry) {
 TEST_F(Acc01Test, Room_that_is_left_stays_free_behind_the_columns) {
   InDialogOf(Bolts, [](QWidget& form) {
     form.resize(form.width() + 300, form.height());
-    QTest::qWait(20);
+    RunQueued();
     const QLabel& code = Label(form, "lblCode", 4);
     const int gap = PlaceIn(form, Qty(form, 4)).left() - PlaceIn(form, code).left() -
                     code.fontMetrics().horizontalAdvance(code.text());

@@ -51,8 +51,7 @@ void Acc02Test::InDialog(std::int16_t accIndex, const std::function<void(FrmAcc0
   dialogs.ExpectDialog("frmAcc02", [&action](QWidget& window) {
     WaitUntilActive(window);
     action(dynamic_cast<FrmAcc02&>(window));
-    // What a button pressed by its key does comes a moment later.
-    QTest::qWait(20);
+    RunQueued();
     if (window.isVisible()) QTest::keyClick(&window, Qt::Key_Escape);
   });
   FrmAcc02 dialog(accIndex);

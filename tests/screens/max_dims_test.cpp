@@ -194,7 +194,7 @@ TEST_F(MaxLengths, A_number_beyond_all_bounds_is_told_once_by_ok_which_then_stor
   dialogs.ExpectBox("Overflow");
   Press(Qt::Key_O, Qt::AltModifier);
   Settle();
-  QTest::qWait(50);  // a second box would come now
+  test::RunQueued();  // a second box would come now
   EXPECT_TRUE(form.isVisible());
   EXPECT_EQ(Focus(), "txtMaxDims(2)");
   EXPECT_EQ(Limits(), DefaultLimits);

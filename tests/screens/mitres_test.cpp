@@ -50,7 +50,7 @@ class MitresTest : public SectionsTest {
     dialogs.ExpectDialog("frmMitres", [action](QWidget& form) {
       WaitUntilActive(form);
       action(form);
-      QTest::qWait(20);
+      RunQueued();
       if (form.isVisible()) QTest::keyClick(&form, Qt::Key_Escape);
     });
     Section(MitresEntry);
@@ -151,7 +151,7 @@ TEST_F(MitresTest, The_sketch_follows_a_box_that_is_left_and_not_what_is_being_t
     Retype(form, 0, "30");
     ExpectSketch(form, 0, 0);
     form.resize(form.width() + 90, form.height() + 60);
-    QTest::qWait(20);
+    RunQueued();
     ExpectSketch(form, 0, 0);
     QTest::keyClick(&Angle(form, 0), Qt::Key_Tab);
     ExpectSketch(form, 30, 0);

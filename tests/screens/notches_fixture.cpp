@@ -16,7 +16,7 @@ void NotchesTest::InDialog(const std::function<void(QWidget&)>& action) {
     form.activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&form] { return QApplication::activeWindow() == &form; }));
     action(form);
-    QTest::qWait(20);
+    RunQueued();
     if (form.isVisible()) QTest::keyClick(&form, Qt::Key_Escape);
   });
   Section(NotchesEntry);

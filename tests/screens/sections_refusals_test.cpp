@@ -377,7 +377,7 @@ TEST_F(SectionsRefusals, Opening_a_menu_or_another_window_is_no_leaving) {
   other.show();
   other.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-  QTest::qWait(50);
+  RunQueued();
   EXPECT_EQ(FromQt(Editor().text()), "0");
   main->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));

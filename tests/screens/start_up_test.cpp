@@ -232,7 +232,7 @@ TEST_F(StartUpTest, The_about_box_must_be_closed_before_the_window_comes) {
   };
   for (const auto& way : ways) {
     ExpectAbout([this, &way](QWidget& about) {
-      QTest::qWait(50);
+      RunQueued();
       EXPECT_TRUE(about.isVisible());
       EXPECT_EQ(start->Main(), nullptr);
       way(about);

@@ -37,6 +37,7 @@ TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
 }
 
 TEST_F(BatchConsole, On_a_terminal_several_jobs_have_a_progress_line) {
+  if (!HasTerminal()) GTEST_SKIP() << "skipped: no pseudo-terminal here";
   File("a.ovd", JobOf({Purlin()}));
   File("b.ovd", JobOf({Purlin()}));
   const Outcome outcome = RunOnTerminal({"--cam", "a.ovd", "b.ovd"});
@@ -47,6 +48,7 @@ TEST_F(BatchConsole, On_a_terminal_several_jobs_have_a_progress_line) {
 }
 
 TEST_F(BatchConsole, On_a_terminal_a_single_job_has_none) {
+  if (!HasTerminal()) GTEST_SKIP() << "skipped: no pseudo-terminal here";
   File("a.ovd", JobOf({Purlin()}));
   EXPECT_EQ(RunOnTerminal({"--cam", "a.ovd"}).Err, "CAM export complete\n");
 }

@@ -95,6 +95,25 @@ std::string Cell(std::string text, std::size_t width) {
   return text;
 }
 
+// The two ends of a pseudo-terminal; -1 without one.
+struct Terminal {
+  int Keeper = -1;
+  int Program = -1;
+};
+
+Terminal OpenTerminal() {
+  const int keeper = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  if (keeper < 0) return {};
+  std::array<char, 256> name{};
+  if (grantpt(keeper) == 0 && unlockpt(keeper) == 0 &&
+      ptsname_r(keeper, name.data(), name.size()) == 0) {
+    const int program = open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (program >= 0) return {keeper, program};
+  }
+  close(keeper);
+  return {};
+}
+
 }  // namespace
 
 std::string Lines(const std::vector<std::string>& lines) {
@@ -236,15 +255,19 @@ Outcome CompanionTest::RunProgram(const std::string& program,
   return outcome;
 }
 
+bool CompanionTest::HasTerminal() {
+  const Terminal ends = OpenTerminal();
+  if (ends.Keeper < 0) return false;
+  close(ends.Program);
+  close(ends.Keeper);
+  return true;
+}
+
 Outcome CompanionTest::RunOnTerminal(const std::vector<std::string>& arguments) {
-  const int keeper = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-  if (keeper < 0 || grantpt(keeper) != 0 || unlockpt(keeper) != 0) {
-    throw std::runtime_error("no terminal");
-  }
-  std::array<char, 256> name{};
-  if (ptsname_r(keeper, name.data(), name.size()) != 0) throw std::runtime_error("no terminal");
-  const int terminal = open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-  if (terminal < 0) throw std::runtime_error("no terminal");
+  const Terminal ends = OpenTerminal();
+  if (ends.Keeper < 0) throw std::runtime_error("no terminal");
+  const int keeper = ends.Keeper;
+  const int terminal = ends.Program;
   termios form{};
   tcgetattr(terminal, &form);
   cfmakeraw(&form);

@@ -62,6 +62,8 @@ class CompanionTest : public SystemTest {
   // Runs `program` inside "desk" with the arguments as they stand.
   Outcome RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      RunAs user = RunAs::Self);
+  // Whether the machine gives terminals: a folder made the root of all may have no /dev/pts.
+  static bool HasTerminal();
   // Like Run, with a terminal as standard error; what came out on it, line feeds as they were
   // written.
   Outcome RunOnTerminal(const std::vector<std::string>& arguments);
