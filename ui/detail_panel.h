@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "project/changes.h"
@@ -66,6 +67,9 @@ class DetailPanel : public QWidget {
   // The hole dialog on the selected section, to add holes in that mode; refused unless its pattern
   // is "Custom".
   void AddCustomHoles(std::int16_t Mode);
+
+  // The part of the screen that shows what the hole dialog changes; it opens beside it.
+  std::function<QRect()> ElevationPlace;
 
  protected:
   // The keys of the hole list, and the mark that it has the focus.

@@ -127,7 +127,9 @@ void DetailPanel::EditCustomHole() {
 
 void DetailPanel::OpenHoleDialog(std::int16_t Mode, int CustomRow) {
   HoleDialogMode = Mode;
-  FrmAddHoles(Row(), Mode, CustomRow, window()).exec();
+  FrmAddHoles dialog(Row(), Mode, CustomRow, window());
+  if (ElevationPlace) KeepInSight(dialog, ElevationPlace());
+  dialog.exec();
 }
 
 void DetailPanel::RunHoleCommand(Command command) {

@@ -93,6 +93,7 @@ void FrmMain::BuildPanes() {
   accessories_ = new AccessoryChooser(SSPanel7_);
   sheet_ = new SheetView(SSPanel4_);
   sections_->Connect(*detail_, *sheet_);
+  detail_->ElevationPlace = [this] { return sheet_->ElevationPlace(); };
   connect(sections_, &SectionsGrid::MenuAsked, this,
           [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });
 

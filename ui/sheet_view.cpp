@@ -6,11 +6,22 @@
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "drawing/draw_section.h"
+#include "drawing/drawing_state.h"
 #include "drawing/sheet_frame.h"
 #include "holes/hole_list.h"
 #include "ui/platform/qt_font_metrics.h"
 
 namespace orvane {
+
+namespace {
+
+// What is drawn of a section and its holes around the upper edge of the elevation, mm of the sheet:
+// letters and sloping flanges above it, the deepest section, the chain of gaps below that.
+constexpr double AboveElevation = 8;
+constexpr double DeepestElevation = 35;
+constexpr double BelowElevation = 10;
+
+}  // namespace
 
 SheetView::SheetView(QWidget* parent)
     : PageView(parent),
@@ -62,6 +73,17 @@ void SheetView::Clear() {
   shownRow_ = 0;
   ShowPage(nullptr);
   if (Shown) Shown();
+}
+
+QRect SheetView::ElevationPlace() const {
+  const QRectF paper = PaperPlace();
+  if (paper.isEmpty()) return {};
+  QRectF elevation = paper;
+  elevation.setLeft(paper.left() + (LeftMargin + ElevationInset) * PixelsPerMm());
+  elevation.setTop(paper.top() + (ViewTop - AboveElevation) * PixelsPerMm());
+  elevation.setHeight((AboveElevation + DeepestElevation + BelowElevation) * PixelsPerMm());
+  const QRect seen = elevation.toAlignedRect().intersected(viewport()->rect());
+  return {viewport()->mapToGlobal(seen.topLeft()), seen.size()};
 }
 
 void SheetView::ApplyMargins() {

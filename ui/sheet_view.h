@@ -30,6 +30,9 @@ class SheetView : public PageView {
   // Another sheet, or the same one afresh, or nothing is shown from now on.
   std::function<void()> Shown;
 
+  // Where the elevation with the marks and dimensions of its holes lies on the screen, as far as it
+  // is in sight; empty without a sheet.
+  QRect ElevationPlace() const;
   // The row of Items whose sheet is shown; 0 for none.
   int ShownRow() const { return shownRow_; }
   // How often a sheet was asked for, for whoever measures or tests it.

@@ -45,6 +45,50 @@ TEST_F(DialogPlaceTest, A_dialog_opens_where_it_was_closed) {
   }
 }
 
+TEST_F(DialogPlaceTest, Every_dialog_comes_back_where_it_was_left_ten_times) {
+  Show();
+  const std::vector<PlacedDialog> others = {{"frmProjectDetails", "mnuProject(5)"},
+                                            {"frmMaxDims", "mnuProject(7)"},
+                                            {"frmRegistration", "mnuHelp(3)"}};
+  const QPoint place = Room().topLeft() + QPoint(37, 53);
+  for (const PlacedDialog& placed : others) {
+    SCOPED_TRACE(placed.Name);
+    InDialog(placed, [&](QWidget& dialog) { dialog.move(place); });
+    for (int round = 0; round < 10; ++round) {
+      InDialog(placed, [&](QWidget& dialog) { EXPECT_EQ(dialog.pos(), place) << round; });
+    }
+  }
+}
+
+// The part of the main window's sheet that shows the elevation and the chain of gaps below it, on
+// the screen: from the sheet's own figures, mm.
+QRect ElevationOnScreen(const SheetView& sheet) {
+  const QRectF paper = sheet.PaperPlace();
+  const double scale = sheet.PixelsPerMm();
+  const QRectF place(paper.left() + (LeftMargin + 45) * scale, paper.top() + 92 * scale,
+                     paper.width() - (LeftMargin + 45 + RightMargin) * scale, 43 * scale);
+  const QRect aligned = place.toAlignedRect();
+  return {sheet.viewport()->mapToGlobal(aligned.topLeft()), aligned.size()};
+}
+
+TEST_F(DialogPlaceTest, The_first_place_of_the_dialog_for_holes_leaves_the_elevation_in_sight) {
+  ForgetPlaces();
+  PutCustom({500});
+  Show();
+  main->resize(main->minimumSizeHint());
+  main->move(Room().topLeft());
+  QCoreApplication::processEvents();
+  const QRect elevation = ElevationOnScreen(Sheet());
+  ASSERT_FALSE(elevation.isEmpty());
+  InDialog(Dialogs.front(), [&](QWidget& dialog) {
+    EXPECT_FALSE(dialog.frameGeometry().intersects(elevation))
+        << dialog.x() << "," << dialog.y() << " " << dialog.width() << "," << dialog.height()
+        << " over " << elevation.x() << "," << elevation.y() << " " << elevation.width() << ","
+        << elevation.height();
+    EXPECT_TRUE(Room().contains(dialog.frameGeometry()));
+  });
+}
+
 TEST_F(DialogPlaceTest, A_dialog_left_beyond_the_screen_comes_back_onto_it) {
   PutCustom({500});
   Show();

@@ -3,8 +3,11 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
+#include <array>
 #include <map>
+#include <optional>
 
 #include "ui/platform/guard.h"
 
@@ -12,9 +15,10 @@ namespace orvane {
 
 namespace {
 
+// Of the window's frame.
 struct DialogPlace {
-  QPoint Corner;  // upper left, of the window's frame
-  QSize Frame;    // what the frame adds to the dialog's size
+  QPoint Corner;  // upper left
+  QMargins Frame;
 };
 
 // Where the dialogs were closed last, by their objectNames.
@@ -29,17 +33,50 @@ QPoint MovedInto(const QRect& room, const QPoint& corner, const QSize& size) {
           std::max(room.top(), std::min(corner.y(), bottom))};
 }
 
+QMargins FrameOf(const QWidget& widget) {
+  const QWindow* window = widget.window()->windowHandle();
+  return window == nullptr ? QMargins() : window->frameMargins();
+}
+
+// The corner of a window of that size below, left of, above or right of what is to stay in sight;
+// where none of these has the room, the one that hides least of it.
+QPoint PlaceBeside(const QRect& inSight, const QRect& room, const QSize& size) {
+  const QPoint middle = QRect(QPoint(), size).center();
+  const int x = inSight.center().x() - middle.x();
+  const int y = inSight.center().y() - middle.y();
+  const std::array<QPoint, 4> corners = {{{x, inSight.bottom() + 1},
+                                          {inSight.left() - size.width(), y},
+                                          {x, inSight.top() - size.height()},
+                                          {inSight.right() + 1, y}}};
+  const auto hidden = [&](const QPoint& corner) {
+    const QSize over = inSight.intersected(QRect(corner, size)).size();
+    return over.width() * over.height();
+  };
+  QPoint best = MovedInto(room, corners.front(), size);
+  for (const QPoint& corner : corners) {
+    const QPoint moved = MovedInto(room, corner, size);
+    if (hidden(moved) < hidden(best)) best = moved;
+  }
+  return best;
+}
+
 class PlaceKeeper : public QObject {
  public:
   explicit PlaceKeeper(QDialog& dialog) : QObject(&dialog), dialog_(dialog) {
     dialog.installEventFilter(this);
   }
 
+  void KeepInSight(const QRect& place) { inSight_ = place; }
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     Guard([&] {
+      if (watched == dialog_.windowHandle()) {
+        if (event->type() == QEvent::Expose) Settle();
+        return;
+      }
       // What the window system does to a window that is minimized isn't meant.
-      if (event->spontaneous()) return;
+      if (watched != &dialog_ || event->spontaneous()) return;
       if (event->type() == QEvent::Show) Restore();
       if (event->type() == QEvent::Hide) Remember();
     });
@@ -49,26 +86,69 @@ class PlaceKeeper : public QObject {
  private:
   void Restore() {
     const auto found = Places.find(dialog_.objectName());
-    if (found == Places.end()) return;
-    const QPoint corner = found->second.Corner;
-    const QSize size = dialog_.size() + found->second.Frame;
-    // The screen may be gone by now.
-    const QScreen* screen = QGuiApplication::screenAt(QRect(corner, size).center());
-    if (screen == nullptr) screen = dialog_.screen();
-    dialog_.move(MovedInto(screen->availableGeometry(), corner, size));
+    if (found != Places.end()) {
+      const QRect outer(found->second.Corner, dialog_.size().grownBy(found->second.Frame));
+      // The screen may be gone by now.
+      const QScreen* screen = QGuiApplication::screenAt(outer.center());
+      if (screen == nullptr) screen = dialog_.screen();
+      Put(MovedInto(screen->availableGeometry(), outer.topLeft(), outer.size()));
+      return;
+    }
+    if (dialog_.parentWidget() == nullptr) return;
+    // Its frame will be like that of the window that it belongs to.
+    const QWidget& owner = *dialog_.parentWidget()->window();
+    const QSize outer = dialog_.size().grownBy(FrameOf(owner));
+    const QRect room = dialog_.screen()->availableGeometry();
+    if (!inSight_.isEmpty()) return Put(PlaceBeside(inSight_, room, outer));
+    QRect place(QPoint(), outer);
+    place.moveCenter(owner.frameGeometry().center());
+    Put(MovedInto(room, place.topLeft(), outer));
+  }
+
+  // Brings the corner of the frame there. QWidget::move counts without the frame here, since the
+  // window system hasn't put it around the window yet.
+  void Put(const QPoint& corner) {
+    dialog_.move(corner);
+    dialog_.windowHandle()->setFramePosition(corner);
+    put_ = corner;
+    dialog_.windowHandle()->installEventFilter(this);
+  }
+
+  // Some window managers tell a new window a place that leaves out its frame. Asked once more for
+  // the same place they leave it where it is, and tell the right one.
+  void Settle() {
+    if (!put_ || !dialog_.windowHandle()->isExposed()) return;
+    const QPoint corner = *put_;
+    put_.reset();
+    dialog_.windowHandle()->setFramePosition(corner);
   }
 
   void Remember() {
-    Places[dialog_.objectName()] = {dialog_.pos(), dialog_.frameGeometry().size() - dialog_.size()};
+    const QWindow* window = dialog_.windowHandle();
+    if (window == nullptr) return;
+    put_.reset();
+    Places[dialog_.objectName()] = {window->framePosition(), window->frameMargins()};
   }
 
   QDialog& dialog_;
+  QRect inSight_;
+  std::optional<QPoint> put_;  // where the window was put since it was last on the screen
 };
 
 }  // namespace
 
 void KeepPlace(QDialog& dialog) {
   new PlaceKeeper(dialog);  // goes with the dialog
+}
+
+void ForgetPlaces() {
+  Places.clear();
+}
+
+void KeepInSight(QDialog& dialog, const QRect& place) {
+  for (QObject* child : dialog.children()) {
+    if (auto* keeper = dynamic_cast<PlaceKeeper*>(child)) keeper->KeepInSight(place);
+  }
 }
 
 }  // namespace orvane

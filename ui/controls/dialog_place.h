@@ -5,8 +5,15 @@
 
 namespace orvane {
 
-// Opens the dialog where the last one of its objectName was closed, moved onto the screen as far as
-// it must be; the toolkit places the first one. Called once, by a dialog that has its name.
+// Opens the dialog where the last one of its objectName was closed, and the first one over the
+// middle of the window that it belongs to, moved onto the screen with its frame as far as it must
+// be. Called once for a dialog.
 void KeepPlace(QDialog& dialog);
+
+// Has the first one of a dialog that keeps its place open beside that part of the screen.
+void KeepInSight(QDialog& dialog, const QRect& place);
+
+// Nothing has been closed yet, as when the program starts.
+void ForgetPlaces();
 
 }  // namespace orvane

@@ -7,6 +7,8 @@
 #include <QShortcutEvent>
 #include <QVBoxLayout>
 
+#include "ui/controls/dialog_place.h"
+
 namespace orvane {
 
 // Acts at once when its key is pressed, and once when it is held down. The toolkit's own button
@@ -30,10 +32,10 @@ class PlainButton : public QPushButton {
 
 // Enter presses the button that has the focus, as the blank does, but not when it is held down, be
 // it since a field before; Escape closes the dialog. Its buttons are made by AddButton, so that
-// none becomes the default by itself.
+// none becomes the default by itself. It comes back where it was left.
 class PlainDialog : public QDialog {
  protected:
-  explicit PlainDialog(QWidget* parent) : QDialog(parent) {}
+  explicit PlainDialog(QWidget* parent) : QDialog(parent) { KeepPlace(*this); }
 
   // A button of this dialog; the caller puts it into the layout.
   QPushButton* AddButton(const QString& name, const QString& caption) {

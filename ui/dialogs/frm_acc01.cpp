@@ -10,7 +10,6 @@
 #include <array>
 
 #include "project/rules/accessory_rules.h"
-#include "ui/controls/dialog_place.h"
 #include "ui/dialogs/accessory_pane.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
@@ -209,7 +208,6 @@ FrmAcc01::FrmAcc01(std::int16_t AccIndex, QWidget* parent)
   setObjectName("frmAcc01");
   setWindowTitle(ToQt(AccDefs.At(accIndex_).Name));
   setWindowIcon(ProgramIcon());
-  KeepPlace(*this);
 
   QVBoxLayout* layout = AddLayout();
   auto* panes = new QHBoxLayout;

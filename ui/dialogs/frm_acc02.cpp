@@ -10,7 +10,6 @@
 
 #include "core/desktop.h"
 #include "project/rules/accessory_rules.h"
-#include "ui/controls/dialog_place.h"
 #include "ui/dialogs/accessory_pane.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
@@ -48,7 +47,6 @@ FrmAcc02::FrmAcc02(std::int16_t AccIndex, QWidget* parent)
   setObjectName("frmAcc02");
   setWindowTitle(ToQt(AccDefs.At(accIndex_).Name));
   setWindowIcon(ProgramIcon());
-  KeepPlace(*this);
   table_ = new Acc02Table(accIndex_, this);
   BuildMenus();
   BuildLayout();

@@ -11,7 +11,6 @@
 #include "core/section_families.h"
 #include "holes/hole_list.h"
 #include "project/changes.h"
-#include "ui/controls/dialog_place.h"
 #include "ui/controls/picture_radio.h"
 #include "ui/controls/tab_stop.h"
 #include "ui/dialogs/hole_pictures.h"
@@ -76,7 +75,6 @@ FrmAddHoles::FrmAddHoles(std::int16_t ItemIndex, std::int16_t Mode, int CustomRo
   setObjectName("frmAddHoles");
   setWindowTitle(TextsOfMode(mode_).Title);
   setWindowIcon(ProgramIcon());
-  KeepPlace(*this);
   BuildParts();
   if (mode_ == EditHole) {
     ShowHoleToEdit();

@@ -8,7 +8,6 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "drawing/primitives.h"
-#include "ui/controls/dialog_place.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -73,7 +72,6 @@ FrmMitres::FrmMitres(std::int16_t ItemIndex, QWidget* parent)
   setObjectName("frmMitres");
   setWindowTitle("Mitres");
   setWindowIcon(ProgramIcon());
-  KeepPlace(*this);
 
   Picture1_ = new BeamPicture(this);
   const Item& item = Items.At(itemIndex_);

@@ -10,7 +10,6 @@
 #include "core/catalogues.h"
 #include "core/model.h"
 #include "core/numbers.h"
-#include "ui/controls/dialog_place.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -150,7 +149,6 @@ FrmNotches::FrmNotches(std::int16_t ItemIndex, QWidget* parent)
   setObjectName("frmNotches");
   setWindowTitle("Notches");
   setWindowIcon(ProgramIcon());
-  KeepPlace(*this);
   BuildGrid();
   BuildEditors();
 
