@@ -25,6 +25,7 @@ constexpr std::string_view PageSetup = "\\Settings\\PageSetup";
 constexpr std::string_view Drawings = "\\Settings\\Drawings";
 constexpr std::string_view MaxLengths = "\\Settings\\MaxDims";
 constexpr std::string_view Screen = "\\Settings\\Screen";
+constexpr std::string_view NormalWindow = "\\Settings\\NormalWindow";
 constexpr std::string_view RecentFiles = "\\Settings\\RecentFiles";
 
 // Where a setting is held while the system runs: nowhere, in a value of the model, or in a row of
@@ -60,6 +61,10 @@ const std::vector<Setting>& Settings() {
         {Screen,       "Height",           std::nullopt, {}},
         {Screen,       "Top",              std::nullopt, {}},
         {Screen,       "Left",             std::nullopt, {}},
+        {NormalWindow, "Width",            std::nullopt, {}},
+        {NormalWindow, "Height",           std::nullopt, {}},
+        {NormalWindow, "Top",              std::nullopt, {}},
+        {NormalWindow, "Left",             std::nullopt, {}},
         {RecentFiles,  "Recent1",          "",           {}},
         {RecentFiles,  "Recent2",          "",           {}},
         {RecentFiles,  "Recent3",          "",           {}},
@@ -141,6 +146,18 @@ std::string Replaced(const Setting& setting, const std::string& stored, const st
 void TellReplaced(const std::string& lines) {
   if (lines.empty()) return;
   TheDesktop().Message(std::string(DescriptionOf(Failure::Overflow)) + " in the settings" + lines);
+}
+
+// A stored number of a setting that its callers hold.
+double StoredNumber(const Setting& setting, double callersDefault) {
+  const std::string byDefault = ShortestText(callersDefault);
+  const std::string text = StoredText(setting, byDefault);
+  try {
+    return Val(text);
+  } catch (const RuntimeError&) {
+    TellReplaced(Replaced(setting, text, byDefault));
+    return callersDefault;
+  }
 }
 
 void LoadKey(std::string_view key) {
@@ -241,17 +258,17 @@ std::string ScreenSetting(std::string_view name, const std::string& presentValue
   return StoredText(SettingOf(Screen, name), presentValue);
 }
 double ScreenNumber(std::string_view name, double presentValue) {
-  const std::string present = ShortestText(presentValue);
-  const std::string text = ScreenSetting(name, present);
-  try {
-    return Val(text);
-  } catch (const RuntimeError&) {
-    TellReplaced(Replaced(SettingOf(Screen, name), text, present));
-    return presentValue;
-  }
+  return StoredNumber(SettingOf(Screen, name), presentValue);
 }
 void StoreScreenSetting(std::string_view name, const std::string& text) {
   StoreText(SettingOf(Screen, name), text);
+}
+
+double NormalWindowNumber(std::string_view name, double presentValue) {
+  return StoredNumber(SettingOf(NormalWindow, name), presentValue);
+}
+void StoreNormalWindow(std::string_view name, const std::string& text) {
+  StoreText(SettingOf(NormalWindow, name), text);
 }
 
 std::string RecentFile(int number) {

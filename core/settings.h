@@ -72,6 +72,12 @@ std::string ScreenSetting(std::string_view name, const std::string& presentValue
 double ScreenNumber(std::string_view name, double presentValue);
 void StoreScreenSetting(std::string_view name, const std::string& text);
 
+// The place that a maximized window goes back to: "Width", "Height", "Top" and "Left" of the window
+// within its frame; a missing value gives the present one. They have a key of their own, since the
+// window's own measures are those of the maximized one then.
+double NormalWindowNumber(std::string_view name, double presentValue);
+void StoreNormalWindow(std::string_view name, const std::string& text);
+
 // The paths of the recent files, number 1 to 5; empty for none. Another number is an error of the
 // program.
 std::string RecentFile(int number);

@@ -105,6 +105,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void LayOut();
   void TakeFirstSize();
   void RestoreGeometry();
+  void RestoreNormalPlace();
   void RestoreState(int state);
   void StoreWindow() const;
 

@@ -44,8 +44,23 @@ constexpr int TitleHeight = 24;
 constexpr QSize LeastGrip(80, 16);
 
 // A stored measure, device-independent pixels. The numbers of a screen fit 16 bits.
+int NormalMeasure(std::string_view name, int present) {
+  return Whole(std::clamp(NormalWindowNumber(name, present), -32768.0, 32767.0));
+}
 int Measure(std::string_view name, int present) {
   return Whole(std::clamp(ScreenNumber(name, present), -32768.0, 32767.0));
+}
+
+// The place of a window of that size in the middle of the free screen; a window that fills it
+// stands so that its frame is on the screen too, which is put around it up and left.
+QRect InTheMiddle(const QRect& free, const QSize& size) {
+  QRect place(QPoint(0, 0), size);
+  place.moveCenter(free.center());
+  const QPoint last = free.bottomRight() + QPoint(1, 1) - QPoint(size.width(), size.height()) -
+                      QPoint(Frame.width(), Frame.height());
+  place.moveLeft(std::max(free.left(), std::min(place.left(), last.x())));
+  place.moveTop(std::max(free.top(), std::min(place.top(), last.y())));
+  return place;
 }
 
 bool IsOnAScreen(const QRect& titleBar) {
@@ -83,12 +98,10 @@ void FrmMain::TakeFirstSize() {
   const QRect free = screen()->availableGeometry();
   const QSize share(free.width() * FirstWidthPercent / 100,
                     free.height() * FirstHeightPercent / 100);
-  QRect place(
-      QPoint(0, 0),
+  resize(
       share.expandedTo(LeastFirstSize).boundedTo(GreatestFirstSize).boundedTo(free.size() - Frame));
-  place.moveCenter(free.center());
-  setGeometry(place);
-  SSSplitter1_->setSizes({FirstGridWidth, place.width() - FirstGridWidth});
+  move(InTheMiddle(free, size().expandedTo(minimumSizeHint())).topLeft());
+  SSSplitter1_->setSizes({FirstGridWidth, width() - FirstGridWidth});
 }
 
 void FrmMain::RestoreGeometry() {
@@ -97,19 +110,35 @@ void FrmMain::RestoreGeometry() {
   const int top = Measure("Top", y());
   const int left = Measure("Left", x());
   const QSize most = screen()->availableVirtualGeometry().size();
-  resize(QSize(width, height).boundedTo(most).expandedTo(minimumSizeHint().boundedTo(most)));
-  QRect place(QPoint(left, top), size());
   // A window too large for the desktop, or out of reach, stands in the middle.
-  const bool cut = this->width() < width || this->height() < height;
+  const bool cut = width > most.width() || height > most.height();
+  const QSize room = cut ? most - Frame : most;
+  resize(QSize(width, height).boundedTo(room).expandedTo(minimumSizeHint().boundedTo(room)));
   if (cut || !IsOnAScreen(QRect(left, top, this->width(), TitleHeight))) {
-    place.moveCenter(screen()->availableGeometry().center());
+    move(InTheMiddle(screen()->availableGeometry(), size()).topLeft());
+  } else {
+    move(left, top);
   }
-  move(place.topLeft());
+}
+
+// What a maximized window goes back to. Its size is no smaller than the window needs, and no larger
+// than the screen has room for.
+void FrmMain::RestoreNormalPlace() {
+  const QSize most = screen()->availableVirtualGeometry().size() - Frame;
+  const QSize size(NormalMeasure("Width", width()), NormalMeasure("Height", height()));
+  QRect place(QPoint(NormalMeasure("Left", x()), NormalMeasure("Top", y())),
+              size.boundedTo(most).expandedTo(minimumSizeHint().boundedTo(most)));
+  if (!IsOnAScreen(QRect(place.left(), place.top(), place.width(), TitleHeight))) {
+    place = InTheMiddle(screen()->availableGeometry(), place.size());
+  }
+  setGeometry(place);
 }
 
 void FrmMain::RestoreState(int state) {
   if (state == MinimizedState) setWindowState(Qt::WindowMinimized);
-  if (state == MaximizedState) setWindowState(Qt::WindowMaximized);
+  if (state != MaximizedState) return;
+  RestoreNormalPlace();
+  setWindowState(Qt::WindowMaximized);
 }
 
 void FrmMain::StoreWindow() const {
@@ -119,6 +148,12 @@ void FrmMain::StoreWindow() const {
   StoreScreenSetting("Height", DecimalText(height()));
   StoreScreenSetting("Top", DecimalText(y()));
   StoreScreenSetting("Left", DecimalText(x()));
+  if (!isMaximized()) return;
+  const QRect normal = normalGeometry();
+  StoreNormalWindow("Width", DecimalText(normal.width()));
+  StoreNormalWindow("Height", DecimalText(normal.height()));
+  StoreNormalWindow("Top", DecimalText(normal.y()));
+  StoreNormalWindow("Left", DecimalText(normal.x()));
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {

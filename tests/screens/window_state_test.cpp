@@ -132,6 +132,36 @@ TEST_F(WindowStateTest, A_maximized_window_stores_its_state_and_comes_back_maxim
   EXPECT_TRUE(main->isMaximized());
 }
 
+TEST_F(WindowStateTest, A_window_closed_while_maximized_keeps_its_normal_size_and_place) {
+  main->resize(SomeSize());
+  main->move(20, 30);
+  QCoreApplication::processEvents();
+  const QRect normal = main->geometry();
+  for (int start = 0; start < 3; ++start) {
+    main->showMaximized();
+    QCoreApplication::processEvents();
+    ASSERT_NE(main->size(), normal.size());
+    EXPECT_TRUE(main->close());
+    Restart();
+    ASSERT_TRUE(main->isMaximized());
+    if (start == 1) continue;  // closed again without having been normal
+    main->showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(main->geometry(), normal) << start;
+  }
+}
+
+TEST_F(WindowStateTest, A_normal_size_that_nobody_can_use_is_put_right) {
+  StoreScreenSetting("State", "2");
+  for (const char* name : {"Width", "Height", "Top", "Left"}) StoreNormalWindow(name, "-9999");
+  Restart();
+  ASSERT_TRUE(main->isMaximized());
+  main->showNormal();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(main->size(), main->minimumSizeHint());
+  EXPECT_TRUE(Free().intersects(main->frameGeometry()));
+}
+
 TEST_F(WindowStateTest, The_size_is_read_for_a_normal_window_only) {
   class Asked : public TestDesktop {
    public:
@@ -194,7 +224,21 @@ TEST_F(WindowStateTest, A_size_that_nobody_can_use_becomes_the_least_that_the_wi
 TEST_F(WindowStateTest, A_size_beyond_the_screen_becomes_the_screens) {
   Store("0", 30000, 30000, 0, 0);
   Restart();
-  EXPECT_EQ(main->size(), Free().size().expandedTo(main->minimumSizeHint()));
+  // With room for its frame.
+  EXPECT_EQ(main->size(), (Free().size() - QSize(8, 36)).expandedTo(main->minimumSizeHint()));
+}
+
+TEST_F(WindowStateTest, The_first_place_leaves_room_for_the_frame) {
+  // A window system puts the frame's corner there and the frame around the window.
+  const QSize frame(8, 36);
+  const QSize room = Free().size() - frame;
+  EXPECT_GE(main->x(), Free().left());
+  EXPECT_GE(main->y(), Free().top());
+  if (main->width() <= room.width()) {
+    EXPECT_LE(main->x() + main->width() + frame.width(), Free().right() + 1);
+  }
+  EXPECT_LE(main->height(), room.height());
+  EXPECT_LE(main->y() + main->height() + frame.height(), Free().bottom() + 1);
 }
 
 TEST_F(WindowStateTest, A_place_on_no_screen_becomes_the_middle_of_the_screen) {
