@@ -164,5 +164,31 @@ TEST_F(HundredSections, A_patterned_job_is_the_same_after_reopening_and_a_look_a
   EXPECT_EQ(BytesOf(path), saved);
 }
 
+TEST_F(HundredSections, The_current_row_is_in_sight_after_the_window_shrinks) {
+  for (const Line& line : Hundred()) Put(line.Letter, line.Mark, line.Product, 3000);
+  Show(1, 1);
+  main->resize(main->minimumSizeHint() + QSize(0, 180));
+  QCoreApplication::processEvents();
+  const auto inSight = [this](int row) {
+    return Sections().viewport()->rect().contains(Sections().CellRect(row, 3));
+  };
+  // The last row that there is room for.
+  int row = 1;
+  while (inSight(row + 1)) ++row;
+  ClickCell(Sections(), row, 3);
+  ASSERT_GT(row, 3);
+  Type("7");
+  main->resize(main->minimumSizeHint());
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(inSight(row));
+  EXPECT_TRUE(CursorAt(row, 3, Cell(row, 3)));
+  EXPECT_EQ(OnScreen("sspEditText").intersected(OnScreen("MSFlexGrid1")), OnScreen("sspEditText"));
+  // What grows leaves the rows where they are.
+  const QRect place = Sections().CellRect(row, 3);
+  main->resize(main->width(), main->height() + 40);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Sections().CellRect(row, 3), place);
+}
+
 }  // namespace
 }  // namespace orvane::test

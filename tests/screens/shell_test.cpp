@@ -77,6 +77,22 @@ TEST_F(ShellTest, All_areas_are_there_under_their_names) {
   }
 }
 
+TEST_F(ShellTest, A_path_too_long_for_its_place_loses_its_middle_and_stands_whole_in_the_tip) {
+  const std::string path = "/srv/jobs" + std::string(400, 'x') + "/north/shed.ovd";
+  main->ShowFileName(path);
+  QCoreApplication::processEvents();
+  const auto& label = Find<ElidingLabel>("lblFilename(1)");
+  const QString shown = label.ShownText();
+  ASSERT_LT(shown.size(), static_cast<int>(path.size()));
+  const QStringList ends = shown.split(QChar(0x2026));
+  ASSERT_EQ(ends.size(), 2) << FromQt(shown);
+  EXPECT_TRUE(ToQt(path).startsWith(ends.front()));
+  EXPECT_TRUE(ToQt(path).endsWith(ends.back()));
+  EXPECT_LE(std::abs(ends.front().size() - ends.back().size()), 3) << FromQt(shown);
+  EXPECT_LE(label.fontMetrics().horizontalAdvance(shown), label.width());
+  EXPECT_EQ(FromQt(label.toolTip()), path);
+}
+
 TEST_F(ShellTest, Toolbar_and_file_panel_stand_on_one_line_above_the_two_panes) {
   const QRect toolbar = Find("SSPanelToolbar").geometry();
   const QRect file = Find("SSPanelFile").geometry();

@@ -25,6 +25,10 @@ void ElidingLabel::ShowText(const QString& text) {
   setToolTip(text);
 }
 
+QString ElidingLabel::ShownText() const {
+  return fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+}
+
 QSize ElidingLabel::sizeHint() const {
   return {fontMetrics().horizontalAdvance(text()) + 2, fontMetrics().height()};
 }
@@ -37,9 +41,8 @@ QSize ElidingLabel::minimumSizeHint() const {
 void ElidingLabel::paintEvent(QPaintEvent*) {
   Guard([this] {
     QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
     style()->drawItemText(&painter, rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter),
-                          palette(), isEnabled(), shown, foregroundRole());
+                          palette(), isEnabled(), ShownText(), foregroundRole());
   });
 }
 

@@ -12,6 +12,8 @@ class ElidingLabel : public QLabel {
   explicit ElidingLabel(QWidget* parent = nullptr);
 
   void ShowText(const QString& text);
+  // What there is room for, with "\u2026" in the place of its middle.
+  QString ShownText() const;
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

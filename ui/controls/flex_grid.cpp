@@ -308,6 +308,9 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
 void FlexGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   LayColumns();
+  // What the cursor is on stays in sight when the window shrinks.
+  const bool lower = event->size().height() < event->oldSize().height();
+  if (lower && Row() > 0) Guard([this] { EnsureVisible(Row(), Col()); });
 }
 
 void FlexGrid::changeEvent(QEvent* event) {
