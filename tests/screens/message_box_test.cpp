@@ -110,6 +110,58 @@ TEST_F(MessageBoxTest, A_text_that_looks_like_markup_is_shown_as_it_stands) {
   EXPECT_EQ(look.Format, Qt::PlainText);
 }
 
+TEST_F(MessageBoxTest, A_box_is_as_wide_as_its_title_in_a_frame_needs) {
+  for (const std::string title :
+       {"", "Sag bars (screw fix)", "A title that is longer than any text"}) {
+    Ask("?", title, Buttons::Ok, Icon::None, [](QWidget& box) {
+      // Frames write the title in bold, with an icon and up to three buttons as high as a line or
+      // so.
+      QFont font = box.font();
+      font.setBold(true);
+      const int text = QFontMetrics(font).horizontalAdvance(box.windowTitle());
+      EXPECT_GE(box.width(), text + 5 * box.fontMetrics().height()) << FromQt(box.windowTitle());
+      Enter(box);
+    });
+  }
+}
+
+TEST_F(MessageBoxTest, A_long_text_is_broken_within_a_word_where_it_must_be) {
+  const std::vector<std::string> texts = {
+      "File not found: /srv/jobs/" + std::string(300, 'n') + "/shed.ovd", std::string(1000, 'W'),
+      "Item 3: " + std::string(90, 'M') + " Zero length", []() {
+        std::string words;
+        for (int word = 0; word < 120; ++word) words += "purlin ";
+        return words;
+      }()};
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  for (const std::string& text : texts) {
+    Ask(text, "", Buttons::Ok, Icon::None, [&](QWidget& window) {
+      auto& box = dynamic_cast<QMessageBox&>(window);
+      // Where a word may be broken stands a sign without a width.
+      EXPECT_EQ(FromQt(box.text().remove(QChar(0x200B))), text);
+      EXPECT_LE(box.width(), 500 + 4 * box.fontMetrics().height());
+      EXPECT_TRUE(room.contains(box.frameGeometry()));
+      // All of the text has its room: as many lines as its whole length fills.
+      auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+      ASSERT_NE(label, nullptr);
+      const int length = box.fontMetrics().horizontalAdvance(ToQt(text));
+      const int lines = length / label->width();
+      EXPECT_GE(label->height(), lines * box.fontMetrics().lineSpacing());
+      EXPECT_GE(lines, 1);
+      Enter(box);
+    });
+  }
+}
+
+TEST_F(MessageBoxTest, A_short_text_stays_in_one_line) {
+  Ask("Invalid length", "", Buttons::Ok, Icon::None, [](QWidget& window) {
+    auto* label = window.findChild<QLabel*>("qt_msgbox_label");
+    ASSERT_NE(label, nullptr);
+    EXPECT_LT(label->height(), 2 * window.fontMetrics().lineSpacing());
+    Enter(window);
+  });
+}
+
 TEST_F(MessageBoxTest, Each_answer_of_each_set_of_buttons_comes_back) {
   struct Case {
     Buttons Set;

@@ -2,11 +2,15 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QStandardPaths>
+#include <algorithm>
 #include <vector>
 
 #include "core/settings_file.h"
@@ -129,6 +133,49 @@ Answer AnswerOf(int button) {
   }
 }
 
+// Lines of text that a window's frame needs beside the title, for its icon and buttons.
+constexpr int FrameLines = 7;
+
+// The text with places to break each word that is wider than a box becomes by itself: a path or a
+// mark can be one of any length, and the toolkit breaks a text between words only.
+QString Breakable(const QString& text, const QMessageBox& box) {
+  constexpr QChar mayBreak(0x200B);  // has no width
+  // The toolkit's own limit, less the box's margins.
+  const int line = box.fontMetrics().height();
+  const int most = std::min(box.screen()->availableSize().width() / 2, 500) - 6 * line;
+  QString broken;
+  qsizetype at = 0;
+  while (at < text.size()) {
+    qsizetype end = at;
+    while (end < text.size() && !text.at(end).isSpace()) ++end;
+    const QString word = text.mid(at, end - at);
+    if (box.fontMetrics().horizontalAdvance(word) > most) {
+      for (const QChar letter : word) {
+        broken += letter;
+        if (!letter.isHighSurrogate()) broken += mayBreak;
+      }
+    } else {
+      broken += word;
+    }
+    if (end < text.size()) broken += text.at(end);
+    at = end + 1;
+  }
+  return broken;
+}
+
+// Makes the box as wide as its title in the frame, as far as the screen has room. Frames write it
+// in a bold font.
+void WidenForTitle(QMessageBox& box) {
+  auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+  if (label == nullptr) return;
+  QFont font = box.font();
+  font.setBold(true);
+  const int line = box.fontMetrics().height();
+  const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameLines * line;
+  label->setMinimumWidth(
+      std::min(width, box.screen()->availableSize().width() - FrameLines * line));
+}
+
 QString WithLineEnds(const std::string& text) {
   return ToQt(text).replace("\r\n", "\n").replace('\r', '\n');
 }
@@ -142,7 +189,7 @@ Answer QtDesktop::ShowMessageBox(const std::string& text, const std::string& tit
   box.setObjectName("MessageBox");
   box.setWindowTitle(title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(title));
   box.setTextFormat(Qt::PlainText);
-  box.setText(WithLineEnds(text));
+  box.setText(Breakable(WithLineEnds(text), box));
   box.setIcon(icon == Icon::Stop ? QMessageBox::Critical : QMessageBox::NoIcon);
   for (const ButtonSet& set : ButtonSets) {
     if (set.Choice != buttons) continue;
@@ -152,6 +199,7 @@ Answer QtDesktop::ShowMessageBox(const std::string& text, const std::string& tit
   }
   const int line = box.fontMetrics().height();
   box.layout()->setContentsMargins(line, line, line, line);
+  WidenForTitle(box);
   return AnswerOf(box.exec());
 }
 
