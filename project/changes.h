@@ -165,6 +165,25 @@ constexpr const ChangeRule& RuleOf(ChangeKind kind) {
   return ChangeRules.at(static_cast<std::size_t>(kind));
 }
 
+// Whether the job is another after a change of that rule. A sort that changed something tells it by
+// the texts of the grid; a place that the user only came to, or the project's end, is no change of
+// it.
+constexpr bool ChangesTheJob(const ChangeRule& rule) {
+  if (rule.Kind == ChangeKind::GridTexts) return true;
+  const bool inTheJob =
+      rule.Subject != ChangeSubject::Settings && rule.Subject != ChangeSubject::Nothing;
+  return rule.By == ChangeBy::User && inTheJob && rule.Kind != ChangeKind::Sort &&
+         rule.Kind != ChangeKind::SamePattern;
+}
+
+// How often the user has changed the job since it was last saved, opened or begun. Unlike
+// ProjectDirty, which has its gaps and is set by New and Open, it says whether a save has something
+// to bring to the file. A change counts when it is over, before those who follow are told, and
+// behind an error too.
+int ChangesSinceSave();
+// The job stands in its file now, or has just begun.
+void CountChangesFromHere();
+
 // What is told of a change.
 struct ChangeNotice {
   ChangeKind Kind = ChangeKind::ShowSection;

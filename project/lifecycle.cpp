@@ -67,8 +67,10 @@ std::optional<std::string> PathToSave(Boolean SaveAs) {
   return path;
 }
 
+// The job stands in that file.
 void TakeFileName(const std::string& path) {
   ProjectFileName = path;
+  CountChangesFromHere();
   TheMainScreen().ShowFileName(path);
 }
 
@@ -104,6 +106,7 @@ void NewProject() {
   screen.ForgetEditors();
 
   Change(ChangeKind::NewProject, 0, [] { NewProjectTables(TheDesktop().Now().Day); });
+  CountChangesFromHere();
   screen.DisplayItems();
   screen.ClearDetailPanel();
   screen.EmptyHoleList();

@@ -33,7 +33,7 @@ constexpr int LeastSections = 3;   // rows in sight on the smallest window
 
 FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
   setObjectName("frmMain");
-  setWindowTitle("Orvane Detailing System");
+  ShowTitle();
   BuildMenus();
   BuildToolbar();
   BuildFilePanel();
@@ -298,6 +298,7 @@ void FrmMain::ClearAccUsage() {
 
 void FrmMain::ShowFileName(const std::string& text) {
   fileName_->ShowText(ToQt(text));
+  ShowTitle();
 }
 
 void FrmMain::ClearDrawing() {

@@ -15,6 +15,7 @@
 #include <string>
 
 #include "output/output_screen.h"
+#include "project/changes.h"
 #include "project/main_screen.h"
 #include "ui/accessory_chooser.h"
 #include "ui/commands.h"
@@ -101,6 +102,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   int SelectedRow() const;
 
   // The window.
+  // The file's name, "*" while there are changes that it lacks, and the system's name.
+  void ShowTitle();
   bool AskToExit();
   void LayOut();
   void TakeFirstSize();
@@ -138,6 +141,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   QPointer<QWidget> focusBefore_;  // what had the focus then
   bool asking_ = false;            // the questions of the exit are open
   bool Ending_ = false;            // the exit was consented to by its command
+
+  const ChangeFollower follower_{[this](const ChangeNotice&) { ShowTitle(); }};
 };
 
 }  // namespace orvane

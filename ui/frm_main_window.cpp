@@ -12,10 +12,12 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "core/settings.h"
+#include "project/changes.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
 
 namespace orvane {
 
@@ -87,11 +89,19 @@ void FrmMain::Load() {
     sections_->DisplayItems();
     AccLines1.Clear();
     AccLines2.Clear();
+    CountChangesFromHere();
+    ShowTitle();
     const int state = Whole(std::clamp(ScreenNumber("State", NormalState), -1.0, 3.0));
     if (state == NormalState) RestoreGeometry();
     sheet_->ApplyMargins();
     RestoreState(state);
   });
+}
+
+void FrmMain::ShowTitle() {
+  const std::string name = ProjectFileName.substr(FolderOfPath(ProjectFileName).size());
+  const char* star = ChangesSinceSave() > 0 ? "*" : "";
+  setWindowTitle(ToQt((name.empty() ? "Untitled" : name) + star + " - Orvane Detailing System"));
 }
 
 void FrmMain::TakeFirstSize() {

@@ -184,5 +184,114 @@ TEST_F(ChangedFlag, Saving_clears_it_and_opening_and_New_set_it) {
   EXPECT_EQ(ProjectDirty, True);
 }
 
+// The title counts for itself: "*" while the file lacks something.
+
+class ChangedTitle : public ChangedFlag {
+ protected:
+  void ExpectTitle(const std::string& name) {
+    EXPECT_EQ(FromQt(main->windowTitle()), name + " - Orvane Detailing System");
+  }
+  void Save(const std::string& name) {
+    if (ProjectFileName.empty()) platform.Chosen.push_back(TempPath(name));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    Settle();
+  }
+};
+
+TEST_F(ChangedTitle, It_begins_with_Untitled_and_then_with_the_files_name) {
+  ExpectTitle("Untitled");
+  Add("Z");
+  ExpectTitle("Untitled*");
+  Type("P1");
+  Save("shed.ovd");
+  ExpectTitle("shed.ovd");
+  Type("2");
+  ExpectTitle("shed.ovd*");
+  platform.Chosen.push_back(TempPath("barn.ovd"));
+  Entry("mnuProject(3)").trigger();  // "Save As"
+  Settle();
+  ExpectTitle("barn.ovd");
+}
+
+TEST_F(ChangedTitle, Changes_that_leave_the_flag_alone_show) {
+  PutMixed();
+  Show();
+  Save("job.ovd");
+  ExpectTitle("job.ovd");
+  QTest::mouseClick(&Find("optSagBars(0)"), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+  Settle();
+  EXPECT_EQ(ProjectDirty, False);
+  ExpectTitle("job.ovd*");
+  Save("job.ovd");
+  ExpectTitle("job.ovd");
+  dialogs.ExpectDialog("frmProjectDetails", [this](QWidget& dialog) {
+    Type("4711");
+    dialog.close();
+  });
+  Entry("mnuProject(5)").trigger();
+  Settle();
+  EXPECT_EQ(ProjectDirty, False);
+  ExpectTitle("job.ovd*");
+  BackToMain();
+  Save("job.ovd");
+  ExpectTitle("job.ovd");
+}
+
+TEST_F(ChangedTitle, Looking_and_what_only_sets_the_flag_shows_nothing) {
+  PutMixed();
+  Show();
+  Save("job.ovd");
+  for (int row = 2; row <= 4; ++row) ClickCell(Sections(), row, 3);
+  auto& list = Find<QListWidget>("lstAccessories");
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                    list.visualItemRect(list.item(1)).center());
+  Settle();
+  EXPECT_EQ(ProjectDirty, True);
+  ExpectTitle("job.ovd");
+  dialogs.ExpectDialog("frmMaxDims", [](QWidget& dialog) { dialog.close(); });
+  Entry("mnuProject(7)").trigger();
+  Settle();
+  ExpectTitle("job.ovd");
+}
+
+TEST_F(ChangedTitle, A_sort_shows_when_it_changed_something) {
+  Put("Z", "A1", "Z14012", 6000);
+  Put("Z", "B1", "Z14012", 6000);
+  Show();
+  Save("job.ovd");
+  Section(SortByMarkEntry);
+  Settle();
+  ExpectTitle("job.ovd");
+  Items.At(1).Mark = "C1";
+  Section(SortByMarkEntry);
+  Settle();
+  ExpectTitle("job.ovd*");
+}
+
+TEST_F(ChangedTitle, Opening_shows_no_change_though_the_flag_is_set_and_New_has_no_name) {
+  Put("Z", "A1", "Z14012", 6000);
+  Show();
+  Save("job.ovd");
+  Type("x");
+  ExpectTitle("job.ovd*");
+  Entry("mnuProject(9)").trigger();  // opened again without a question
+  Settle();
+  EXPECT_EQ(ProjectDirty, True);
+  ExpectTitle("job.ovd");
+  ProjectDirty = False;
+  ExpectDetails([this] { ExpectTitle("Untitled"); });
+  Click("SSCommand1(1)");
+  Settle();
+  ExpectTitle("Untitled");
+}
+
+TEST_F(ChangedTitle, A_save_that_was_cancelled_leaves_the_change) {
+  Add("Z");
+  platform.Chosen.push_back(std::nullopt);
+  Press(Qt::Key_S, Qt::ControlModifier);
+  Settle();
+  ExpectTitle("Untitled*");
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -59,8 +59,8 @@ void CloseIt(QWidget& window) {
 
 // Areas.
 
-TEST_F(ShellTest, The_window_bears_the_name_of_the_system) {
-  EXPECT_EQ(FromQt(main->windowTitle()), "Orvane Detailing System");
+TEST_F(ShellTest, The_window_bears_the_name_of_the_system_behind_that_of_the_file) {
+  EXPECT_EQ(FromQt(main->windowTitle()), "Untitled - Orvane Detailing System");
   EXPECT_EQ(FromQt(main->objectName()), "frmMain");
 }
 
