@@ -9,23 +9,36 @@
 namespace orvane {
 
 struct SectionFamily {
-  std::string_view Letter;        // section letter, as Item, SectionDim and PunchPattern hold it
-  std::string_view MenuEntry;     // entry of the section menu; "&" marks its key
-  std::string_view ToolTip;       // of its toolbar button
-  std::string_view SheetTitle;    // heading of its drawing
-  std::string_view FixedProduct;  // the one product it comes in; empty where one is chosen
-  double DefaultMaxLength;        // mm
+  std::string_view Letter;         // section letter, as Item, SectionDim and PunchPattern hold it
+  std::string_view MenuEntry;      // entry of the section menu; "&" marks its key
+  std::string_view ButtonCaption;  // of its toolbar button
+  std::string_view ToolTip;        // of its toolbar button
+  std::string_view Icon;           // of both, as CommandEntry names it
+  std::string_view LengthLabel;    // of its field where the greatest lengths are set
+  std::string_view SheetTitle;     // heading of its drawing
+  std::string_view FixedProduct;   // the one product it comes in; empty where one is chosen
+  double DefaultMaxLength;         // mm
+  bool HasPitch;                   // it follows the roof: Item.Pitch is its
+  bool HasJointingPieces;          // it is joined end to end: Item.JointingPieces are its
 };
 
 // In the order of MaxDims, of the section menu and of the toolbar.
-constexpr auto SectionFamilies = std::to_array<SectionFamily>({
+inline constexpr auto SectionFamilies = std::to_array<SectionFamily>({
     // clang-format off
-    {"Z", "&Z section",    "Add a Z section",                      "Z Purlin/Rail",       "",    15000},
-    {"E", "&Eaves Beam",   "Add an eaves beam section",            "Eaves Beam",          "",    15000},
-    {"C", "&C Channel",    "Add a channel section",                "Mezzanine/C-Channel", "",    15000},
-    {"V", "&VCR",          "Add a vertical cladding rail section", "VCR",                 "VCR", 3050},
-    {"R", "Cleader &Rail", "Add a cleader rail section",           "Cleader Rail",        "CLR", 3050},
-    {"T", "&Top Hat",      "Add a top hat section",                "Top Hat Section",     "",    4000},
+    // letter, menu entry, button, tip, icon,
+    //  label of the length, sheet title,  product, length, pitch, jointing pieces
+    {"Z", "&Z section", "Z", "Add a Z section", "z",
+        "Z section",    "Z Purlin/Rail",       "",    15000, false, false},
+    {"E", "&Eaves Beam", "Eaves", "Add an eaves beam section", "eaves",
+        "Eaves beam",   "Eaves Beam",          "",    15000, true,  false},
+    {"C", "&C Channel", "C", "Add a channel section", "c",
+        "Channel",      "Mezzanine/C-Channel", "",    15000, false, false},
+    {"V", "&VCR", "VCR", "Add a vertical cladding rail section", "vcr",
+        "VCR",          "VCR",                 "VCR", 3050,  false, false},
+    {"R", "Cleader &Rail", "Cleader", "Add a cleader rail section", "cleader",
+        "Cleader rail", "Cleader Rail",        "CLR", 3050,  false, true},
+    {"T", "&Top Hat", "Top Hat", "Add a top hat section", "top-hat",
+        "Top hat",      "Top Hat Section",     "",    4000,  false, false},
     // clang-format on
 });
 

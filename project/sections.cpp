@@ -109,9 +109,7 @@ std::int16_t AddSectionRow(std::string_view SectionType) {
   Change(ChangeKind::AddSection, row, [&] {
     Item item;
     item.SectionType = SectionType;
-    for (const SectionFamily& family : SectionFamilies) {
-      if (family.Letter == SectionType) item.Product = family.FixedProduct;
-    }
+    if (const SectionFamily* family = FamilyOf(SectionType)) item.Product = family->FixedProduct;
     Items.Append(std::move(item));
   });
   return row;

@@ -26,6 +26,9 @@ constexpr std::int16_t VcrAssembly = 8;
 constexpr std::int16_t TubularApexTies = 10;
 constexpr std::int16_t ScrewFixSagBars = 11;
 
+// A VCR assembly is a section of this family with cleats on it, and as long as one at most.
+constexpr std::string_view VcrLetter = "V";
+
 constexpr double SteepestApexTie = 25;  // degrees
 
 // A row that is shorter than the table is empty from there on.
@@ -103,7 +106,7 @@ RowRefusal VcrAssemblyRefusal(const Table<std::string>& row) {
     return AccessoryRefusal{0, 0, "VCR Assembly",
                             "'No. Rqd' should equal 'No. As Drawn' + 'No. Opp. Hand'"};
   }
-  const double maximum = MaxDims.At(FamilyNumber("V"));
+  const double maximum = MaxDims.At(FamilyNumber(VcrLetter));
   const double length = CellValue(row, 5);
   if (length > maximum) {
     return AccessoryRefusal{0, 0, "VCR Assembly",

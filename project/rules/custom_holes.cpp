@@ -3,31 +3,50 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <utility>
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "core/section_families.h"
 #include "core/text.h"
 
 namespace orvane {
 
 namespace {
 
-struct LetterCodes {
-  std::string_view Letter;
-  std::vector<int> Codes;
+// What the lines are on a section, in the order of HoleLineNames, from the bottom up. They bear the
+// names of a purlin's; a top hat and a cleader rail have other parts in their places.
+using LineMeanings = std::array<std::string_view, HoleLineNames.size()>;
+// clang-format off
+//                                       BF               W1                     W2                     TF
+constexpr LineMeanings PurlinLines  = {"bottom flange", "lower row of the web", "upper row of the web", "top flange"};
+constexpr LineMeanings RailLines    = {"flange",        "web",                  "web",                  "web"};
+constexpr LineMeanings TopHatLines  = {"lower lip",     "lower sloping side",   "upper sloping side",   "upper lip"};
+// clang-format on
+
+// Codes for which there is a button, ascending.
+constexpr std::array AllCodes = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13};
+constexpr std::array EavesCodes = {0, 4, 6, 9, 10, 12, 13};
+constexpr std::array VcrCodes = {0};
+constexpr std::array RailCodes = {3};
+constexpr std::array TopHatCodes = {0, 2, 3, 4, 5, 6};
+
+struct FamilyHoles {
+  std::span<const int> Codes;
+  LineMeanings Lines;
+  bool ThinBolts;  // punched for the thinner bolt as a rule
 };
 
-const std::array<LetterCodes, 6> CodesByLetter = {{
-    // clang-format off
-    {"Z", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}},
-    {"C", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}},
-    {"E", {0, 4, 6, 9, 10, 12, 13}},
-    {"T", {0, 2, 3, 4, 5, 6}},
-    {"V", {0}},
-    {"R", {3}},
-    // clang-format on
+constexpr PerFamily<FamilyHoles> HolesByHand = {{
+    {"Z", {AllCodes, PurlinLines, false}},
+    {"E", {EavesCodes, PurlinLines, false}},
+    {"C", {AllCodes, PurlinLines, false}},
+    {"V", {VcrCodes, PurlinLines, false}},
+    {"R", {RailCodes, RailLines, false}},
+    {"T", {TopHatCodes, TopHatLines, true}},
 }};
+static_assert(NamesEachFamily(HolesByHand), "HolesByHand needs one row for each section family");
 
 // The fields of the four lines, in the order of HoleLines.
 constexpr std::array<std::string Hole::*, 4> LineFields = {&Hole::BF, &Hole::W1, &Hole::W2,
@@ -75,21 +94,6 @@ bool KeepsItsDistance(const Item& item, double position, int separation) {
   return true;
 }
 
-// What the lines are on a section, from the bottom up. They bear the names of a purlin's; a top hat
-// and a cleader rail have other parts in their places.
-struct LineMeanings {
-  std::string_view Letter;  // empty for all others
-  std::array<std::string_view, 4> Meanings;
-};
-constexpr std::array<LineMeanings, 3> MeaningsByLetter = {{
-    // clang-format off
-    //    BF               W1                       W2                       TF
-    {"T", {"lower lip",    "lower sloping side",    "upper sloping side",    "upper lip"}},
-    {"R", {"flange",       "web",                   "web",                   "web"}},
-    {"",  {"bottom flange", "lower row of the web", "upper row of the web",  "top flange"}},
-    // clang-format on
-}};
-
 std::string LimitsText(std::string_view diameter, bool is18mm) {
   const HoleLimits limits = LimitsOf(is18mm);
   return std::string(diameter) + " holes: at least " + DecimalText(limits.Edge) +
@@ -99,10 +103,14 @@ std::string LimitsText(std::string_view diameter, bool is18mm) {
 }  // namespace
 
 std::vector<int> HoleCodes(std::string_view letter) {
-  for (const LetterCodes& set : CodesByLetter) {
-    if (set.Letter == letter) return set.Codes;
-  }
-  return {};
+  const FamilyHoles* own = FactOf(HolesByHand, letter);
+  if (own == nullptr) return {};
+  return {own->Codes.begin(), own->Codes.end()};
+}
+
+bool UsesThinBolts(std::string_view letter) {
+  const FamilyHoles* own = FactOf(HolesByHand, letter);
+  return own != nullptr && own->ThinBolts;
 }
 
 std::string HoleCodeName(int code) {
@@ -214,14 +222,13 @@ std::string HoleInfo(std::string_view letter) {
   if (std::find(codes.begin(), codes.end(), OffGaugeCode) != codes.end()) {
     text += "An off-gauge hole may lie beside another hole.\r";
   }
-  const auto* meanings = std::find_if(
-      MeaningsByLetter.begin(), MeaningsByLetter.end(),
-      [letter](const LineMeanings& row) { return row.Letter.empty() || row.Letter == letter; });
+  const FamilyHoles* own = FactOf(HolesByHand, letter);
+  const LineMeanings& meanings = own == nullptr ? PurlinLines : own->Lines;
   for (std::size_t line = 0; line < HoleLineNames.size(); ++line) {
     text += "\r";
     text += HoleLineNames.at(line);
     text += ": ";
-    text += meanings->Meanings.at(line);
+    text += meanings.at(line);
   }
   return text;
 }

@@ -26,8 +26,13 @@ constexpr int OffGaugeCode = 13;
 constexpr int NoLines = -1;
 constexpr std::array<std::string_view, 4> HoleLineNames = {"BF", "W1", "W2", "TF"};
 
-// The codes that sections of that letter can have, ascending; none for a text that is no letter.
+// The codes that sections of that letter can have, ascending; none for a text that is no family's
+// letter.
 std::vector<int> HoleCodes(std::string_view letter);
+
+// True for a family that is punched for the thinner bolt as a rule: its holes are offered with 14
+// mm first, those of others with 18 mm.
+bool UsesThinBolts(std::string_view letter);
 
 // "BF, W1": the lines of a code by name; empty for a code that isn't in the table.
 std::string HoleCodeName(int code);

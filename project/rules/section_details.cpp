@@ -4,6 +4,7 @@
 
 #include "core/catalogues.h"
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "core/text.h"
 #include "project/changes.h"
 
@@ -56,11 +57,13 @@ Table<std::string> PatternNames(std::string_view letter) {
 }
 
 bool HasPitch(std::string_view letter) {
-  return letter == "E";
+  const SectionFamily* family = FamilyOf(letter);
+  return family != nullptr && family->HasPitch;
 }
 
 bool HasJointingPieces(std::string_view letter) {
-  return letter == "R";
+  const SectionFamily* family = FamilyOf(letter);
+  return family != nullptr && family->HasJointingPieces;
 }
 
 SagBars ShownSagBars(std::int16_t ItemIndex) {

@@ -22,7 +22,7 @@ extern const Table<std::string> Pitches;
 Table<std::string> SectionProducts(std::string_view letter);
 Table<std::string> PatternNames(std::string_view letter);
 
-// True for the letters whose panel shows the pitch (E) or the jointing pieces (R).
+// True for the letters of families whose panel shows the pitch, or the jointing pieces.
 bool HasPitch(std::string_view letter);
 bool HasJointingPieces(std::string_view letter);
 

@@ -88,10 +88,8 @@ std::string ItemText(std::int16_t ItemIndex, int column) {
 }
 
 bool HasProductChoice(std::string_view SectionType) {
-  return std::any_of(SectionFamilies.begin(), SectionFamilies.end(),
-                     [&](const SectionFamily& family) {
-                       return family.Letter == SectionType && family.FixedProduct.empty();
-                     });
+  const SectionFamily* family = FamilyOf(SectionType);
+  return family != nullptr && family->FixedProduct.empty();
 }
 
 Typed TakeTypedText(std::int16_t ItemIndex, int column, std::string_view text) {

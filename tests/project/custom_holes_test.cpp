@@ -441,6 +441,14 @@ TEST_F(CustomHolesTest, The_information_tells_the_limits_and_the_lines_of_the_fa
                                "\rBF: lower lip\rW1: lower sloping side\rW2: upper sloping side\r"
                                "TF: upper lip");
   EXPECT_EQ(HoleInfo("R"), limits + "\rBF: flange\rW1: web\rW2: web\rTF: web");
+  // A letter that is no family's has no buttons; its lines are named as a purlin's.
+  EXPECT_EQ(HoleInfo("Q"), limits + purlin);
+}
+
+TEST_F(CustomHolesTest, Top_hats_alone_are_offered_the_thinner_bolt) {
+  for (const std::string letter : {"Z", "E", "C", "V", "R", "T", "Q", "", "t"}) {
+    EXPECT_EQ(UsesThinBolts(letter), letter == "T") << letter;
+  }
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ TEST_F(SectionDetailsTest, The_patterns_of_a_letter_stand_behind_Custom_in_file_
 }
 
 TEST_F(SectionDetailsTest, Only_eaves_beams_have_a_pitch_and_only_cleader_rails_jointing_pieces) {
-  for (const std::string letter : {"Z", "E", "C", "V", "R", "T", "", "e", "r"}) {
+  for (const std::string letter : {"Z", "E", "C", "V", "R", "T", "Q", "", "e", "r"}) {
     EXPECT_EQ(HasPitch(letter), letter == "E") << letter;
     EXPECT_EQ(HasJointingPieces(letter), letter == "R") << letter;
   }
