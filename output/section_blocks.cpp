@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/numbers.h"
+#include "core/section_families.h"
 
 namespace orvane {
 
@@ -13,21 +14,22 @@ namespace {
 
 constexpr std::size_t HoleLineWidth = 41;
 
-struct Keyword {
-  std::string_view SectionType;
-  std::string_view Text;
+struct BlockForm {
+  std::string_view Keyword;
+  bool Mirrored;  // it goes through the line end for end
 };
 
-constexpr std::array<Keyword, 6> Keywords = {{
-    {"Z", "PURLIN"},
-    {"C", "C-SECTION"},
-    {"E", "EAVES BEAM"},
-    {"R", "CLEADER"},
-    {"V", "VCR"},
-    {"T", "TOPHAT"},
+constexpr PerFamily<BlockForm> BlockForms = {{
+    {"Z", {"PURLIN", true}},
+    {"C", {"C-SECTION", false}},
+    {"E", {"EAVES BEAM", false}},
+    {"R", {"CLEADER", false}},
+    {"V", {"VCR", false}},
+    {"T", {"TOPHAT", false}},
 }};
+static_assert(NamesEachFamily(BlockForms), "BlockForms needs one row for each section family");
 
-// How a purlin's notches are written.
+// How the notches of a mirrored section are written.
 struct MirroredNotch {
   std::string_view Stored;
   std::string_view Written;
@@ -50,7 +52,8 @@ std::string PitchText(const std::string& pitch) {
 }
 
 void WriteHoleLine(FactoryWriter& out, const Item& item, const Hole& hole, bool mirrored) {
-  // A hole beyond a purlin's end comes out negative; plain integers bear the widest difference.
+  // A hole beyond a mirrored section's end comes out negative; plain integers bear the widest
+  // difference.
   const int x = mirrored ? item.Length - hole.XPos : hole.XPos;
   out.Position(x);
   out.Text(hole.BF).Blank();
@@ -89,14 +92,14 @@ void WriteNotchLine(FactoryWriter& out, const Item& item, const Notch& notch, bo
 }  // namespace
 
 void WriteSectionBlock(FactoryWriter& out, const Item& item) {
-  const bool mirrored = item.SectionType == "Z";
+  const SectionFamily* family = FamilyOf(item.SectionType);
+  const BlockForm* form = FactOf(BlockForms, item.SectionType);
+  const bool mirrored = form != nullptr && form->Mirrored;
 
-  for (const Keyword& keyword : Keywords) {
-    if (keyword.SectionType == item.SectionType) out.Line(keyword.Text);
-  }
+  if (form != nullptr) out.Line(form->Keyword);
   out.Line(item.Mark);
   out.Line(item.Product);
-  if (item.SectionType == "E") out.Line(PitchText(item.Pitch));
+  if (family != nullptr && family->HasPitch) out.Line(PitchText(item.Pitch));
   out.Line(ShortestText(item.Quantity));
   out.Line(FormatNumber(static_cast<double>(item.Length), 0));
   out.Line(ShortestText(item.HoleCount()));

@@ -6,8 +6,9 @@
 
 namespace orvane {
 
-// The block of one section. A purlin goes through the line end for end, so its holes and notches
-// are written mirrored; its mitres never are.
+// The block of one section; that of a letter which is no family's has no first line. A purlin goes
+// through the line end for end, so its holes and notches are written mirrored; its mitres never
+// are.
 void WriteSectionBlock(FactoryWriter& out, const Item& item);
 
 }  // namespace orvane

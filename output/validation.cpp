@@ -4,6 +4,7 @@
 
 #include "core/desktop.h"
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "output/accessory_rows.h"
 
 namespace orvane {
@@ -15,11 +16,17 @@ std::string ItemText(std::int16_t index, std::string_view mark) {
   return "Item " + ShortestText(index) + ": " + std::string(mark);
 }
 
+// Whose ends can lap in a sleeve.
+constexpr PerFamily<bool> CanBeSleeved = {
+    {{"Z", true}, {"E", false}, {"C", false}, {"V", false}, {"R", false}, {"T", false}}};
+static_assert(NamesEachFamily(CanBeSleeved), "CanBeSleeved needs one row for each section family");
+
 bool NeedsSleeves(const Item& item) {
+  const bool* canBe = FactOf(CanBeSleeved, item.SectionType);
   const auto contains = [&item](std::string_view word) {
     return item.PatternName.find(word) != std::string::npos;
   };
-  return item.SectionType == "Z" && (contains("Sleeved") || contains("Slvd"));
+  return canBe != nullptr && *canBe && (contains("Sleeved") || contains("Slvd"));
 }
 
 // Sleeves count whatever their number.

@@ -116,6 +116,28 @@ TEST_F(SectionBlockTest, Any_other_letter_has_no_keyword_line) {
   EXPECT_EQ(Block(MakeItem("", "Q1", 100)), block);
 }
 
+// It has no pitch line either, and lies as it is stored.
+TEST_F(SectionBlockTest, A_section_of_any_other_letter_is_written_as_it_stands) {
+  Item item = MakeItem("Q", "Q1", 6000);
+  item.Product = "Q20018";
+  item.Pitch = "10";
+  AddHoles(item, {MakeHole(32, 18, 0, " "), MakeHole(5900, 18, 0, " ")});
+  AddNotches(item, {MakeNotch("TL1", 30, 60, 0), MakeNotch("T2", 40, 80, 1000)});
+  EXPECT_EQ(Block(item),
+            "Q1\r\n"
+            "Q20018\r\n"
+            "1\r\n"
+            "6000\r\n"
+            "2\r\n"
+            "32        n y y n 18                     \r\n"
+            "5900      n y y n 18                     \r\n"
+            "0.0 0.0\r\n"
+            "2\r\n"
+            "TL1   30 60\r\n"
+            "T2    40 80 1000\r\n"
+            "\r\n");
+}
+
 TEST_F(SectionBlockTest, An_eaves_beam_has_one_line_more_than_any_other_section) {
   const auto count = [](const std::string& block) {
     int lines = 0;

@@ -131,7 +131,7 @@ TEST_F(ValidationTest, A_pattern_is_sleeved_by_two_words_case_and_all) {
 }
 
 TEST_F(ValidationTest, Only_purlins_are_checked_for_sleeves) {
-  for (const char* letter : {"E", "C", "V", "R", "T", "z", ""}) {
+  for (const char* letter : {"E", "C", "V", "R", "T", "Q", "z", ""}) {
     Items.Append(MakeItem(letter, "M1", 900));
     Items.At(Items.UBound()).PatternName = "Sleeved";
   }
