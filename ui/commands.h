@@ -2,6 +2,7 @@
 // shortcut page is made from it too.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,13 +17,8 @@ enum class Command {
   Save,
   SaveAs,
   MaxDims,
-  Recent,  // one of the five places that are filled at run time
-  AddZ,
-  AddE,
-  AddC,
-  AddV,
-  AddR,
-  AddT,
+  Recent,      // one of the five places that are filled at run time
+  AddSection,  // one entry for each family
   OppositeHand,
   Duplicate,
   HolesAbsolute,
@@ -55,12 +51,13 @@ enum class Place { SSCommand1, mnuProject, mnuSection, mnuOutput, mnuHelp, mnuCH
 
 struct CommandEntry {
   Place Where = Place::SSCommand1;
-  int Index = 0;  // of the control array
   Command What = Command::None;
-  std::string_view Caption;   // "&" marks the key; empty for a separator and for a recent file
-  std::string_view ToolTip;   // toolbar only
-  std::string_view Shortcut;  // "Ctrl+N"; menu entries only; empty for none
-  std::string_view Icon;      // name of a file in ui/icons without ".svg"; empty for none
+  std::string_view Caption;  // "&" marks the key; empty for a separator and for a recent file
+  std::string_view ToolTip;  // toolbar only
+  std::string Shortcut;      // "Ctrl+N"; menu entries only; empty for none
+  std::string_view Icon;     // name of a file in ui/icons without ".svg"; empty for none
+  int Index = 0;             // of the control array
+  int Number = 0;            // AddSection: that of the family, from 1; 0 for all others
 };
 
 // All entries, place by place in the order of their index.

@@ -7,6 +7,7 @@
 
 #include "core/desktop.h"
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "output/cam_export.h"
 #include "output/reports.h"
 #include "project/lifecycle.h"
@@ -148,8 +149,8 @@ void FrmMain::BuildMirrorNote() {
   sheet_->Shown = [this] { mirrorNote_->setVisible(sections_->IsMirrorShown()); };
 }
 
-void FrmMain::Run(Command command, int index) {
-  Guard([&] { Dispatch(command, index); });
+void FrmMain::Run(Command command, int number) {
+  Guard([&] { Dispatch(command, number); });
 }
 
 int FrmMain::SelectedRow() const {
@@ -157,7 +158,7 @@ int FrmMain::SelectedRow() const {
 }
 
 // Each command checks for the row it needs; none of them is ever greyed.
-void FrmMain::Dispatch(Command command, int index) {
+void FrmMain::Dispatch(Command command, int number) {
   switch (command) {
     case Command::Exit:
       return Exit();
@@ -175,21 +176,13 @@ void FrmMain::Dispatch(Command command, int index) {
       return static_cast<void>(FrmMaxDims(this).exec());
     case Command::Recent: {
       // A copy: opening puts the path in front and so moves the entries.
-      const std::string path = RecentFiles.at(static_cast<std::size_t>(index) - 1);
+      const std::string path = RecentFiles.at(static_cast<std::size_t>(number) - 1);
       return OpenFile(path);
     }
-    case Command::AddZ:
-      return sections_->AddSection("Z");
-    case Command::AddE:
-      return sections_->AddSection("E");
-    case Command::AddC:
-      return sections_->AddSection("C");
-    case Command::AddV:
-      return sections_->AddSection("V");
-    case Command::AddR:
-      return sections_->AddSection("R");
-    case Command::AddT:
-      return sections_->AddSection("T");
+    case Command::AddSection: {
+      const SectionFamily& family = SectionFamilies.at(static_cast<std::size_t>(number) - 1);
+      return sections_->AddSection(std::string(family.Letter));
+    }
     case Command::Duplicate:
       return sections_->Duplicate(SelectedRow());
     case Command::OppositeHand:

@@ -42,9 +42,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // the window stays up. Called once, before the window is shown.
   void Load();
 
-  // What every menu entry, button and shortcut ends in. An error shows its description. `index`
-  // tells recent files apart, 1 to 5.
-  void Run(Command command, int index = 0);
+  // What every menu entry, button and shortcut ends in. An error shows its description. `number`
+  // tells families apart, as CommandEntry holds it, and recent files, 1 to 5.
+  void Run(Command command, int number = 0);
 
   // MainScreen.
   void ForgetEditors() override;
@@ -88,7 +88,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   QAction* MakeAction(QMenu& menu, const CommandEntry& entry);
 
   // Commands.
-  void Dispatch(Command command, int index);
+  void Dispatch(Command command, int number);
   void Exit();
   void ShowRegistration();
   void EditSection(const std::function<void(std::int16_t)>& edit);

@@ -24,9 +24,10 @@ constexpr int ToolIconSize = 22;
 
 constexpr int GroupGap = 10;  // between groups of buttons
 
-// The buttons that begin a group: the six sections, then the drawing and the help.
-bool BeginsGroup(Command command) {
-  return command == Command::New || command == Command::AddZ || command == Command::ToggleDrawing;
+// The buttons that begin a group: the sections, then the drawing and the help.
+bool BeginsGroup(const CommandEntry& entry) {
+  return entry.What == Command::New || entry.What == Command::ToggleDrawing ||
+         (entry.What == Command::AddSection && entry.Number == 1);
 }
 
 std::string_view ArrayName(Place place) {
@@ -67,7 +68,7 @@ void FrmMain::BuildToolbar() {
   row->setContentsMargins(4, 3, 4, 3);
   row->setSpacing(1);
   for (const CommandEntry& entry : CommandsOf(Place::SSCommand1)) {
-    if (BeginsGroup(entry.What)) row->addSpacing(GroupGap);
+    if (BeginsGroup(entry)) row->addSpacing(GroupGap);
     auto* button = new QToolButton(SSPanelToolbar_);
     button->setObjectName(IndexedName(ArrayName(entry.Where), entry.Index));
     button->setText(ToQt(entry.Caption));
@@ -78,7 +79,8 @@ void FrmMain::BuildToolbar() {
     button->setAutoRaise(true);
     // Pressing a button doesn't take the cursor out of the cell that is being typed.
     button->setFocusPolicy(Qt::NoFocus);
-    connect(button, &QToolButton::clicked, this, [this, what = entry.What] { Run(what); });
+    connect(button, &QToolButton::clicked, this,
+            [this, what = entry.What, number = entry.Number] { Run(what, number); });
     row->addWidget(button);
   }
 }
@@ -118,7 +120,8 @@ QAction* FrmMain::MakeAction(QMenu& menu, const CommandEntry& entry) {
   action->setText(ToQt(entry.Caption));
   action->setIcon(LineIcon(entry.Icon));
   action->setShortcut(QKeySequence::fromString(ToQt(entry.Shortcut), QKeySequence::PortableText));
-  connect(action, &QAction::triggered, this, [this, what = entry.What] { Run(what); });
+  connect(action, &QAction::triggered, this,
+          [this, what = entry.What, number = entry.Number] { Run(what, number); });
   return action;
 }
 

@@ -111,7 +111,7 @@ TEST(HelpShortcuts, The_first_job_names_the_right_shortcuts) {
     Command What;
   };
   const std::string page = PageSource("first-job.html");
-  for (const Named& named : {Named{"Ctrl+N", Command::New}, Named{"Ctrl+1", Command::AddZ},
+  for (const Named& named : {Named{"Ctrl+N", Command::New}, Named{"Ctrl+1", Command::AddSection},
                              Named{"Ctrl+S", Command::Save}, Named{"Ctrl+E", Command::ExportCam}}) {
     const auto& table = CommandTable();
     const auto entry = std::find_if(table.begin(), table.end(), [&](const CommandEntry& each) {

@@ -2,6 +2,7 @@
 #include <QMenuBar>
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 #include "core/section_families.h"
 #include "tests/screens/screen_fixture.h"
@@ -16,6 +17,7 @@ struct Expected {
   Command What;
   std::string Caption;
   std::string ToolTip;
+  int Number = 0;  // of the family
 };
 
 const std::vector<Expected> Toolbar = {
@@ -25,12 +27,12 @@ const std::vector<Expected> Toolbar = {
     {3, Command::Details, "Details", "Edit project details"},
     {4, Command::Save, "Save", "Save the current project"},
     {5, Command::PrintSummary, "Print", "Print a summary of the current project"},
-    {6, Command::AddZ, "Z", "Add a Z section"},
-    {7, Command::AddE, "Eaves", "Add an eaves beam section"},
-    {8, Command::AddC, "C", "Add a channel section"},
-    {9, Command::AddV, "VCR", "Add a vertical cladding rail section"},
-    {10, Command::AddR, "Cleader", "Add a cleader rail section"},
-    {11, Command::AddT, "Top Hat", "Add a top hat section"},
+    {6, Command::AddSection, "Z", "Add a Z section", 1},
+    {7, Command::AddSection, "Eaves", "Add an eaves beam section", 2},
+    {8, Command::AddSection, "C", "Add a channel section", 3},
+    {9, Command::AddSection, "VCR", "Add a vertical cladding rail section", 4},
+    {10, Command::AddSection, "Cleader", "Add a cleader rail section", 5},
+    {11, Command::AddSection, "Top Hat", "Add a top hat section", 6},
     {12, Command::ToggleDrawing, "&Dwg", "Maximize drawing area"},
     {13, Command::HelpIndex, "Help", "Show help contents and index"},
 };
@@ -60,12 +62,12 @@ const std::vector<ExpectedMenu> Menus = {
     {Place::mnuSection,
      "mnuSection",
      "&Section",
-     {{0, Command::AddZ, "&Z section", ""},
-      {1, Command::AddE, "&Eaves Beam", ""},
-      {2, Command::AddC, "&C Channel", ""},
-      {3, Command::AddV, "&VCR", ""},
-      {4, Command::AddR, "Cleader &Rail", ""},
-      {5, Command::AddT, "&Top Hat", ""},
+     {{0, Command::AddSection, "&Z section", "", 1},
+      {1, Command::AddSection, "&Eaves Beam", "", 2},
+      {2, Command::AddSection, "&C Channel", "", 3},
+      {3, Command::AddSection, "&VCR", "", 4},
+      {4, Command::AddSection, "Cleader &Rail", "", 5},
+      {5, Command::AddSection, "&Top Hat", "", 6},
       {6, Command::None, "", ""},
       {7, Command::OppositeHand, "Create &Opposite Hand", ""},
       {8, Command::Duplicate, "D&uplicate Section", ""},
@@ -113,6 +115,7 @@ void ExpectEntries(Place place, const std::vector<Expected>& expected) {
     EXPECT_EQ(entries[i].What, expected[i].What);
     EXPECT_EQ(entries[i].Caption, expected[i].Caption);
     EXPECT_EQ(entries[i].ToolTip, expected[i].ToolTip);
+    EXPECT_EQ(entries[i].Number, expected[i].Number);
   }
 }
 
@@ -166,14 +169,16 @@ TEST(Commands, The_pop_up_of_the_accessory_list_has_its_two_entries) {
 TEST(Commands, Captions_and_tips_of_the_families_are_those_of_the_section_families) {
   const std::vector<CommandEntry> menu = CommandsOf(Place::mnuSection);
   const std::vector<CommandEntry> toolbar = CommandsOf(Place::SSCommand1);
-  const std::vector<Command> adds = {Command::AddZ, Command::AddE, Command::AddC,
-                                     Command::AddV, Command::AddR, Command::AddT};
-  ASSERT_EQ(SectionFamilies.size(), adds.size());
+  ASSERT_EQ(SectionFamilies.size(), 6U);
   for (std::size_t i = 0; i < SectionFamilies.size(); ++i) {
     SCOPED_TRACE(SectionFamilies.at(i).Letter);
-    EXPECT_EQ(menu.at(i).What, adds.at(i));
+    EXPECT_EQ(menu.at(i).What, Command::AddSection);
+    EXPECT_EQ(menu.at(i).Number, static_cast<int>(i) + 1);
     EXPECT_EQ(menu.at(i).Caption, SectionFamilies.at(i).MenuEntry);
-    EXPECT_EQ(toolbar.at(6 + i).What, adds.at(i));
+    EXPECT_EQ(toolbar.at(6 + i).What, Command::AddSection);
+    EXPECT_EQ(toolbar.at(6 + i).Number, static_cast<int>(i) + 1);
+    EXPECT_EQ(toolbar.at(6 + i).Caption, SectionFamilies.at(i).ButtonCaption);
+    EXPECT_EQ(toolbar.at(6 + i).Icon, SectionFamilies.at(i).Icon);
     EXPECT_EQ(toolbar.at(6 + i).ToolTip, SectionFamilies.at(i).ToolTip);
   }
 }
@@ -187,18 +192,19 @@ TEST(Commands, The_bar_has_four_captions_and_no_fifth) {
 }
 
 TEST(Commands, Shortcuts_are_as_told) {
-  const std::vector<std::pair<Command, std::string>> expected = {
-      {Command::New, "Ctrl+N"},       {Command::Open, "Ctrl+O"},
-      {Command::Save, "Ctrl+S"},      {Command::SaveAs, "Ctrl+Shift+S"},
-      {Command::AddZ, "Ctrl+1"},      {Command::AddE, "Ctrl+2"},
-      {Command::AddC, "Ctrl+3"},      {Command::AddV, "Ctrl+4"},
-      {Command::AddR, "Ctrl+5"},      {Command::AddT, "Ctrl+6"},
-      {Command::Duplicate, "Ctrl+D"}, {Command::PrintSummary, "Ctrl+P"},
-      {Command::ExportCam, "Ctrl+E"}, {Command::HelpIndex, "F1"},
+  using Given = std::tuple<Command, int, std::string>;
+  const std::vector<Given> expected = {
+      {Command::New, 0, "Ctrl+N"},        {Command::Open, 0, "Ctrl+O"},
+      {Command::Save, 0, "Ctrl+S"},       {Command::SaveAs, 0, "Ctrl+Shift+S"},
+      {Command::AddSection, 1, "Ctrl+1"}, {Command::AddSection, 2, "Ctrl+2"},
+      {Command::AddSection, 3, "Ctrl+3"}, {Command::AddSection, 4, "Ctrl+4"},
+      {Command::AddSection, 5, "Ctrl+5"}, {Command::AddSection, 6, "Ctrl+6"},
+      {Command::Duplicate, 0, "Ctrl+D"},  {Command::PrintSummary, 0, "Ctrl+P"},
+      {Command::ExportCam, 0, "Ctrl+E"},  {Command::HelpIndex, 0, "F1"},
   };
-  std::vector<std::pair<Command, std::string>> found;
+  std::vector<Given> found;
   for (const CommandEntry& entry : CommandTable()) {
-    if (!entry.Shortcut.empty()) found.emplace_back(entry.What, entry.Shortcut);
+    if (!entry.Shortcut.empty()) found.emplace_back(entry.What, entry.Number, entry.Shortcut);
   }
   EXPECT_EQ(found, expected);
 }

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "core/section_families.h"
 #include "ui/platform/printing.h"
 
 namespace orvane::test {
@@ -268,15 +269,14 @@ void MonkeyTest::RunEntry() {
   const CommandEntry& entry = OneOf(CommandTable());
   if (entry.What == Command::Exit || entry.What == Command::None) return;
   if (Items.UBound() > ManySections && entry.What != Command::Delete) return;
-  main->Run(entry.What, entry.What == Command::Recent ? 1 + Pick(5) : 0);
+  main->Run(entry.What, entry.What == Command::Recent ? 1 + Pick(5) : entry.Number);
 }
 
 // What a section needs before there is anything to edit by hand: a product, a length, a pattern.
 // Every step may meet a refusal of the one before.
 void MonkeyTest::PrepareSection() {
   if (Items.UBound() == 0 || (Items.UBound() < ManySections && Chance(15))) {
-    main->Run(OneOf<Command>({Command::AddZ, Command::AddE, Command::AddC, Command::AddV,
-                              Command::AddR, Command::AddT}));
+    main->Run(Command::AddSection, 1 + Pick(static_cast<int>(SectionFamilies.size())));
     return;
   }
   PrepareRow(1 + Pick(Items.UBound()), Chance(50) ? 0 : Pick(30));

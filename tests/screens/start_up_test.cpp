@@ -272,7 +272,7 @@ TEST_F(StartUpTest, Without_any_catalogue_three_messages_come_and_the_window_aft
   EXPECT_TRUE(start->Main()->isVisible());
   // The load went on behind the readers.
   EXPECT_EQ(start->Main()->findChild<QComboBox*>("cboPitch")->count(), 6);
-  start->Main()->Run(Command::AddZ);
+  start->Main()->Run(Command::AddSection, 1);
   EXPECT_EQ(Items.UBound(), 1);
 }
 
