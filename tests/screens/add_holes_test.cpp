@@ -133,6 +133,24 @@ TEST_F(AddHolesTest, Each_letter_shows_its_own_set_at_one_place_with_its_first_b
   for (const QPoint& place : places) EXPECT_EQ(place, places.front());
 }
 
+// As a file may hold one.
+TEST_F(AddHolesTest, A_letter_that_is_no_familys_shows_no_set_and_is_offered_18_mm) {
+  Put("Q", "Q1", "", 3000).PatternName = "Custom";
+  Show(Items.UBound());
+  InAbsolute([&](FrmAddHoles& dialog) {
+    for (const std::string& letter : AllLetters) {
+      EXPECT_FALSE(Find<QWidget>(dialog, "pnl" + letter).isVisible()) << letter;
+    }
+    EXPECT_EQ(dialog.FindPattern(), -1);
+    dialog.SelectPattern("Q", 0);
+    EXPECT_EQ(dialog.FindPattern(), -1);
+    EXPECT_EQ(Checked(dialog, "optDia"), "optDia(0)");
+    Store(dialog, "100");
+  });
+  ASSERT_EQ(Items.At(1).Holes.UBound(), 1);
+  EXPECT_EQ(LinesOf(Items.At(1).Holes.At(1)), "n|n|n|n");
+}
+
 TEST_F(AddHolesTest, Each_button_bears_its_lines_as_tip_and_accessible_name) {
   const std::vector<std::string> names = {
       "W1, W2", "BF, W1, W2, TF", "BF, TF", "TF",         "W2",         "W1",     "BF",

@@ -233,8 +233,7 @@ void FrmAddHoles::ShowNewHole() {
   const std::string& letter = Items.At(itemIndex_).SectionType;
   const std::vector<int> codes = HoleCodes(letter);
   if (!codes.empty()) SelectPattern(letter, codes.front());
-  // Top hats are punched for the thinner bolt as a rule.
-  optDia_->button(letter == "T" ? 1 : 0)->setChecked(true);
+  optDia_->button(UsesThinBolts(letter) ? 1 : 0)->setChecked(true);
 }
 
 void FrmAddHoles::ShowHoleToEdit() {

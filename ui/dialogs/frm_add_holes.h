@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/section_families.h"
 #include "project/rules/custom_holes.h"
 #include "ui/controls/plain_dialog.h"
 
@@ -57,7 +58,7 @@ class FrmAddHoles : public PlainDialog {
 
   QLineEdit* txtXpos_ = nullptr;
   QLabel* lblX_ = nullptr;
-  std::array<QButtonGroup*, 6> sets_{};  // in the order of SectionFamilies
+  std::array<QButtonGroup*, SectionFamilies.size()> sets_{};  // in the order of SectionFamilies
   QGroupBox* SSPanelOffGauge_ = nullptr;
   QLineEdit* txtYPos_ = nullptr;
   QButtonGroup* SSRibbon2_ = nullptr;

@@ -7,7 +7,6 @@
 
 #include "core/model.h"
 #include "core/numbers.h"
-#include "core/section_families.h"
 #include "core/settings.h"
 #include "project/changes.h"
 #include "ui/platform/guard.h"
@@ -17,11 +16,6 @@
 namespace orvane {
 
 namespace {
-
-// In the order of MaxDims, whose rows count from 1.
-constexpr std::array<const char*, 7> FieldLabels = {
-    "", "Z section", "Eaves beam", "Channel", "VCR", "Cleader rail", "Top hat",
-};
 
 // The text becomes the whole number that it begins with.
 void Rewrite(QLineEdit& field) {
@@ -43,7 +37,7 @@ FrmMaxDims::FrmMaxDims(QWidget* parent) : PlainDialog(parent) {
     field->setAlignment(Qt::AlignRight);
     field->setText(ToQt(FormatNumber(MaxDims.At(static_cast<int>(row)), 0)));
     field->installEventFilter(this);
-    form->addRow(FieldLabels.at(row), field);
+    form->addRow(ToQt(SectionFamilies.at(row - 1).LengthLabel), field);
     txtMaxDims_.at(row) = field;
   }
   auto* note = new QLabel("Lengths in mm");

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <array>
 
+#include "core/section_families.h"
 #include "ui/controls/plain_dialog.h"
 
 namespace orvane {
@@ -19,7 +20,8 @@ class FrmMaxDims : public PlainDialog {
   void ApplyDefaults();
   void Store();
 
-  std::array<QLineEdit*, 7> txtMaxDims_{};  // 1 to 6
+  // The rows of MaxDims; element 0 is no field.
+  std::array<QLineEdit*, SectionFamilies.size() + 1> txtMaxDims_{};
   std::array<QPushButton*, 3> SSCommand2_{};
 };
 

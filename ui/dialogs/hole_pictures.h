@@ -9,7 +9,8 @@
 namespace orvane {
 
 // The picture of a hole code (HoleLines, OffGaugeCode) for sections of that letter: a mark for each
-// line that has a hole, an open ring for the hole off gauge. Empty for a text that is no letter.
+// line that has a hole, an open ring for the hole off gauge. Empty for a text that is no family's
+// letter.
 RadioPicture HolePicture(std::string_view letter, int code);
 
 }  // namespace orvane
