@@ -8,6 +8,7 @@
 
 #include "core/desktop.h"
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "core/text.h"
 #include "core/text_file.h"
 
@@ -21,10 +22,8 @@ constexpr std::array<double SectionDim::*, 12> DimColumns = {
     &SectionDim::Dim7,  &SectionDim::Dim8,  &SectionDim::Dim9,  &SectionDim::Dim10,
     &SectionDim::Dim11, &SectionDim::Dim12, &SectionDim::Dim13, &SectionDim::Dim14};
 
-// Whether the tag is one of the single letters.
-bool IsOneOf(std::string_view letters, std::string_view tag) {
-  return tag.size() == 1 && letters.find(tag) != std::string_view::npos;
-}
+// Of a mezzanine row of dims.csv, which is a channel row as soon as it is read.
+constexpr std::string_view MezzanineTag = "M";
 
 // Reads one row behind its first cell. False when the tag, which is trimmed and in upper case, is
 // none that the file knows; nothing has been read then.
@@ -71,9 +70,9 @@ bool Load(const std::string& path, const RowReader& readRow) {
 }
 
 bool ReadSectionDim(TextFile& file, const std::string& tag, std::string_view cell) {
-  if (!IsOneOf("EZCMVRT", tag)) return false;
+  if (FamilyOf(tag) == nullptr && tag != MezzanineTag) return false;
   SectionDim row;
-  row.SectionType = cell == "M" ? "C" : cell;  // a mezzanine row is a channel row from here on
+  row.SectionType = cell == MezzanineTag ? "C" : cell;
   row.Product = file.ReadField();
   // Without a product this is no row, and its next cells are looked at as tags.
   if (Trim(row.Product).empty()) return true;
@@ -83,7 +82,7 @@ bool ReadSectionDim(TextFile& file, const std::string& tag, std::string_view cel
 }
 
 bool ReadPunchPattern(TextFile& file, const std::string& tag, std::string_view cell) {
-  if (!IsOneOf("EZCRVT", tag)) return false;
+  if (FamilyOf(tag) == nullptr) return false;
   PunchPattern row;
   row.SectionType = Trim(cell);
   row.Name = Trim(file.ReadField());
