@@ -8,8 +8,8 @@
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/model.h"
+#include "project/rules/section_columns.h"
 #include "project/rules/section_details.h"
-#include "project/rules/section_rules.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -19,17 +19,18 @@ namespace orvane {
 
 namespace {
 
-// Column widths in this ratio: letter, mark, product, length, quantity, notes.
-const std::vector<int> ColumnRatio = {350, 1000, 1200, 600, 450, 2000};
-
 std::int16_t ItemRow(int row) {
   return Int16(row);
+}
+
+bool IsEdited(int row, int column) {
+  return SectionCellEdit(ItemRow(row), column) != CellEdit::None;
 }
 
 // Every text that the grid shows, to tell whether filling it anew changed one.
 std::vector<std::string> ShownTexts(const FlexGrid& grid) {
   std::vector<std::string> texts;
-  texts.reserve(static_cast<std::size_t>(grid.Rows()) * SectionColumns);
+  texts.reserve(static_cast<std::size_t>(grid.Rows()) * static_cast<std::size_t>(SectionColumns));
   for (int row = 1; row < grid.Rows(); ++row) {
     for (int column = 0; column < SectionColumns; ++column) {
       texts.push_back(grid.TextMatrix(row, column));
@@ -52,7 +53,7 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   grid_ = new FlexGrid(model_, this);
   grid_->setObjectName("MSFlexGrid1");
   grid_->setAccessibleName(tr("Sections"));
-  grid_->SetColumnRatio(ColumnRatio);
+  grid_->SetColumnRatio(SectionsModel::WidthShares());
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(grid_);
@@ -238,19 +239,23 @@ void SectionsGrid::FillSectionCombo(const std::string& Letter) {
 bool SectionsGrid::MoveTo(int row, int column) {
   if (row != grid_->Row() || column != grid_->Col()) {
     if (!LeaveCell()) return false;
-    if (column == ProductColumn && !HasProductChoice(Items.At(row).SectionType)) {
-      column = PassOverProduct();
-    }
-    Select(row, column);
+    Select(row, PassOver(row, column));
   }
   GridEnterCell();
   return true;
 }
 
-// The column on the other side of a product that can't be chosen, in the direction in which the
-// cursor was going.
-int SectionsGrid::PassOverProduct() {
-  return std::exchange(EditPrevCol_, ProductColumn) == LengthColumn ? MarkColumn : LengthColumn;
+// The column itself, or the nearest that is edited where this one isn't, such as the product of a
+// rail: left of it if the cursor comes from the right, else right of it, and back at the last one.
+int SectionsGrid::PassOver(int row, int column) {
+  if (IsEdited(row, column)) return column;
+  const int step = std::exchange(EditPrevCol_, column) > column ? -1 : 1;
+  for (const int toward : {step, -step}) {
+    for (int to = column + toward; to > 0 && to < SectionColumns; to += toward) {
+      if (IsEdited(row, to)) return to;
+    }
+  }
+  return MarkColumn;
 }
 
 // Makes a cell the current one and runs the row change.
@@ -282,12 +287,11 @@ void SectionsGrid::GridRowChange(ShownHoles holes) {
   }
 }
 
-// A press beside the columns that can be edited means the nearest one that can.
+// A press beside the columns that are edited means the mark.
 void SectionsGrid::CellPressed(int row, int column) {
   if (GridBusy_ || refusing_ || row > Items.UBound()) return;
-  const bool passedOver = column == ProductColumn && !HasProductChoice(Items.At(row).SectionType);
   const Busy busy(GridBusy_);
-  MoveTo(row, column == LetterColumn || passedOver ? MarkColumn : column);
+  MoveTo(row, IsEdited(row, column) ? column : MarkColumn);
 }
 
 }  // namespace orvane

@@ -73,7 +73,7 @@ class SectionsGrid : public QWidget {
   bool EnterGrid();
   // Moving.
   bool MoveTo(int row, int column);
-  int PassOverProduct();
+  int PassOver(int row, int column);
   void Select(int row, int column, ShownHoles holes = ShownHoles::Afresh);
   void GridRowChange(ShownHoles holes);
   bool ShowRow(int row, ShownHoles holes = ShownHoles::Afresh);

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
@@ -14,7 +15,7 @@
 #include "core/runtime_error.h"
 #include "holes/hole_list.h"
 #include "project/changes.h"
-#include "project/rules/section_rules.h"
+#include "project/rules/section_columns.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -55,18 +56,9 @@ QFrame* MakePanel(QFrame* panel, const char* name, QWidget* control) {
   return panel;
 }
 
-// The change that typing into a column makes.
-ChangeKind KindOfColumn(int column) {
-  switch (column) {
-    case MarkColumn:
-      return ChangeKind::Mark;
-    case LengthColumn:
-      return ChangeKind::Length;
-    case QuantityColumn:
-      return ChangeKind::Quantity;
-    default:
-      return ChangeKind::Notes;
-  }
+// A change of the kind that the column's cells make.
+void ChangeCell(int row, int column, const std::function<void()>& action) {
+  Change(SectionColumnAt(column).Kind.value(), Int16(row), action);
 }
 
 // True while the toolkit takes the focus away only for a while: a menu or list is open, a box is
@@ -112,14 +104,15 @@ void SectionsGrid::GridEnterCell() {
   const int column = grid_->Col();
   if (row == 0) return;
   if (row != EditRow_ || column != EditCol_) EditError_ = false;
-  const bool product = column == ProductColumn;
-  if (product && !HasProductChoice(Items.At(row).SectionType)) {
-    // Delete and Sort may bring such a row under the cursor.
-    EditCol_ = column;
-    EditRow_ = row;
-    MoveTo(row, PassOverProduct());
+  const CellEdit edit = SectionCellEdit(Int16(row), column);
+  if (edit == CellEdit::None) {
+    // Delete and Sort may bring a rail's product under the cursor. Nothing was typed into it.
+    EditRow_ = 0;
+    EditCol_ = 0;
+    MoveTo(row, PassOver(row, column));
     return;
   }
+  const bool product = edit == CellEdit::Choice;
   EditPrevCol_ = column;
   EditCol_ = column;
   EditRow_ = row;
@@ -149,7 +142,8 @@ void SectionsGrid::GridEnterCell() {
 void SectionsGrid::PlaceEditor() {
   if (EditRow_ == 0 || EditCol_ == 0) return;
   const QRect cell = grid_->CellRect(EditRow_, EditCol_);
-  (EditCol_ == ProductColumn ? sspEditCombo_ : sspEditText_)->setGeometry(cell);
+  const bool choice = SectionColumnAt(EditCol_).Edit == CellEdit::Choice;
+  (choice ? sspEditCombo_ : sspEditText_)->setGeometry(cell);
 }
 
 void SectionsGrid::ForgetEditors() {
@@ -284,7 +278,7 @@ bool SectionsGrid::DropsCharacter(const QKeyEvent& key) const {
 }
 
 bool SectionsGrid::TakesCharacters(const QString& typed) const {
-  if (grid_->Col() != LengthColumn && grid_->Col() != QuantityColumn) return true;
+  if (SectionCellEdit(Int16(grid_->Row()), grid_->Col()) != CellEdit::Digits) return true;
   return std::none_of(typed.begin(), typed.end(),
                       [](QChar c) { return c.isPrint() && (c < u'0' || c > u'9'); });
 }
@@ -299,7 +293,7 @@ void SectionsGrid::TextTyped(const std::string& text) {
   Typed result = Typed::Taken;
   bool taken = false;
   try {
-    Change(KindOfColumn(column), Int16(row), [&] {
+    ChangeCell(row, column, [&] {
       model_->SetTyped(row, column, text);
       result = TakeTypedText(Int16(row), column, text);
       if (result != Typed::Taken) {
@@ -321,10 +315,11 @@ void SectionsGrid::TextTyped(const std::string& text) {
 void SectionsGrid::ProductChosen() {
   const int row = grid_->Row();
   if (row < 1) return;
-  const std::string product = cboEdit_->Text();
-  if (Items.At(row).Product == product) return;
-  Change(ChangeKind::Product, Int16(row), [&] {
-    Items.At(row).Product = product;
+  const int column = grid_->Col();
+  const std::string text = cboEdit_->Text();
+  if (ItemText(Int16(row), column) == text) return;
+  ChangeCell(row, column, [&] {
+    TakeChosenText(Int16(row), column, text);
     RebuildHoles(Int16(row), detail_->ShownPattern());
   });
 }
@@ -334,7 +329,7 @@ void SectionsGrid::ProductChosen() {
 // Validates the cell that is left; false when it was refused.
 bool SectionsGrid::LeaveCell() {
   if (EditCol_ == 0 || EditRow_ == 0 || EditError_) return true;
-  if (EditCol_ == ProductColumn) return true;
+  if (SectionColumnAt(EditCol_).Edit == CellEdit::Choice) return true;
   const auto refusal = CellRefusal(Int16(EditRow_), EditCol_, FromQt(txtEdit_->text()));
   if (!refusal) return true;
   Refuse(*refusal);

@@ -1,15 +1,36 @@
 #include "ui/sections_model.h"
 
 #include "core/model.h"
-#include "project/rules/section_rules.h"
+#include "project/rules/section_columns.h"
 
 namespace orvane {
 
-SectionsModel::SectionsModel(QObject* parent)
-    : FlexGridModel({"", "Mark", "Product", "Length (mm)", "Qty", "Notes"}, parent) {
+namespace {
+
+std::vector<std::string> SectionHeadings() {
+  std::vector<std::string> headings;
+  for (int column = 0; column < SectionColumns; ++column) {
+    headings.emplace_back(SectionColumnAt(column).Heading);
+  }
+  return headings;
+}
+
+}  // namespace
+
+SectionsModel::SectionsModel(QObject* parent) : FlexGridModel(SectionHeadings(), parent) {
   SetFixedColumns(1);
-  SetAlignment(LengthColumn, Qt::AlignRight);
-  SetAlignment(QuantityColumn, Qt::AlignRight);
+  for (int column = 0; column < SectionColumns; ++column) {
+    const bool right = SectionColumnAt(column).Side == CellSide::Right;
+    SetAlignment(column, right ? Qt::AlignRight : Qt::AlignLeft);
+  }
+}
+
+std::vector<int> SectionsModel::WidthShares() {
+  std::vector<int> shares;
+  for (int column = 0; column < SectionColumns; ++column) {
+    shares.push_back(SectionColumnAt(column).Width.Share);
+  }
+  return shares;
 }
 
 std::string SectionsModel::CellText(int row, int column) const {

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "ui/controls/flex_grid.h"
 
@@ -15,6 +16,9 @@ namespace orvane {
 class SectionsModel : public FlexGridModel {
  public:
   explicit SectionsModel(QObject* parent);
+
+  // The columns' widths in proportion to each other.
+  static std::vector<int> WidthShares();
 
   std::string CellText(int row, int column) const override;
   int DataRows() const override { return rows_; }

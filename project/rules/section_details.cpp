@@ -48,6 +48,16 @@ Table<std::string> SectionProducts(std::string_view letter) {
   return products;
 }
 
+std::optional<std::string> ProductNamed(std::string_view letter, std::string_view text) {
+  const std::string_view wanted = Trim(text);
+  if (wanted.empty()) return std::nullopt;
+  // Not by way of the list, whose copy would cost a job of many rows more than all else.
+  for (const SectionDim& dims : SectionDims) {
+    if (dims.SectionType == letter && Trim(dims.Product) == wanted) return dims.Product;
+  }
+  return std::nullopt;
+}
+
 Table<std::string> PatternNames(std::string_view letter) {
   Table<std::string> names = TableOf({CustomPattern});
   for (const PunchPattern& pattern : PunchPatterns) {

@@ -21,6 +21,9 @@ extern const Table<std::string> Pitches;
 // The products of a section letter, and "Custom" and the names of its patterns, in file order.
 Table<std::string> SectionProducts(std::string_view letter);
 Table<std::string> PatternNames(std::string_view letter);
+// The first of the letter's products that the text names, blanks at both ends apart; none for
+// another text, and for an empty one.
+std::optional<std::string> ProductNamed(std::string_view letter, std::string_view text);
 
 // True for the letters of families whose panel shows the pitch, or the jointing pieces.
 bool HasPitch(std::string_view letter);

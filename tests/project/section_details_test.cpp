@@ -1,5 +1,6 @@
 #include "project/rules/section_details.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,6 +93,22 @@ TEST_F(SectionDetailsTest, The_products_of_a_letter_come_in_file_order) {
   EXPECT_EQ(TextsOf(SectionProducts("Z")), (Texts{"Z2", "Z1"}));
   EXPECT_EQ(TextsOf(SectionProducts("C")), (Texts{"C1"}));
   EXPECT_EQ(TextsOf(SectionProducts("T")), Texts{});
+}
+
+TEST_F(SectionDetailsTest, ProductNamed_gives_the_letters_product_as_the_catalogue_has_it) {
+  AddProduct("C", "B1");
+  AddProduct("Z", "A1");
+  AddProduct("Z", " B1 ");
+  AddProduct("Z", "B1");
+  EXPECT_EQ(ProductNamed("Z", "A1"), "A1");
+  EXPECT_EQ(ProductNamed("Z", "  A1 "), "A1");
+  EXPECT_EQ(ProductNamed("Z", "B1"), " B1 ");  // the first of two
+  EXPECT_EQ(ProductNamed("C", "B1"), "B1");
+  for (const std::string text : {"a1", "A", "A11", "", "  "}) {
+    EXPECT_EQ(ProductNamed("Z", text), std::nullopt) << text;
+  }
+  EXPECT_EQ(ProductNamed("C", "A1"), std::nullopt);
+  EXPECT_EQ(ProductNamed("", "A1"), std::nullopt);
 }
 
 TEST_F(SectionDetailsTest, The_patterns_of_a_letter_stand_behind_Custom_in_file_order) {

@@ -11,7 +11,7 @@
 #include <map>
 
 #include "core/numbers.h"
-#include "project/rules/section_rules.h"
+#include "project/rules/section_columns.h"
 
 namespace orvane::test {
 

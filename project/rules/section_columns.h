@@ -1,0 +1,97 @@
+// The columns of the sections grid, one table that everything about a column is read from: what it
+// is called, how it is shown and edited, what a text does to the record, and what is refused. Rows
+// are rows of Items.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/model.h"
+#include "project/changes.h"
+#include "project/rules/cell_edit.h"
+
+namespace orvane {
+
+// The columns that something asks for by name. Column 0 is fixed.
+constexpr int LetterColumn = 0;
+constexpr int MarkColumn = 1;
+constexpr int ProductColumn = 2;
+constexpr int LengthColumn = 3;
+constexpr int QuantityColumn = 4;
+constexpr int NotesColumn = 5;
+
+// Their number.
+extern const int SectionColumns;
+
+// Which side of its cell a column's text stands at.
+enum class CellSide { Left, Right };
+
+// A column's width as its share of all shares. It has no default, so that no column goes without.
+struct WidthShare {
+  explicit constexpr WidthShare(int share) : Share(share) {}
+  int Share;
+};
+
+// What became of a text.
+enum class Typed {
+  Taken,    // the record holds it
+  Refused,  // the record keeps its value, and the cell is to show it again: a length beyond 16
+            // bits, a product that isn't to be had
+  Overflow  // a quantity beyond 16 bits: the same, and "Overflow" is to be shown
+};
+
+// True when another section than the one that is edited bears that mark, blanks at both ends apart.
+using MarkInUse = std::function<bool(std::string_view mark)>;
+
+struct SectionColumn {
+  std::string_view Heading;
+  WidthShare Width;
+  CellSide Side;
+  // What the column shows of a section, numbers in plain digits.
+  std::string (*Text)(const Item& item);
+  CellEdit Edit;
+  // The sections whose cell is edited in that way, by their letter; none for all of them.
+  bool (*EditedFor)(std::string_view SectionType);
+  // The change that editing makes. There is one exactly if the column is edited.
+  std::optional<ChangeKind> Kind;
+  // Puts a text into the record. There is one exactly if the column is edited.
+  Typed (*Take)(Item& item, std::string_view text);
+  // Why the cell may not be left with that text; no procedure for a column that may always be left.
+  std::optional<std::string> (*Refusal)(const Item& item, std::string_view text,
+                                        const MarkInUse& inUse);
+};
+
+// The row of a column, 0 to SectionColumns - 1; "Subscript out of range" beyond.
+const SectionColumn& SectionColumnAt(int column);
+
+// What the grid shows of a section in that column. Empty for a column or a row that isn't there:
+// the grid may paint while the table changes under it.
+std::string ItemText(std::int16_t ItemIndex, int column);
+
+// How that cell is edited; not at all for a column or a row that isn't there.
+CellEdit SectionCellEdit(std::int16_t ItemIndex, int column);
+
+// True for a section whose product is chosen from a list: Z, E, C and T. VCR and cleader rails come
+// in one only.
+bool HasProductChoice(std::string_view SectionType);
+
+// Takes a text typed into Mark, Length, Quantity or Notes into the record, as each key stroke does;
+// a length or quantity by number prefix, rounded. Another column or row changes nothing and is
+// Taken. ProjectDirty stays; the grid, whose text has changed, sets it.
+Typed TakeTypedText(std::int16_t ItemIndex, int column, std::string_view text);
+
+// Takes an entry chosen from the cell's list into the record. True if the record is another then; a
+// cell without a list, and a text that the list doesn't have, change nothing. ProjectDirty stays
+// likewise.
+bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text);
+
+// The refusal of a cell that is left, by the text of its editor; none if it may be left. Marks are
+// compared with all other rows, blanks at both ends apart, and an empty one is no duplicate; a
+// length must be above 0 and at most MaxDims of the section's family. Both look at the text, not at
+// the record.
+std::optional<std::string> CellRefusal(std::int16_t ItemIndex, int column, std::string_view text);
+
+}  // namespace orvane
