@@ -161,6 +161,46 @@ MarkInUse MarksBeside(int ItemIndex) {
   };
 }
 
+TakenCell RefusedCell(std::string reason) {
+  return {TakenCell::Result::Refused, std::move(reason)};
+}
+
+// A text into a cell that no hand has typed it into. The grid has no words for what its editors
+// don't let happen, another letter or a product that isn't in the list; these are the cell's own.
+TakenCell TakeCell(const SectionColumn& column, Item& item, std::string_view text,
+                   const MarkInUse& inUse) {
+  using enum TakenCell::Result;
+  const std::string former = column.Text(item);
+  const CellEdit edit = EditOf(column, item.SectionType);
+  // A product that the list lacks stays as long as nothing else is chosen.
+  if ((edit == None || edit == Choice) && Trim(text) == Trim(former)) return {Same, {}};
+  if (edit == None) return RefusedCell("Can't be changed");
+  if (column.Refusal != nullptr) {
+    if (std::optional<std::string> refusal = column.Refusal(item, text, inUse)) {
+      return RefusedCell(std::move(*refusal));
+    }
+  }
+  if (column.Take(item, text) != Typed::Taken) {
+    return RefusedCell(edit == Choice ? "Not in the list" : DescriptionOf(Failure::Overflow));
+  }
+  return {column.Text(item) == former ? Same : Changed, {}};
+}
+
+// The same for a number that no rule can read.
+TakenCell TakeAnyCell(const SectionColumn& column, Item& item, std::string_view text,
+                      const MarkInUse& inUse) {
+  try {
+    return TakeCell(column, item, text, inUse);
+  } catch (const RuntimeError& error) {
+    return RefusedCell(error.Description());
+  }
+}
+
+bool HasCell(const std::vector<TakenCell>& cells, TakenCell::Result what) {
+  return std::any_of(cells.begin(), cells.end(),
+                     [what](const TakenCell& cell) { return cell.What == what; });
+}
+
 }  // namespace
 
 constinit const int SectionColumns = static_cast<int>(Columns.size());
@@ -201,6 +241,28 @@ bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text) {
 std::optional<std::string> CellRefusal(std::int16_t ItemIndex, int column, std::string_view text) {
   if (!IsColumn(column) || SectionColumnAt(column).Refusal == nullptr) return std::nullopt;
   return SectionColumnAt(column).Refusal(Items.At(ItemIndex), text, MarksBeside(ItemIndex));
+}
+
+bool TakenRow::IsRefused() const {
+  return HasCell(Cells, TakenCell::Result::Refused);
+}
+
+bool TakenRow::IsChanged() const {
+  return HasCell(Cells, TakenCell::Result::Changed);
+}
+
+TakenRow TakeRow(Item& item, const SectionTexts& texts, const MarkInUse& inUse) {
+  TakenRow row;
+  for (std::size_t at = 0; at < Columns.size(); ++at) {
+    const bool given = at < texts.size() && texts[at].has_value();
+    row.Cells.push_back(given ? TakeAnyCell(Columns[at], item, *texts[at], inUse) : TakenCell());
+  }
+  return row;
+}
+
+TakenRow TakeRow(std::int16_t ItemIndex, const SectionTexts& texts) {
+  if (!IsItem(ItemIndex)) throw RuntimeError(Failure::SubscriptOutOfRange);
+  return TakeRow(Items.At(ItemIndex), texts, MarksBeside(ItemIndex));
 }
 
 }  // namespace orvane

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/model.h"
 #include "project/changes.h"
@@ -93,5 +94,36 @@ bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text);
 // length must be above 0 and at most MaxDims of the section's family. Both look at the text, not at
 // the record.
 std::optional<std::string> CellRefusal(std::int16_t ItemIndex, int column, std::string_view text);
+
+// A row of texts for a section, by column; what isn't there, and a row's missing end, isn't given.
+using SectionTexts = std::vector<std::optional<std::string>>;
+
+struct TakenCell {
+  enum class Result {
+    NotGiven,  // there was no text for it
+    Same,      // the record holds it already
+    Changed,   // the record holds it now
+    Refused    // the record keeps its value
+  };
+  Result What = Result::NotGiven;
+  std::string Reason;  // of a refusal
+};
+
+// What became of each cell, one for each column.
+struct TakenRow {
+  std::vector<TakenCell> Cells;
+  bool IsRefused() const;  // a cell of it is
+  bool IsChanged() const;  // a cell of it is
+};
+
+// Takes a row of texts into a section as if each was put into its cell and the cell left, with what
+// the grid refuses and how it says so; but a cell that is refused keeps its former value. The
+// letter isn't edited: the section must have its own before, since products and lengths go by it.
+// `inUse` tells of the marks beside the section; it needn't stand in Items. ProjectDirty stays.
+TakenRow TakeRow(Item& item, const SectionTexts& texts, const MarkInUse& inUse);
+
+// The same for a row of Items, whose other rows hold the marks in use; "Subscript out of range" for
+// a row that isn't there.
+TakenRow TakeRow(std::int16_t ItemIndex, const SectionTexts& texts);
 
 }  // namespace orvane
