@@ -44,13 +44,11 @@ std::vector<std::string> ShownTexts(const FlexGrid& grid) {
 SectionsGrid::SectionsGrid(QWidget* parent)
     : QWidget(parent),
       model_(new SectionsModel(this)),
-      sspEditText_(nullptr),
-      txtEdit_(nullptr),
-      sspEditCombo_(nullptr),
-      cboEdit_(nullptr) {
+      grid_(new FlexGrid(model_, this)),
+      editor_(*grid_, *this, Cells(), "sspEditText"),
+      cboEdit_(&editor_.AddChoices(ProductColumn, "sspEditCombo", "cboEdit")) {
   // A stop on the way by Tab, which leads on to the cursor's cell.
   setFocusPolicy(Qt::TabFocus);
-  grid_ = new FlexGrid(model_, this);
   grid_->setObjectName("MSFlexGrid1");
   grid_->setAccessibleName(tr("Sections"));
   grid_->SetColumnRatio(SectionsModel::WidthShares());
@@ -58,15 +56,12 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(grid_);
 
-  MakeEditors();
-
   grid_->CellPressed = [this](int row, int column, Qt::MouseButton, QPoint) {
     CellPressed(row, column);
   };
   grid_->MenuAsked = [this](QPoint globalPos) {
     if (!refusing_) emit MenuAsked(globalPos);
   };
-  grid_->Scrolled = [this] { PlaceEditor(); };
 }
 
 void SectionsGrid::Follow(const ChangeNotice& change) {

@@ -9,15 +9,13 @@
 
 #include "project/changes.h"
 #include "project/sections.h"
+#include "ui/controls/cell_editor.h"
 #include "ui/controls/flex_grid.h"
 #include "ui/controls/plain_combo.h"
 #include "ui/detail_panel.h"
 #include "ui/sheet_view.h"
 
 class QFocusEvent;
-class QFrame;
-class QKeyEvent;
-class QLineEdit;
 
 namespace orvane {
 
@@ -60,9 +58,7 @@ class SectionsGrid : public QWidget {
   void MenuAsked(QPoint globalPos);
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-  // The focus rests here while no cell is edited; from here keys lead back into the grid.
-  void keyPressEvent(QKeyEvent* event) override;
+  // The focus rests here while no cell is edited; Tab leads from here back into the grid.
   bool focusNextPrevChild(bool next) override;
   void focusInEvent(QFocusEvent* event) override;
 
@@ -81,33 +77,24 @@ class SectionsGrid : public QWidget {
   void MakeCurrent(std::int16_t row);
   void CellPressed(int row, int column);
 
-  // The editors.
-  void MakeEditors();
-  bool EditorKey(const QKeyEvent& key);
-  bool DropsCharacter(const QKeyEvent& key) const;
-  bool TakesCharacters(const QString& typed) const;
-  void TextTyped(const std::string& text);
-  void ProductChosen();
-  void PlaceEditor();
+  // Editing.
+  CellTable Cells();
+  void TextTyped(int row, int column, const std::string& text);
+  void EntryChosen(int row, int column, const std::string& text);
   bool LeaveCell();
   void Refuse(const std::string& message);
-  bool LosesFocus(const QFocusEvent& event) const;
   void DrawTyped();
-  void EditorLeft(const QObject* editor);
+  void EditorLeft();
   void FillSectionCombo(const std::string& Letter);
 
-  FlexGrid* grid_;
   SectionsModel* model_;
-  QFrame* sspEditText_;
-  QLineEdit* txtEdit_;
-  QFrame* sspEditCombo_;
+  FlexGrid* grid_;
+  CellEditor editor_;
   PlainCombo* cboEdit_;
   DetailPanel* detail_ = nullptr;
   SheetView* sheet_ = nullptr;
 
   int EditPrevCol_ = 0;          // column of the last cell that an editor was placed on
-  int EditCol_ = 0;              // column being edited; 0 for none
-  int EditRow_ = 0;              // row being edited; 0 for none
   bool refusing_ = false;        // the box of a refusal is still to come
   bool EditError_ = false;       // the cell was refused; the next try to leave it passes
   bool GridBusy_ = false;        // a move or a command is under way: input is ignored

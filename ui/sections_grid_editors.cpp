@@ -1,15 +1,10 @@
-// The floating editors of the sections grid: placing, keys, typing, leaving.
+// Editing in the sections grid: what typing, choosing and leaving do to a section.
 #include <QApplication>
-#include <QFrame>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QPainter>
+#include <QFocusEvent>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <functional>
 
-#include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/model.h"
 #include "core/runtime_error.h"
@@ -18,7 +13,6 @@
 #include "project/rules/section_columns.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
-#include "ui/platform/qt_text.h"
 #include "ui/sections_grid.h"
 #include "ui/sections_model.h"
 
@@ -26,75 +20,31 @@ namespace orvane {
 
 namespace {
 
-// The frame of the text editor: coloured while the cursor is in it, so that it tells whether typing
-// goes there.
-class CellFrame : public QFrame {
- public:
-  CellFrame(const QLineEdit& editor, QWidget* parent) : QFrame(parent), editor_(editor) {}
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.fillRect(rect(), Qt::white);
-    painter.setPen(editor_.hasFocus() ? palette().color(QPalette::Highlight) : QColor(Qt::gray));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  }
-
- private:
-  const QLineEdit& editor_;
-};
-
-// A panel of that name over the grid, hidden, with the one control that it holds.
-QFrame* MakePanel(QFrame* panel, const char* name, QWidget* control) {
-  panel->setObjectName(name);
-  panel->setFrameShape(QFrame::NoFrame);
-  control->setParent(panel);
-  auto* layout = new QVBoxLayout(panel);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(control);
-  panel->hide();
-  return panel;
-}
-
 // A change of the kind that the column's cells make.
 void ChangeCell(int row, int column, const std::function<void()>& action) {
   Change(SectionColumnAt(column).Kind.value(), Int16(row), action);
 }
 
-// True while the toolkit takes the focus away only for a while: a menu or list is open, a box is
-// shown, another program is in front.
-bool OnlyAWhile(const QFocusEvent& event) {
-  return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason ||
-         event.reason() == Qt::ActiveWindowFocusReason ||
-         QApplication::activePopupWidget() != nullptr ||
-         QApplication::activeModalWidget() != nullptr;
-}
-
 }  // namespace
 
-void SectionsGrid::MakeEditors() {
-  txtEdit_ = new QLineEdit;
-  txtEdit_->setObjectName("txtEdit");
-  txtEdit_->setFrame(false);
-  // The cell under it is white with black text in a dark desktop too.
-  QPalette paper = txtEdit_->palette();
-  paper.setColor(QPalette::Base, Qt::white);
-  paper.setColor(QPalette::Text, Qt::black);
-  txtEdit_->setPalette(paper);
-  sspEditText_ = MakePanel(new CellFrame(*txtEdit_, grid_->viewport()), "sspEditText", txtEdit_);
-  sspEditText_->layout()->setContentsMargins(1, 1, 1, 1);
-
-  cboEdit_ = new PlainCombo;
-  cboEdit_->setObjectName("cboEdit");
-  cboEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-  sspEditCombo_ = MakePanel(new QFrame(grid_->viewport()), "sspEditCombo", cboEdit_);
-
-  txtEdit_->installEventFilter(this);
-  cboEdit_->installEventFilter(this);
-  // The quiet door is setText; only what a person types or pastes comes here.
-  connect(txtEdit_, &QLineEdit::textEdited, this,
-          [this](const QString& text) { Guard([&] { TextTyped(FromQt(text)); }); });
-  connect(cboEdit_, &QComboBox::activated, this, [this] { Guard([&] { ProductChosen(); }); });
+CellTable SectionsGrid::Cells() {
+  CellTable cells;
+  cells.EditOf = [](int row, int column) { return SectionCellEdit(Int16(row), column); };
+  cells.Take = [this](int row, int column, const std::string& text) {
+    if (editor_.IsChoice()) {
+      EntryChosen(row, column, text);
+    } else {
+      TextTyped(row, column, text);
+    }
+  };
+  cells.MoveTo = [this](int row, int column) {
+    const Busy busy(GridBusy_);
+    MoveTo(row, column);
+  };
+  cells.Enter = [this] { return EnterGrid(); };
+  cells.Left = [this] { EditorLeft(); };
+  cells.Ignores = [this] { return GridBusy_ || refusing_; };
+  return cells;
 }
 
 // Placing.
@@ -103,85 +53,21 @@ void SectionsGrid::GridEnterCell() {
   const int row = grid_->Row();
   const int column = grid_->Col();
   if (row == 0) return;
-  if (row != EditRow_ || column != EditCol_) EditError_ = false;
-  const CellEdit edit = SectionCellEdit(Int16(row), column);
-  if (edit == CellEdit::None) {
+  if (row != editor_.EditRow() || column != editor_.EditCol()) EditError_ = false;
+  if (SectionCellEdit(Int16(row), column) == CellEdit::None) {
     // Delete and Sort may bring a rail's product under the cursor. Nothing was typed into it.
-    EditRow_ = 0;
-    EditCol_ = 0;
+    editor_.Forget();
     MoveTo(row, PassOver(row, column));
     return;
   }
-  const bool product = edit == CellEdit::Choice;
   EditPrevCol_ = column;
-  EditCol_ = column;
-  EditRow_ = row;
-  const std::string text = grid_->TextMatrix(row, column);
-  QWidget* shown = product ? sspEditCombo_ : sspEditText_;
-  QWidget* hidden = product ? sspEditText_ : sspEditCombo_;
-  if (product) {
-    cboEdit_->SelectQuietly(FindComboIndex(cboEdit_->Entries(), text));
-  } else {
-    txtEdit_->setText(ToQt(text));
-    txtEdit_->setAlignment(model_->AlignmentOf(column));
-    txtEdit_->selectAll();
-  }
-  PlaceEditor();
-  shown->show();
-  shown->raise();
-  if (product) {
-    cboEdit_->setFocus();
-  } else {
-    txtEdit_->setFocus();
-  }
-  // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
-  hidden->hide();
-}
-
-// Keeps the editor over its cell; out of sight it is parked there, with its focus and its text.
-void SectionsGrid::PlaceEditor() {
-  if (EditRow_ == 0 || EditCol_ == 0) return;
-  const QRect cell = grid_->CellRect(EditRow_, EditCol_);
-  const bool choice = SectionColumnAt(EditCol_).Edit == CellEdit::Choice;
-  (choice ? sspEditCombo_ : sspEditText_)->setGeometry(cell);
+  editor_.Open(row, column);
 }
 
 void SectionsGrid::ForgetEditors() {
-  // Also behind a message box, whose window is the active one still.
-  const QWidget* focus = window()->focusWidget();
-  if (focus != nullptr && grid_->viewport()->isAncestorOf(focus)) setFocus();
-  sspEditText_->hide();
-  sspEditCombo_->hide();
-  EditCol_ = 0;
-  EditRow_ = 0;
+  editor_.Close();
   EditError_ = false;
   typed_ = false;
-}
-
-// Keys.
-
-bool SectionsGrid::eventFilter(QObject* watched, QEvent* event) {
-  bool taken = false;
-  // A box inside a change of focus would come while the mouse button is down.
-  if (event->type() == QEvent::FocusOut) {
-    GuardFocusChange([&] {
-      sspEditText_->update();
-      if (!GridBusy_ && LosesFocus(*static_cast<QFocusEvent*>(event))) EditorLeft(watched);
-    });
-    return QWidget::eventFilter(watched, event);
-  }
-  Guard([&] {
-    if (event->type() == QEvent::KeyPress) {
-      const auto& key = *static_cast<QKeyEvent*>(event);
-      taken = GridBusy_ || refusing_ || EditorKey(key) ||
-              (watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key));
-    } else if (event->type() == QEvent::InputMethod && watched == txtEdit_) {
-      taken = !TakesCharacters(static_cast<QInputMethodEvent*>(event)->commitString());
-    } else if (event->type() == QEvent::FocusIn) {
-      sspEditText_->update();
-    }
-  });
-  return taken || QWidget::eventFilter(watched, event);
 }
 
 // Puts the cursor back into the grid where no cell is edited; true when there was a row for it.
@@ -191,24 +77,6 @@ bool SectionsGrid::EnterGrid() {
   if (grid_->Row() == 0 || grid_->Col() < MarkColumn) Select(std::max(1, grid_->Row()), MarkColumn);
   GridEnterCell();
   return true;
-}
-
-void SectionsGrid::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_F2: {
-      bool entered = false;
-      Guard([&] { entered = EnterGrid(); });
-      if (entered) return;
-      break;
-    }
-    default:
-      break;
-  }
-  QWidget::keyPressEvent(event);
 }
 
 void SectionsGrid::focusInEvent(QFocusEvent* event) {
@@ -223,73 +91,10 @@ bool SectionsGrid::focusNextPrevChild(bool next) {
   return entered || QWidget::focusNextPrevChild(next);
 }
 
-// The keys of both editors; true when the key was one of them.
-bool SectionsGrid::EditorKey(const QKeyEvent& key) {
-  const int row = grid_->Row();
-  const int column = grid_->Col();
-  const int lastRow = grid_->Rows() - 1;
-  const bool shift = key.modifiers().testFlag(Qt::ShiftModifier);
-  if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-
-  int toRow = row;
-  int toColumn = column;
-  switch (key.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (shift || key.key() == Qt::Key_Backtab) {
-        if (column > MarkColumn) --toColumn;
-      } else if (column < SectionColumns - 1) {
-        ++toColumn;
-      }
-      break;
-    case Qt::Key_Up:
-      if (row > 1) --toRow;
-      break;
-    case Qt::Key_Down:
-      if (row < lastRow) ++toRow;
-      break;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown: {
-      const int page =
-          std::max(1, grid_->viewport()->height() / std::max(1, grid_->rowHeight(0)) - 1);
-      toRow = std::clamp(key.key() == Qt::Key_PageUp ? row - page : row + page, 1, lastRow);
-      break;
-    }
-    default:
-      return false;
-  }
-  if (toRow != row || toColumn != column) {
-    const Busy busy(GridBusy_);
-    MoveTo(toRow, toColumn);
-  }
-  return true;
-}
-
-// Of typed characters a length and a quantity take digits alone. What edits the text passes, and so
-// does what comes from the clipboard.
-bool SectionsGrid::DropsCharacter(const QKeyEvent& key) const {
-  // With Alt a letter is still typed into a field, and Ctrl with Alt types a third letter.
-  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier) {
-    return false;
-  }
-  return !TakesCharacters(key.text());
-}
-
-bool SectionsGrid::TakesCharacters(const QString& typed) const {
-  if (SectionCellEdit(Int16(grid_->Row()), grid_->Col()) != CellEdit::Digits) return true;
-  return std::none_of(typed.begin(), typed.end(),
-                      [](QChar c) { return c.isPrint() && (c < u'0' || c > u'9'); });
-}
-
 // Typing.
 
-void SectionsGrid::TextTyped(const std::string& text) {
+void SectionsGrid::TextTyped(int row, int column, const std::string& text) {
   EditError_ = false;
-  const int row = grid_->Row();
-  const int column = grid_->Col();
-  if (row < 1) return;
   Typed result = Typed::Taken;
   bool taken = false;
   try {
@@ -298,8 +103,7 @@ void SectionsGrid::TextTyped(const std::string& text) {
       result = TakeTypedText(Int16(row), column, text);
       if (result != Typed::Taken) {
         model_->ShowRecord(row, column);
-        txtEdit_->setText(ToQt(grid_->TextMatrix(row, column)));
-        txtEdit_->end(false);
+        editor_.ShowText(grid_->TextMatrix(row, column));
       }
       typed_ = taken = true;
       if (column == LengthColumn) RebuildHoles(Int16(row), detail_->ShownPattern());
@@ -312,11 +116,7 @@ void SectionsGrid::TextTyped(const std::string& text) {
   if (result == Typed::Overflow) throw RuntimeError(Failure::Overflow);
 }
 
-void SectionsGrid::ProductChosen() {
-  const int row = grid_->Row();
-  if (row < 1) return;
-  const int column = grid_->Col();
-  const std::string text = cboEdit_->Text();
+void SectionsGrid::EntryChosen(int row, int column, const std::string& text) {
   if (ItemText(Int16(row), column) == text) return;
   ChangeCell(row, column, [&] {
     TakeChosenText(Int16(row), column, text);
@@ -328,9 +128,8 @@ void SectionsGrid::ProductChosen() {
 
 // Validates the cell that is left; false when it was refused.
 bool SectionsGrid::LeaveCell() {
-  if (EditCol_ == 0 || EditRow_ == 0 || EditError_) return true;
-  if (SectionColumnAt(EditCol_).Edit == CellEdit::Choice) return true;
-  const auto refusal = CellRefusal(Int16(EditRow_), EditCol_, FromQt(txtEdit_->text()));
+  if (editor_.EditRow() == 0 || EditError_) return true;
+  const auto refusal = CellRefusal(Int16(editor_.EditRow()), editor_.EditCol(), editor_.Text());
   if (!refusal) return true;
   Refuse(*refusal);
   return false;
@@ -341,7 +140,7 @@ bool SectionsGrid::LeaveCell() {
 void SectionsGrid::Refuse(const std::string& message) {
   EditError_ = true;
   refusing_ = true;
-  grid_->SetCurrent(EditRow_, EditCol_);
+  grid_->SetCurrent(editor_.EditRow(), editor_.EditCol());
   QTimer::singleShot(0, this, [this, message] {
     refusing_ = false;
     // A list that the press opened would lie over the box.
@@ -359,22 +158,13 @@ void SectionsGrid::Refuse(const std::string& message) {
 
 bool SectionsGrid::SettleEditor() {
   if (refusing_ || !LeaveCell()) return false;
-  EditCol_ = 0;
-  EditRow_ = 0;
+  editor_.Forget();
   return true;
 }
 
-// True when the focus goes to another control of the window for good. A move inside the grid
-// validates by itself.
-bool SectionsGrid::LosesFocus(const QFocusEvent& event) const {
-  if (OnlyAWhile(event) || refusing_) return false;
-  const QWidget* now = QApplication::focusWidget();
-  return now != nullptr && now != this && !isAncestorOf(now);
-}
-
-void SectionsGrid::EditorLeft(const QObject* editor) {
-  if (editor == cboEdit_) {
-    sspEditCombo_->hide();
+void SectionsGrid::EditorLeft() {
+  if (editor_.IsChoice()) {
+    editor_.Hide();
     return;
   }
   if (LeaveCell()) DrawTyped();

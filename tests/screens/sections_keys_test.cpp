@@ -1,3 +1,6 @@
+#include <QInputMethodEvent>
+
+#include "project/lifecycle.h"
 #include "tests/screens/sections_fixture.h"
 
 namespace orvane::test {
@@ -218,6 +221,93 @@ TEST_F(SectionsKeys, Keys_after_a_product_was_chosen_go_on_from_its_cell) {
   EXPECT_TRUE(CursorAt(1, 2, "Z19014"));
   Press(Qt::Key_Down);
   EXPECT_TRUE(CursorAt(2, 2, "Z14014"));
+}
+
+// Letters typed for one row's product are no beginning of the next row's.
+TEST_F(SectionsKeys, The_search_for_a_product_begins_afresh_in_another_row) {
+  PutSix();
+  Show(1, 2);
+  Type("Z21");
+  EXPECT_EQ(Items.At(1).Product, "Z21514");
+  Press(Qt::Key_Down);
+  ASSERT_TRUE(CursorAt(2, 2, "Z14014"));
+  Type("Z19");
+  EXPECT_EQ(Items.At(2).Product, "Z19014");
+  Press(Qt::Key_Up);
+  Type("Z24");
+  EXPECT_EQ(Items.At(1).Product.substr(0, 3), "Z24");
+  EXPECT_EQ(Items.At(2).Product, "Z19014");
+}
+
+TEST_F(SectionsKeys, Of_a_composed_text_the_number_cells_take_the_digits) {
+  PutSix();
+  for (const int column : {3, 4}) {
+    Show(1, column);
+    const auto compose = [this](const QString& text) {
+      QInputMethodEvent composing(text, {});
+      QCoreApplication::sendEvent(&Editor(), &composing);
+      QInputMethodEvent done;
+      done.setCommitString(text);
+      QCoreApplication::sendEvent(&Editor(), &done);
+    };
+    compose("4\u30425");
+    EXPECT_TRUE(CursorAt(1, column, "45"));
+    EXPECT_EQ(Editor().displayText(), "45");
+    EXPECT_EQ(column == 3 ? Items.At(1).Length : Items.At(1).Quantity, 45);
+    compose("\u3042");
+    EXPECT_TRUE(CursorAt(1, column, "45"));
+    EXPECT_EQ(Editor().displayText(), "45");
+  }
+  // A note takes them all.
+  Show(1, 5);
+  QInputMethodEvent done;
+  done.setCommitString("4\u30425");
+  QCoreApplication::sendEvent(&Editor(), &done);
+  EXPECT_EQ(Items.At(1).Notes, "4\u30425");
+}
+
+TEST_F(SectionsKeys, The_number_cells_drop_letters_that_show_nothing_and_other_scripts_digits) {
+  PutSix();
+  Show(1, 3);
+  for (const char16_t* typed : {u"\U0001D7D7", u"\uFF19", u"\u200E"}) {
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUtf16(typed));
+    QCoreApplication::sendEvent(&Editor(), &key);
+  }
+  EXPECT_TRUE(CursorAt(1, 3, "6000"));
+  EXPECT_EQ(ProjectDirty, False);
+}
+
+TEST_F(SectionsKeys, Typing_begins_a_cell_of_the_grid_at_rest) {
+  PutSix();
+  Show();
+  dialogs.ExpectBox("File not found");
+  OpenFile(TempPath("gone.ovd"));
+  Settle();
+  ASSERT_TRUE(NoEditor());
+  Type("Q7");
+  EXPECT_TRUE(CursorAt(1, 1, "Q7"));
+  EXPECT_EQ(Marks(), (std::vector<std::string>{"Q7", "B1", "C1", "D1", "E1", "F1"}));
+  // A command's key isn't typing.
+  dialogs.ExpectBox("File not found");
+  OpenFile(TempPath("gone.ovd"));
+  Settle();
+  Press(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_TRUE(NoEditor());
+}
+
+TEST_F(SectionsKeys, An_editor_bears_the_name_of_its_column_and_its_row) {
+  PutSix();
+  Show(2, 1);
+  EXPECT_EQ(Editor().accessibleName(), "Mark, row 2");
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(ProductBox().accessibleName(), "Product, row 2");
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(Editor().accessibleName(), "Length (mm), row 2");
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Editor().accessibleName(), "Qty, row 3");
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(Editor().accessibleName(), "Notes, row 3");
 }
 
 TEST_F(SectionsKeys, A_held_key_moves_as_often_as_it_repeats) {

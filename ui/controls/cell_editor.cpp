@@ -1,0 +1,334 @@
+#include "ui/controls/cell_editor.h"
+
+#include <QApplication>
+#include <QFrame>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "core/catalogues.h"
+#include "core/numbers.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr int FirstCell = 1;  // the column behind the fixed one
+
+// The frame of the text field: coloured while the cursor is in it, so that it tells whether typing
+// goes there.
+class CellFrame : public QFrame {
+ public:
+  CellFrame(const QLineEdit& editor, QWidget* parent) : QFrame(parent), editor_(editor) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    painter.setPen(editor_.hasFocus() ? palette().color(QPalette::Highlight) : QColor(Qt::gray));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
+ private:
+  const QLineEdit& editor_;
+};
+
+// True while the toolkit takes the focus away only for a while: a menu or list is open, a box is
+// shown, another program is in front.
+bool OnlyAWhile(const QFocusEvent& event) {
+  return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::MenuBarFocusReason ||
+         event.reason() == Qt::ActiveWindowFocusReason ||
+         QApplication::activePopupWidget() != nullptr ||
+         QApplication::activeModalWidget() != nullptr;
+}
+
+// With one of these a key is a command. Shift is part of typing.
+bool IsCommand(const QKeyEvent& key) {
+  return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+}
+
+bool IsControl(QChar c) {
+  return c < u' ' || c == u'\u007F';
+}
+
+// Rows by which a page key moves: those in sight but one.
+int PageOf(const FlexGrid& grid) {
+  return std::max(1, grid.viewport()->height() / std::max(1, grid.rowHeight(0)) - 1);
+}
+
+}  // namespace
+
+CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QString& textPanel)
+    : grid_(grid),
+      home_(home),
+      table_(std::move(table)),
+      txtEdit_(new QLineEdit),
+      textPanel_(new CellFrame(*txtEdit_, grid.viewport())) {
+  txtEdit_->setObjectName("txtEdit");
+  txtEdit_->setFrame(false);
+  txtEdit_->setPalette(CellColours(txtEdit_->palette()));
+  Connect(*textPanel_, textPanel, *txtEdit_, 1);
+  // The quiet door is setText; only what a person types or pastes comes here.
+  connect(txtEdit_, &QLineEdit::textEdited, this,
+          [this](const QString& text) { Guard([&] { Changed(FromQt(text)); }); });
+  home.installEventFilter(this);
+  grid.Scrolled = [this] { Place(); };
+}
+
+PlainCombo& CellEditor::AddChoices(int column, const QString& panel, const QString& name) {
+  auto* list = new PlainCombo;
+  list->setObjectName(name);
+  list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+  auto* frame = new QFrame(grid_.viewport());
+  frame->setFrameShape(QFrame::NoFrame);
+  Connect(*frame, panel, *list, 0);
+  // An entry that is chosen again counts too: the cell may hold a text that the list hasn't.
+  connect(list, &QComboBox::activated, this, [this, list] {
+    chosen_ = true;
+    Guard([&] { Changed(list->Text()); });
+  });
+  choices_[column] = {frame, list};
+  return *list;
+}
+
+PlainCombo* CellEditor::ChoicesOf(int column) const {
+  const auto found = choices_.find(column);
+  return found == choices_.end() ? nullptr : found->second.List;
+}
+
+// The control in its panel over the grid, hidden, its keys watched.
+void CellEditor::Connect(QFrame& panel, const QString& name, QWidget& control, int margin) {
+  panel.setObjectName(name);
+  control.setParent(&panel);
+  auto* layout = new QVBoxLayout(&panel);
+  layout->setContentsMargins(margin, margin, margin, margin);
+  layout->addWidget(&control);
+  control.installEventFilter(this);
+  panel.hide();
+}
+
+std::string CellEditor::Text() const {
+  return openChoices_ != nullptr ? openChoices_->Text() : FromQt(txtEdit_->text());
+}
+
+void CellEditor::ShowText(const std::string& text) {
+  txtEdit_->setText(ToQt(text));
+  txtEdit_->end(false);
+}
+
+void CellEditor::Open(int row, int column) {
+  Commit();
+  const std::string text = grid_.TextMatrix(row, column);
+  const QString name = ToQt(grid_.TextMatrix(0, column) + ", row " + DecimalText(row));
+  QFrame* former = openPanel_;
+  QWidget* control = txtEdit_;
+  openPanel_ = textPanel_;
+  openChoices_ = nullptr;
+  if (table_.EditOf(row, column) == CellEdit::Choice) {
+    const Choices& choices = choices_.at(column);
+    // Letters typed in the cell before don't go on here.
+    choices.List->SearchAfresh();
+    choices.List->SelectQuietly(FindComboIndex(choices.List->Entries(), text));
+    control = openChoices_ = choices.List;
+    openPanel_ = choices.Panel;
+  } else {
+    txtEdit_->setText(ToQt(text));
+    txtEdit_->setAlignment(grid_.Model().AlignmentOf(column));
+    txtEdit_->selectAll();
+  }
+  openedText_ = txtEdit_->text();
+  chosen_ = false;
+  EditRow_ = row;
+  EditCol_ = column;
+  control->setAccessibleName(name);
+  Place();
+  openPanel_->show();
+  openPanel_->raise();
+  control->setFocus();
+  // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
+  if (former != nullptr && former != openPanel_) former->hide();
+}
+
+// Keeps the control over its cell while the grid moves under it; out of sight it is parked there,
+// with its focus and its text.
+void CellEditor::Place() {
+  if (EditRow_ > 0) openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
+}
+
+void CellEditor::Commit() {
+  if (table_.TakesAtOnce || EditRow_ == 0) return;
+  if (openChoices_ != nullptr) {
+    // A text that the list doesn't have stays as long as nothing is chosen for it.
+    if (std::exchange(chosen_, false)) table_.Take(EditRow_, EditCol_, Text());
+  } else if (txtEdit_->text() != openedText_) {
+    openedText_ = txtEdit_->text();
+    table_.Take(EditRow_, EditCol_, Text());
+  }
+}
+
+void CellEditor::Changed(const std::string& text) {
+  if (table_.TakesAtOnce && grid_.Row() > 0) table_.Take(grid_.Row(), grid_.Col(), text);
+}
+
+void CellEditor::Forget() {
+  EditRow_ = 0;
+  EditCol_ = 0;
+}
+
+void CellEditor::Close() {
+  Forget();
+  // Also behind a message box, whose window is the active one still.
+  const QWidget* focus = home_.window()->focusWidget();
+  if (focus != nullptr && grid_.viewport()->isAncestorOf(focus)) home_.setFocus();
+  Hide();
+}
+
+void CellEditor::Hide() {
+  if (openPanel_ != nullptr) openPanel_->hide();
+}
+
+bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
+  bool taken = false;
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      textPanel_->update();
+      break;
+    case QEvent::FocusOut:
+      textPanel_->update();
+      // A box inside a change of focus would come while the mouse button is down.
+      if (watched != &home_) {
+        GuardFocusChange([&] { FocusLost(*static_cast<QFocusEvent*>(event)); });
+      }
+      break;
+    case QEvent::KeyPress:
+      Guard([&] { taken = KeyPressed(watched, *static_cast<QKeyEvent*>(event)); });
+      break;
+    case QEvent::InputMethod:
+      if (watched == txtEdit_) {
+        Guard([&] { taken = DropsComposed(*static_cast<QInputMethodEvent*>(event)); });
+      }
+      break;
+    default:
+      break;
+  }
+  return taken;
+}
+
+bool CellEditor::KeyPressed(const QObject* watched, const QKeyEvent& key) {
+  if (table_.Ignores && table_.Ignores()) return true;
+  if (watched == &home_) return BeginsBy(key);
+  if (MovesBy(key)) return true;
+  return watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key);
+}
+
+// The keys that move, the same in the field and in the lists; true when the key was one of them.
+bool CellEditor::MovesBy(const QKeyEvent& key) {
+  if (IsCommand(key)) return false;
+  const int row = grid_.Row();
+  const int column = grid_.Col();
+  const int lastRow = std::max(1, grid_.Rows() - 1);
+  const bool back = key.key() == Qt::Key_Backtab || key.modifiers().testFlag(Qt::ShiftModifier);
+  int toRow = row;
+  int toColumn = column;
+  switch (key.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      toColumn = NextEdited(row, column, back ? -1 : 1);
+      break;
+    case Qt::Key_Up:
+      toRow = std::max(1, row - 1);
+      break;
+    case Qt::Key_Down:
+      toRow = std::min(lastRow, row + 1);
+      break;
+    case Qt::Key_PageUp:
+      toRow = std::max(1, row - PageOf(grid_));
+      break;
+    case Qt::Key_PageDown:
+      toRow = std::min(lastRow, row + PageOf(grid_));
+      break;
+    default:
+      return false;
+  }
+  if (toRow != row || toColumn != column) table_.MoveTo(toRow, toColumn);
+  return true;
+}
+
+// The next column that is edited in that row; the column itself when there is none.
+int CellEditor::NextEdited(int row, int column, int step) const {
+  for (int to = column + step; to >= FirstCell && to < grid_.Cols(); to += step) {
+    if (table_.EditOf(row, to) != CellEdit::None) return to;
+  }
+  return column;
+}
+
+// From the table at rest the keys lead back into it, and typing begins the current cell.
+bool CellEditor::BeginsBy(const QKeyEvent& key) {
+  if (IsCommand(key)) return false;
+  const bool typed = !key.text().isEmpty() && key.text().front().isPrint();
+  switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      break;
+    default:
+      if (!typed) return false;
+      break;
+  }
+  if (!table_.Enter()) return false;
+  if (typed && EditRow_ > 0) {
+    QKeyEvent again(key.type(), key.key(), key.modifiers(), key.text(), key.isAutoRepeat());
+    QWidget* control = openChoices_;
+    if (control == nullptr) control = txtEdit_;
+    QCoreApplication::sendEvent(control, &again);
+  }
+  return true;
+}
+
+// Of typed characters a cell may take digits alone. What edits the text passes, and so does what
+// comes from the clipboard.
+bool CellEditor::TakesCharacters(const QString& typed) const {
+  if (table_.EditOf(grid_.Row(), grid_.Col()) != CellEdit::Digits) return true;
+  return std::all_of(typed.begin(), typed.end(),
+                     [](QChar c) { return IsControl(c) || IsDigit(c); });
+}
+
+bool CellEditor::DropsCharacter(const QKeyEvent& key) const {
+  // With Alt a letter is still typed into a field, and Ctrl with Alt types a third letter.
+  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier) {
+    return false;
+  }
+  return !TakesCharacters(key.text());
+}
+
+// The same of what an input method has composed, letter by letter. The event goes on without what
+// isn't taken, as it also ends the composing.
+bool CellEditor::DropsComposed(const QInputMethodEvent& composed) {
+  QString taken = composed.commitString();
+  if (TakesCharacters(taken)) return false;
+  taken.removeIf([](QChar c) { return !IsDigit(c); });
+  QInputMethodEvent rest(composed.preeditString(), composed.attributes());
+  rest.setCommitString(taken, composed.replacementStart(), composed.replacementLength());
+  QCoreApplication::sendEvent(txtEdit_, &rest);
+  return true;
+}
+
+void CellEditor::FocusLost(const QFocusEvent& event) {
+  if (table_.Ignores && table_.Ignores()) return;
+  Commit();
+  if (!table_.Left || OnlyAWhile(event)) return;
+  const QWidget* now = QApplication::focusWidget();
+  if (now != nullptr && now != &home_ && !home_.isAncestorOf(now)) table_.Left();
+}
+
+}  // namespace orvane
