@@ -81,12 +81,11 @@ bool HasProductChoice(std::string_view SectionType);
 
 // Takes a text typed into Mark, Length, Quantity or Notes into the record, as each key stroke does;
 // a length or quantity by number prefix, rounded. Another column or row changes nothing and is
-// Taken. ProjectDirty stays; the grid, whose text has changed, sets it.
+// Taken. These procedures name no change: whoever calls them makes it one of the column's kind.
 Typed TakeTypedText(std::int16_t ItemIndex, int column, std::string_view text);
 
 // Takes an entry chosen from the cell's list into the record. True if the record is another then; a
-// cell without a list, and a text that the list doesn't have, change nothing. ProjectDirty stays
-// likewise.
+// cell without a list, and a text that the list doesn't have, change nothing.
 bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text);
 
 // The refusal of a cell that is left, by the text of its editor; none if it may be left. Marks are
@@ -119,7 +118,7 @@ struct TakenRow {
 // Takes a row of texts into a section as if each was put into its cell and the cell left, with what
 // the grid refuses and how it says so; but a cell that is refused keeps its former value. The
 // letter isn't edited: the section must have its own before, since products and lengths go by it.
-// `inUse` tells of the marks beside the section; it needn't stand in Items. ProjectDirty stays.
+// `inUse` tells of the marks beside the section; it needn't stand in Items.
 TakenRow TakeRow(Item& item, const SectionTexts& texts, const MarkInUse& inUse);
 
 // The same for a row of Items, whose other rows hold the marks in use; "Subscript out of range" for

@@ -380,6 +380,19 @@ TEST_F(Acc02EditingTest, From_the_table_itself_keys_and_typing_lead_into_the_cur
   });
 }
 
+TEST_F(Acc02EditingTest, An_editor_bears_the_name_of_its_column_and_its_row) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 2, 2);
+    EXPECT_EQ(Text(form).accessibleName(), "No.Off, row 2");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Text(form).accessibleName(), "Product, row 2");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Choices(form, 4).accessibleName(), "Thickness, row 2");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Choices(form, 4).accessibleName(), "Thickness, row 3");
+  });
+}
+
 TEST_F(Acc02EditingTest, Scrolling_takes_the_open_editor_along_with_its_focus_and_text) {
   for (int i = 0; i < 40; ++i) PutLine(SplicePlates, "B" + std::to_string(i), 0, {});
   InDialog(SplicePlates, [this](FrmAcc02& form) {

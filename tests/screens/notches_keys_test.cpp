@@ -51,6 +51,66 @@ TEST_F(NotchesTest, Up_and_Down_move_the_row_in_both_editors_and_never_change_a_
   });
 }
 
+TEST_F(NotchesTest, Page_Up_and_Page_Down_move_by_the_rows_in_sight_and_stop_at_the_ends) {
+  std::vector<Notch> many;
+  for (int row = 1; row <= 40; ++row) many.push_back({"T2", static_cast<float>(row), 10, 100});
+  ShowOne(many);
+  InDialog([this](QWidget& form) {
+    for (const int column : {1, 2}) {
+      Click(form, 1, column);
+      const int page = Grid(form).viewport()->height() / Grid(form).rowHeight(0) - 1;
+      ASSERT_GT(page, 1);
+      const auto expectRow = [&](int row) {
+        ExpectEditing(form, row, column, column == 1 ? "T2" : std::to_string(row));
+        EXPECT_TRUE(Grid(form).viewport()->rect().contains(Grid(form).CellRect(row, column)));
+      };
+      Key(Qt::Key_PageDown);
+      expectRow(1 + page);
+      Key(Qt::Key_PageDown);
+      expectRow(1 + 2 * page);
+      Key(Qt::Key_PageUp);
+      expectRow(1 + page);
+      for (int times = 0; times < 40; ++times) Key(Qt::Key_PageDown);
+      expectRow(40);
+      for (int times = 0; times < 40; ++times) Key(Qt::Key_PageUp);
+      expectRow(1);
+    }
+  });
+}
+
+TEST_F(NotchesTest, Typing_begins_the_current_cell_of_the_table_at_rest) {
+  ShowOne(Three);
+  InDialog([this](QWidget& form) {
+    ASSERT_EQ(Focus(), "MSFlexGrid1");
+    for (const char* letter : {"r", "3"}) Keys(letter);
+    ExpectEditing(form, 1, 1, "R3");
+    EXPECT_EQ(Cells(form).at(0), (Texts{"R3", "12.5", "0.1", "40"}));
+    // Behind Delete the keys rest in the table again.
+    Click(form, 2, 3);
+    Key(Qt::Key_D, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&form] { return Grid(form).Rows() == 3; }));
+    ASSERT_EQ(Focus(), "MSFlexGrid1");
+    for (const char* letter : {"7", "5"}) Keys(letter);
+    EXPECT_EQ(Focus(), "txtEdit");
+    EXPECT_EQ(Cells(form),
+              (std::vector<Texts>{{"R3", "12.5", "0.1", "40"}, {"R3", "7", "75", "9"}}));
+  });
+}
+
+TEST_F(NotchesTest, Typing_at_rest_in_a_table_without_rows_begins_nothing) {
+  ShowOne({Three.front()});
+  InDialog([this](QWidget& form) {
+    Click(form, 1, 1);
+    Key(Qt::Key_D, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&form] { return Grid(form).Rows() == 1; }));
+    Keys("75");
+    Key(Qt::Key_Return);
+    ExpectNoEditor(form);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(Cells(form), std::vector<Texts>{});
+  });
+}
+
 TEST_F(NotchesTest, A_buttons_key_acts_before_what_is_typed_behind_it) {
   ShowOne(Three);
   InDialog([this](QWidget& form) {
@@ -83,12 +143,17 @@ TEST_F(NotchesTest, No_key_that_moves_in_a_list_chooses_another_code_with_whatev
   InDialog([this](QWidget& form) {
     for (const Qt::KeyboardModifier held : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier,
                                             Qt::ShiftModifier, Qt::KeypadModifier}) {
+      // Without a command key a page is a way to another row.
+      const bool pages = held == Qt::ShiftModifier || held == Qt::KeypadModifier;
       for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown}) {
         SCOPED_TRACE(static_cast<int>(held) + key);
         Click(form, 2, 1);
         Key(key, held);
         EXPECT_EQ(Cells(form), ThreeTexts);
-        ExpectEditing(form, 2, 1, "B2");
+        const int row = pages && key == Qt::Key_PageUp     ? 1
+                        : pages && key == Qt::Key_PageDown ? 3
+                                                           : 2;
+        ExpectEditing(form, row, 1, ThreeTexts.at(static_cast<std::size_t>(row - 1)).front());
       }
     }
     for (const Qt::KeyboardModifier held :

@@ -50,6 +50,7 @@ FrmAcc02::FrmAcc02(std::int16_t AccIndex, QWidget* parent)
   table_ = new Acc02Table(accIndex_, this);
   BuildMenus();
   BuildLayout();
+  table_->installEventFilter(this);
   for (QWidget* editor : table_->findChildren<QWidget*>()) editor->installEventFilter(this);
   const QScreen& shownOn = parent != nullptr ? *parent->screen() : *screen();
   const QSize first = sizeHint() + QSize(0, FirstLines * fontMetrics().height());
@@ -141,35 +142,39 @@ void FrmAcc02::Ok() {
 
 bool FrmAcc02::AccValidate() {
   table_->Commit();
-  const auto refusal = ValidateAccessory(accIndex_, table_->Rows());
+  const auto refusal = ValidateAccessory(accIndex_, table_->Texts());
   if (!refusal) return true;
   TheDesktop().ShowMessageBox(refusal->Text, refusal->Title, Buttons::Ok, Icon::None);
-  table_->GoTo(refusal->Row, refusal->Column);
+  if (refusal->Column > 0) {
+    table_->GoTo(refusal->Row, refusal->Column);
+  } else {
+    table_->ShowRow(refusal->Row);
+  }
   return false;
 }
 
 void FrmAcc02::UpdateAcc() {
   table_->Commit();
-  StoreType2Lines(accIndex_, table_->Rows());
+  StoreType2Lines(accIndex_, table_->Texts());
   AccDialogResult = "OK";
   accept();
 }
 
 void FrmAcc02::ClearAll() {
-  table_->ClearAll();
+  table_->ClearRows();
 }
 
 void FrmAcc02::PrintAcc() {
   table_->Commit();
-  PrintAccessorySheet(this, AccessoryType::Two, table_->Rows());
+  PrintAccessorySheet(this, AccessoryType::Two, table_->Texts());
 }
 
 void FrmAcc02::AddLine() {
-  table_->AddLine();
+  table_->AddRow();
 }
 
 void FrmAcc02::DeleteLine() {
-  table_->DeleteLine();
+  table_->RemoveRow();
 }
 
 void FrmAcc02::reject() {

@@ -1,15 +1,10 @@
 #include "ui/dialogs/frm_notches.h"
 
-#include <QAbstractItemView>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
-#include <algorithm>
-#include <utility>
 
-#include "core/catalogues.h"
 #include "core/model.h"
-#include "core/numbers.h"
+#include "project/rules/notch_rules.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -33,12 +28,20 @@ constexpr NotchPlace NotchPlaces[] = {
     {"R3", 2, 1},  {"BL1", 0, 2}, {"B2", 1, 2},  {"BR1", 2, 2},
 };
 
-QPalette PaperOf(const QWidget& editor) {
-  // The cell under it is white with black text in a dark desktop too.
-  QPalette paper = editor.palette();
-  paper.setColor(QPalette::Base, Qt::white);
-  paper.setColor(QPalette::Text, Qt::black);
-  return paper;
+// The list is the first panel's neighbour in the array of the two.
+constexpr std::string_view EditPanels = "SSPanelEdit";
+
+TextRowsModel* NewNotchesModel(std::int16_t ItemIndex) {
+  auto* model = new TextRowsModel({"", "Code", "Depth", "Width", "Position"}, NotchRows(ItemIndex),
+                                  0, nullptr);
+  for (const int column : {NotchDepthColumn, NotchWidthColumn, NotchPositionColumn}) {
+    model->SetAlignment(column, Qt::AlignRight);
+  }
+  return model;
+}
+
+CellEdit NotchCellEdit(int column) {
+  return column == NotchCodeColumn ? CellEdit::Choice : CellEdit::Text;
 }
 
 }  // namespace
@@ -98,83 +101,44 @@ void NotchPicture::paintEvent(QPaintEvent*) {
   });
 }
 
-// The rows.
+// The table.
 
-class NotchesModel : public FlexGridModel {
- public:
-  NotchesModel(Table<NotchTexts> rows, QObject* parent)
-      : FlexGridModel({"", "Code", "Depth", "Width", "Position"}, parent), rows_(std::move(rows)) {
-    SetFixedColumns(1);
-    for (const int column : {NotchDepthColumn, NotchWidthColumn, NotchPositionColumn}) {
-      SetAlignment(column, Qt::AlignRight);
-    }
-  }
-
-  const Table<NotchTexts>& Rows() const { return rows_; }
-  std::string CellText(int row, int column) const override {
-    if (row < 1 || row > rows_.UBound() || column < 0 || column >= NotchColumns) return {};
-    return NotchText(rows_.At(row), column);
-  }
-  int DataRows() const override { return rows_.UBound(); }
-
-  void SetText(int row, int column, std::string text) {
-    SetNotchText(rows_.At(row), column, std::move(text));
-    CellChanged(row, column);
-  }
-  void Append() {
-    beginInsertRows({}, rows_.UBound(), rows_.UBound());
-    rows_.Append(BlankNotch());
-    endInsertRows();
-  }
-  void Remove(int row) {
-    beginRemoveRows({}, row - 1, row - 1);
-    rows_.Remove(row);
-    endRemoveRows();
-  }
-  void Clear() {
-    beginResetModel();
-    rows_.Clear();
-    rows_.Append(BlankNotch());
-    endResetModel();
-  }
-
- private:
-  Table<NotchTexts> rows_;
-};
+NotchesTable::NotchesTable(std::int16_t ItemIndex, QWidget* parent)
+    : TextTable(NewNotchesModel(ItemIndex), NotchCellEdit, CellTakes::AtOnce,
+                IndexedName(EditPanels, 0), parent) {
+  setObjectName("MSFlexGrid1");
+  setAccessibleName("Notches");
+  SetColumnRatio({180, 1000, 1000, 1000, 1000});
+  setMinimumHeight(HeightOf(GridRows));
+  setMinimumWidth(fontMetrics().averageCharWidth() * 56);
+  Editor().AddChoices(NotchCodeColumn, IndexedName(EditPanels, 1), "cboEdit").Fill(NotchCodes);
+}
 
 // The dialog.
 
 FrmNotches::FrmNotches(std::int16_t ItemIndex, QWidget* parent)
-    : PlainDialog(parent), itemIndex_(ItemIndex) {
+    : PlainDialog(parent), itemIndex_(ItemIndex), MSFlexGrid1_(new NotchesTable(itemIndex_, this)) {
   setObjectName("frmNotches");
   setWindowTitle("Notches");
   setWindowIcon(ProgramIcon());
-  BuildGrid();
-  BuildEditors();
 
-  struct NamedButton {
-    const char* Name;
-    const char* Caption;
-    void (FrmNotches::*Press)();
-  };
-  const auto add = [this](QBoxLayout& layout, const NamedButton& named) {
-    QPushButton* button = AddButton(named.Name, named.Caption);
-    connect(button, &QPushButton::clicked, this,
-            [this, press = named.Press] { Guard([&] { (this->*press)(); }); });
+  const auto add = [this](QBoxLayout& layout, const char* name, const char* caption, auto press) {
+    QPushButton* button = AddButton(name, caption);
+    connect(button, &QPushButton::clicked, this, [press] { Guard(press); });
     layout.addWidget(button);
   };
   auto* rowButtons = new QVBoxLayout;
-  add(*rowButtons, {"cmdNotch(0)", "&Add", &FrmNotches::AddRow});
-  add(*rowButtons, {"cmdNotch(1)", "&Delete", &FrmNotches::DeleteRow});
-  add(*rowButtons, {"cmdNotch(2)", "Clea&r All", &FrmNotches::ClearAll});
+  add(*rowButtons, "cmdNotch(0)", "&Add", [this] { MSFlexGrid1_->AddRow(); });
+  add(*rowButtons, "cmdNotch(1)", "&Delete", [this] { MSFlexGrid1_->RemoveRow(); });
+  add(*rowButtons, "cmdNotch(2)", "Clea&r All", [this] { ClearAll(); });
   rowButtons->addStretch();
   auto* table = new QHBoxLayout;
   table->addWidget(MSFlexGrid1_, 1);
   table->addLayout(rowButtons);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  add(*buttons, {"SSCommand2(0)", "&OK", &FrmNotches::Store});
-  add(*buttons, {"SSCommand2(1)", "&Cancel", &FrmNotches::reject});
+  add(*buttons, "SSCommand2(0)", "&OK", [this] { Store(); });
+  add(*buttons, "SSCommand2(1)", "&Cancel", [this] { reject(); });
 
   QVBoxLayout* layout = AddLayout();
   layout->addWidget(new NotchPicture(this));
@@ -183,191 +147,12 @@ FrmNotches::FrmNotches(std::int16_t ItemIndex, QWidget* parent)
   MSFlexGrid1_->setFocus();
 }
 
-void FrmNotches::BuildGrid() {
-  model_ = new NotchesModel(NotchRows(itemIndex_), this);
-  MSFlexGrid1_ = new FlexGrid(model_, this);
-  MSFlexGrid1_->setObjectName("MSFlexGrid1");
-  MSFlexGrid1_->setAccessibleName("Notches");
-  MSFlexGrid1_->SetColumnRatio({180, 1000, 1000, 1000, 1000});
-  MSFlexGrid1_->setMinimumHeight(MSFlexGrid1_->HeightOf(GridRows));
-  MSFlexGrid1_->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
-  // The keys rest here while no cell is edited.
-  MSFlexGrid1_->setFocusPolicy(Qt::TabFocus);
-  MSFlexGrid1_->installEventFilter(this);
-  MSFlexGrid1_->SetCurrent(1, NotchCodeColumn);
-  model_->SetGreyRow(1);
-  MSFlexGrid1_->CellPressed = [this](int row, int column, Qt::MouseButton, QPoint) {
-    // Column 0 only marks the row.
-    if (column >= NotchCodeColumn) StartEditing(row, column);
-  };
-  MSFlexGrid1_->Scrolled = [this] { PlaceEditor(); };
-}
-
-void FrmNotches::BuildEditors() {
-  txtEdit_ = new QLineEdit;
-  txtEdit_->setObjectName("txtEdit");
-  txtEdit_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  txtEdit_->setPalette(PaperOf(*txtEdit_));
-  cboEdit_ = new PlainCombo;
-  cboEdit_->setObjectName("cboEdit");
-  cboEdit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-  cboEdit_->Fill(NotchCodes);
-  const std::array<QWidget*, 2> editors = {txtEdit_, cboEdit_};
-  for (std::size_t at = 0; at < editors.size(); ++at) {
-    auto* panel = new QFrame(MSFlexGrid1_->viewport());
-    panel->setObjectName(IndexedName("SSPanelEdit", static_cast<int>(at)));
-    auto* layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(editors.at(at));
-    editors.at(at)->installEventFilter(this);
-    panel->hide();
-    SSPanelEdit_.at(at) = panel;
-  }
-  connect(txtEdit_, &QLineEdit::textEdited, this,
-          [this](const QString& text) { Guard([&] { Edited(FromQt(text)); }); });
-  // The same code chosen again counts too: the cell may hold one that the list hasn't.
-  connect(cboEdit_, &QComboBox::activated, this,
-          [this] { Guard([&] { Edited(cboEdit_->Text()); }); });
-}
-
-void FrmNotches::StartEditing(int row, int column) {
-  const bool code = column == NotchCodeColumn;
-  MSFlexGrid1_->SetCurrent(row, column);
-  model_->SetGreyRow(row);
-  MSFlexGrid1_->EnsureVisible(row, column);
-  const std::string text = MSFlexGrid1_->TextMatrix(row, column);
-  const QString name =
-      ToQt(MSFlexGrid1_->TextMatrix(0, column)) + ", row " + ToQt(DecimalText(row));
-  QFrame* shown = SSPanelEdit_.at(code ? 1 : 0);
-  QFrame* hidden = SSPanelEdit_.at(code ? 0 : 1);
-  if (code) {
-    // Letters typed in the cell before don't go on here.
-    cboEdit_->SearchAfresh();
-    cboEdit_->SelectQuietly(FindComboIndex(cboEdit_->Entries(), text));
-    cboEdit_->setAccessibleName(name);
-  } else {
-    txtEdit_->setText(ToQt(text));
-    txtEdit_->selectAll();
-    txtEdit_->setAccessibleName(name);
-  }
-  shown->setGeometry(MSFlexGrid1_->CellRect(row, column));
-  shown->show();
-  shown->raise();
-  if (code) {
-    cboEdit_->setFocus();
-  } else {
-    txtEdit_->setFocus();
-  }
-  // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
-  hidden->hide();
-}
-
-// Keeps the editor over its cell while the grid moves under it.
-void FrmNotches::PlaceEditor() {
-  for (QFrame* panel : SSPanelEdit_) {
-    if (panel == nullptr || panel->isHidden()) continue;
-    panel->setGeometry(MSFlexGrid1_->CellRect(MSFlexGrid1_->Row(), MSFlexGrid1_->Col()));
-  }
-}
-
-void FrmNotches::HideEditors() {
-  MSFlexGrid1_->setFocus();
-  for (QFrame* panel : SSPanelEdit_) panel->hide();
-}
-
-void FrmNotches::Edited(const std::string& text) {
-  if (MSFlexGrid1_->Row() >= 1) model_->SetText(MSFlexGrid1_->Row(), MSFlexGrid1_->Col(), text);
-}
-
-// Keys.
-
-bool FrmNotches::eventFilter(QObject* watched, QEvent* event) {
-  bool taken = false;
-  if (event->type() == QEvent::KeyPress) {
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    Guard([&] {
-      taken = watched == MSFlexGrid1_
-                  ? GridKey(key)
-                  : EditorKey(key) || (watched == cboEdit_ && PlainCombo::ChoosesByKey(key));
-    });
-  }
-  return taken || PlainDialog::eventFilter(watched, event);
-}
-
-// The keys of both editors; true when the key was one of them.
-bool FrmNotches::EditorKey(const QKeyEvent& key) {
-  if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-  const int row = MSFlexGrid1_->Row();
-  const int column = MSFlexGrid1_->Col();
-  const bool back = key.key() == Qt::Key_Backtab || key.modifiers().testFlag(Qt::ShiftModifier);
-  switch (key.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (back && column > NotchCodeColumn) {
-        StartEditing(row, column - 1);
-      } else if (!back && column < MSFlexGrid1_->Cols() - 1) {
-        StartEditing(row, column + 1);
-      }
-      return true;
-    case Qt::Key_Up:
-      if (row > 1) StartEditing(row - 1, column);
-      return true;
-    case Qt::Key_Down:
-      if (row < MSFlexGrid1_->Rows() - 1) StartEditing(row + 1, column);
-      return true;
-    default:
-      return false;
-  }
-}
-
-// From the grid itself, where no cell is edited, the keys lead back into it.
-bool FrmNotches::GridKey(const QKeyEvent& key) {
-  switch (key.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_F2:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      if (key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) return false;
-      if (MSFlexGrid1_->Rows() > 1) {
-        StartEditing(std::max(1, MSFlexGrid1_->Row()),
-                     std::max(NotchCodeColumn, MSFlexGrid1_->Col()));
-      }
-      return true;
-    default:
-      return false;
-  }
-}
-
-// Buttons.
-
-void FrmNotches::AddRow() {
-  model_->Append();
-  StartEditing(MSFlexGrid1_->Rows() - 1, NotchCodeColumn);
-}
-
-void FrmNotches::DeleteRow() {
-  HideEditors();
-  const int row = MSFlexGrid1_->Row();
-  if (row < 1) return;
-  const int column = MSFlexGrid1_->Col();
-  model_->SetGreyRow(0);
-  model_->Remove(row);
-  MSFlexGrid1_->SetCurrent(row, column);
-  model_->SetGreyRow(MSFlexGrid1_->Row());
-}
-
 void FrmNotches::ClearAll() {
-  HideEditors();
-  model_->Clear();
-  MSFlexGrid1_->SetCurrent(1, NotchCodeColumn);
-  model_->SetGreyRow(1);
+  MSFlexGrid1_->ClearRows();
 }
 
 void FrmNotches::Store() {
-  StoreNotches(itemIndex_, model_->Rows());
+  StoreNotches(itemIndex_, MSFlexGrid1_->Texts());
   accept();
 }
 

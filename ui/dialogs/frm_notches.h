@@ -1,16 +1,12 @@
 // "Notches": the table of a section's notches, edited cell by cell, and a picture of the codes.
 #pragma once
 
-#include <QFrame>
-#include <QLineEdit>
-#include <array>
+#include <QWidget>
 #include <cstdint>
 #include <string_view>
 
-#include "project/rules/notch_rules.h"
-#include "ui/controls/flex_grid.h"
-#include "ui/controls/plain_combo.h"
 #include "ui/controls/plain_dialog.h"
+#include "ui/controls/text_table.h"
 
 namespace orvane {
 
@@ -32,7 +28,11 @@ class NotchPicture : public QWidget {
   QSize NotchSize() const;
 };
 
-class NotchesModel;
+// MSFlexGrid1: what is typed or chosen stands in its cell at once.
+class NotchesTable : public TextTable {
+ public:
+  NotchesTable(std::int16_t ItemIndex, QWidget* parent);
+};
 
 // Edits the notches of a row of Items; nothing is stored before OK.
 class FrmNotches : public PlainDialog {
@@ -42,28 +42,11 @@ class FrmNotches : public PlainDialog {
   // Leaves one blank row.
   void ClearAll();
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-  void BuildGrid();
-  void BuildEditors();
-  void StartEditing(int row, int column);
-  void PlaceEditor();
-  void HideEditors();
-  bool EditorKey(const QKeyEvent& key);
-  bool GridKey(const QKeyEvent& key);
-  void Edited(const std::string& text);
-  void AddRow();
-  void DeleteRow();
   void Store();
 
   const std::int16_t itemIndex_;
-  NotchesModel* model_ = nullptr;
-  FlexGrid* MSFlexGrid1_ = nullptr;
-  std::array<QFrame*, 2> SSPanelEdit_{};
-  QLineEdit* txtEdit_ = nullptr;
-  PlainCombo* cboEdit_ = nullptr;
+  NotchesTable* MSFlexGrid1_;
 };
 
 }  // namespace orvane
