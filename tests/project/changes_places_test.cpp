@@ -1,8 +1,10 @@
 // Reads the sources: what is to be set, or called, at one place each is found nowhere else.
+#include <cctype>
 #include <filesystem>
-#include <regex>
+#include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "tests/support/fixture.h"
 
@@ -11,24 +13,57 @@ namespace {
 
 using Files = std::set<std::string>;
 
-// The sources of those folders in which the pattern is found.
-Files FilesWith(const std::regex& pattern) {
+// The sources of the house by their names, tests and tools left out.
+std::map<std::string, std::string> Sources() {
   const std::filesystem::path root = ORVANE_SOURCE_DIR;
-  Files found;
+  std::map<std::string, std::string> sources;
   for (const char* folder : {"core", "holes", "project", "drawing", "output", "ui"}) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root / folder)) {
       const std::string kind = entry.path().extension().string();
       if (kind != ".cpp" && kind != ".h") continue;
-      if (!std::regex_search(test::BytesOf(entry.path().string()), pattern)) continue;
-      found.insert(entry.path().lexically_relative(root).generic_string());
+      sources[entry.path().lexically_relative(root).generic_string()] =
+          test::BytesOf(entry.path().string());
     }
+  }
+  return sources;
+}
+
+bool IsPartOfAName(char letter) {
+  return std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '_';
+}
+
+// Whether the sign stands behind that whole name in the text, blanks between them apart; "==" is
+// no "=".
+bool HasNameBefore(std::string_view text, std::string_view name, char sign) {
+  for (std::size_t at = text.find(name); at != std::string_view::npos;
+       at = text.find(name, at + 1)) {
+    if (at > 0 && IsPartOfAName(text[at - 1])) continue;
+    const std::size_t next = text.find_first_not_of(" \n", at + name.size());
+    if (next == std::string_view::npos || text[next] != sign) continue;
+    if (sign != '=' || text[next + 1] != '=') return true;
+  }
+  return false;
+}
+
+Files FilesWith(std::string_view name, char sign) {
+  Files found;
+  for (const auto& [file, text] : Sources()) {
+    if (HasNameBefore(text, name, sign)) found.insert(file);
   }
   return found;
 }
 
-// A value is assigned, by itself or in a row of assignments.
-Files FilesThatSet(const std::string& name) {
-  return FilesWith(std::regex("\\b" + name + "\\s*=[^=]"));
+Files FilesThatSet(std::string_view name) {
+  return FilesWith(name, '=');
+}
+
+TEST(Places, The_search_knows_an_assignment) {
+  EXPECT_TRUE(HasNameBefore("  ProjectDirty = True;", "ProjectDirty", '='));
+  EXPECT_TRUE(HasNameBefore("a; ProjectDirty=\n True", "ProjectDirty", '='));
+  EXPECT_TRUE(HasNameBefore("typed = CurrentItem = row;", "CurrentItem", '='));
+  EXPECT_FALSE(HasNameBefore("if (ProjectDirty == False) return;", "ProjectDirty", '='));
+  EXPECT_FALSE(HasNameBefore("formerProjectDirty = ProjectDirty;", "ProjectDirty", '='));
+  EXPECT_FALSE(HasNameBefore("ProjectDirtyMark = 1;", "ProjectDirty", '='));
 }
 
 TEST(Places, The_changed_flag_is_set_by_the_gate_and_cleared_where_a_project_is_saved_or_given_up) {
@@ -38,7 +73,7 @@ TEST(Places, The_changed_flag_is_set_by_the_gate_and_cleared_where_a_project_is_
 
 TEST(Places, The_sheet_of_the_window_is_drawn_by_the_sheet_alone) {
   Files screens;
-  for (const std::string& file : FilesWith(std::regex("\\bDrawSection\\("))) {
+  for (const std::string& file : FilesWith("DrawSection", '(')) {
     if (file.compare(0, 3, "ui/") == 0) screens.insert(file);
   }
   EXPECT_EQ(screens, (Files{"ui/sheet_view.cpp", "ui/sheet_view.h"}));
