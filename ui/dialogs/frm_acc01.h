@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/model.h"
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

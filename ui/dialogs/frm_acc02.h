@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "ui/controls/plain_dialog.h"
 #include "ui/dialogs/acc02_table.h"
+#include "ui/platform/plain_dialog.h"
 
 class QMenuBar;
 

@@ -13,7 +13,7 @@
 
 #include "core/section_families.h"
 #include "project/rules/custom_holes.h"
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

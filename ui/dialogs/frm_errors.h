@@ -1,7 +1,7 @@
 // "Validation Errors": what the check of the export found.
 #pragma once
 
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "core/section_families.h"
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

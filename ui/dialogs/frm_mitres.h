@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "project/rules/mitre_rules.h"
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "ui/controls/plain_dialog.h"
 #include "ui/controls/text_table.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

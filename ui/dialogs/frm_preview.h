@@ -6,7 +6,7 @@
 
 #include "drawing/page_surface.h"
 #include "ui/controls/document_view.h"
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

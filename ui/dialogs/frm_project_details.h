@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <array>
 
-#include "ui/controls/plain_dialog.h"
+#include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 

@@ -7,8 +7,8 @@
 #include <chrono>
 
 #include "core/numbers.h"
-#include "ui/controls/plain_dialog.h"
 #include "ui/platform/guard.h"
+#include "ui/platform/plain_dialog.h"
 #include "ui/platform/qt_text.h"
 
 namespace orvane {
