@@ -2,16 +2,12 @@
 
 #include <cstdint>
 #include <exception>
-#include <filesystem>
-#include <system_error>
 
 #include "core/desktop.h"
 #include "core/files.h"
-#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
 #include "core/text_file.h"
-#include "project/project_file.h"
 #include "project/project_layout.h"
 
 namespace orvane {
@@ -64,22 +60,6 @@ bool EndsItsLastLine(const std::string& bytes) {
   return bytes.back() == '\n' || (bytes.back() == '\r' && bytes.find('\n') == std::string::npos);
 }
 
-// The first name for a recovered project that is free in the folder; a link that leads nowhere
-// takes its name too.
-std::filesystem::path FreeRecoveryPath(const std::filesystem::path& folder, const Moment& now) {
-  const std::string name = "recovered-" + PaddedText(now.Day.Year, 4) + "-" +
-                           PaddedText(now.Day.Month, 2) + "-" + PaddedText(now.Day.Day, 2) + "-" +
-                           PaddedText(now.Hour, 2) + PaddedText(now.Minute, 2) +
-                           PaddedText(now.Second, 2);
-  std::filesystem::path path = folder / (name + ".ovd");
-  std::error_code missing;
-  for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(path, missing));
-       ++number) {
-    path = folder / (name + "-" + DecimalText(number) + ".ovd");
-  }
-  return path;
-}
-
 }  // namespace
 
 ProjectContent CheckProjectContent(const std::string& bytes) {
@@ -118,17 +98,6 @@ void KeepProjectBackup(const std::string& path) {
     }
   } catch (const std::exception&) {
     // Saving goes on without a backup.
-  }
-}
-
-void KeepRecoveredProject() {
-  try {
-    const std::string text = ProjectText();
-    const std::string folder = TheDesktop().UserDataFolder();
-    if (folder.empty()) return;
-    ReplaceWholeFile(PathText(FreeRecoveryPath(NativePath(folder), TheDesktop().Now())), text);
-  } catch (const std::exception&) {
-    // The user has been told that the saving failed, or chose to cancel it.
   }
 }
 

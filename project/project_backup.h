@@ -1,5 +1,4 @@
-// The copies that keep a project from being lost: a file's former content, which saving keeps
-// beside it, and the open project itself when its saving came to nothing.
+// The copy of a file's former content, which saving keeps beside it.
 #pragma once
 
 #include <string>
@@ -25,11 +24,5 @@ ProjectContent CheckProjectContent(const std::string& bytes);
 // where no backup stands yet, since saving it is how the rest of it would be lost. What goes wrong
 // is passed over: a missing backup must not stop the saving.
 void KeepProjectBackup(const std::string& path);
-
-// Puts the text of the open project into the user's data folder, as recovered-YYYY-MM-DD-HHMMSS.ovd
-// by the present moment; where that name is taken, -2, -3 and so on is added. Asks and tells
-// nothing, and passes over what goes wrong. For a project that is about to be replaced although the
-// save that was asked for came to nothing.
-void KeepRecoveredProject();
 
 }  // namespace orvane

@@ -7,7 +7,7 @@
 #include "core/runtime_error.h"
 #include "core/settings.h"
 #include "project/lifecycle.h"
-#include "project/project_backup.h"
+#include "project/project_recovery.h"
 #include "project/recent_files.h"
 #include "tests/project/lifecycle_fixture.h"
 
