@@ -8,11 +8,11 @@
 #include "core/text.h"
 #include "core/text_file.h"
 #include "project/changes.h"
+#include "project/length_check.h"
 #include "project/main_screen.h"
 #include "project/project_file.h"
 #include "project/project_recovery.h"
 #include "project/recent_files.h"
-#include "project/rules/section_rules.h"
 #include "project/sections.h"
 
 namespace orvane {

@@ -1,4 +1,4 @@
-// What a section must keep beyond its own cells.
+// The check of the sections' lengths against their holes.
 #pragma once
 
 namespace orvane {

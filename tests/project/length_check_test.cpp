@@ -1,4 +1,4 @@
-#include "project/rules/section_rules.h"
+#include "project/length_check.h"
 
 #include <string>
 
@@ -9,7 +9,7 @@ namespace orvane {
 
 namespace {
 
-class SectionRulesTest : public test::SystemTest {
+class LengthCheckTest : public test::SystemTest {
  protected:
   static Item& AddItem(const std::string& mark, const std::string& letter, std::int16_t length) {
     Item item;
@@ -27,7 +27,7 @@ class SectionRulesTest : public test::SystemTest {
   }
 };
 
-TEST_F(SectionRulesTest, Sections_that_hold_their_holes_raise_no_question) {
+TEST_F(LengthCheckTest, Sections_that_hold_their_holes_raise_no_question) {
   EXPECT_TRUE(CheckLength());
   AddItem("no holes", "Z", -1);
   AddHole(AddItem("at the end", "Z", 3000), 3000);
@@ -36,7 +36,7 @@ TEST_F(SectionRulesTest, Sections_that_hold_their_holes_raise_no_question) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(SectionRulesTest, A_section_shorter_than_its_last_hole_asks_whether_to_quit) {
+TEST_F(LengthCheckTest, A_section_shorter_than_its_last_hole_asks_whether_to_quit) {
   Item& item = AddItem("P1", "Z", 2000);
   AddHole(item, 2001);
   AddHole(item, 100);  // the greatest counts, wherever it stands
@@ -52,7 +52,7 @@ TEST_F(SectionRulesTest, A_section_shorter_than_its_last_hole_asks_whether_to_qu
   }
 }
 
-TEST_F(SectionRulesTest, Of_several_short_sections_only_the_last_is_told) {
+TEST_F(LengthCheckTest, Of_several_short_sections_only_the_last_is_told) {
   AddHole(AddItem("P1", "Z", 2000), 2900);
   AddHole(AddItem("P2", "C", 2000), 2001);
   AddHole(AddItem("P3", "Z", 2000), 2000);
@@ -63,7 +63,7 @@ TEST_F(SectionRulesTest, Of_several_short_sections_only_the_last_is_told) {
             "P2 : C-product Length shorter than last hole position \rQuit anyway?");
 }
 
-TEST_F(SectionRulesTest, Positions_below_0_are_compared_as_they_are) {
+TEST_F(LengthCheckTest, Positions_below_0_are_compared_as_they_are) {
   AddHole(AddItem("P1", "Z", -10), -20);
   EXPECT_TRUE(CheckLength());
   AddHole(AddItem("P2", "Z", -10), -9);

@@ -1,4 +1,4 @@
-#include "project/rules/section_rules.h"
+#include "project/length_check.h"
 
 #include <algorithm>
 #include <cstdint>
