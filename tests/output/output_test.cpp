@@ -116,8 +116,13 @@ const std::string OutputTest::ListHeader =
     "\r\n";
 
 OutputTest::OutputTest() {
+  InstallOutputScreen(screen);
   txtProject = {"ORV123456", "J1042", "Dunmore Farms", "Grain store", "A. Reid"};
   DTPicker1 = {2024, 3, 4};
+}
+
+OutputTest::~OutputTest() {
+  UninstallOutputScreen();
 }
 
 std::string OutputTest::Blocks() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/model.h"
+#include "tests/output/scripted_output_screen.h"
 #include "tests/support/fixture.h"
 
 namespace orvane::test {
@@ -47,6 +48,9 @@ AccLine2 MakeLine2(int accIndex, const std::string& mark, int noOff,
 class OutputTest : public SystemTest {
  protected:
   OutputTest();
+  ~OutputTest() override;
+
+  ScriptedOutputScreen screen;  // installed for the time of the test
 
   // The CAM file behind its header lines, which must be whole and right.
   std::string Blocks();

@@ -34,12 +34,10 @@ enum class ChildEnd { Done, NoResult, Exception, FailedTest };
 SystemTest::SystemTest() {
   ResetModel();
   InstallDesktop(desktop);
-  InstallOutputScreen(screen);
   ProgramFolder = ORVANE_SOURCE_DIR "/catalogue";
 }
 
 SystemTest::~SystemTest() {
-  UninstallOutputScreen();
   UninstallDesktop();
   std::error_code ignored;
   if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);

@@ -13,15 +13,14 @@
 
 namespace orvane::test {
 
-// Resets the application-wide tables and values, and installs the scripted desktop and output
-// screen for the time of the test.
+// Resets the application-wide tables and values, and installs the scripted desktop for the time of
+// the test.
 class SystemTest : public ::testing::Test {
  protected:
   SystemTest();
   ~SystemTest() override;
 
   ScriptedDesktop desktop;
-  ScriptedOutputScreen screen;
 
   // A file in the test's own folder, which is made at the first use and goes with the test.
   std::string TempPath(const std::string& name);

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "output/validation.h"
-
 namespace orvane::test {
 
 Answer ScriptedDesktop::ShowMessageBox(const std::string& text, const std::string& title,
@@ -47,15 +45,6 @@ std::optional<std::string> ScriptedDesktop::NextFile() {
   std::optional<std::string> file = Chosen.front();
   Chosen.pop_front();
   return file;
-}
-
-void ScriptedOutputScreen::ShowExportErrors() {
-  ErrorLists.emplace_back(ExportErrors.begin(), ExportErrors.end());
-}
-
-bool ScriptedOutputScreen::GoesOn(int done, int count) {
-  Steps.emplace_back(done, count);
-  return done != CalledOffAfter;
 }
 
 }  // namespace orvane::test

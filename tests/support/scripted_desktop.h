@@ -1,16 +1,13 @@
-// A desktop and an output screen that answer by script and keep what they were shown.
+// A desktop that answers by script and keeps what it was shown.
 #pragma once
 
 #include <deque>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/headless_desktop.h"
 #include "core/settings_file.h"
-#include "drawing/recording_surface.h"
-#include "output/output_screen.h"
 
 namespace orvane::test {
 
@@ -54,25 +51,6 @@ class ScriptedDesktop : public HeadlessDesktop {
 
  private:
   std::optional<std::string> NextFile();
-};
-
-class ScriptedOutputScreen : public OutputScreen {
-  PlainFontMetrics metrics_;
-
- public:
-  std::vector<std::vector<std::string>> ErrorLists;  // the lines at each showing
-  void ShowExportErrors() override;
-
-  // What was drawn on the previews, operation by operation, all documents one behind the other.
-  RecordingSurface Preview{metrics_};
-  int Shown = 0;                           // previews shown
-  int Dropped = 0;                         // and dropped
-  std::vector<std::pair<int, int>> Steps;  // what was told of the progress
-  int CalledOffAfter = -1;                 // the run is called off at that step; -1 for never
-  PrintSurface& PreviewSurface() override { return Preview; }
-  void ShowPreview() override { ++Shown; }
-  void DropPreview() override { ++Dropped; }
-  bool GoesOn(int done, int count) override;
 };
 
 }  // namespace orvane::test
