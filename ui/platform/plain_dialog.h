@@ -7,7 +7,7 @@
 #include <QShortcutEvent>
 #include <QVBoxLayout>
 
-#include "ui/controls/dialog_place.h"
+#include "ui/platform/dialog_place.h"
 
 namespace orvane {
 

@@ -1,4 +1,4 @@
-#include "ui/controls/dialog_place.h"
+#include "ui/platform/dialog_place.h"
 
 #include <QEvent>
 #include <QGuiApplication>
