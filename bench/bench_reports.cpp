@@ -12,6 +12,7 @@
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/model.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
 #include "drawing/page_surface.h"
 #include "output/output_screen.h"

@@ -26,6 +26,7 @@
 #include "bench/bare_sheet.h"
 #include "core/catalogues.h"
 #include "core/model.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
 #include "core/settings_file.h"
 #include "drawing/draw_section.h"

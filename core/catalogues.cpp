@@ -8,6 +8,7 @@
 
 #include "core/desktop.h"
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "core/section_families.h"
 #include "core/text.h"
 #include "core/text_file.h"

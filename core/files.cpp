@@ -178,4 +178,9 @@ std::string FileName(const std::string& path) {
   return PathText(NativePath(path).filename());
 }
 
+std::string FolderOfPath(std::string_view path) {
+  const std::size_t last = path.find_last_of("\\/");
+  return last == std::string_view::npos ? std::string() : std::string(path.substr(0, last + 1));
+}
+
 }  // namespace orvane

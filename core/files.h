@@ -32,4 +32,7 @@ bool IsRegularFile(const std::string& path);
 // separates folders with it).
 std::string FileName(const std::string& path);
 
+// The path up to and including its last backslash or slash; empty without either.
+std::string FolderOfPath(std::string_view path);
+
 }  // namespace orvane

@@ -278,9 +278,4 @@ void StoreRecentFile(int number, const std::string& path) {
   StoreText(RecentSetting(number), path);
 }
 
-std::string FolderOfPath(std::string_view path) {
-  const std::size_t last = path.find_last_of("\\/");
-  return last == std::string_view::npos ? std::string() : std::string(path.substr(0, last + 1));
-}
-
 }  // namespace orvane

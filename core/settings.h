@@ -83,7 +83,4 @@ void StoreNormalWindow(std::string_view name, const std::string& text);
 std::string RecentFile(int number);
 void StoreRecentFile(int number, const std::string& path);
 
-// The path up to and including its last backslash or slash; empty without either.
-std::string FolderOfPath(std::string_view path);
-
 }  // namespace orvane

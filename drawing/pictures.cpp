@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "core/desktop.h"
 #include "core/files.h"
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "drawing/metafile.h"
 

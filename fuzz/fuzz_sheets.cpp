@@ -2,6 +2,7 @@
 // page whose shapes are all finite, or an error says why it was not.
 #include "core/catalogues.h"
 #include "core/headless_desktop.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
 #include "drawing/draw_section.h"
 #include "drawing/page_surface.h"

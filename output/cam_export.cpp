@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/desktop.h"
+#include "core/files.h"
 #include "core/model.h"
 #include "core/settings.h"
 #include "holes/hole_list.h"

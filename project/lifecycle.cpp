@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "core/desktop.h"
+#include "core/files.h"
 #include "core/model.h"
 #include "core/settings.h"
 #include "core/text.h"

@@ -13,6 +13,7 @@
 #include "core/catalogues.h"
 #include "core/files.h"
 #include "core/model.h"
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "core/settings.h"
 #include "output/accessory_list.h"

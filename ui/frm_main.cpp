@@ -7,6 +7,7 @@
 
 #include "core/desktop.h"
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "core/section_families.h"
 #include "output/cam_export.h"
 #include "output/reports.h"

@@ -9,6 +9,7 @@
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
+#include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"
 #include "core/settings.h"

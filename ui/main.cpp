@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/desktop.h"
+#include "core/program_folder.h"
 #include "ui/platform/qt_desktop.h"
 #include "ui/platform/qt_text.h"
 #include "ui/start_up.h"

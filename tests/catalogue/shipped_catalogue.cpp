@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/program_folder.h"
 #include "core/text.h"
 
 namespace orvane::test {

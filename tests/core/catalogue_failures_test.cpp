@@ -11,6 +11,7 @@
 
 #include "core/catalogues.h"
 #include "core/model.h"
+#include "core/program_folder.h"
 #include "tests/support/fixture.h"
 
 namespace orvane {

@@ -335,4 +335,17 @@ TEST_F(Files, FileName_is_what_stands_behind_the_last_slash) {
   EXPECT_EQ(FileName("/home/u/a\\b.ovd"), "a\\b.ovd");
 }
 
+TEST_F(Files, FolderOfPath_goes_up_to_the_last_backslash_or_slash) {
+  EXPECT_EQ(FolderOfPath("C:\\a\\b.ovd"), "C:\\a\\");
+  EXPECT_EQ(FolderOfPath("C:\\a\\b"), "C:\\a\\");
+  EXPECT_EQ(FolderOfPath("/a/b"), "/a/");
+  EXPECT_EQ(FolderOfPath("/home/u/a.ovd"), "/home/u/");
+  EXPECT_EQ(FolderOfPath("/b"), "/");
+  EXPECT_EQ(FolderOfPath("C:\\a/b"), "C:\\a/");
+  EXPECT_EQ(FolderOfPath("/a\\b"), "/a\\");
+  EXPECT_EQ(FolderOfPath("/a/"), "/a/");
+  EXPECT_EQ(FolderOfPath("b.ovd"), "");
+  EXPECT_EQ(FolderOfPath(""), "");
+}
+
 }  // namespace

@@ -495,19 +495,4 @@ TEST_F(Settings, a_setting_that_the_table_lacks_is_an_error_of_the_program) {
   EXPECT_THROW(StoreRecentFile(-1, "x"), std::logic_error);
 }
 
-// --- FolderOfPath
-
-TEST_F(Settings, FolderOfPath_goes_up_to_the_last_backslash_or_slash) {
-  EXPECT_EQ(FolderOfPath("C:\\a\\b.ovd"), "C:\\a\\");
-  EXPECT_EQ(FolderOfPath("C:\\a\\b"), "C:\\a\\");
-  EXPECT_EQ(FolderOfPath("/a/b"), "/a/");
-  EXPECT_EQ(FolderOfPath("/home/u/a.ovd"), "/home/u/");
-  EXPECT_EQ(FolderOfPath("/b"), "/");
-  EXPECT_EQ(FolderOfPath("C:\\a/b"), "C:\\a/");
-  EXPECT_EQ(FolderOfPath("/a\\b"), "/a\\");
-  EXPECT_EQ(FolderOfPath("/a/"), "/a/");
-  EXPECT_EQ(FolderOfPath("b.ovd"), "");
-  EXPECT_EQ(FolderOfPath(""), "");
-}
-
 }  // namespace

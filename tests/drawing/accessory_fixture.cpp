@@ -4,6 +4,7 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "core/text.h"
 #include "drawing/pictures.h"
 #include "tests/drawing/metafile_writer.h"

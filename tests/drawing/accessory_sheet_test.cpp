@@ -6,6 +6,7 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "drawing/pictures.h"
 #include "tests/drawing/accessory_fixture.h"

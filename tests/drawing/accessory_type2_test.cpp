@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "drawing/accessory_sheet.h"
 #include "tests/drawing/accessory_fixture.h"

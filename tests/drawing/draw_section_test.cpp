@@ -4,6 +4,7 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "drawing/drawing_state.h"
 #include "drawing/hole_drawing.h"
 #include "drawing/notches_and_mitres.h"

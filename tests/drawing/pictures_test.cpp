@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "core/files.h"
+#include "core/program_folder.h"
 #include "drawing/metafile.h"
 #include "tests/drawing/metafile_writer.h"
 #include "tests/drawing/page_fixture.h"

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "core/desktop.h"
+#include "core/numbers.h"
+#include "core/program_folder.h"
 #include "drawing/draw_section.h"
 #include "holes/hole_list.h"
 #include "tests/drawing/sheet_fixture.h"

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/files.h"
+#include "core/program_folder.h"
 #include "drawing/pictures.h"
 #include "drawing/section_views.h"
 #include "tests/drawing/section_views_fixture.h"

@@ -1,6 +1,7 @@
 // The printing of sheets: one, all, and those of the accessories.
 #include <algorithm>
 
+#include "core/program_folder.h"
 #include "drawing/accessory_sheet.h"
 #include "drawing/draw_section.h"
 #include "output/reports.h"

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/program_folder.h"
 #include "tests/screens/acc01_fixture.h"
 #include "ui/dialogs/accessory_pane.h"
 

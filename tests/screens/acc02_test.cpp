@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <QScrollBar>
 
+#include "core/program_folder.h"
 #include "tests/screens/acc02_fixture.h"
 
 namespace orvane::test {

@@ -1,6 +1,7 @@
 // The accessory list: its pop-up, and which dialog it opens.
 #include <filesystem>
 
+#include "core/program_folder.h"
 #include "project/lifecycle.h"
 #include "project/project_file.h"
 #include "tests/screens/accessories_fixture.h"

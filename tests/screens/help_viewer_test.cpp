@@ -9,6 +9,7 @@
 
 #include <filesystem>
 
+#include "core/program_folder.h"
 #include "tests/screens/dialog_fixture.h"
 #include "ui/platform/help_viewer.h"
 

@@ -13,6 +13,7 @@
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
 #include "drawing/draw_section.h"
 #include "drawing/page_surface.h"

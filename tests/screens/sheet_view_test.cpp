@@ -6,6 +6,7 @@
 
 #include "core/desktop.h"
 #include "core/files.h"
+#include "core/program_folder.h"
 #include "tests/screens/sections_fixture.h"
 
 namespace orvane::test {

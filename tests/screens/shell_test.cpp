@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "project/project_file.h"
 #include "project/recent_files.h"

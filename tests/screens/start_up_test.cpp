@@ -2,6 +2,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "tests/screens/screen_fixture.h"
 #include "ui/start_up.h"

@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "core/catalogues.h"
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 
 namespace orvane::test {

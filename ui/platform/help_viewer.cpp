@@ -7,8 +7,8 @@
 #include <QUrl>
 #include <array>
 
-#include "core/desktop.h"
 #include "core/files.h"
+#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "ui/platform/qt_text.h"
 
