@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/cell_edit.h"
 #include "core/model.h"
 #include "project/changes.h"
-#include "project/rules/cell_edit.h"
 
 namespace orvane {
 

@@ -8,7 +8,7 @@
 #include <map>
 #include <string>
 
-#include "project/rules/cell_edit.h"
+#include "core/cell_edit.h"
 #include "ui/controls/flex_grid.h"
 #include "ui/controls/plain_combo.h"
 

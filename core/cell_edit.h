@@ -1,4 +1,4 @@
-// How the cells of a table are edited.
+// How the cells of a table are edited: the rules say it, the controls on the screen do it.
 #pragma once
 
 namespace orvane {
