@@ -18,6 +18,7 @@
 #include "core/settings.h"
 #include "output/accessory_list.h"
 #include "output/cam_export.h"
+#include "output/page_room.h"
 #include "output/reports.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
@@ -171,7 +172,7 @@ void PrintSheets(const Job& job, const BatchOptions& options, const Printer& pri
   int last = 0;
   if (options.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, last = sheet); };
   printer.Screen.PreviewInto(printer.Writer, files);
-  DrawingWidth = 0;  // whatever the export took: sheets take their page's own
+  ForgetPageRoom();  // whatever the export took: sheets take their page's own
   PrintAllDrawings();
   if (options.Svg) RemoveFormerSvgs(job.Path, last);
   printer.Said.Say("Sheets complete");
