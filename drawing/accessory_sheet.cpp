@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "core/numbers.h"
-#include "drawing/pictures.h"
 #include "drawing/primitives.h"
 #include "drawing/sheet_frame.h"
 
@@ -15,12 +14,25 @@ namespace orvane {
 
 namespace {
 
-constexpr std::string_view FrameKind = "a";
 constexpr double TableGap = 5;          // mm, between the picture and its table
 constexpr int TableFontSize = 11;       // points
 constexpr double TableRowHeight = 5;    // mm
 constexpr double TablePadding = 5;      // mm, of a type 1 column around its widest text
 constexpr int LeastColumnWidth = 1134;  // twips, 20 mm, of a type 2 column
+
+// An accessory on its sheet.
+struct View {
+  PrintSurface& Surface;
+  const SheetSource& Source;
+  const AccDef& Accessory;
+  const TextRows& Rows;
+};
+
+// The width between the margins, mm.
+double Room(const View& view) {
+  return view.Surface.PageWidth() / TwipsPerMm - view.Source.Margins.LeftMargin -
+         view.Source.Margins.RightMargin;
+}
 
 // Settings of the open table as a whole, and of its cells.
 void SetTable(PrintSurface& surface, TableSetting setting, const TableValue& value) {
@@ -37,14 +49,15 @@ void SetBold(PrintSurface& surface, int row, int column) {
 
 // Loads the accessory's picture and places it in the middle between the margins; gives its height
 // on the page, mm.
-double PlacePicture(PrintSurface& surface, const AccDef& accessory) {
-  const auto picture = LoadDrawing("\\Drawings\\" + accessory.DrawingFile + ".wmf");
+double PlacePicture(const View& view) {
+  const AccDef& accessory = view.Accessory;
+  const auto picture = view.Source.LoadPicture("\\Drawings\\" + accessory.DrawingFile + ".wmf");
   const double proportion = picture->Width / picture->Height;
   const double height = accessory.Value1 / proportion;
-  const double room =
-      surface.PageWidth() / TwipsPerMm - LeftMargin - RightMargin - accessory.Value1;
-  surface.DrawPicture(picture, Length::OfMm(LeftMargin + room / 2), Length::OfMm(accessory.Value3),
-                      Length::OfMm(accessory.Value1), Length::OfMm(height));
+  const double room = Room(view) - accessory.Value1;
+  view.Surface.DrawPicture(picture, Length::OfMm(view.Source.Margins.LeftMargin + room / 2),
+                           Length::OfMm(accessory.Value3), Length::OfMm(accessory.Value1),
+                           Length::OfMm(height));
   return height;
 }
 
@@ -77,16 +90,16 @@ double ColumnWidth(PrintSurface& surface, const std::vector<UsedSize>& sizes,
   return widest > 0 ? widest / TwipsPerMm + TablePadding : 0;
 }
 
-void DrawType1Table(PrintSurface& surface, const AccDef& accessory, const TextRows& rows,
-                    double top) {
-  const std::vector<UsedSize> sizes = UsedSizes(accessory, rows);
+void DrawType1Table(const View& view, double top) {
+  PrintSurface& surface = view.Surface;
+  const std::vector<UsedSize> sizes = UsedSizes(view.Accessory, view.Rows);
   surface.FontSize(TableFontSize);
   // Without the flag the long texts stand in a column that shows nothing.
   const double textWidth =
-      accessory.Flag != False ? ColumnWidth(surface, sizes, &UsedSize::Text) : 0;
+      view.Accessory.Flag != False ? ColumnWidth(surface, sizes, &UsedSize::Text) : 0;
   const double codeWidth = ColumnWidth(surface, sizes, &UsedSize::Code);
   constexpr double numberWidth = 20;
-  const double room = surface.PageWidth() / TwipsPerMm - LeftMargin - RightMargin;
+  const double room = Room(view);
 
   surface.CurrentY(Length::OfMm(top));
   surface.StartTable();
@@ -128,8 +141,10 @@ struct LineRange {
   int Last = 0;
 };
 
-void DrawType2Table(PrintSurface& surface, const AccDef& accessory, const TextRows& rows,
-                    LineRange lines, double top) {
+void DrawType2Table(const View& view, LineRange lines, double top) {
+  PrintSurface& surface = view.Surface;
+  const AccDef& accessory = view.Accessory;
+  const PageMargins& margins = view.Source.Margins;
   const int columns = accessory.ParamNames.UBound();
   const int headings = HeadingRows(accessory);
   surface.FontSize(TableFontSize);
@@ -141,7 +156,7 @@ void DrawType2Table(PrintSurface& surface, const AccDef& accessory, const TextRo
   SetTable(surface, TableSetting::Rows, lines.Last - lines.First + headings + 1);
   SetTable(surface, TableSetting::RowHeight, MmText(TableRowHeight));
 
-  double left = surface.PageWidth() - (LeftMargin + RightMargin) * TwipsPerMm;
+  double left = surface.PageWidth() - (margins.LeftMargin + margins.RightMargin) * TwipsPerMm;
   for (int column = 1; column <= columns; ++column) {
     for (int row = 1; row <= headings; ++row) SetBold(surface, row, column);
     const double heading = surface.TextWidth(accessory.ParamNames.At(column));
@@ -163,7 +178,7 @@ void DrawType2Table(PrintSurface& surface, const AccDef& accessory, const TextRo
     SetText(surface, headings, column, accessory.ParamNames.At(column));
   }
   for (int line = lines.First; line <= lines.Last; ++line) {
-    const Table<std::string>& values = rows.At(line);
+    const Table<std::string>& values = view.Rows.At(line);
     for (int column = 1; column <= columns; ++column) {
       SetText(surface, headings + line - lines.First + 1, column,
               column <= values.UBound() ? values.At(column) : std::string());
@@ -172,52 +187,52 @@ void DrawType2Table(PrintSurface& surface, const AccDef& accessory, const TextRo
   surface.EndTable();
 }
 
-void DrawType2Pages(PrintSurface& surface, const AccDef& accessory, const TextRows& rows,
-                    double top) {
+void DrawType2Pages(const View& view, double top) {
   constexpr double stripGap = 3;  // mm, between the table and the strip
-  const double room = StripTop(surface) - top - stripGap;
-  const int headings = HeadingRows(accessory);
+  const double room = StripTop(view.Surface, view.Source) - top - stripGap;
+  const int headings = HeadingRows(view.Accessory);
   const int perPage = Whole(std::trunc(room / TableRowHeight)) - headings;
-  const int count = rows.UBound();
+  const int count = view.Rows.UBound();
   // A page that is filled in part counts. Without room for a line there is none.
   const int pages = Whole(std::trunc(Divide(count, perPage) + 0.999));
   for (int page = 1; page <= pages; ++page) {
     const LineRange lines{perPage * (page - 1) + 1, std::min(perPage * page, count)};
-    DrawType2Table(surface, accessory, rows, lines, top);
+    DrawType2Table(view, lines, top);
     if (page == pages) break;
-    surface.NewPage();
-    DrawSheetFrame(surface, FrameKind);
-    // Even where there is none: deliberate, the second page then fails.
-    PlacePicture(surface, accessory);
+    view.Surface.NewPage();
+    DrawSheetFrame(view.Surface, view.Source, view.Accessory);
+    // Even where there is none: an accessory without a picture has sheets of one page alone, and
+    // its second one fails with the error of a missing file.
+    PlacePicture(view);
   }
 }
 
 }  // namespace
 
-void DrawAccessorySheet(PrintSurface& surface, AccessoryType type, const TextRows& rows,
-                        bool openDocument, bool closeDocument) {
+void DrawAccessorySheet(PrintSurface& surface, const AccDef& accessory, AccessoryType type,
+                        const TextRows& rows, bool openDocument, bool closeDocument) {
+  const SheetSource source = PresentSource();
   if (openDocument) {
-    StartSheets(surface);
+    StartSheets(surface, source.Margins);
     surface.FontSize(8);
   }
-  DrawSheetFrame(surface, FrameKind);
-  DrawAccessoryDetail(surface, type, rows);
+  DrawSheetFrame(surface, source, accessory);
+  DrawAccessoryDetail(surface, source, accessory, type, rows);
   if (closeDocument) {
     surface.EndDoc();
     surface.Finish();
   }
 }
 
-void DrawAccessoryDetail(PrintSurface& surface, AccessoryType type, const TextRows& rows) {
-  const AccDef& accessory = AccDefs.At(CurrentAcc);
+void DrawAccessoryDetail(PrintSurface& surface, const SheetSource& source, const AccDef& accessory,
+                         AccessoryType type, const TextRows& rows) {
+  const View view{surface, source, accessory, rows};
   double top = accessory.Value3 + TableGap;
-  if (accessory.DrawingFile != "None") {
-    top = accessory.Value3 + PlacePicture(surface, accessory) + TableGap;
-  }
+  if (accessory.DrawingFile != "None") top = accessory.Value3 + PlacePicture(view) + TableGap;
   if (type == AccessoryType::One) {
-    DrawType1Table(surface, accessory, rows, top);
+    DrawType1Table(view, top);
   } else {
-    DrawType2Pages(surface, accessory, rows, top);
+    DrawType2Pages(view, top);
   }
 }
 

@@ -3,19 +3,21 @@
 
 #include "core/model.h"
 #include "drawing/print_surface.h"
+#include "drawing/sheet_source.h"
 
 namespace orvane {
 
 enum class AccessoryType { One = 1, Two = 2 };
 
-// Draws the sheet of the accessory CurrentAcc with the rows of its dialog: for type 1 a row for
+// Draws the sheet of an accessory with the rows of its dialog: for type 1 a row for
 // each parameter with the number off in column 1, for type 2 a row for each line. `openDocument`
 // starts a new document, `closeDocument` ends it. "File not found" for a picture that isn't there,
 // "Division by zero" for one that leaves the table no row.
-void DrawAccessorySheet(PrintSurface& surface, AccessoryType type, const TextRows& rows,
-                        bool openDocument, bool closeDocument);
+void DrawAccessorySheet(PrintSurface& surface, const AccDef& accessory, AccessoryType type,
+                        const TextRows& rows, bool openDocument, bool closeDocument);
 
 // Picture and table alone.
-void DrawAccessoryDetail(PrintSurface& surface, AccessoryType type, const TextRows& rows);
+void DrawAccessoryDetail(PrintSurface& surface, const SheetSource& source, const AccDef& accessory,
+                         AccessoryType type, const TextRows& rows);
 
 }  // namespace orvane

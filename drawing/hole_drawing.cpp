@@ -9,12 +9,9 @@
 
 #include "core/numbers.h"
 #include "core/table.h"
-#include "drawing/drawing_state.h"
-#include "drawing/elevation.h"
 #include "drawing/length.h"
 #include "drawing/off_gauge.h"
 #include "drawing/primitives.h"
-#include "drawing/section_views.h"
 
 namespace orvane {
 
@@ -24,11 +21,6 @@ constexpr float SmallHole = 14;  // mm; every other diameter counts as 18
 
 bool IsSmall(const Hole& hole) {
   return hole.Diameter == SmallHole;
-}
-
-void FitLengthScale(const PrintSurface& surface, const Item& item) {
-  DrawingWidth = DrawingWidthOf(surface.PageWidth());
-  LengthScale = LengthScaleOf(DrawingWidth, item.Length);
 }
 
 // Where the marks of a hole row stand.
@@ -111,16 +103,25 @@ double HeightOf(MarkHeight height, const SectionDim& dim, double depth, double n
   return asItStands;
 }
 
+// The pen of marks and dimensions.
+void SetThinPen(PrintSurface& surface) {
+  PenWidthMm(surface, ThinPen);
+  surface.PenStyle(0);
+  surface.PenColor(Black);
+}
+
 // One mark, at a length along the section as drawn and a height on the page.
 
-void DrawFlangeMark(PrintSurface& surface, const Hole& hole, double along, double y) {
+void DrawFlangeMark(const Sheet& sheet, const Hole& hole, double along, double y) {
+  PrintSurface& surface = sheet.Surface;
   // Deliberately twice as long as the hole: seen edge-on, it has to stay visible at a small scale.
   const double reach = hole.Diameter + static_cast<double>(hole.SlotLength) / 2;
   constexpr double halfHeight = 0.75;
   surface.BrushStyle(Brush::DiagonalHatch);
   surface.BrushColor(Black);
-  surface.DrawRectangle(Length::OfMm(ElevationX(along - reach)), Length::OfMm(y - halfHeight),
-                        Length::OfMm(ElevationX(along + reach)), Length::OfMm(y + halfHeight));
+  surface.DrawRectangle(
+      Length::OfMm(ElevationX(sheet, along - reach)), Length::OfMm(y - halfHeight),
+      Length::OfMm(ElevationX(sheet, along + reach)), Length::OfMm(y + halfHeight));
   surface.BrushColor(White);
 }
 
@@ -129,55 +130,61 @@ void SetHoleBrush(PrintSurface& surface, const Hole& hole) {
   surface.BrushStyle(IsSmall(hole) ? Brush::Solid : Brush::Transparent);
 }
 
-void DrawWebMark(PrintSurface& surface, const Hole& hole, double along, double y) {
+void DrawWebMark(const Sheet& sheet, const Hole& hole, double along, double y) {
+  PrintSurface& surface = sheet.Surface;
   const double radius = CrossScale * hole.Diameter / 2;
   if (hole.SlotLength == 0) {
-    surface.DrawCircle(Length::OfMm(ElevationX(along)), Length::OfMm(y), Length::OfMm(radius));
+    surface.DrawCircle(Length::OfMm(ElevationX(sheet, along)), Length::OfMm(y),
+                       Length::OfMm(radius));
     return;
   }
   const double reach = (static_cast<double>(hole.SlotLength) - hole.Diameter) / 2;
-  const double left = ElevationX(along - reach);
-  const double right = ElevationX(along + reach);
+  const double left = ElevationX(sheet, along - reach);
+  const double right = ElevationX(sheet, along + reach);
   surface.DrawArc(Length::OfMm(left), Length::OfMm(y), Length::OfMm(radius), HalfPi, ThreeHalfPi);
   surface.DrawArc(Length::OfMm(right), Length::OfMm(y), Length::OfMm(radius), ThreeHalfPi, HalfPi);
   DrawLineMm(surface, left, y - radius, right, y - radius);
   DrawLineMm(surface, left, y + radius, right, y + radius);
 }
 
-void DrawSlopeMark(PrintSurface& surface, const Hole& hole, double along, double y) {
-  const double x = ElevationX(along);
+void DrawSlopeMark(const Sheet& sheet, const Hole& hole, double along, double y) {
+  PrintSurface& surface = sheet.Surface;
+  const double x = ElevationX(sheet, along);
   const double halfWidth = CrossScale * hole.Diameter / 2;
   const double halfHeight = CrossScale * hole.Diameter * TopHatLean() / 2;
   surface.DrawEllipse(Length::OfMm(x - halfWidth), Length::OfMm(y - halfHeight),
                       Length::OfMm(x + halfWidth), Length::OfMm(y + halfHeight));
 }
 
-void DrawCentreLines(PrintSurface& surface, const Hole& hole, double along, double y) {
+void DrawCentreLines(const Sheet& sheet, const Hole& hole, double along, double y) {
+  PrintSurface& surface = sheet.Surface;
   constexpr double beyond = 1.5;
-  const double x = ElevationX(along);
+  const double x = ElevationX(sheet, along);
   const double reach = static_cast<double>(hole.SlotLength) / 2;
   DrawLineMm(surface, x, y - beyond, x, y + beyond);
-  DrawLineMm(surface, ElevationX(along - reach) - beyond, y, ElevationX(along + reach) + beyond, y);
+  DrawLineMm(surface, ElevationX(sheet, along - reach) - beyond, y,
+             ElevationX(sheet, along + reach) + beyond, y);
   if (hole.CounterSunk != CounterSunkMark) return;
   constexpr double arm = 1.1;
   DrawLineMm(surface, x - arm, y - arm, x + arm, y + arm);
   DrawLineMm(surface, x - arm, y + arm, x + arm, y - arm);
 }
 
-void DrawMark(PrintSurface& surface, MarkKind kind, const Hole& hole, double along, double y) {
+void DrawMark(const Sheet& sheet, MarkKind kind, const Hole& hole, double along, double y) {
   if (kind == MarkKind::Flange) {
-    DrawFlangeMark(surface, hole, along, y);
+    DrawFlangeMark(sheet, hole, along, y);
     return;
   }
+  PrintSurface& surface = sheet.Surface;
   SetHoleBrush(surface, hole);
   if (kind == MarkKind::Web) {
-    DrawWebMark(surface, hole, along, y);
+    DrawWebMark(sheet, hole, along, y);
   } else {
-    DrawSlopeMark(surface, hole, along, y);
+    DrawSlopeMark(sheet, hole, along, y);
   }
   surface.BrushColor(White);
   surface.BrushStyle(Brush::Transparent);
-  DrawCentreLines(surface, hole, along, y);
+  DrawCentreLines(sheet, hole, along, y);
 }
 
 // What all holes of an item are, for the legend and the list of slots.
@@ -221,9 +228,7 @@ void DrawLegend(PrintSurface& surface, const HoleKinds& kinds, double centre, do
   if (kinds.SmallRound && kinds.OtherRound) {
     constexpr double textRise = 1.2;
     constexpr double circleDrop = 0.9;
-    PenWidthMm(surface, ThinPen);
-    surface.PenStyle(0);
-    surface.PenColor(Black);
+    SetThinPen(surface);
     WriteTextAt(surface, "Holes:", centre - 22, row - textRise);
     for (const LegendEntry& entry : LegendEntries) {
       surface.BrushStyle(entry.Style);
@@ -239,68 +244,61 @@ void DrawLegend(PrintSurface& surface, const HoleKinds& kinds, double centre, do
   }
 }
 
-void DrawSlotList(PrintSurface& surface, const HoleKinds& kinds) {
+void DrawSlotList(const Sheet& sheet, const HoleKinds& kinds) {
   if (kinds.SmallSlots.empty() && kinds.OtherSlots.empty()) return;
-  constexpr double listTop = 68.8;
-  WriteTextAt(surface, "Slots: ", ElevationLeft, listTop);
+  PrintSurface& surface = sheet.Surface;
+  WriteTextAt(surface, "Slots: ", sheet.ElevationLeft, SlotListRow);
   for (const float length : kinds.SmallSlots) surface.Text("14x" + ShortestText(length) + "  ");
   for (const float length : kinds.OtherSlots) surface.Text("18x" + ShortestText(length) + "  ");
 }
 
-void DrawOffGaugeLetters(PrintSurface& surface, const Table<OffGaugeHole>& list) {
-  constexpr double letterRow = 95;
-  DrawRowLabel(surface, "Off-gauge", letterRow);
+void DrawOffGaugeLetters(const Sheet& sheet, const Table<OffGaugeHole>& list) {
+  DrawRowLabel(sheet, "Off-gauge", OffGaugeLetterRow);
   for (int row = 1; row <= list.UBound(); ++row) {
-    DrawCentredText(surface, OffGaugeLetter(row), ElevationX(list.At(row).DrawX), letterRow);
+    DrawCentredText(sheet.Surface, OffGaugeLetter(row), ElevationX(sheet, list.At(row).DrawX),
+                    OffGaugeLetterRow);
   }
 }
 
 }  // namespace
 
-void DrawHoles(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim) {
-  const Item& item = Items.At(ItemIndex);
-  if (!(dim.Dim3 > 0) || item.Length <= 0 || item.HoleCount() <= 0) return;
-  FitLengthScale(surface, item);
+void DrawHoles(Sheet& sheet) {
+  const Item& item = sheet.Section;
+  if (!HasViews(sheet) || item.HoleCount() <= 0) return;
 
-  HoleLabelRow = 1;
+  sheet.HoleLabelRow = 1;
   HoleKinds kinds;
   Table<OffGaugeHole> offGauge;
   double runningPosition = 0;
   for (const Hole& hole : item.Holes) {
     if (IsOffGauge(hole)) AddOffGauge(offGauge, hole, runningPosition + hole.DrawGap);
-    runningPosition = DrawHole(surface, ItemIndex, dim, runningPosition, hole);
+    runningPosition = DrawHole(sheet, runningPosition, hole);
     AddKind(kinds, hole);
   }
   // Row 0 ends the list: its gap is the one up to the section's end.
-  HoleLabelRow =
-      DrawHoleGap(surface, ItemIndex, dim, HoleLabelRow, runningPosition, item.Holes.At(0));
+  sheet.HoleLabelRow = DrawHoleGap(sheet, sheet.HoleLabelRow, runningPosition, item.Holes.At(0));
 
-  if (!offGauge.Empty()) DrawOffGaugeLetters(surface, offGauge);
-  constexpr double legendDrop = 24;
-  DrawLegend(surface, kinds, ElevationLeft + LengthScale * item.Length / 2,
-             ViewBottom(item.SectionType, dim) + legendDrop);
-  DrawSlotList(surface, kinds);
+  if (!offGauge.Empty()) DrawOffGaugeLetters(sheet, offGauge);
+  DrawLegend(sheet.Surface, kinds, sheet.ElevationLeft + sheet.LengthScale * sheet.Length / 2,
+             sheet.Bottom + LegendDrop);
+  DrawSlotList(sheet, kinds);
   if (!offGauge.Empty()) {
-    DrawOffGaugeKey(surface, ItemIndex, dim);
-    DrawOffGaugeTable(surface, ItemIndex, dim, offGauge);
+    DrawOffGaugeKey(sheet);
+    DrawOffGaugeTable(sheet, offGauge);
   }
 }
 
-double DrawHole(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                double runningPosition, const Hole& hole) {
-  const Item& item = Items.At(ItemIndex);
-  FitLengthScale(surface, item);
-  const double depth = DrawnDepth(item.SectionType, dim);
+double DrawHole(Sheet& sheet, double runningPosition, const Hole& hole) {
+  const Item& item = sheet.Section;
+  const double depth = sheet.Depth;
   const double along = runningPosition + hole.DrawGap;
-  PenWidthMm(surface, ThinPen);
-  surface.PenStyle(0);
-  surface.PenColor(Black);
+  SetThinPen(sheet.Surface);
 
   std::int16_t height = 0;
   bool marked = false;
   const auto mark = [&](const MarkRule& rule, double number) {
-    height = Whole(HeightOf(rule.Height, dim, depth, number, height));
-    DrawMark(surface, rule.Kind, hole, along, CrossScale * (depth - height) + ViewTop);
+    height = Whole(HeightOf(rule.Height, sheet.Dim, depth, number, height));
+    DrawMark(sheet, rule.Kind, hole, along, CrossScale * (depth - height) + ViewTop);
     marked = true;
   };
   for (const LineRules& line : HoleLines) {
@@ -315,39 +313,37 @@ double DrawHole(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim&
     if (number > 0) mark(item.SectionType == "R" ? line.NumberR : line.Number, number);
   }
 
-  if (marked) {
-    HoleLabelRow = DrawHoleGap(surface, ItemIndex, dim, HoleLabelRow, runningPosition, hole);
-  }
+  if (marked) sheet.HoleLabelRow = DrawHoleGap(sheet, sheet.HoleLabelRow, runningPosition, hole);
   return along;
 }
 
-std::int16_t DrawHoleGap(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                         std::int16_t labelRow, double runningPosition, const Hole& hole) {
+std::int16_t DrawHoleGap(const Sheet& sheet, std::int16_t labelRow, double runningPosition,
+                         const Hole& hole) {
   // A second mark at a position has no gap of its own.
   if (hole.RelX == 0) return labelRow;
-  const double bottom = ViewBottom(Items.At(ItemIndex).SectionType, dim);
+  PrintSurface& surface = sheet.Surface;
   surface.FontName("Arial");
   surface.FontSize(7);
-  PenWidthMm(surface, ThinPen);
-  surface.PenStyle(0);
-  surface.PenColor(Black);
+  SetThinPen(surface);
 
-  const double start = ElevationX(runningPosition);
-  const double end = ElevationX(runningPosition + hole.DrawGap);
+  const double start = ElevationX(sheet, runningPosition);
+  const double end = ElevationX(sheet, runningPosition + hole.DrawGap);
+  const double top = sheet.Bottom + ChainBand.Top;
+  const double bottom = sheet.Bottom + ChainBand.Bottom;
   if (runningPosition == 0) {
-    DrawLineMm(surface, ElevationLeft, bottom + 2, ElevationLeft, bottom + 8);
+    DrawLineMm(surface, sheet.ElevationLeft, top, sheet.ElevationLeft, bottom);
   }
-  DrawLineMm(surface, end, bottom + 2, end, bottom + 8);
+  DrawLineMm(surface, end, top, end, bottom);
 
   const std::string value = FormatNumber(hole.RelX, 0);
   const double width = surface.TextWidth(value) / TwipsPerMm;
-  const double gap = LengthScale * hole.DrawGap;
-  const double row = bottom + (width > gap ? 10 : 6);
+  const double gap = sheet.LengthScale * hole.DrawGap;
+  const double row = sheet.Bottom + (width > gap ? NarrowGapRow : ChainBand.Row);
   if (width <= gap / 2) DrawLineMm(surface, start, row, end, row);
-  DrawCentredText(surface, value, ElevationX(runningPosition + hole.DrawGap / 2), row);
+  DrawCentredText(surface, value, ElevationX(sheet, runningPosition + hole.DrawGap / 2), row);
 
   if (runningPosition == hole.XPos) return labelRow;
-  const double below = IsOdd(labelRow) ? 4.5 : 8;
+  const double below = IsOdd(labelRow) ? OddTotalDrop : EvenTotalDrop;
   DrawCentredText(surface, ShortestText(hole.XPos), end, row + below);
   return Int16(labelRow + 1);
 }

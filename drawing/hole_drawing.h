@@ -4,21 +4,20 @@
 #include <cstdint>
 
 #include "core/model.h"
-#include "drawing/print_surface.h"
+#include "drawing/sheet.h"
 
 namespace orvane {
 
-// Everything about the holes of an item; called last by DrawSection. Draws nothing for a section
+// Everything about the holes of a section; called last by DrawSection. Draws nothing for a section
 // without depth, length or holes.
-void DrawHoles(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim);
+void DrawHoles(Sheet& sheet);
 
 // The marks of one hole row; returns the new running position, mm of the section.
-double DrawHole(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                double runningPosition, const Hole& hole);
+double DrawHole(Sheet& sheet, double runningPosition, const Hole& hole);
 
 // The dimension of the gap in front of a hole; returns the new label row.
-std::int16_t DrawHoleGap(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                         std::int16_t labelRow, double runningPosition, const Hole& hole);
+std::int16_t DrawHoleGap(const Sheet& sheet, std::int16_t labelRow, double runningPosition,
+                         const Hole& hole);
 
 bool IsOdd(std::int16_t number);
 

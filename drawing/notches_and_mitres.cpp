@@ -9,11 +9,8 @@
 #include <utility>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
-#include "drawing/elevation.h"
 #include "drawing/length.h"
 #include "drawing/primitives.h"
-#include "drawing/section_views.h"
 
 namespace orvane {
 
@@ -21,9 +18,9 @@ namespace {
 
 constexpr double DashMm = 0.5;  // of every mitre and notch; shortened to whole twips
 
-void DrawDashedMm(PrintSurface& surface, const Point& from, const Point& to) {
-  DrawDashedLine(surface, from.X * TwipsPerMm, from.Y * TwipsPerMm, to.X * TwipsPerMm,
-                 to.Y * TwipsPerMm, WholeTwips(DashMm).Twips());
+void DrawDashedMm(const Sheet& sheet, const Point& from, const Point& to) {
+  DrawDashedLine(sheet.Surface, from.X * TwipsPerMm, from.Y * TwipsPerMm, to.X * TwipsPerMm,
+                 to.Y * TwipsPerMm, WholeTwips(DashMm).Twips(), sheet.Source.Tell);
 }
 
 // Mitres.
@@ -49,22 +46,24 @@ constexpr std::array<MitreLine, 4> MitreLines = {{
     // clang-format on
 }};
 
-void DrawMitres(PrintSurface& surface, const Item& item, const SectionDim& dim, double length) {
-  if (item.MitreLeft != 0 || item.MitreRight != 0) DrawRowLabel(surface, "Mitres", 82);
+void DrawMitres(const Sheet& sheet) {
+  const Item& item = sheet.Section;
+  PrintSurface& surface = sheet.Surface;
+  if (item.MitreLeft != 0 || item.MitreRight != 0) DrawRowLabel(sheet, "Mitres", MitreBand.Row);
   PenWidthMm(surface, ThinPen);
 
-  const double depth = DrawnDepth(item.SectionType, dim);
-  const double height = CrossScale * (item.SectionType == "V" ? dim.Dim4 : depth);
+  const double depth = sheet.Depth;
+  const double height = CrossScale * (item.SectionType == "V" ? sheet.Dim.Dim4 : depth);
   for (const MitreLine& line : MitreLines) {
     const double mitre = item.*line.Mitre;
     if (!(mitre * line.Sign > 0)) continue;
-    const double end = line.At == End::Left ? ElevationLeft : ElevationX(length);
-    const double offset = std::tan(DegToRad(mitre)) * height * LengthScale / CrossScale;
+    const double end = line.At == End::Left ? sheet.ElevationLeft : ElevationX(sheet, sheet.Length);
+    const double offset = std::tan(DegToRad(mitre)) * height * sheet.LengthScale / CrossScale;
     // The depth of the web also where the elevation shows another one, deliberately.
     const double value = std::tan(DegToRad(mitre)) * depth;
     const Point bottom = {end + line.BottomShare * offset, height + ViewTop};
     const Point top = {end + line.TopShare * offset, ViewTop};
-    DrawDashedMm(surface, bottom, top);
+    DrawDashedMm(sheet, bottom, top);
     // The dimension begins at the left one of the two.
     if (line.Sign > 0) {
       DrawMitreDimension(surface, bottom.X, top.X, value);
@@ -116,18 +115,18 @@ struct NotchSizes {
   double Size1, Size2, Size3;
 };
 
-std::pair<double, double> LeftAndRight(Across across, const NotchSizes& notch, double length) {
+std::pair<double, double> LeftAndRight(const Sheet& sheet, Across across, const NotchSizes& notch) {
   switch (across) {
     case Across::FromLeftEnd:
       break;
     case Across::Inside:
-      return {ElevationX(notch.Size3), ElevationX(notch.Size2 + notch.Size3)};
+      return {ElevationX(sheet, notch.Size3), ElevationX(sheet, notch.Size2 + notch.Size3)};
     case Across::FromRightEnd: {
-      const double right = ElevationX(length);
-      return {right - notch.Size2 * LengthScale, right};
+      const double right = ElevationX(sheet, sheet.Length);
+      return {right - notch.Size2 * sheet.LengthScale, right};
     }
   }
-  return {ElevationLeft, ElevationX(notch.Size2)};
+  return {sheet.ElevationLeft, ElevationX(sheet, notch.Size2)};
 }
 
 std::pair<double, double> LowerAndUpper(Edge edge, const NotchSizes& notch, double depth) {
@@ -143,17 +142,18 @@ std::pair<double, double> LowerAndUpper(Edge edge, const NotchSizes& notch, doub
   return {ViewTop + CrossScale * notch.Size1, ViewTop};
 }
 
-void DrawNotch(PrintSurface& surface, const NotchRule& rule, const Notch& notch, double depth,
-               double length) {
+void DrawNotch(const Sheet& sheet, const NotchRule& rule, const Notch& notch) {
+  PrintSurface& surface = sheet.Surface;
+  const double depth = sheet.Depth;
   const NotchSizes sizes = {notch.Size1, notch.Size2, notch.Size3};
-  const auto [left, right] = LeftAndRight(rule.X, sizes, length);
+  const auto [left, right] = LeftAndRight(sheet, rule.X, sizes);
   const auto [lower, upper] = LowerAndUpper(rule.Y, sizes, depth);
 
   const std::array<Point, 4> corners = {
       {{left, lower}, {left, upper}, {right, upper}, {right, lower}}};
   for (std::size_t side = 0; side < corners.size(); ++side) {
     if (!rule.Dashed.at(side)) continue;
-    DrawDashedMm(surface, corners.at(side), corners.at((side + 1) % corners.size()));
+    DrawDashedMm(sheet, corners.at(side), corners.at((side + 1) % corners.size()));
   }
 
   // Half the value's size, and a little air.
@@ -171,33 +171,31 @@ void DrawNotch(PrintSurface& surface, const NotchRule& rule, const Notch& notch,
 
 }  // namespace
 
-void DrawNotchesAndMitres(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                          double length) {
-  const Item& item = Items.At(ItemIndex);
-  DrawMitres(surface, item, dim, length);
+void DrawNotchesAndMitres(const Sheet& sheet) {
+  DrawMitres(sheet);
 
-  const double depth = DrawnDepth(item.SectionType, dim);
   Table<MiddleNotch> middle;
-  for (const Notch& notch : item.Notches) {
+  for (const Notch& notch : sheet.Section.Notches) {
     for (const NotchRule& rule : NotchRules) {
       if (rule.Code != notch.Code) continue;
-      DrawNotch(surface, rule, notch, depth, length);
+      DrawNotch(sheet, rule, notch);
       if (rule.InChain) middle.Append({notch.Size3, notch.Size2});
     }
   }
-  DrawNotchChain(surface, ItemIndex, middle);
+  DrawNotchChain(sheet, middle);
 }
 
 void DrawMitreDimension(PrintSurface& surface, double x1, double x2, double value) {
   PenWidthMm(surface, ThinPen);
-  DrawLineMm(surface, x1, 80, x1, 86);
-  DrawLineMm(surface, x2, 80, x2, 86);
-  DrawDimension(surface, x1, 82, x2, 82, FormatNumber(value, 0));
+  DrawLineMm(surface, x1, MitreBand.Top, x1, MitreBand.Bottom);
+  DrawLineMm(surface, x2, MitreBand.Top, x2, MitreBand.Bottom);
+  DrawDimension(surface, x1, MitreBand.Row, x2, MitreBand.Row, FormatNumber(value, 0));
 }
 
-void DrawNotchChain(PrintSurface& surface, std::int16_t, Table<MiddleNotch> notches) {
+void DrawNotchChain(const Sheet& sheet, Table<MiddleNotch> notches) {
   if (notches.Empty()) return;
-  DrawRowLabel(surface, "Notches", 88);
+  PrintSurface& surface = sheet.Surface;
+  DrawRowLabel(sheet, "Notches", NotchBand.Row);
   std::stable_sort(notches.begin(), notches.end(), [](const MiddleNotch& a, const MiddleNotch& b) {
     return a.Position < b.Position;
   });
@@ -205,12 +203,13 @@ void DrawNotchChain(PrintSurface& surface, std::int16_t, Table<MiddleNotch> notc
   // The clear distances up to each notch; its own width is given at the notch.
   double run = 0;
   for (const MiddleNotch& notch : notches) {
-    const double from = ElevationX(run);
-    const double to = ElevationX(notch.Position);
-    DrawLineMm(surface, from, 86, from, 92);
-    DrawLineMm(surface, to, 86, to, 92);
+    const double from = ElevationX(sheet, run);
+    const double to = ElevationX(sheet, notch.Position);
+    DrawLineMm(surface, from, NotchBand.Top, from, NotchBand.Bottom);
+    DrawLineMm(surface, to, NotchBand.Top, to, NotchBand.Bottom);
     // Sizes of 32 bits: their difference has no more digits than they have.
-    DrawDimension(surface, from, 88, to, 88, ShortestText(Float32(notch.Position - run)));
+    DrawDimension(surface, from, NotchBand.Row, to, NotchBand.Row,
+                  ShortestText(Float32(notch.Position - run)));
     run = notch.Position + notch.Width;
   }
 }

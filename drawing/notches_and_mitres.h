@@ -1,18 +1,14 @@
 // Mitred ends and notches on the elevation.
 #pragma once
 
-#include <cstdint>
-
-#include "core/model.h"
 #include "core/table.h"
 #include "drawing/print_surface.h"
+#include "drawing/sheet.h"
 
 namespace orvane {
 
-// Both, in the order in which the elevation shows them; called last by DrawSectionViews, whose
-// drawing state it uses.
-void DrawNotchesAndMitres(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                          double length);
+// Both, in the order in which the elevation shows them; called last by DrawSectionViews.
+void DrawNotchesAndMitres(const Sheet& sheet);
 
 void DrawMitreDimension(PrintSurface& surface, double x1, double x2, double value);
 
@@ -22,6 +18,6 @@ struct MiddleNotch {
   double Width = 0;
 };
 
-void DrawNotchChain(PrintSurface& surface, std::int16_t ItemIndex, Table<MiddleNotch> notches);
+void DrawNotchChain(const Sheet& sheet, Table<MiddleNotch> notches);
 
 }  // namespace orvane

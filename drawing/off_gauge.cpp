@@ -5,8 +5,6 @@
 #include <string_view>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
-#include "drawing/elevation.h"
 #include "drawing/length.h"
 #include "drawing/primitives.h"
 #include "drawing/section_views.h"
@@ -130,34 +128,33 @@ std::string OffGaugeLetter(int row) {
   return std::string(letters.substr(static_cast<std::size_t>(row) - 1, 1));
 }
 
-void DrawOffGaugeKey(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim) {
-  const Item& item = Items.At(ItemIndex);
+void DrawOffGaugeKey(const Sheet& sheet) {
+  const Item& item = sheet.Section;
   if (item.SectionType != "Z" && item.SectionType != "C" && item.SectionType != "E") return;
-  const Point origin = KeyOrigin(surface);
-  PenWidthMm(surface, ObjectPen);
-  DrawKeyEdges(surface, item.SectionType, dim);
+  const Point origin = KeyOrigin(sheet);
+  PenWidthMm(sheet.Surface, ObjectPen);
+  DrawKeyEdges(sheet);
   for (const KeyMeasure& measure : KeyMeasures) {
     if (measure.Families.find(item.SectionType) == std::string_view::npos) continue;
-    DrawKeyMeasure(surface, measure, dim, origin);
+    DrawKeyMeasure(sheet.Surface, measure, sheet.Dim, origin);
   }
 }
 
-void DrawOffGaugeTable(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim&,
-                       const Table<OffGaugeHole>& list) {
+void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list) {
   if (list.Empty()) return;
+  PrintSurface& surface = sheet.Surface;
+  const PageMargins& margins = sheet.Source.Margins;
   constexpr double columnWidth = 15;
   constexpr double rowHeight = 5;
-  constexpr double keyGap = 30;
-  // The table ends 15 mm left of the key's origin, clear of the key. With many letters it begins
-  // left of the paper.
-  const double left = KeyOrigin(surface).X - keyGap - columnWidth * list.UBound();
-  WriteTextAt(surface, "Off-gauge hole Y dims.", left, TopMargin + 15);
+  // With many letters the table begins left of the paper.
+  const double left = KeyOrigin(sheet).X - OffGaugeTableGap - columnWidth * list.UBound();
+  WriteTextAt(surface, "Off-gauge hole Y dims.", left, margins.TopMargin + OffGaugeTitleDrop);
 
-  const bool eaves = Items.At(ItemIndex).SectionType == "E";
+  const bool eaves = sheet.Section.SectionType == "E";
   const int rows = eaves ? 3 : 4;
-  surface.CurrentY(Length::OfMm(TopMargin + 20));
+  surface.CurrentY(Length::OfMm(margins.TopMargin + OffGaugeTableDrop));
   surface.StartTable();
-  surface.TableIndent(Length::OfMm(left - LeftMargin));
+  surface.TableIndent(Length::OfMm(left - margins.LeftMargin));
   surface.TableOnOnePage();
   surface.TableCell(TableSetting::Columns, 0, 0, list.UBound() + 1);
   surface.TableCell(TableSetting::Rows, 0, 0, rows);

@@ -6,7 +6,7 @@
 
 #include "core/model.h"
 #include "core/table.h"
-#include "drawing/print_surface.h"
+#include "drawing/sheet.h"
 
 namespace orvane {
 
@@ -29,8 +29,9 @@ void AddOffGauge(Table<OffGaugeHole>& list, const Hole& hole, double drawX);
 // The letter of a row of the list; empty beyond "Z".
 std::string OffGaugeLetter(int row);
 
-void DrawOffGaugeKey(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim);
-void DrawOffGaugeTable(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                       const Table<OffGaugeHole>& list);
+// The small cross-section whose letters the table uses; Z, C and E have one.
+void DrawOffGaugeKey(const Sheet& sheet);
+// A column for each row of the list; nothing for an empty one.
+void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list);
 
 }  // namespace orvane

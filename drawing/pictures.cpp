@@ -47,15 +47,19 @@ Drawings& frmDrawings() {
 }
 
 std::shared_ptr<const Picture> LoadDrawing(std::string_view suffix) {
+  std::shared_ptr<const Picture> picture = ReadDrawing(suffix);
+  frmDrawings().imgAcc = picture;
+  return picture;
+}
+
+std::shared_ptr<const Picture> ReadDrawing(std::string_view suffix) {
   if (LeavesTheFolder(suffix)) {
     throw RuntimeError(Failure::PathNotFound,
                        "Picture outside the program's folder: " + std::string(suffix));
   }
   const std::string path = ProgramPath(suffix);
   try {
-    auto picture = std::make_shared<const Picture>(ReadMetafile(ReadWholeFile(path)));
-    frmDrawings().imgAcc = picture;
-    return picture;
+    return std::make_shared<const Picture>(ReadMetafile(ReadWholeFile(path)));
   } catch (const RuntimeError& error) {
     if (IsMissing(error)) {
       throw RuntimeError(Failure::FileNotFound, DescriptionOf(Failure::FileNotFound) + ": " + path);

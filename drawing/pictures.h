@@ -23,4 +23,8 @@ Drawings& frmDrawings();
 // program's folder.
 std::shared_ptr<const Picture> LoadDrawing(std::string_view suffix);
 
+// The same without the holder, which belongs to the thread of the windows: for sheets drawn beside
+// it.
+std::shared_ptr<const Picture> ReadDrawing(std::string_view suffix);
+
 }  // namespace orvane

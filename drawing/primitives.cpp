@@ -39,6 +39,12 @@ void PenWidthMm(PrintSurface& surface, double width) {
   surface.PenWidth(Length::OfMm(width));
 }
 
+void WriteTextAt(PrintSurface& surface, std::string_view text, double x, double y) {
+  surface.CurrentX(Length::OfMm(x));
+  surface.CurrentY(Length::OfMm(y));
+  surface.Text(text);
+}
+
 void DrawArrowHead(PrintSurface& surface, double angle, double x, double y) {
   constexpr double length = 1.1;
   constexpr double halfBase = 0.35;
@@ -104,8 +110,12 @@ void DrawDimension(PrintSurface& surface, double x1, double y1, double x2, doubl
   DrawDimension(surface, x1, y1, x2, y2, ShortestText(value));
 }
 
-void DrawDashedLine(PrintSurface& surface, double x1, double y1, double x2, double y2,
-                    double dash) {
+void TellInMessageBox(const std::string& description) {
+  TheDesktop().Message(description);
+}
+
+void DrawDashedLine(PrintSurface& surface, double x1, double y1, double x2, double y2, double dash,
+                    const Teller& tell) {
   try {
     const double distance = std::sqrt((x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1));
     const double pieces = Divide(distance, 2 * dash);
@@ -123,7 +133,7 @@ void DrawDashedLine(PrintSurface& surface, double x1, double y1, double x2, doub
       y += 2 * stepY;
     }
   } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
+    tell(error.what());
   }
 }
 

@@ -2,6 +2,7 @@
 // otherwise.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,9 @@ double DegToRad(double degrees);
 void DrawLineMm(PrintSurface& surface, double x1, double y1, double x2, double y2);
 void PenWidthMm(PrintSurface& surface, double width);
 
+// The text with its top left corner at (x, y).
+void WriteTextAt(PrintSurface& surface, std::string_view text, double x, double y);
+
 // A solid black triangle with its tip at (x, y), pointing right at angle 0, up at HalfPi.
 void DrawArrowHead(PrintSurface& surface, double angle, double x, double y);
 
@@ -42,8 +46,14 @@ void DrawDimension(PrintSurface& surface, double x1, double y1, double x2, doubl
                    std::string_view value);
 void DrawDimension(PrintSurface& surface, double x1, double y1, double x2, double y2, double value);
 
+// Takes the description of an error.
+using Teller = std::function<void(const std::string& description)>;
+// Shows it in a plain message box, as everything on the thread of the windows does.
+void TellInMessageBox(const std::string& description);
+
 // Dashes and gaps of equal length, all five in twips. An error in it, such as that of a line
-// without length, shows its description, and the sheet goes on.
-void DrawDashedLine(PrintSurface& surface, double x1, double y1, double x2, double y2, double dash);
+// without length, is told, and the sheet goes on.
+void DrawDashedLine(PrintSurface& surface, double x1, double y1, double x2, double y2, double dash,
+                    const Teller& tell = TellInMessageBox);
 
 }  // namespace orvane

@@ -6,8 +6,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "drawing/drawing_state.h"
-#include "drawing/elevation.h"
 #include "drawing/notches_and_mitres.h"
 #include "drawing/primitives.h"
 #include "drawing/section_view_parts.h"
@@ -18,7 +16,7 @@ namespace {
 
 struct FamilyViews {
   std::string_view Letter;
-  void (*Draw)(const SectionView& view);
+  void (*Draw)(const Sheet& sheet);
 };
 
 constexpr FamilyViews Families[] = {
@@ -26,77 +24,57 @@ constexpr FamilyViews Families[] = {
     {"V", DrawVViews}, {"R", DrawRailViews}, {"T", DrawTopHatViews},
 };
 
-void SetDrawingState(const PrintSurface& surface, double length) {
-  SectionViewLeft = LeftMargin + SectionViewInset;
-  ElevationLeft = LeftMargin + ElevationInset;
-  DrawingWidth = DrawingWidthOf(surface.PageWidth());
-  LengthScale = LengthScaleOf(DrawingWidth, length);
-}
-
 // What the sheet tells of the section in words, from the top of the page down.
-void DrawTextBlock(PrintSurface& surface, const Item& item, const SectionDim& dim) {
+void DrawTextBlock(const Sheet& sheet) {
+  PrintSurface& surface = sheet.Surface;
+  const Item& item = sheet.Section;
+  const PageMargins& margins = sheet.Source.Margins;
   struct Entry {
     std::string_view Label;
     std::string Value;
-    double ValueInset;  // from the left margin, mm
+    double Inset;  // of the value
   };
   std::vector<Entry> entries = {
-      {"Mark:  ", item.Mark, 25},
-      {"No. Off:  ", ShortestText(item.Quantity), 25},
-      {"Section:  ", dim.Product, 25},
+      {"Mark:  ", item.Mark, ValueInset},
+      {"No. Off:  ", ShortestText(item.Quantity), ValueInset},
+      {"Section:  ", sheet.Dim.Product, ValueInset},
   };
   const std::string_view notes = Trim(item.Notes);
-  if (!notes.empty()) entries.push_back({"Notes:  ", std::string(notes), 25});
+  if (!notes.empty()) entries.push_back({"Notes:  ", std::string(notes), ValueInset});
   if (item.SectionType == "R") {
-    entries.push_back({"No. Req'd Jointing Piece:  ", ShortestText(item.JointingPieces), 55});
+    entries.push_back(
+        {"No. Req'd Jointing Piece:  ", ShortestText(item.JointingPieces), JointingValueInset});
   }
 
   surface.PenColor(Black);
   surface.FontName("Arial");
   surface.FontSize(12);
-  double y = TopMargin + 15;
+  double y = margins.TopMargin + TextBlockDrop;
   for (const Entry& entry : entries) {
-    WriteTextAt(surface, entry.Label, LeftMargin + 5, y);
-    surface.CurrentX(Length::OfMm(LeftMargin + entry.ValueInset));
+    WriteTextAt(surface, entry.Label, margins.LeftMargin + LabelInset, y);
+    surface.CurrentX(Length::OfMm(margins.LeftMargin + entry.Inset));
     surface.Text(entry.Value);
-    y += 5;
+    y += TextBlockStep;
   }
   surface.FontSize(7);  // of every dimension on the sheet
 }
 
 }  // namespace
 
-double DrawnDepth(std::string_view sectionType, const SectionDim& dim) {
-  if (sectionType != "T") return dim.Dim3;
-  return dim.Dim7 + dim.Dim3 + dim.Dim8 + 2 * TopHatLean() * dim.Dim4;
-}
-
-double ViewBottom(std::string_view sectionType, const SectionDim& dim) {
-  return SectionY(sectionType == "V" ? dim.Dim4 : DrawnDepth(sectionType, dim));
-}
-
-void DrawSectionViews(PrintSurface& surface, std::int16_t ItemIndex, const SectionDim& dim,
-                      double length) {
-  if (!(dim.Dim3 > 0) || !(length > 0)) return;
-  const Item& item = Items.At(ItemIndex);
-  SetDrawingState(surface, length);
-  DrawTextBlock(surface, item, dim);
-  const SectionView view{surface,
-                         dim,
-                         item.Pitch,
-                         length,
-                         DrawnDepth(item.SectionType, dim),
-                         ViewBottom(item.SectionType, dim)};
+void DrawSectionViews(const Sheet& sheet) {
+  if (!HasViews(sheet)) return;
+  DrawTextBlock(sheet);
   for (const FamilyViews& family : Families) {
-    if (family.Letter == item.SectionType) family.Draw(view);
+    if (family.Letter == sheet.Section.SectionType) family.Draw(sheet);
   }
-  DrawNotchesAndMitres(surface, ItemIndex, dim, length);
+  DrawNotchesAndMitres(sheet);
 }
 
-void DrawSectionEdge(PrintSurface& surface, double x1, double y1, double x2, double y2,
-                     EdgeSide side, double offset, double value) {
-  const double left = SectionX(x1);
-  const double right = SectionX(x2);
+void DrawSectionEdge(const Sheet& sheet, double x1, double y1, double x2, double y2, EdgeSide side,
+                     double offset, double value) {
+  PrintSurface& surface = sheet.Surface;
+  const double left = SectionX(sheet, x1);
+  const double right = SectionX(sheet, x2);
   const double top = SectionY(y1);
   const double bottom = SectionY(y2);
   PenWidthMm(surface, ObjectPen);
@@ -107,41 +85,43 @@ void DrawSectionEdge(PrintSurface& surface, double x1, double y1, double x2, dou
   const double outward = side == EdgeSide::Left || side == EdgeSide::Top ? -1 : 1;
   // The dimension's first end is the top or left one, whichever way the edge runs.
   if (side == EdgeSide::Left || side == EdgeSide::Right) {
-    const double outer = left + outward * (offset + 7);
-    const double inner = left + outward * (offset + 2);
-    const double x = left + outward * (offset + 5);
+    const double outer = left + outward * (offset + UprightEdge.Outer);
+    const double inner = left + outward * (offset + UprightEdge.Inner);
+    const double x = left + outward * (offset + UprightEdge.Row);
     DrawLineMm(surface, outer, top, inner, top);
     DrawLineMm(surface, outer, bottom, inner, bottom);
     DrawDimension(surface, x, std::min(top, bottom), x, std::max(top, bottom), value);
   } else {
-    const double outer = top + outward * (offset + 8);
-    const double inner = top + outward * (offset + 2);
-    const double y = top + outward * (offset + 6);
+    const double outer = top + outward * (offset + LevelEdge.Outer);
+    const double inner = top + outward * (offset + LevelEdge.Inner);
+    const double y = top + outward * (offset + LevelEdge.Row);
     DrawLineMm(surface, left, outer, left, inner);
     DrawLineMm(surface, right, outer, right, inner);
     DrawDimension(surface, std::min(left, right), y, std::max(left, right), y, value);
   }
 }
 
-void DrawKeyEdge(PrintSurface& surface, double x1, double y1, double x2, double y2) {
-  const Point origin = KeyOrigin(surface);
-  PenWidthMm(surface, ObjectPen);
-  DrawLineMm(surface, origin.X + CrossScale * x1, origin.Y + CrossScale * y1,
+void DrawKeyEdge(const Sheet& sheet, double x1, double y1, double x2, double y2) {
+  const Point origin = KeyOrigin(sheet);
+  PenWidthMm(sheet.Surface, ObjectPen);
+  DrawLineMm(sheet.Surface, origin.X + CrossScale * x1, origin.Y + CrossScale * y1,
              origin.X + CrossScale * x2, origin.Y + CrossScale * y2);
 }
 
-Point KeyOrigin(PrintSurface& surface) {
-  return {surface.PageWidth() / TwipsPerMm - RightMargin - 20, TopMargin + 20.0};
+Point KeyOrigin(const Sheet& sheet) {
+  const PageMargins& margins = sheet.Source.Margins;
+  return {sheet.PageWidth - margins.RightMargin - KeyInset, margins.TopMargin + KeyDrop};
 }
 
-void DrawLengthDimension(PrintSurface& surface, double length, double baseY) {
-  const double right = ElevationX(length);
-  PenWidthMm(surface, ThinPen);
-  DrawPageLines(surface, {
-                             {ElevationLeft, baseY - 26, ElevationLeft, baseY - 2},
-                             {right, baseY - 26, right, baseY - 2},
-                         });
-  DrawDimension(surface, ElevationLeft, baseY - 24, right, baseY - 24, length);
+void DrawLengthDimension(const Sheet& sheet, double length, double baseY) {
+  const double left = sheet.ElevationLeft;
+  const double right = ElevationX(sheet, length);
+  const double top = baseY - LengthBand.Top;
+  const double row = baseY - LengthBand.Row;
+  const double bottom = baseY - LengthBand.Bottom;
+  PenWidthMm(sheet.Surface, ThinPen);
+  DrawPageLines(sheet.Surface, {{left, top, left, bottom}, {right, top, right, bottom}});
+  DrawDimension(sheet.Surface, left, row, right, row, length);
 }
 
 }  // namespace orvane

@@ -8,9 +8,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "drawing/drawing_state.h"
-#include "drawing/elevation.h"
-#include "drawing/pictures.h"
 #include "drawing/primitives.h"
 #include "drawing/section_view_parts.h"
 
@@ -52,10 +49,10 @@ std::array<SectionEdge, 5> CEdges(const SectionDim& dim) {
 }
 
 // The gauges of a channel's open side, beyond its top flange.
-void DrawChannelGauges(const SectionView& view) {
-  const double x = SectionX(view.Dim.Dim4) + 10;
-  const double inner = SectionViewLeft - 2;
-  DrawGaugeColumn(view, x, {x - 3, inner, inner, x - 3}, x + 2);
+void DrawChannelGauges(const Sheet& sheet) {
+  const double x = SectionX(sheet, sheet.Dim.Dim4) + 10;
+  const double inner = sheet.SectionViewLeft - 2;
+  DrawGaugeColumn(sheet, x, {x - 3, inner, inner, x - 3}, x + 2);
 }
 
 // The top flange of an eaves beam, which follows the roof.
@@ -66,16 +63,16 @@ struct Slope {
   double LipX, LipY;        // end of its lip
 };
 
-Slope SlopeOf(const SectionView& view) {
+Slope SlopeOf(const Sheet& sheet) {
   Slope slope{};
-  slope.Degrees = Val(Trim(view.Pitch));
+  slope.Degrees = Val(Trim(sheet.Section.Pitch));
   slope.Radians = DegToRad(slope.Degrees);
   slope.Cos = std::cos(slope.Radians);
   slope.Sin = std::sin(slope.Radians);
-  slope.FlangeX = SectionX(slope.Cos * view.Dim.Dim4);
-  slope.FlangeY = SectionY(-slope.Sin * view.Dim.Dim4);
-  slope.LipX = slope.FlangeX + CrossScale * slope.Sin * view.Dim.Dim7;
-  slope.LipY = SectionY(-slope.Sin * view.Dim.Dim4 + slope.Cos * view.Dim.Dim7);
+  slope.FlangeX = SectionX(sheet, slope.Cos * sheet.Dim.Dim4);
+  slope.FlangeY = SectionY(-slope.Sin * sheet.Dim.Dim4);
+  slope.LipX = slope.FlangeX + CrossScale * slope.Sin * sheet.Dim.Dim7;
+  slope.LipY = SectionY(-slope.Sin * sheet.Dim.Dim4 + slope.Cos * sheet.Dim.Dim7);
   return slope;
 }
 
@@ -107,7 +104,7 @@ void DrawSlopedValue(PrintSurface& surface, const SlopedValue& value, const Slop
 }
 
 // Of the lip, set off along the slope.
-void DrawLipDimension(const SectionView& view, const Slope& slope) {
+void DrawLipDimension(const Sheet& sheet, const Slope& slope) {
   const double c = slope.Cos;
   const double n = slope.Sin;
   const Point first{slope.FlangeX + 5 * c, slope.FlangeY - 5 * n};
@@ -119,21 +116,21 @@ void DrawLipDimension(const SectionView& view, const Slope& slope) {
       {first.X,               first.Y,               second.X,              second.Y},
       // clang-format on
   };
-  DrawPageLines(view.Surface, lines);
-  DrawArrowHead(view.Surface, HalfPi, first.X, first.Y);
-  DrawArrowHead(view.Surface, ThreeHalfPi, second.X, second.Y);
+  DrawPageLines(sheet.Surface, lines);
+  DrawArrowHead(sheet.Surface, HalfPi, first.X, first.Y);
+  DrawArrowHead(sheet.Surface, ThreeHalfPi, second.X, second.Y);
 
-  const SlopedValue value = Measured(view.Surface, view.Dim.Dim7);
+  const SlopedValue value = Measured(sheet.Surface, sheet.Dim.Dim7);
   const double e = value.Width / 2;
-  const double f = (CrossScale * view.Dim.Dim7 - value.Height) / 2;
-  DrawSlopedValue(view.Surface, value, slope, first.X - c * e + n * f, first.Y + c * f + n * e);
+  const double f = (CrossScale * sheet.Dim.Dim7 - value.Height) / 2;
+  DrawSlopedValue(sheet.Surface, value, slope, first.X - c * e + n * f, first.Y + c * f + n * e);
 }
 
 // Of the flange, above it.
-void DrawFlangeDimension(const SectionView& view, const Slope& slope) {
+void DrawFlangeDimension(const Sheet& sheet, const Slope& slope) {
   const double c = slope.Cos;
   const double n = slope.Sin;
-  const double left = SectionViewLeft;
+  const double left = sheet.SectionViewLeft;
   const Point first{left - 5 * n, ViewTop - 5 * c};
   const Point second{slope.FlangeX - 5 * n, slope.FlangeY - 5 * c};
   const std::initializer_list<PageLine> lines = {
@@ -143,78 +140,84 @@ void DrawFlangeDimension(const SectionView& view, const Slope& slope) {
       {first.X,               first.Y,               second.X,              second.Y},
       // clang-format on
   };
-  DrawPageLines(view.Surface, lines);
-  DrawArrowHead(view.Surface, slope.Radians + Pi, first.X, first.Y);
-  DrawArrowHead(view.Surface, slope.Radians, second.X, second.Y);
+  DrawPageLines(sheet.Surface, lines);
+  DrawArrowHead(sheet.Surface, slope.Radians + Pi, first.X, first.Y);
+  DrawArrowHead(sheet.Surface, slope.Radians, second.X, second.Y);
 
-  const SlopedValue value = Measured(view.Surface, view.Dim.Dim4);
-  const double e = (CrossScale * view.Dim.Dim4 - value.Width) / 2;
+  const SlopedValue value = Measured(sheet.Surface, sheet.Dim.Dim4);
+  const double e = (CrossScale * sheet.Dim.Dim4 - value.Width) / 2;
   const double f = value.Height / 2;
-  DrawSlopedValue(view.Surface, value, slope, first.X + c * e - n * f, first.Y - c * f - n * e);
+  DrawSlopedValue(sheet.Surface, value, slope, first.X + c * e - n * f, first.Y - c * f - n * e);
 }
 
 // The roof's pitch over the flange.
-void DrawPitch(const SectionView& view, const Slope& slope) {
+void DrawPitch(const Sheet& sheet, const Slope& slope) {
   constexpr std::string_view degreeMark = "\xC2\xBA";  // a raised small o
   const double level = slope.FlangeY - 8;
-  view.Surface.BrushStyle(Brush::Transparent);
-  DrawPageLines(view.Surface, {
-                                  {SectionViewLeft, level, SectionX(view.Dim.Dim5), level},
-                                  {SectionViewLeft, level, slope.FlangeX,
-                                   slope.FlangeY - CrossScale * slope.Sin * view.Dim.Dim4 - 8},
-                              });
-  view.Surface.DrawArc(Length::OfMm(SectionViewLeft), Length::OfMm(level), Length::OfMm(4), 0,
-                       slope.Radians);
-  DrawCentredText(view.Surface, std::string(Trim(view.Pitch)).append(degreeMark),
+  sheet.Surface.BrushStyle(Brush::Transparent);
+  DrawPageLines(sheet.Surface,
+                {
+                    {sheet.SectionViewLeft, level, SectionX(sheet, sheet.Dim.Dim5), level},
+                    {sheet.SectionViewLeft, level, slope.FlangeX,
+                     slope.FlangeY - CrossScale * slope.Sin * sheet.Dim.Dim4 - 8},
+                });
+  sheet.Surface.DrawArc(Length::OfMm(sheet.SectionViewLeft), Length::OfMm(level), Length::OfMm(4),
+                        0, slope.Radians);
+  DrawCentredText(sheet.Surface, std::string(Trim(sheet.Section.Pitch)).append(degreeMark),
                   slope.FlangeX + 1.5, slope.FlangeY - 9.5);
 }
 
 }  // namespace
 
-void DrawZViews(const SectionView& view) {
-  const SectionDim& dim = view.Dim;
-  const double web = SectionX(dim.Dim5);
+void DrawZViews(const Sheet& sheet) {
+  const SectionDim& dim = sheet.Dim;
+  const double web = SectionX(sheet, dim.Dim5);
   const std::array<SectionEdge, 5> edges = ZEdges(dim);
   for (std::size_t at = 0; at < edges.size(); ++at) {
-    DrawSectionEdge(view.Surface, edges.at(at));
+    DrawSectionEdge(sheet, edges.at(at));
     // Closes the upper extension of the web's dimension, over the room of the bottom flange.
-    if (at == ZWeb) DrawLineMm(view.Surface, SectionViewLeft - 7, ViewTop, web - 2, ViewTop);
+    if (at == ZWeb) DrawLineMm(sheet.Surface, sheet.SectionViewLeft - 7, ViewTop, web - 2, ViewTop);
   }
 
-  PenWidthMm(view.Surface, ThinPen);
-  const double x = SectionX(dim.Dim5 + dim.Dim4) + 10;
-  DrawGaugeColumn(view, x, {x - 3, web - 2, web - 2, web + 2}, x + 2);
+  PenWidthMm(sheet.Surface, ThinPen);
+  const double x = SectionX(sheet, dim.Dim5 + dim.Dim4) + 10;
+  DrawGaugeColumn(sheet, x, {x - 3, web - 2, web - 2, web + 2}, x + 2);
 
-  DrawElevation(view, ViewTop, view.Bottom, {SectionY(dim.Dim7)});
+  DrawElevation(sheet, ViewTop, sheet.Bottom, {SectionY(dim.Dim7)});
   // The lower lip lies on the far side, so that its line is hidden.
-  const double hidden = SectionY(view.Depth - dim.Dim8) * TwipsPerMm;
-  PenWidthMm(view.Surface, ThinPen);
-  DrawDashedLine(view.Surface, ElevationLeft * TwipsPerMm, hidden,
-                 ElevationX(view.Length) * TwipsPerMm, hidden, WholeTwips(1).Twips());
-  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+  const double hidden = SectionY(sheet.Depth - dim.Dim8) * TwipsPerMm;
+  PenWidthMm(sheet.Surface, ThinPen);
+  DrawDashedLine(sheet.Surface, sheet.ElevationLeft * TwipsPerMm, hidden,
+                 ElevationX(sheet, sheet.Length) * TwipsPerMm, hidden, WholeTwips(1).Twips(),
+                 sheet.Source.Tell);
+  DrawLengthDimension(sheet, sheet.Length, ViewTop);
 }
 
-void DrawCViews(const SectionView& view) {
-  const SectionDim& dim = view.Dim;
-  for (const SectionEdge& edge : CEdges(dim)) DrawSectionEdge(view.Surface, edge);
+void DrawCViews(const Sheet& sheet) {
+  const SectionDim& dim = sheet.Dim;
+  for (const SectionEdge& edge : CEdges(dim)) DrawSectionEdge(sheet, edge);
 
-  PenWidthMm(view.Surface, ThinPen);
-  DrawChannelGauges(view);
-  DrawPageLines(view.Surface, {
-                                  {SectionX(0), 92, SectionX(0), 98},
-                                  {SectionX(dim.Dim4), 92, SectionX(dim.Dim4), 98},
-                                  {SectionX(dim.Dim4 / 2), 92, SectionX(dim.Dim4 / 2), 102},
-                              });
-  DrawHalvedFlange(view.Surface, dim.Dim4, 94);
+  PenWidthMm(sheet.Surface, ThinPen);
+  DrawChannelGauges(sheet);
+  DrawPageLines(
+      sheet.Surface,
+      {
+          {SectionX(sheet, 0), FlangeBand.Top, SectionX(sheet, 0), FlangeBand.Bottom},
+          {SectionX(sheet, dim.Dim4), FlangeBand.Top, SectionX(sheet, dim.Dim4), FlangeBand.Bottom},
+          {SectionX(sheet, dim.Dim4 / 2), FlangeBand.Top, SectionX(sheet, dim.Dim4 / 2),
+           FlangeCentreEnd},
+      });
+  DrawHalvedFlange(sheet, dim.Dim4, FlangeBand.Row);
 
-  DrawElevation(view, ViewTop, view.Bottom, {SectionY(dim.Dim7), SectionY(view.Depth - dim.Dim8)});
-  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+  DrawElevation(sheet, ViewTop, sheet.Bottom,
+                {SectionY(dim.Dim7), SectionY(sheet.Depth - dim.Dim8)});
+  DrawLengthDimension(sheet, sheet.Length, ViewTop);
 }
 
-void DrawEavesViews(const SectionView& view) {
-  const SectionDim& dim = view.Dim;
-  const Slope slope = SlopeOf(view);
-  const double depth = view.Depth;
+void DrawEavesViews(const Sheet& sheet) {
+  const SectionDim& dim = sheet.Dim;
+  const Slope slope = SlopeOf(sheet);
+  const double depth = sheet.Depth;
   const double flangeX = slope.Cos * dim.Dim4;
   const double flangeY = -slope.Sin * dim.Dim4;
   const double lipX = flangeX + slope.Sin * dim.Dim7;
@@ -229,29 +232,31 @@ void DrawEavesViews(const SectionView& view) {
       {dim.Dim5, depth - dim.Dim8,    dim.Dim5, depth,    Right, 0,      dim.Dim8},
       // clang-format on
   };
-  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+  for (const SectionEdge& edge : edges) DrawSectionEdge(sheet, edge);
 
-  PenWidthMm(view.Surface, ThinPen);
-  DrawChannelGauges(view);
-  DrawLipDimension(view, slope);
-  DrawFlangeDimension(view, slope);
-  const double below = view.Bottom;
-  DrawPageLines(view.Surface,
-                {
-                    {SectionX(0), below + 2, SectionX(0), below + 8},
-                    {SectionX(dim.Dim5), below + 2, SectionX(dim.Dim5), below + 8},
-                    {SectionX(dim.Dim5 / 2), below - 2, SectionX(dim.Dim5 / 2), below + 8},
-                });
-  DrawHalvedFlange(view.Surface, dim.Dim5, below + 6);
-  if (slope.Degrees > 0) DrawPitch(view, slope);
+  PenWidthMm(sheet.Surface, ThinPen);
+  DrawChannelGauges(sheet);
+  DrawLipDimension(sheet, slope);
+  DrawFlangeDimension(sheet, slope);
+  const double below = sheet.Bottom;
+  DrawPageLines(sheet.Surface, {
+                                   {SectionX(sheet, 0), below + ChainBand.Top, SectionX(sheet, 0),
+                                    below + ChainBand.Bottom},
+                                   {SectionX(sheet, dim.Dim5), below + ChainBand.Top,
+                                    SectionX(sheet, dim.Dim5), below + ChainBand.Bottom},
+                                   {SectionX(sheet, dim.Dim5 / 2), below - 2,
+                                    SectionX(sheet, dim.Dim5 / 2), below + ChainBand.Bottom},
+                               });
+  DrawHalvedFlange(sheet, dim.Dim5, below + ChainBand.Row);
+  if (slope.Degrees > 0) DrawPitch(sheet, slope);
 
-  DrawElevation(view, slope.FlangeY, view.Bottom, {slope.LipY, SectionY(depth - dim.Dim8)});
-  DrawLengthDimension(view.Surface, view.Length, slope.FlangeY);
+  DrawElevation(sheet, slope.FlangeY, sheet.Bottom, {slope.LipY, SectionY(depth - dim.Dim8)});
+  DrawLengthDimension(sheet, sheet.Length, slope.FlangeY);
 }
 
-void DrawVViews(const SectionView& view) {
-  const SectionDim& dim = view.Dim;
-  const double depth = view.Depth;
+void DrawVViews(const Sheet& sheet) {
+  const SectionDim& dim = sheet.Dim;
+  const double depth = sheet.Depth;
   const SectionEdge edges[] = {
       // clang-format off
       // from              to                           side    offset  value
@@ -261,22 +266,23 @@ void DrawVViews(const SectionView& view) {
       {depth, dim.Dim4,    depth, dim.Dim4 - dim.Dim8,  Right,  0,      dim.Dim8},
       // clang-format on
   };
-  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+  for (const SectionEdge& edge : edges) DrawSectionEdge(sheet, edge);
 
-  PenWidthMm(view.Surface, ThinPen);
-  const double x = SectionViewLeft - 5;
-  const double start = SectionViewLeft - 1;
-  DrawGaugeColumn(view, x, {start, start, start, start}, x);
+  PenWidthMm(sheet.Surface, ThinPen);
+  const double x = sheet.SectionViewLeft - 5;
+  const double start = sheet.SectionViewLeft - 1;
+  DrawGaugeColumn(sheet, x, {start, start, start, start}, x);
 
-  DrawElevation(view, ViewTop, view.Bottom, {});
+  DrawElevation(sheet, ViewTop, sheet.Bottom, {});
   const Length lip = WholeTwips(SectionY(dim.Dim4 - dim.Dim8));
-  view.Surface.DrawLine(WholeTwips(ElevationLeft), lip, WholeTwips(ElevationX(view.Length)), lip);
-  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+  sheet.Surface.DrawLine(WholeTwips(sheet.ElevationLeft), lip,
+                         WholeTwips(ElevationX(sheet, sheet.Length)), lip);
+  DrawLengthDimension(sheet, sheet.Length, ViewTop);
 }
 
-void DrawRailViews(const SectionView& view) {
-  const SectionDim& dim = view.Dim;
-  const double depth = view.Depth;
+void DrawRailViews(const Sheet& sheet) {
+  const SectionDim& dim = sheet.Dim;
+  const double depth = sheet.Depth;
   const SectionEdge edges[] = {
       // clang-format off
       // from          to                  side    offset                  value
@@ -284,31 +290,31 @@ void DrawRailViews(const SectionView& view) {
       {0, depth,       dim.Dim5, depth,    Bottom, 0,                      dim.Dim5},
       // clang-format on
   };
-  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+  for (const SectionEdge& edge : edges) DrawSectionEdge(sheet, edge);
 
-  PenWidthMm(view.Surface, ThinPen);
-  const double web = SectionX(dim.Dim5);
+  PenWidthMm(sheet.Surface, ThinPen);
+  const double web = SectionX(sheet, dim.Dim5);
   const double x = web + 5;
   const double row = SectionY(depth - dim.Dim11);
-  DrawPageLines(view.Surface, {
-                                  {SectionViewLeft - 2, ViewTop, web - 2, ViewTop},
-                                  {web - 2, row, x + 2, row},
-                                  {web + 2, view.Bottom, x + 2, view.Bottom},
-                              });
-  DrawDimension(view.Surface, x, row, x, view.Bottom, dim.Dim11);
+  DrawPageLines(sheet.Surface, {
+                                   {sheet.SectionViewLeft - 2, ViewTop, web - 2, ViewTop},
+                                   {web - 2, row, x + 2, row},
+                                   {web + 2, sheet.Bottom, x + 2, sheet.Bottom},
+                               });
+  DrawDimension(sheet.Surface, x, row, x, sheet.Bottom, dim.Dim11);
 
-  DrawElevation(view, ViewTop, view.Bottom, {});
-  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+  DrawElevation(sheet, ViewTop, sheet.Bottom, {});
+  DrawLengthDimension(sheet, sheet.Length, ViewTop);
 
-  const std::shared_ptr<const Picture> detail = LoadDrawing("\\drawings\\drg015.wmf");
-  constexpr double width = 75;
+  const std::shared_ptr<const Picture> detail = sheet.Source.LoadPicture("\\drawings\\drg015.wmf");
   const double proportion = Divide(detail->Width, detail->Height);
-  view.Surface.DrawPicture(detail, Length::OfMm(160), Length::OfMm(125), Length::OfMm(width),
-                           Length::OfMm(Divide(width, proportion)));
+  sheet.Surface.DrawPicture(detail, Length::OfMm(RailDetail.Left), Length::OfMm(RailDetail.Top),
+                            Length::OfMm(RailDetail.Width),
+                            Length::OfMm(Divide(RailDetail.Width, proportion)));
 }
 
-void DrawTopHatViews(const SectionView& view) {
-  const SectionDim& dim = view.Dim;
+void DrawTopHatViews(const Sheet& sheet) {
+  const SectionDim& dim = sheet.Dim;
   const double reach = dim.Dim4;
   const double rise = TopHatLean() * reach;  // of a sloping side
   const double crown = rise + dim.Dim7;      // its upper end, from the top
@@ -324,37 +330,38 @@ void DrawTopHatViews(const SectionView& view) {
       {reach, rise + foot,    reach, overall,       None,  0,      0},
       // clang-format on
   };
-  for (const SectionEdge& edge : edges) DrawSectionEdge(view.Surface, edge);
+  for (const SectionEdge& edge : edges) DrawSectionEdge(sheet, edge);
 
-  PenWidthMm(view.Surface, ThinPen);
-  const double right = SectionX(reach);
-  DrawPageLines(view.Surface, {
-                                  {SectionX(0), 92, SectionX(0), SectionY(dim.Dim7)},
-                                  {right, 92, right, 98},
-                              });
-  DrawDimension(view.Surface, SectionX(0), 94, right, 94, reach);
+  PenWidthMm(sheet.Surface, ThinPen);
+  const double right = SectionX(sheet, reach);
+  DrawPageLines(sheet.Surface,
+                {
+                    {SectionX(sheet, 0), FlangeBand.Top, SectionX(sheet, 0), SectionY(dim.Dim7)},
+                    {right, FlangeBand.Top, right, FlangeBand.Bottom},
+                });
+  DrawDimension(sheet.Surface, SectionX(sheet, 0), FlangeBand.Row, right, FlangeBand.Row, reach);
 
   const double x = right + 5;
   const double upper = SectionY(dim.Dim9);
-  const double lower = SectionY(view.Depth - dim.Dim9);
-  DrawPageLines(view.Surface, {
-                                  {right + 2, ViewTop, right + 7, ViewTop},
-                                  {right - 2, upper, right + 7, upper},
-                              });
-  DrawDimension(view.Surface, x, ViewTop, x, upper, dim.Dim9);
-  DrawPageLines(view.Surface, {
-                                  {right - 2, lower, right + 7, lower},
-                                  {right + 2, view.Bottom, right + 7, view.Bottom},
-                              });
-  DrawDimension(view.Surface, x, lower, x, view.Bottom, dim.Dim9);
+  const double lower = SectionY(sheet.Depth - dim.Dim9);
+  DrawPageLines(sheet.Surface, {
+                                   {right + 2, ViewTop, right + 7, ViewTop},
+                                   {right - 2, upper, right + 7, upper},
+                               });
+  DrawDimension(sheet.Surface, x, ViewTop, x, upper, dim.Dim9);
+  DrawPageLines(sheet.Surface, {
+                                   {right - 2, lower, right + 7, lower},
+                                   {right + 2, sheet.Bottom, right + 7, sheet.Bottom},
+                               });
+  DrawDimension(sheet.Surface, x, lower, x, sheet.Bottom, dim.Dim9);
 
   // Hole centres: a tick of 5 mm square across the middle of each sloping side.
   const double tickX = 2.5 * std::sin(DegToRad(10));
   const double tickY = 2.5 * std::cos(DegToRad(10));
-  const double middle = SectionX(reach / 2);
+  const double middle = SectionX(sheet, reach / 2);
   const double upperSide = SectionY(rise / 2 + dim.Dim7);
   const double lowerSide = SectionY(1.5 * rise + dim.Dim7 + dim.Dim3);
-  DrawPageLines(view.Surface,
+  DrawPageLines(sheet.Surface,
                 {
                     {middle - tickX, upperSide - tickY, middle + tickX, upperSide + tickY},
                     {middle + tickX, lowerSide - tickY, middle - tickX, lowerSide + tickY},
@@ -363,15 +370,16 @@ void DrawTopHatViews(const SectionView& view) {
   // The last line deliberately measures by the lip of the elevation, though the view's lower lip
   // was built from the upper one.
   DrawElevation(
-      view, ViewTop, SectionY(overall),
+      sheet, ViewTop, SectionY(overall),
       {SectionY(dim.Dim7), SectionY(crown), SectionY(foot), SectionY(overall - dim.Dim8)});
-  DrawLengthDimension(view.Surface, view.Length, ViewTop);
+  DrawLengthDimension(sheet, sheet.Length, ViewTop);
 }
 
-void DrawKeyEdges(PrintSurface& surface, std::string_view sectionType, const SectionDim& dim) {
+void DrawKeyEdges(const Sheet& sheet) {
+  const std::string& sectionType = sheet.Section.SectionType;
   if (sectionType != "Z" && sectionType != "C" && sectionType != "E") return;
-  for (const SectionEdge& edge : sectionType == "Z" ? ZEdges(dim) : CEdges(dim)) {
-    DrawKeyEdge(surface, edge.X1, edge.Y1, edge.X2, edge.Y2);
+  for (const SectionEdge& edge : sectionType == "Z" ? ZEdges(sheet.Dim) : CEdges(sheet.Dim)) {
+    DrawKeyEdge(sheet, edge.X1, edge.Y1, edge.X2, edge.Y2);
   }
 }
 

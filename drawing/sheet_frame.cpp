@@ -5,11 +5,9 @@
 #include <string>
 
 #include "core/dates.h"
-#include "core/model.h"
 #include "core/section_families.h"
 #include "core/text.h"
-#include "drawing/elevation.h"
-#include "drawing/pictures.h"
+#include "drawing/primitives.h"
 
 namespace orvane {
 
@@ -18,11 +16,23 @@ namespace {
 constexpr std::string_view ContactLine = "E-mail: sales@lintaro.example";
 constexpr std::string_view RightsLine = "(c) Lintaro. All rights reserved.";
 
+// The strip, mm: its rise above the bottom margin without the logo, whose height it takes on top,
+// and what stands in it, from the left margin and from the logo's lower edge.
+constexpr double StripRise = 12;
+constexpr double LogoInset = 10;
+constexpr double HeadingInset = 6;
+constexpr double HeadingDrop = 0.5;
+constexpr double RightsInset = 1;
+constexpr double RightsDrop = 7;
+constexpr double TitleInset = 60;
+constexpr double TitleDrop = 5;
+
+constexpr int LevelAlign = 6;     // TextAlign of every sheet, set once and never changed
+constexpr double FooterRise = 5;  // mm, of the footer's edge below the bottom margin's line
+
 std::string SheetTitle(std::string_view kind) {
-  if (kind == "a") return AccDefs.At(CurrentAcc).Name;
-  const int row = FamilyNumber(kind);
-  if (row == 0) return {};
-  return std::string(SectionFamilies.at(static_cast<std::size_t>(row) - 1).SheetTitle);
+  const SectionFamily* family = FamilyOf(kind);
+  return family == nullptr ? std::string() : std::string(family->SheetTitle);
 }
 
 struct JobField {
@@ -31,15 +41,15 @@ struct JobField {
 };
 
 // Three columns, of which the first keeps the room of logo and titles empty.
-void DrawJobTable(PrintSurface& surface) {
+void DrawJobTable(PrintSurface& surface, const SheetSource& source) {
   constexpr int orvaneRow = 6;
   const std::array<JobField, orvaneRow> fields = {{
-      {"Job No.", txtProject.at(1)},
-      {"Customer", txtProject.at(2)},
-      {"Project/Site", txtProject.at(3)},
-      {"Designer", txtProject.at(4)},
-      {"Project Date", FullYearText(DTPicker1)},
-      {"Orvane Job No.", txtProject.at(0)},
+      {"Job No.", source.txtProject.at(1)},
+      {"Customer", source.txtProject.at(2)},
+      {"Project/Site", source.txtProject.at(3)},
+      {"Designer", source.txtProject.at(4)},
+      {"Project Date", FullYearText(source.DTPicker1)},
+      {"Orvane Job No.", source.txtProject.at(0)},
   }};
   constexpr std::array<std::string_view, 3> widths = {"150mm", "32mm", "100mm"};
 
@@ -64,48 +74,58 @@ void DrawJobTable(PrintSurface& surface) {
   surface.EndTable();
 }
 
-}  // namespace
+void DrawFrame(PrintSurface& surface, const SheetSource& source, const std::string& title) {
+  const double left = source.Margins.LeftMargin;
+  SetSheetFooter(surface, source.CompanyName, source.CompanyDetails);
+  surface.TextAlign(LevelAlign);
 
-void StartSheets(PrintSurface& surface) {
-  surface.Orientation(PageOrientation::Landscape);
-  surface.HdrFontName("Arial");
-  surface.HdrFontSize(8);
-  ApplyPageMargins(surface);
-  surface.Clear();
-  surface.StartDoc();
-}
-
-double StripTop(const PrintSurface& surface) {
-  return surface.PageHeight() / TwipsPerMm - frmDrawings().imgLogo->Height - BottomMargin - 12;
-}
-
-void DrawSheetFrame(PrintSurface& surface, std::string_view kind) {
-  SetSheetFooter(surface);
-  surface.TextAlign(6);
-
-  const std::shared_ptr<const Picture> logo = frmDrawings().imgLogo;
-  const double logoTop = StripTop(surface);
+  const std::shared_ptr<const Picture>& logo = source.imgLogo;
+  const double logoTop = StripTop(surface, source);
   const double below = logoTop + logo->Height;
-  surface.DrawPicture(logo, Length::OfMm(LeftMargin + 10), Length::OfMm(logoTop));
+  surface.DrawPicture(logo, Length::OfMm(left + LogoInset), Length::OfMm(logoTop));
 
   surface.TextColor(Navy);
   surface.FontSize(14);
   surface.FontBold(true);
-  WriteTextAt(surface, "Detail System", LeftMargin + 6, below + 0.5);
+  WriteTextAt(surface, "Detail System", left + HeadingInset, below + HeadingDrop);
   surface.FontSize(9);
   surface.FontBold(false);
-  WriteTextAt(surface, RightsLine, LeftMargin + 1, below + 7);
+  WriteTextAt(surface, RightsLine, left + RightsInset, below + RightsDrop);
 
   surface.FontSize(14);
-  const std::string title = SheetTitle(kind);
-  if (!title.empty()) WriteTextAt(surface, title, LeftMargin + 60, below + 5);
+  if (!title.empty()) WriteTextAt(surface, title, left + TitleInset, below + TitleDrop);
 
   surface.TextColor(Black);
   surface.CurrentY(Length::OfMm(logoTop));
-  DrawJobTable(surface);
+  DrawJobTable(surface, source);
 }
 
-void SetSheetFooter(PrintSurface& surface) {
+}  // namespace
+
+void StartSheets(PrintSurface& surface, const PageMargins& margins) {
+  surface.Orientation(PageOrientation::Landscape);
+  surface.HdrFontName("Arial");
+  surface.HdrFontSize(8);
+  ApplyPageMargins(surface, margins);
+  surface.Clear();
+  surface.StartDoc();
+}
+
+double StripTop(const PrintSurface& surface, const SheetSource& source) {
+  return surface.PageHeight() / TwipsPerMm - source.imgLogo->Height - source.Margins.BottomMargin -
+         StripRise;
+}
+
+void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, std::string_view kind) {
+  DrawFrame(surface, source, SheetTitle(kind));
+}
+
+void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, const AccDef& accessory) {
+  DrawFrame(surface, source, accessory.Name);
+}
+
+void SetSheetFooter(PrintSurface& surface, const std::string& CompanyName,
+                    const std::string& CompanyDetails) {
   std::string footer(ContactLine);
   if (!Trim(CompanyName).empty()) {
     footer += "||Registered User: " + CompanyName + " " + CompanyDetails;
@@ -114,12 +134,12 @@ void SetSheetFooter(PrintSurface& surface) {
   surface.Footer(footer);
 }
 
-void ApplyPageMargins(PrintSurface& surface) {
-  surface.MarginLeft(Length::OfMm(LeftMargin));
-  surface.MarginRight(Length::OfMm(RightMargin));
-  surface.MarginTop(Length::OfMm(TopMargin));
-  surface.MarginBottom(Length::OfMm(BottomMargin));
-  surface.MarginFooter(Length::OfMm(BottomMargin - 5));
+void ApplyPageMargins(PrintSurface& surface, const PageMargins& margins) {
+  surface.MarginLeft(Length::OfMm(margins.LeftMargin));
+  surface.MarginRight(Length::OfMm(margins.RightMargin));
+  surface.MarginTop(Length::OfMm(margins.TopMargin));
+  surface.MarginBottom(Length::OfMm(margins.BottomMargin));
+  surface.MarginFooter(Length::OfMm(margins.BottomMargin - FooterRise));
 }
 
 }  // namespace orvane

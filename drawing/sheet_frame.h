@@ -2,26 +2,32 @@
 // footer that sheets and reports share.
 #pragma once
 
+#include <string>
 #include <string_view>
 
+#include "core/model.h"
 #include "drawing/print_surface.h"
+#include "drawing/sheet_source.h"
 
 namespace orvane {
 
-// Begins a document of sheets: landscape, with the margins of the settings.
-void StartSheets(PrintSurface& surface);
+// Begins a document of sheets: landscape, with those margins.
+void StartSheets(PrintSurface& surface, const PageMargins& margins);
 
 // Where the strip begins, mm from the top of the page.
-double StripTop(const PrintSurface& surface);
+double StripTop(const PrintSurface& surface, const SheetSource& source);
 
-// Logo, headings, title and job table. The kind is a section letter, or "a" for the sheet of the
-// accessory CurrentAcc; another kind has no title.
-void DrawSheetFrame(PrintSurface& surface, std::string_view kind);
+// Logo, headings, title and job table. The kind is a section letter; another one has no title.
+void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, std::string_view kind);
+// The same for the sheet of an accessory, the kind "a": its name is the title.
+void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, const AccDef& accessory);
 
 // The contact line, and the registered user where there is one.
-void SetSheetFooter(PrintSurface& surface);
+void SetSheetFooter(PrintSurface& surface, const std::string& CompanyName,
+                    const std::string& CompanyDetails);
 
-// The margins of the settings; the footer stands 5 mm below the bottom margin's line.
-void ApplyPageMargins(PrintSurface& surface);
+// The margins, by default those of the settings; the footer stands 5 mm below the bottom margin's
+// line.
+void ApplyPageMargins(PrintSurface& surface, const PageMargins& margins = PresentMargins());
 
 }  // namespace orvane

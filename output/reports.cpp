@@ -1,6 +1,7 @@
 #include "output/reports.h"
 
 #include <algorithm>
+#include <deque>
 #include <functional>
 #include <string>
 #include <utility>
@@ -17,6 +18,7 @@
 #include "drawing/sheet_frame.h"
 #include "holes/hole_list.h"
 #include "output/output_screen.h"
+#include "output/page_room.h"
 #include "project/rules/accessory_rules.h"
 
 namespace orvane {
@@ -40,35 +42,53 @@ void DrawOnPreview(const std::function<void(PrintSurface& surface)>& draw) {
 
 // The runs of sheets.
 
-// Draws after the room for the elevation on that surface's pages is known. `draw` is told whether
-// it is another than before, which makes all gaps between holes stale. Gaps that could not be
-// worked out are to be tried again with the next drawing.
-void DrawInPageRoom(PrintSurface& surface, const std::function<void(bool newRoom)>& draw) {
-  const std::int16_t formerWidth = DrawingWidth;
-  const bool newRoom = PrepareDrawingWidth(surface);
-  try {
-    draw(newRoom);
-  } catch (...) {
-    if (newRoom) DrawingWidth = formerWidth;
-    throw;
+// A section made afresh for a run, and its row of Items.
+struct RebuiltSection {
+  std::int16_t Row = 0;
+  Item Section;
+};
+// What a run has made afresh so far; its elements stay where they are.
+using RebuiltSections = std::deque<RebuiltSection>;
+
+// Lets the window's events run behind a sheet, so that a long run keeps the screen alive.
+void DrawSheet(PrintSurface& surface, const SheetSource& source, const Item& section,
+               bool openDocument, bool closeDocument) {
+  DrawSection(surface, source, section, openDocument, closeDocument);
+  TheDesktop().ProcessEvents();
+}
+
+// The section as its sheet shows it: with the holes of its pattern made afresh, or with those
+// placed by hand. What that changes is a copy, so that a run that is called off has touched no
+// table.
+const Item& SectionOfSheet(std::int16_t row, bool newRoom, RebuiltSections& rebuilt) {
+  const Item& inTable = Items.At(row);
+  const bool byHand = inTable.PatternName == CustomPattern;
+  if (byHand && !newRoom) return inTable;
+  Item& section = rebuilt.emplace_back(RebuiltSection{row, inTable}).Section;
+  if (byHand) {
+    AdjustHoleSpacing(section);
+  } else {
+    RebuildHoles(section, section.PatternName);
   }
+  return section;
+}
+
+// A run leaves the holes that it has drawn in the tables, up to an error too.
+void Store(RebuiltSections& rebuilt) {
+  for (RebuiltSection& one : rebuilt) Items.At(one.Row) = std::move(one.Section);
 }
 
 // Draws the sheets of all sections; false when the user calls the run off.
-bool DrawAllSheets(PrintSurface& surface, bool newRoom) {
+bool DrawAllSheets(PrintSurface& surface, bool newRoom, RebuiltSections& rebuilt) {
+  const SheetSource source = PresentSource();
   const std::int16_t last = Int16(Items.UBound());
   for (std::int16_t row = 1; row <= last; ++row) {
-    const std::string pattern = Items.At(row).PatternName;
-    if (pattern != CustomPattern) {
-      RebuildHoles(row, pattern);
-    } else if (newRoom) {
-      AdjustHoleSpacing(row);
-    }
-    // The last comes first: a project of a single section only closes its document. Deliberate; its
-    // sheet stands on the page that a fresh surface makes by itself.
+    const Item& section = SectionOfSheet(row, newRoom, rebuilt);
+    // The last comes first: a project of a single section only closes its document; its sheet
+    // stands on the page that a fresh surface makes by itself.
     const bool close = row == last;
     const bool open = !close && row == 1;
-    DrawSection(surface, row, open, close);
+    DrawSheet(surface, source, section, open, close);
     if (!TheOutputScreen().GoesOn(row, last)) return false;
   }
   return true;
@@ -104,7 +124,7 @@ bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>&
     const TextRows rows = SheetRows(row);
     const bool first = done == 0;
     if (!first) surface.NewPage();
-    DrawAccessorySheet(surface, type, rows, first, false);
+    DrawAccessorySheet(surface, AccDefs.At(row), type, rows, first, false);
     if (!TheOutputScreen().GoesOn(++done, count)) return false;
   }
   return true;
@@ -171,7 +191,7 @@ void WriteTitle(PrintSurface& surface, const std::string& title) {
 // The contract summary.
 
 void SetUpSummaryPages(PrintSurface& surface) {
-  SetSheetFooter(surface);
+  SetSheetFooter(surface, CompanyName, CompanyDetails);
   surface.Orientation(PageOrientation::Portrait);
   surface.Header("Orvane Detail System|Contract Summary (" + txtProject.at(1) + ")|Page %d");
   surface.HdrFontSize(HeaderPoints);
@@ -298,10 +318,10 @@ void PreparePreview(PageSurface& surface) {
 void PrintCurrentDrawing(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
   DrawOnPreview([&](PrintSurface& surface) {
-    DrawInPageRoom(surface, [&](bool newRoom) {
-      if (newRoom) AdjustHoleSpacing(ItemIndex);
-      DrawSection(surface, ItemIndex, true, true);
-    });
+    PageRoom room(surface);
+    if (room.IsNew()) AdjustHoleSpacing(ItemIndex);
+    DrawSheet(surface, PresentSource(), Items.At(ItemIndex), true, true);
+    room.Keep();
     TheOutputScreen().ShowPreview();
   });
 }
@@ -309,14 +329,17 @@ void PrintCurrentDrawing(std::int16_t ItemIndex) {
 void PrintAllDrawings() {
   if (Items.Empty()) return;
   DrawOnPreview([](PrintSurface& surface) {
-    const std::int16_t formerWidth = DrawingWidth;
-    Table<Item> formerItems = Items;
-    bool whole = false;
-    DrawInPageRoom(surface, [&](bool newRoom) { whole = DrawAllSheets(surface, newRoom); });
-    if (whole) return TheOutputScreen().ShowPreview();
-    Items = std::move(formerItems);
-    DrawingWidth = formerWidth;
-    TheOutputScreen().DropPreview();
+    PageRoom room(surface);
+    RebuiltSections rebuilt;
+    try {
+      if (!DrawAllSheets(surface, room.IsNew(), rebuilt)) return TheOutputScreen().DropPreview();
+    } catch (...) {
+      Store(rebuilt);
+      throw;
+    }
+    Store(rebuilt);
+    room.Keep();
+    TheOutputScreen().ShowPreview();
   });
 }
 

@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "core/desktop.h"
 #include "core/model.h"
 #include "core/numbers.h"
-#include "core/runtime_error.h"
 #include "drawing/draw_section.h"
-#include "drawing/drawing_state.h"
 #include "drawing/sheet_frame.h"
-#include "holes/hole_list.h"
+#include "drawing/sheet_layout.h"
+#include "output/page_room.h"
 #include "ui/platform/qt_font_metrics.h"
 
 namespace orvane {
@@ -32,35 +32,23 @@ SheetView::SheetView(QWidget* parent)
 
 void SheetView::DrawSection(int ItemIndex) {
   if (ItemIndex < 1) return;
-  const std::int16_t row = Int16(ItemIndex);
-  const int draw = ++drawCount_;
-  // Pending events run at the end of a drawing and may ask for the next one.
-  std::unique_ptr<PageSurface> sheet = std::move(spare_);
-  if (!sheet) sheet = std::make_unique<PageSurface>(SheetMetrics());
-  const std::int16_t formerWidth = DrawingWidth;
-  bool spaced = true;
+  ++drawCount_;
+  // A box that the drawing shows is modal: nothing asks for another sheet behind it.
   try {
-    if (PrepareDrawingWidth(*sheet)) {
-      spaced = false;
-      AdjustHoleSpacing(row);
-      spaced = true;
-    }
-    orvane::DrawSection(*sheet, row, true, true);
+    const std::int16_t row = Int16(ItemIndex);
+    FitHolesToPage(*spare_, row);
+    orvane::DrawSection(*spare_, row, true, true);
   } catch (...) {
-    spare_ = std::move(sheet);
-    if (!spaced) DrawingWidth = formerWidth;  // tried again with the next drawing
     // The sheet of another section would be taken for this one's.
     if (shownRow_ != ItemIndex) Clear();
     throw;
   }
-  if (draw > shownDraw_) {
-    std::swap(sheet, shown_);
-    shownDraw_ = draw;
-    shownRow_ = ItemIndex;
-    ShowPage(&shown_->Result().Pages.front());
-    if (Shown) Shown();
-  }
-  spare_ = std::move(sheet);
+  std::swap(spare_, shown_);
+  shownRow_ = ItemIndex;
+  ShowPage(&shown_->Result().Pages.front());
+  if (Shown) Shown();
+  // Last of all: what they ask for, the next drawing too, finds this one done.
+  TheDesktop().ProcessEvents();
 }
 
 void SheetView::Follow(const ChangeNotice& change) {
@@ -69,7 +57,6 @@ void SheetView::Follow(const ChangeNotice& change) {
 }
 
 void SheetView::Clear() {
-  shownDraw_ = drawCount_;
   shownRow_ = 0;
   ShowPage(nullptr);
   if (Shown) Shown();
@@ -87,21 +74,11 @@ QRect SheetView::ElevationPlace() const {
 }
 
 void SheetView::ApplyMargins() {
-  for (const auto& sheet : {&shown_, &spare_}) {
-    if (*sheet) ApplyPageMargins(**sheet);
-  }
+  for (const auto& sheet : {&shown_, &spare_}) ApplyPageMargins(**sheet);
   // The room for the elevation is known from here on, before the first section is drawn, so that
   // its holes are spaced for it already.
-  const bool newRoom = PrepareDrawingWidth(*shown_);
-  if (!newRoom && MinHoleSep == separation_) return;
+  FitAllHolesToPage(*shown_, MinHoleSep != separation_);
   separation_ = MinHoleSep;
-  for (int row = 1; row <= Items.UBound(); ++row) {
-    try {
-      AdjustHoleSpacing(Int16(row));
-    } catch (const RuntimeError&) {
-      // Holes that leave no room for one another are told when the section is looked at.
-    }
-  }
 }
 
 }  // namespace orvane

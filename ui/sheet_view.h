@@ -19,7 +19,8 @@ class SheetView : public PageView {
   // Shows the sheet of that row of Items as it stands now; does nothing for row 0. When the page
   // gives the elevation another room than the one stored (none at the start of the program), the
   // gaps between the row's holes are worked out anew first. An error of the drawing is raised; the
-  // view then keeps the sheet that it shows, if it is the same section's.
+  // view then keeps the sheet that it shows, if it is the same section's. Behind a sheet that is
+  // shown pending events run.
   void DrawSection(int ItemIndex);
   // Shows nothing.
   void Clear();
@@ -49,7 +50,6 @@ class SheetView : public PageView {
   double separation_ = 0;  // MinHoleSep that the gaps were worked out with
   int shownRow_ = 0;
   int drawCount_ = 0;
-  int shownDraw_ = 0;  // which drawing it was
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 

@@ -106,13 +106,13 @@ AccessorySheetTest::~AccessorySheetTest() {
 
 Lines AccessorySheetTest::Sheet(AccessoryType type, const TextRows& rows, bool open, bool close) {
   page.Forget();
-  DrawAccessorySheet(page, type, rows, open, close);
+  DrawAccessorySheet(page, AccDefs.At(CurrentAcc), type, rows, open, close);
   return page.Lines();
 }
 
 Lines AccessorySheetTest::Detail(AccessoryType type, const TextRows& rows) {
   page.Forget();
-  DrawAccessoryDetail(page, type, rows);
+  DrawAccessoryDetail(page, PresentSource(), AccDefs.At(CurrentAcc), type, rows);
   return page.Lines();
 }
 

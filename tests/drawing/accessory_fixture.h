@@ -50,7 +50,7 @@ class AccessorySheetTest : public SheetTest {
   AccessorySheetTest();
   ~AccessorySheetTest() override;
 
-  // What the sheet records.
+  // What the sheet of CurrentAcc records.
   std::vector<std::string> Sheet(AccessoryType type, const TextRows& rows, bool open, bool close);
   // What picture and table alone record.
   std::vector<std::string> Detail(AccessoryType type, const TextRows& rows);

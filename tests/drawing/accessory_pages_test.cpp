@@ -28,7 +28,7 @@ class AccessoryPages : public AccessorySheetTest {
   Look Detail(AccessoryType type, const TextRows& rows) {
     paper.StartDoc();
     ApplyMargins();
-    DrawAccessoryDetail(paper, type, rows);
+    DrawAccessoryDetail(paper, PresentSource(), AccDefs.At(CurrentAcc), type, rows);
     Look look;
     for (const Shape& shape : paper.Result().Pages.at(0).Shapes) {
       const std::string line = Described(shape);
@@ -177,7 +177,7 @@ TEST_F(AccessoryPages, each_page_of_a_long_list_has_picture_frame_and_headings_a
   AccDef& ties = AddType2("Ties", {"Width"});
   AddGroup(ties, 3, 1, "Bay");
   ShowPicture(ties, 100, 50);  // the table at 105 mm, 10 lines a page
-  DrawAccessorySheet(paper, Two, NumberedRows(23, 1), true, true);
+  DrawAccessorySheet(paper, AccDefs.At(CurrentAcc), Two, NumberedRows(23, 1), true, true);
   ASSERT_EQ(Pages().size(), 3U);
   constexpr std::array<int, 3> marks = {10, 20, 23};
   int mark = 0;
@@ -202,10 +202,10 @@ TEST_F(AccessoryPages, sheets_in_one_document_take_their_own_pages) {
   AccDef& ties = AddType2("Ties", {"Width"});
   ShowPicture(ties, 100, 50);  // 11 lines a page
   AddType1("Bolts", {{"Bolt", "M12"}});
-  DrawAccessorySheet(paper, One, RowsOf({{"1"}}), true, false);
+  DrawAccessorySheet(paper, AccDefs.At(CurrentAcc), One, RowsOf({{"1"}}), true, false);
   CurrentAcc = 1;
   paper.NewPage();
-  DrawAccessorySheet(paper, Two, NumberedRows(12, 1), false, false);
+  DrawAccessorySheet(paper, AccDefs.At(CurrentAcc), Two, NumberedRows(12, 1), false, false);
   paper.EndDoc();
   ASSERT_EQ(Pages().size(), 3U);
   EXPECT_EQ(CountOf(1, "Bolts"), 1U);
@@ -225,7 +225,7 @@ TEST_F(AccessoryPages, a_long_type_1_list_runs_on_into_the_strip_and_loses_no_si
       bolts.ParamNames.Append("M" + DecimalText(size));
       rows.Append({}).Append("1");
     }
-    DrawAccessorySheet(paper, One, rows, true, true);
+    DrawAccessorySheet(paper, AccDefs.At(CurrentAcc), One, rows, true, true);
     ASSERT_EQ(Pages().size(), sizes == 34 ? 1U : 2U);
     Lines marks;
     for (std::size_t number = 1; number <= Pages().size(); ++number) {
@@ -240,7 +240,7 @@ TEST_F(AccessoryPages, a_long_type_1_list_runs_on_into_the_strip_and_loses_no_si
 
 TEST_F(AccessoryPages, the_closing_operation_leaves_the_document_as_it_is) {
   AddType1("Bolts", {{"Bolt", "M12"}});
-  DrawAccessorySheet(paper, One, RowsOf({{"1"}}), true, true);
+  DrawAccessorySheet(paper, AccDefs.At(CurrentAcc), One, RowsOf({{"1"}}), true, true);
   const std::size_t shapes = Pages().at(0).Shapes.size();
   paper.Finish();
   ASSERT_EQ(Pages().size(), 1U);
@@ -255,7 +255,8 @@ class ShippedAccessories : public SheetTest {
 
   void Draw(const TextRows& rows) {
     surface.Forget();
-    DrawAccessorySheet(surface, AccDefs.At(CurrentAcc).IsType1 ? One : Two, rows, true, true);
+    DrawAccessorySheet(surface, AccDefs.At(CurrentAcc), AccDefs.At(CurrentAcc).IsType1 ? One : Two,
+                       rows, true, true);
   }
   // The last length that was recorded of that operation, mm.
   double LastOf(const std::string& operation) const {

@@ -256,7 +256,7 @@ TEST_F(Type1Table, a_width_that_is_no_round_figure_keeps_its_fraction) {
   // 7 characters of 110 twips: 770 / 56.7 = 13.5802469135802...; the page 297 mm wide.
   AccDefs.At(1).ParamTexts.At(1) = "Bracket";
   surface.Forget();
-  DrawAccessoryDetail(surface, One, RowsOf({{"1"}}));
+  DrawAccessoryDetail(surface, PresentSource(), AccDefs.At(CurrentAcc), One, RowsOf({{"1"}}));
   EXPECT_EQ(LinesOf("TableCell 13").at(0), "TableCell 13 0 1 \"18.5802469135802mm\"");
 }
 

@@ -5,10 +5,10 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/program_folder.h"
-#include "drawing/drawing_state.h"
 #include "drawing/hole_drawing.h"
 #include "drawing/notches_and_mitres.h"
 #include "drawing/section_views.h"
+#include "drawing/sheet.h"
 #include "drawing/sheet_frame.h"
 #include "holes/hole_list.h"
 #include "tests/drawing/section_views_fixture.h"
@@ -41,7 +41,7 @@ class DrawSectionTest : public SheetTest {
     AdjustHoleSpacing(1);
   }
 
-  Lines Sheet(std::int16_t row, bool openDocument, bool closeDocument) {
+  Lines Drawn(std::int16_t row, bool openDocument, bool closeDocument) {
     surface.Forget();
     DrawSection(surface, row, openDocument, closeDocument);
     return surface.Lines();
@@ -50,16 +50,18 @@ class DrawSectionTest : public SheetTest {
   // What the parts of a sheet record, drawn one by one.
   Lines Frame(const std::string& kind) {
     surface.Forget();
-    DrawSheetFrame(surface, kind);
+    DrawSheetFrame(surface, PresentSource(), kind);
     return surface.Lines();
   }
   Lines SheetInParts(std::int16_t row) {
     surface.Forget();
     const Item& item = Items.At(row);
     const SectionDim dim = SectionDims.At(1);
-    DrawSheetFrame(surface, item.SectionType);
-    DrawSectionViews(surface, row, dim, item.Length);
-    DrawHoles(surface, row, dim);
+    const SheetSource source = PresentSource();
+    DrawSheetFrame(surface, source, item.SectionType);
+    Sheet sheet = SheetOf(surface, source, item, dim, item.Length);
+    DrawSectionViews(sheet);
+    DrawHoles(sheet);
     return surface.Lines();
   }
 };
@@ -80,14 +82,14 @@ const Lines Opening = {
 
 TEST_F(DrawSectionTest, a_row_below_1_does_nothing_at_all) {
   for (const int row : {0, -1, -32768}) {
-    EXPECT_EQ(Sheet(Int16(row), true, true), Lines{}) << row;
+    EXPECT_EQ(Drawn(Int16(row), true, true), Lines{}) << row;
   }
   EXPECT_EQ(desktop.EventRuns, 0);
 }
 
 TEST_F(DrawSectionTest, a_sheet_is_its_frame_its_views_and_its_holes) {
   const Lines parts = SheetInParts(1);
-  EXPECT_EQ(Sheet(1, true, true), Joined(Opening, parts, {"EndDoc"}));
+  EXPECT_EQ(Drawn(1, true, true), Joined(Opening, parts, {"EndDoc"}));
   // The marker of each part, in this order.
   std::size_t from = 0;
   for (const char* marker :
@@ -103,43 +105,53 @@ TEST_F(DrawSectionTest, a_sheet_is_its_frame_its_views_and_its_holes) {
 
 TEST_F(DrawSectionTest, the_open_flag_starts_a_document_and_the_close_flag_ends_it) {
   const Lines parts = SheetInParts(1);
-  EXPECT_EQ(Sheet(1, true, false), Joined(Opening, parts, {"NewPage"}));
-  EXPECT_EQ(Sheet(1, false, false), Joined({}, parts, {"NewPage"}));
-  EXPECT_EQ(Sheet(1, false, true), Joined({}, parts, {"EndDoc"}));
+  EXPECT_EQ(Drawn(1, true, false), Joined(Opening, parts, {"NewPage"}));
+  EXPECT_EQ(Drawn(1, false, false), Joined({}, parts, {"NewPage"}));
+  EXPECT_EQ(Drawn(1, false, true), Joined({}, parts, {"EndDoc"}));
 }
 
-TEST_F(DrawSectionTest, pending_events_run_once_a_sheet) {
-  Sheet(1, true, false);
-  EXPECT_EQ(desktop.EventRuns, 1);
-  Sheet(1, false, true);
-  EXPECT_EQ(desktop.EventRuns, 2);
+TEST_F(DrawSectionTest, a_sheet_lets_no_events_run) {
+  Drawn(1, true, false);
+  Drawn(1, false, true);
+  EXPECT_EQ(desktop.EventRuns, 0);
+}
+
+TEST_F(DrawSectionTest, a_section_that_is_no_row_has_the_same_sheet_and_leaves_no_room_behind) {
+  const Lines inTable = Drawn(1, true, true);
+  const Item section = Items.At(1);
+  Items.Clear();
+  DrawingWidth = 77;
+  surface.Forget();
+  DrawSection(surface, PresentSource(), section, true, true);
+  EXPECT_EQ(surface.Lines(), inTable);
+  EXPECT_EQ(DrawingWidth, 77);
 }
 
 TEST_F(DrawSectionTest, an_unknown_product_and_a_section_without_length_have_the_frame_alone) {
   const Lines frame = Frame("Z");
-  LengthScale = 0.05;
+  DrawingWidth = 77;
   Items.At(1).Product = "Z999";
-  EXPECT_EQ(Sheet(1, false, true), Joined(frame, {"EndDoc"}, {}));
+  EXPECT_EQ(Drawn(1, false, true), Joined(frame, {"EndDoc"}, {}));
   Items.At(1).Product = "Z20016";
   Items.At(1).Length = 0;
-  EXPECT_EQ(Sheet(1, false, true), Joined(frame, {"EndDoc"}, {}));
-  EXPECT_EQ(LengthScale, 0.05);
+  EXPECT_EQ(Drawn(1, false, true), Joined(frame, {"EndDoc"}, {}));
+  EXPECT_EQ(DrawingWidth, 77);
 }
 
 TEST_F(DrawSectionTest, a_row_beyond_the_table_is_out_of_range) {
-  EXPECT_EQ(ErrorOf([&] { Sheet(2, true, true); }), "Subscript out of range");
+  EXPECT_EQ(ErrorOf([&] { Drawn(2, true, true); }), "Subscript out of range");
   EXPECT_EQ(surface.Lines(), Opening);
 }
 
 TEST_F(DrawSectionTest, the_first_sheet_leaves_the_room_for_the_elevation_behind) {
   DrawingWidth = 0;
-  Sheet(1, true, true);
+  Drawn(1, true, true);
   EXPECT_EQ(DrawingWidth, 228);
 }
 
 TEST_F(DrawSectionTest, each_sheet_of_a_document_sets_all_that_it_needs) {
-  const Lines first = Sheet(1, true, false);
-  const Lines second = Sheet(1, false, false);
+  const Lines first = Drawn(1, true, false);
+  const Lines second = Drawn(1, false, false);
   EXPECT_EQ(Lines(first.begin() + 10, first.end()), second);
 }
 
@@ -148,7 +160,7 @@ TEST_F(DrawSectionTest, a_rail_without_its_picture_stops_before_its_mitres_and_h
   SectionDims.Append(ProductOf("R", "CLR", {.Dim3 = 120, .Dim5 = 60, .Dim11 = 50}));
   Items.At(1).SectionType = "R";
   Items.At(1).Product = "CLR";
-  const std::string error = ErrorOf([&] { Sheet(1, true, true); });
+  const std::string error = ErrorOf([&] { Drawn(1, true, true); });
   EXPECT_EQ(error.substr(0, 16), "File not found: ");
   EXPECT_TRUE(LinesOf("Text \"Mitres\"").empty());
   EXPECT_TRUE(LinesOf("EndDoc").empty());
@@ -158,7 +170,7 @@ TEST_F(DrawSectionTest, a_rail_without_its_picture_stops_before_its_mitres_and_h
   Items.At(1).SectionType = "Z";
   Items.At(1).Product = "Z20016";
   const Lines parts = SheetInParts(1);
-  EXPECT_EQ(Sheet(1, true, true), Joined(Opening, parts, {"EndDoc"}));
+  EXPECT_EQ(Drawn(1, true, true), Joined(Opening, parts, {"EndDoc"}));
 }
 
 TEST_F(DrawSectionTest, preparing_a_fresh_start_gives_the_room_before_anything_is_drawn) {
@@ -188,14 +200,14 @@ TEST_F(DrawSectionTest, preparing_takes_the_longer_side_of_a_page_that_still_sta
 }
 
 TEST_F(DrawSectionTest, holes_made_after_preparing_have_their_gaps_on_the_very_first_sheet) {
-  const Lines drawnLater = Sheet(1, true, true);
+  const Lines drawnLater = Drawn(1, true, true);
   for (Hole& hole : Items.At(1).Holes) hole.RelX = hole.DrawGap = 0;
   Items.At(1).Holes.At(0) = {};
   DrawingWidth = 0;
   PrepareDrawingWidth(surface);
   RebuildHoles(1, "");
   EXPECT_EQ(Items.At(1).Holes.At(2).RelX, 2900);
-  EXPECT_EQ(Sheet(1, true, true), drawnLater);
+  EXPECT_EQ(Drawn(1, true, true), drawnLater);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
 #include "drawing/primitives.h"
 
 namespace orvane::test {
@@ -48,8 +47,6 @@ std::string_view WithoutUnit(std::string_view token) {
 ElevationTest::ElevationTest() {
   Items.Append(Item());
   MakeSection("Z");
-  ElevationLeft = 55;
-  LengthScale = 0.1;
   surface.FontSize(7);
   surface.Forget();
 }
@@ -86,6 +83,13 @@ void ElevationTest::MakeSection(const std::string& letter, std::int16_t length) 
     dim.Dim10 = 55;
     dim.Dim11 = 40;
   }
+}
+
+Sheet ElevationTest::TheSheet(PrintSurface& page) {
+  source_ = PresentSource();
+  Sheet sheet = SheetOf(page, source_, TheItem(), dim, TheItem().Length);
+  if (LengthScale) sheet.LengthScale = *LengthScale;
+  return sheet;
 }
 
 std::string ElevationTest::Taken() {

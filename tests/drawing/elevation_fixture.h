@@ -2,14 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/model.h"
+#include "drawing/sheet.h"
 #include "tests/drawing/sheet_fixture.h"
 
 namespace orvane::test {
 
-// One section, row 1 of Items, with the drawing state that its views leave: ElevationLeft 55 mm and
+// One section, row 1 of Items, whose sheet has ElevationLeft 55 mm and, up to 2280 mm of length,
 // LengthScale 0.1, so that a length along it of 1000 mm stands at 155 mm on the page.
 class ElevationTest : public SheetTest {
  protected:
@@ -26,6 +28,11 @@ class ElevationTest : public SheetTest {
   // flange in), lips 20 and 25, gauge 30.
   SectionDim dim;
 
+  // The sheet of the section as it and the margins now stand, on the fixture's surface or another.
+  Sheet TheSheet() { return TheSheet(surface); }
+  Sheet TheSheet(PrintSurface& page);
+  std::optional<double> LengthScale;  // of the sheets, in the place of what is worked out
+
   // What the surface was asked for since the last look.
   std::string Taken();
 
@@ -34,6 +41,9 @@ class ElevationTest : public SheetTest {
   static std::string Dimension(double x1, double y1, double x2, double y2, const std::string& value,
                                double points = 7);
   static std::string Dashed(double x1, double y1, double x2, double y2);
+
+ private:
+  SheetSource source_;
 };
 
 // "n" lines but for the given ones; a hole of 18 mm.

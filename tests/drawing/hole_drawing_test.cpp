@@ -1,11 +1,11 @@
 #include "drawing/hole_drawing.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
 #include "holes/hole_list.h"
 #include "tests/drawing/elevation_fixture.h"
 
@@ -29,10 +29,16 @@ class HoleDrawingTest : public test::ElevationTest {
     item.Holes.At(0) = Placed({}, item.Length, item.Length - XPos, item.Length - XPos);
   }
 
+  void Draw() {
+    sheet.emplace(TheSheet());
+    DrawHoles(*sheet);
+  }
   std::string Drawn() {
-    DrawHoles(surface, 1, dim);
+    Draw();
     return Taken();
   }
+
+  std::optional<Sheet> sheet;  // the sheet drawn last
 
   Lines Texts() const { return LinesOf("Text"); }
 
@@ -94,28 +100,32 @@ TEST_F(HoleDrawingTest, A_section_with_a_web_and_a_flange_hole_is_recorded_line_
                 "CurrentX 170.5mm\n"
                 "CurrentY 136.8mm\n"
                 "Text \"14 Dia.\"\n");
-  EXPECT_EQ(HoleLabelRow, 4);
+  EXPECT_EQ(sheet->HoleLabelRow, 4);
 }
 
 TEST_F(HoleDrawingTest, Nothing_is_drawn_without_depth_length_or_holes) {
   DrawingWidth = 77;
-  LengthScale = 0.07;
-  HoleLabelRow = 9;
-  EXPECT_EQ(Drawn(), "");  // no hole
+  const auto drawnOnSheet = [&] {
+    Sheet bare = TheSheet();
+    bare.LengthScale = 0.07;
+    bare.HoleLabelRow = 9;
+    DrawHoles(bare);
+    EXPECT_EQ(DrawingWidth, 77);
+    EXPECT_EQ(bare.LengthScale, 0.07);
+    EXPECT_EQ(bare.HoleLabelRow, 9);
+    return Taken();
+  };
+  EXPECT_EQ(drawnOnSheet(), "");  // no hole
 
   Add(web, 500);
   dim.Dim3 = 0;
-  EXPECT_EQ(Drawn(), "");
+  EXPECT_EQ(drawnOnSheet(), "");
   dim.Dim3 = -1;
-  EXPECT_EQ(Drawn(), "");
+  EXPECT_EQ(drawnOnSheet(), "");
   MakeSection("Z", 0);
-  EXPECT_EQ(Drawn(), "");
+  EXPECT_EQ(drawnOnSheet(), "");
   MakeSection("Z", -5);
-  EXPECT_EQ(Drawn(), "");
-
-  EXPECT_EQ(DrawingWidth, 77);
-  EXPECT_EQ(LengthScale, 0.07);
-  EXPECT_EQ(HoleLabelRow, 9);
+  EXPECT_EQ(drawnOnSheet(), "");
 }
 
 TEST_F(HoleDrawingTest, The_scale_is_worked_out_again) {
@@ -124,9 +134,9 @@ TEST_F(HoleDrawingTest, The_scale_is_worked_out_again) {
   RightMargin = 110;
   Add(web, 500);
   Drawn();
-  EXPECT_EQ(DrawingWidth, 128);
-  EXPECT_EQ(LengthScale, 0.05);
-  DrawHoles(surface, 1, dim);
+  EXPECT_EQ(sheet->DrawingWidth, 128);
+  EXPECT_EQ(sheet->LengthScale, 0.05);
+  Draw();
   EXPECT_EQ(LinesOf("DrawCircle"), Lines{"DrawCircle 80mm 110mm 0.9mm"});
 }
 
@@ -134,7 +144,7 @@ TEST_F(HoleDrawingTest, Marks_stand_by_drawn_gaps_and_figures_state_the_true_one
   Add(web, 500);
   Add(web, 510, 40);
   TheItem().Holes.At(0).DrawGap = 1460;
-  DrawHoles(surface, 1, dim);
+  Draw();
   EXPECT_EQ(LinesOf("DrawCircle"),
             (Lines{"DrawCircle 105mm 110mm 0.9mm", "DrawCircle 109mm 110mm 0.9mm"}));
   EXPECT_EQ(Texts(), (Lines{"Text \"500\"", "Text \"500\"", "Text \"10\"", "Text \"510\"",
@@ -150,7 +160,7 @@ TEST_F(HoleDrawingTest, Gaps_that_the_hole_list_works_out_are_drawn_unrounded) {
   Add(web, 3070);
   DrawingWidth = 228;
   AdjustHoleSpacing(1);
-  DrawHoles(surface, 1, dim);
+  Draw();
   std::string circles;
   for (const std::string& line : LinesOf("DrawCircle")) circles += line + "\n";
   test::ExpectNear(circles,
@@ -170,14 +180,14 @@ TEST_F(HoleDrawingTest, Positions_alternate_between_two_rows_in_every_run) {
                                    Centred("1500", 205, 124.5), Centred("2000", 255, 128)}) {
     EXPECT_NE(first.find(total), std::string::npos) << total;
   }
-  EXPECT_EQ(HoleLabelRow, 5);
+  EXPECT_EQ(sheet->HoleLabelRow, 5);
   EXPECT_EQ(Drawn(), first);
 }
 
 TEST_F(HoleDrawingTest, Two_rows_at_one_position_are_both_marked_with_one_gap) {
   Add(web, 500);
   Add(HoleOn("n", "n", "y", "n"), 500);
-  DrawHoles(surface, 1, dim);
+  Draw();
   EXPECT_EQ(LinesOf("DrawCircle"),
             (Lines{"DrawCircle 105mm 110mm 0.9mm", "DrawCircle 105mm 104.5mm 0.9mm"}));
   EXPECT_EQ(Texts(), (Lines{"Text \"500\"", "Text \"500\"", "Text \"1500\"", "Text \"2000\"",
@@ -199,14 +209,14 @@ TEST_F(HoleDrawingTest, A_hole_on_no_line_has_no_gap_but_shifts_what_follows) {
 
 TEST_F(HoleDrawingTest, A_hole_at_the_sections_end_leaves_no_last_gap) {
   Add(web, 2000);
-  DrawHoles(surface, 1, dim);
+  Draw();
   EXPECT_EQ(Texts(), (Lines{"Text \"2000\"", "Text \"2000\"", "Text \"All Holes 18 Dia.\""}));
 }
 
 TEST_F(HoleDrawingTest, Holes_whose_gaps_are_not_known_yet_stand_at_the_left_end) {
   TheItem().Holes.Append(Placed(web, 500, 0, 0));
   TheItem().Holes.Append(Placed(web, 900, 0, 0));
-  DrawHoles(surface, 1, dim);
+  Draw();
   EXPECT_EQ(LinesOf("DrawCircle"),
             (Lines{"DrawCircle 55mm 110mm 0.9mm", "DrawCircle 55mm 110mm 0.9mm"}));
   EXPECT_EQ(Texts(), Lines{"Text \"All Holes 18 Dia.\""});
@@ -215,16 +225,16 @@ TEST_F(HoleDrawingTest, Holes_whose_gaps_are_not_known_yet_stand_at_the_left_end
 TEST_F(HoleDrawingTest, A_page_without_room_draws_all_holes_at_the_left_end) {
   RightMargin = 238;  // 297.0 - 55 - 238 - 4 = 0
   Add(web, 500);
-  DrawHoles(surface, 1, dim);
-  EXPECT_EQ(DrawingWidth, 0);
+  Draw();
+  EXPECT_EQ(sheet->DrawingWidth, 0);
   EXPECT_EQ(LinesOf("DrawCircle"), Lines{"DrawCircle 55mm 110mm 0.9mm"});
 }
 
 TEST_F(HoleDrawingTest, Margins_wider_than_the_page_draw_mirrored) {
   RightMargin = 258;  // 20 mm short: 1:100 the other way
   Add(web, 500);
-  DrawHoles(surface, 1, dim);
-  EXPECT_EQ(DrawingWidth, -20);
+  Draw();
+  EXPECT_EQ(sheet->DrawingWidth, -20);
   EXPECT_EQ(LinesOf("DrawCircle"), Lines{"DrawCircle 50mm 110mm 0.9mm"});
 }
 
@@ -249,14 +259,14 @@ TEST_F(HoleDrawingTest, Holes_of_14_alone_are_told_so) {
 TEST_F(HoleDrawingTest, Every_other_diameter_counts_as_18_in_the_legend) {
   Add(HoleOn("n", "y", "n", "n", 14.5F), 500);
   Add(HoleOn("n", "y", "n", "n", 0), 900);
-  DrawHoles(surface, 1, dim);
+  Draw();
   EXPECT_EQ(Texts().back(), "Text \"All Holes 18 Dia.\"");
 }
 
 TEST_F(HoleDrawingTest, A_hole_on_no_line_still_counts_in_the_legend) {
   Add(web, 500);
   Add(HoleOn("n", "n", "n", "n", 14), 900);
-  DrawHoles(surface, 1, dim);
+  Draw();
   EXPECT_EQ(Texts().back(), "Text \"14 Dia.\"");
 }
 
@@ -342,7 +352,7 @@ TEST_F(HoleDrawingTest, An_off_gauge_hole_beside_another_at_its_place_has_its_le
 TEST_F(HoleDrawingTest, Off_gauge_holes_at_one_position_share_a_letter) {
   Add(HoleOn("n", "40", "n", "n"), 500);
   Add(HoleOn("n", "90", "n", "n"), 500);
-  DrawHoles(surface, 1, dim);
+  Draw();
   const Lines texts = Texts();
   EXPECT_EQ(std::count(texts.begin(), texts.end(), "Text \"A\""), 1);
   EXPECT_EQ(std::count(texts.begin(), texts.end(), "Text \"B\""), 0);

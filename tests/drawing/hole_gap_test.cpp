@@ -2,7 +2,6 @@
 #include <string>
 #include <string_view>
 
-#include "drawing/drawing_state.h"
 #include "drawing/hole_drawing.h"
 #include "tests/drawing/elevation_fixture.h"
 
@@ -18,7 +17,7 @@ class HoleGapTest : public test::ElevationTest {
  protected:
   std::string Drawn(std::int16_t XPos, double RelX, double DrawGap, double running,
                     std::int16_t labelRow = 1) {
-    nextRow = DrawHoleGap(surface, 1, dim, labelRow, running,
+    nextRow = DrawHoleGap(TheSheet(), labelRow, running,
                           Placed(HoleOn("n", "y", "n", "n"), XPos, RelX, DrawGap));
     return Taken();
   }
@@ -100,7 +99,7 @@ TEST_F(HoleGapTest, A_value_as_wide_as_its_gap_keeps_its_row_and_half_the_gap_is
   }};
   for (const Case& one : cases) {
     RecordingSurface wide(tenMm);
-    DrawHoleGap(wide, 1, dim, 1, 100,
+    DrawHoleGap(TheSheet(wide), 1, 100,
                 Placed(HoleOn("n", "y", "n", "n"), 100, one.DrawGap, one.DrawGap));
     int lines = 0;
     std::string top;
@@ -160,7 +159,7 @@ TEST_F(HoleGapTest, A_gap_that_begins_at_the_holes_own_position_has_no_total) {
 
 TEST_F(HoleGapTest, The_chain_has_no_arrow_heads) {
   Drawn(500, 500, 500, 0);
-  DrawHoleGap(surface, 1, dim, 1, 0, Placed(HoleOn("n", "y", "n", "n"), 500, 500, 500));
+  DrawHoleGap(TheSheet(), 1, 0, Placed(HoleOn("n", "y", "n", "n"), 500, 500, 500));
   EXPECT_TRUE(LinesOf("Polygon").empty());
   EXPECT_EQ(LinesOf("DrawLine").size(), 3U);
 }
@@ -179,7 +178,7 @@ TEST_F(HoleGapTest, The_chain_hangs_below_the_view_of_each_family) {
   }};
   for (const Case& one : cases) {
     MakeSection(one.Family);
-    DrawHoleGap(surface, 1, dim, 1, 200, Placed(HoleOn("n", "y", "n", "n"), 500, 300, 300));
+    DrawHoleGap(TheSheet(), 1, 200, Placed(HoleOn("n", "y", "n", "n"), 500, 300, 300));
     EXPECT_EQ(LinesOf("DrawLine").front(), one.Line) << one.Family;
     surface.Forget();
   }

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
 #include "drawing/hole_drawing.h"
 #include "tests/drawing/elevation_fixture.h"
 
@@ -22,7 +21,8 @@ class HoleMarksTest : public test::ElevationTest {
  protected:
   std::string Drawn(Hole hole) {
     hole.DrawGap = 100;
-    DrawHole(surface, 1, dim, 0, hole);
+    Sheet sheet = TheSheet();
+    DrawHole(sheet, 0, hole);
     return Taken();
   }
 
@@ -229,25 +229,28 @@ TEST_F(HoleMarksTest, A_countersunk_sloping_hole_bears_a_cross_and_a_flange_hole
 TEST_F(HoleMarksTest, DrawHole_gives_the_running_position_behind_the_gap) {
   Hole hole = HoleOn("n", "y", "n", "n");
   hole.DrawGap = 250.5;
-  EXPECT_EQ(DrawHole(surface, 1, dim, 400, hole), 650.5);
+  Sheet sheet = TheSheet();
+  EXPECT_EQ(DrawHole(sheet, 400, hole), 650.5);
   EXPECT_EQ(LinesOf("DrawCircle"), std::vector<std::string>{"DrawCircle 120.05mm 110mm 0.9mm"});
 }
 
 TEST_F(HoleMarksTest, DrawHole_gives_it_for_a_hole_without_a_mark_too_and_draws_no_gap) {
   Hole hole = HoleOn("n", "n", "n", "n");
   hole.DrawGap = hole.RelX = 250;
-  HoleLabelRow = 5;
-  EXPECT_EQ(DrawHole(surface, 1, dim, 400, hole), 650);
+  Sheet sheet = TheSheet();
+  sheet.HoleLabelRow = 5;
+  EXPECT_EQ(DrawHole(sheet, 400, hole), 650);
   EXPECT_EQ(Taken(), pen);
-  EXPECT_EQ(HoleLabelRow, 5);
+  EXPECT_EQ(sheet.HoleLabelRow, 5);
 }
 
-TEST_F(HoleMarksTest, DrawHole_works_the_scale_out_itself) {
+TEST_F(HoleMarksTest, DrawHole_draws_at_the_scale_of_its_sheet) {
   // 228 mm of room for 4560: 1:20.
   MakeSection("Z", 4560);
   Hole hole = HoleOn("n", "y", "n", "n");
   hole.DrawGap = 100;
-  DrawHole(surface, 1, dim, 0, hole);
+  Sheet sheet = TheSheet();
+  DrawHole(sheet, 0, hole);
   EXPECT_EQ(LinesOf("DrawCircle"), std::vector<std::string>{"DrawCircle 60mm 110mm 0.9mm"});
 }
 

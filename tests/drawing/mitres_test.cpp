@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
 #include "drawing/notches_and_mitres.h"
 #include "tests/drawing/elevation_fixture.h"
 
@@ -19,7 +18,7 @@ class MitresTest : public test::ElevationTest {
   std::string Drawn(float left, float right) {
     TheItem().MitreLeft = left;
     TheItem().MitreRight = right;
-    DrawNotchesAndMitres(surface, 1, dim, TheItem().Length);
+    DrawNotchesAndMitres(TheSheet());
     return Taken();
   }
 
@@ -74,7 +73,7 @@ TEST_F(MitresTest, Each_sign_at_each_end_has_its_line_and_dimension) {
 
 TEST_F(MitresTest, A_square_end_beside_a_mitred_one_leaves_one_label_and_one_line) {
   TheItem().MitreLeft = 45;
-  DrawNotchesAndMitres(surface, 1, dim, 2000);
+  DrawNotchesAndMitres(TheSheet());
   EXPECT_EQ(LinesOf("Text"), (Lines{"Text \"Mitres\"", "Text \"140\""}));
   EXPECT_EQ(Dashes(), 20);
 }
@@ -134,7 +133,7 @@ TEST_F(MitresTest, A_mitre_of_less_than_a_degree_is_drawn) {
 TEST_F(MitresTest, A_line_of_45_degrees_has_20_dashes) {
   // 14 * sqrt 2 mm are 1122.6 twips, in pieces of 56 twips 20.05.
   TheItem().MitreRight = 45;
-  DrawNotchesAndMitres(surface, 1, dim, 2000);
+  DrawNotchesAndMitres(TheSheet());
   EXPECT_EQ(Dashes(), 20);
 }
 

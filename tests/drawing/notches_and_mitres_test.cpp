@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
 #include "tests/drawing/elevation_fixture.h"
 
 namespace orvane {
@@ -20,7 +19,7 @@ class NotchesTest : public test::ElevationTest {
   }
 
   std::string Drawn() {
-    DrawNotchesAndMitres(surface, 1, dim, TheItem().Length);
+    DrawNotchesAndMitres(TheSheet());
     return Taken();
   }
 
@@ -112,7 +111,7 @@ TEST_F(NotchesTest, A_dashed_side_is_recorded_piece_by_piece) {
   // The right side of a TL1 runs from 100 to 104 mm: 226.8 twips, in pieces of 56 four and 0.05 of
   // one left over. It begins half of that 0.05 lower, without regard to the dash.
   Add("TL1", 40, 200);
-  DrawNotchesAndMitres(surface, 1, dim, 2000);
+  DrawNotchesAndMitres(TheSheet());
   const Lines lines = LinesOf("DrawLine");
   ASSERT_GE(lines.size(), 4U);
   EXPECT_EQ(
@@ -239,14 +238,14 @@ TEST_F(NotchesTest, DrawNotchChain_sorts_any_number_of_pairs_and_keeps_the_order
   notches.Append({200, 50});
   notches.Append({600, 100});
   notches.Append({200, 30});
-  DrawNotchChain(surface, 1, notches);
+  DrawNotchChain(TheSheet(), notches);
   // 200, then 50 back from 250 to the other one at 200, then from 230 to 600, from 700 to 1500.
   test::ExpectNear(Taken(), label + Link(55, 75, "200") + Link(80, 75, "-50") +
                                 Link(78, 115, "370") + Link(125, 205, "800"));
 }
 
 TEST_F(NotchesTest, DrawNotchChain_draws_nothing_without_notches) {
-  DrawNotchChain(surface, 1, {});
+  DrawNotchChain(TheSheet(), {});
   EXPECT_EQ(Taken(), "");
 }
 
@@ -263,7 +262,7 @@ TEST_F(NotchesTest, Distances_in_the_chain_have_the_digits_that_were_typed) {
   Table<MiddleNotch> notches;
   notches.Append({1000.1F, 200.2F});
   notches.Append({1500.5F, 100});
-  DrawNotchChain(surface, 1, notches);
+  DrawNotchChain(TheSheet(), notches);
   const Lines texts = LinesOf("Text");
   EXPECT_EQ(texts, (Lines{"Text \"Notches\"", "Text \"1000.1\"", "Text \"300.2\""}));
 }
@@ -272,7 +271,7 @@ TEST_F(NotchesTest, Mitres_come_before_notches_and_the_chain_last) {
   TheItem().MitreLeft = 45;
   Add("T2", 40, 200, 1000);
   Add("TL1", 30, 100);
-  DrawNotchesAndMitres(surface, 1, dim, 2000);
+  DrawNotchesAndMitres(TheSheet());
   EXPECT_EQ(LinesOf("Text"),
             (Lines{"Text \"Mitres\"", "Text \"140\"", "Text \"40\"", "Text \"200\"", "Text \"30\"",
                    "Text \"100\"", "Text \"Notches\"", "Text \"1000\""}));

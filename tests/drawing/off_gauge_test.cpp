@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "core/numbers.h"
-#include "drawing/drawing_state.h"
 #include "drawing/page_surface.h"
 #include "drawing/sheet_frame.h"
 #include "tests/drawing/elevation_fixture.h"
@@ -106,18 +105,18 @@ class OffGaugeTest : public test::ElevationTest {
     return text;
   }
   std::string Key() {
-    DrawOffGaugeKey(page, 1, dim);
+    DrawOffGaugeKey(TheSheet(page));
     return TakenFromPage();
   }
   std::string TableOf(const Table<OffGaugeHole>& list) {
-    DrawOffGaugeTable(page, 1, dim, list);
+    DrawOffGaugeTable(TheSheet(page), list);
     return TakenFromPage();
   }
   // The straight lines that are 0.4 mm wide, and all others.
   Lines EdgesOfKey() {
     Lines edges;
     bool object = false;
-    DrawOffGaugeKey(page, 1, dim);
+    DrawOffGaugeKey(TheSheet(page));
     for (const std::string& line : page.Lines()) {
       if (line.rfind("PenWidth ", 0) == 0) object = line == "PenWidth 0.4mm";
       if (object && line.rfind("DrawLine ", 0) == 0) edges.push_back(line);
@@ -212,7 +211,7 @@ TEST_F(OffGaugeTest, The_key_follows_page_width_and_margins) {
   RightMargin = 25;
   TopMargin = 15;
   RecordingSurface narrow(metrics, 56.7 * 200);
-  DrawOffGaugeKey(narrow, 1, dim);
+  DrawOffGaugeKey(TheSheet(narrow));
   const Lines& lines = narrow.Lines();
   EXPECT_NE(std::find(lines.begin(), lines.end(), "DrawLine 161mm 35mm 161mm 49mm"), lines.end());
 }
@@ -316,7 +315,7 @@ TEST_F(OffGaugeTest, The_table_stays_on_its_page_whatever_the_top_margin) {
     PageSurface sheet(metrics);
     ApplyPageMargins(sheet);
     sheet.StartDoc();
-    DrawOffGaugeTable(sheet, 1, dim, list);
+    DrawOffGaugeTable(TheSheet(sheet), list);
     sheet.EndDoc();
     ASSERT_EQ(sheet.Result().Pages.size(), 1U) << margin;
     std::vector<double> rows;

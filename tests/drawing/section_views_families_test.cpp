@@ -258,7 +258,7 @@ TEST_F(SectionFamiliesViews, a_pitch_that_is_no_number_counts_as_0) {
 
 TEST_F(SectionFamiliesViews, a_pitch_counts_up_to_its_first_letter_and_is_shown_trimmed) {
   Items.Append(EavesBeam(" 22.5 deg "));
-  DrawSectionViews(surface, 1, EavesDim, 6000);
+  DrawViews(EavesDim, 6000);
   EXPECT_EQ(LinesOf("TextAngle"),
             (Lines{"TextAngle 225", "TextAngle 0", "TextAngle 225", "TextAngle 0"}));
   EXPECT_EQ(LinesOf("Text \"22.5 deg\u00BA\"").size(), 1U);
@@ -275,19 +275,19 @@ TEST_F(SectionFamiliesViews, the_turn_of_a_value_is_rounded_to_a_tenth_of_a_degr
     surface.Forget();
     Items.Clear();
     Items.Append(EavesBeam(each.Pitch));
-    DrawSectionViews(surface, 1, EavesDim, 6000);
+    DrawViews(EavesDim, 6000);
     EXPECT_EQ(LinesOf("TextAngle").at(0), each.Line);
   }
 }
 
 TEST_F(SectionFamiliesViews, a_pitch_beyond_all_angles_is_an_overflow) {
   Items.Append(EavesBeam("3277"));
-  EXPECT_EQ(ErrorOf([&] { DrawSectionViews(surface, 1, EavesDim, 6000); }), "Overflow");
+  EXPECT_EQ(ErrorOf([&] { DrawViews(EavesDim, 6000); }), "Overflow");
 }
 
 TEST_F(SectionFamiliesViews, a_roof_that_falls_has_no_pitch_shown) {
   Items.Append(EavesBeam("-10"));
-  DrawSectionViews(surface, 1, EavesDim, 6000);
+  DrawViews(EavesDim, 6000);
   EXPECT_TRUE(LinesOf("DrawArc").empty());
   // T = 100 + sin 10 degrees * 7 = 101.2155372436686.
   const Lines frames = LinesOf("DrawRectangle 55mm");
@@ -383,7 +383,7 @@ TEST_F(SectionFamiliesViews, a_cleader_rail_with_its_detail_picture) {
 TEST_F(SectionFamiliesViews, a_missing_detail_picture_fails_behind_the_views) {
   ProgramFolder = PathText(NativePath(TempFile("dims.csv", "")).parent_path());
   Items.Append(CleaderRail());
-  const std::string error = ErrorOf([&] { DrawSectionViews(surface, 1, RailDim, 3050); });
+  const std::string error = ErrorOf([&] { DrawViews(RailDim, 3050); });
   EXPECT_EQ(error.substr(0, 16), "File not found: ");
   EXPECT_NE(error.find("drg015.wmf"), std::string::npos) << error;
   EXPECT_EQ(LinesOf("Text").back(), "Text \"3050\"");

@@ -48,15 +48,24 @@ Item EavesBeamOf(const std::string& mark, int length, const std::string& pitch) 
   return item;
 }
 
+Sheet SectionViewsTest::TheSheet(PrintSurface& page, const SectionDim& dim, double length) {
+  source_ = PresentSource();
+  return SheetOf(page, source_, Items.At(1), dim, length);
+}
+
+void SectionViewsTest::DrawViews(const SectionDim& dim, double length) {
+  DrawSectionViews(TheSheet(dim, length));
+}
+
 std::vector<std::string> SectionViewsTest::Views(const Item& item, const SectionDim& dim) {
   Items.Clear();
   Items.Append(item);
   surface.Forget();
-  DrawSectionViews(surface, 1, dim, item.Length);
+  DrawViews(dim, item.Length);
   const std::vector<std::string> all = surface.Lines();
 
   surface.Forget();
-  DrawNotchesAndMitres(surface, 1, dim, item.Length);
+  DrawNotchesAndMitres(TheSheet(dim, item.Length));
   const std::vector<std::string> last = surface.Lines();
   if (all.size() < last.size()) {
     ADD_FAILURE() << "the notches and mitres are not at the end";

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/model.h"
+#include "drawing/sheet.h"
 #include "tests/drawing/sheet_fixture.h"
 #include "tests/drawing/sheet_lines.h"
 
@@ -23,6 +24,12 @@ Item EavesBeamOf(const std::string& mark, int length, const std::string& pitch);
 
 class SectionViewsTest : public SheetTest {
  protected:
+  // The sheet of row 1 of Items as the margins now stand, on the fixture's surface or another.
+  Sheet TheSheet(const SectionDim& dim, double length) { return TheSheet(surface, dim, length); }
+  Sheet TheSheet(PrintSurface& page, const SectionDim& dim, double length);
+  // Draws the views of row 1.
+  void DrawViews(const SectionDim& dim, double length);
+
   // Draws the item's views and gives what was recorded before the notches and mitres; fails the
   // test if those are not what it ends with.
   std::vector<std::string> Views(const Item& item, const SectionDim& dim);
@@ -30,6 +37,9 @@ class SectionViewsTest : public SheetTest {
   // The three lines of the text block that every section has, with the fonts around them.
   static SheetLines TextBlock(const std::string& mark, const std::string& quantity,
                               const std::string& product);
+
+ private:
+  SheetSource source_;
 };
 
 }  // namespace orvane::test

@@ -1,6 +1,5 @@
 #include "drawing/section_views.h"
 
-#include "drawing/drawing_state.h"
 #include "drawing/section_view_parts.h"
 #include "tests/drawing/section_views_fixture.h"
 
@@ -20,12 +19,19 @@ Item Mitred(const std::string& mark, const std::string& type) {
 
 class SectionViews : public SectionViewsTest {
  protected:
+  // The sheet of some Z section, for what doesn't ask which.
+  Sheet PlainSheet() {
+    Items.Clear();
+    Items.Append(SectionOf("P1", "Z", 6000));
+    return TheSheet(ZDim, 6000);
+  }
+
   // The text block alone, as a section of a letter that has no views draws it before its mitres.
   Lines TextBlockOf(const Item& item) {
     Items.Clear();
     Items.Append(item);
     surface.Forget();
-    DrawSectionViews(surface, 1, ZDim, 6000);
+    DrawViews(ZDim, 6000);
     Lines lines;
     for (const std::string& line : surface.Lines()) {
       if (line == "FontSize 7") break;
@@ -37,26 +43,31 @@ class SectionViews : public SectionViewsTest {
 
 TEST_F(SectionViews, without_depth_or_length_nothing_is_drawn_and_the_state_stays) {
   Items.Append(Mitred("P1", "Z"));
-  SectionViewLeft = 1;
-  ElevationLeft = 2;
-  LengthScale = 3;
   DrawingWidth = 4;
+  const auto draw = [&](const SectionDim& dim, double length) {
+    Sheet sheet = TheSheet(dim, length);
+    EXPECT_EQ(sheet.DrawingWidth, 0);
+    sheet.SectionViewLeft = 1;
+    sheet.ElevationLeft = 2;
+    sheet.LengthScale = 3;
+    DrawSectionViews(sheet);
+    EXPECT_EQ(sheet.SectionViewLeft, 1);
+    EXPECT_EQ(sheet.ElevationLeft, 2);
+    EXPECT_EQ(sheet.LengthScale, 3);
+  };
   SectionDim dim = ZDim;
   for (const double depth : {0.0, -200.0}) {
     dim.Dim3 = depth;
-    DrawSectionViews(surface, 1, dim, 6000);
+    draw(dim, 6000);
   }
-  for (const double length : {0.0, -0.0, -1.0}) DrawSectionViews(surface, 1, ZDim, length);
+  for (const double length : {0.0, -0.0, -1.0}) draw(ZDim, length);
   EXPECT_EQ(surface.Lines(), Lines{});
-  EXPECT_EQ(SectionViewLeft, 1);
-  EXPECT_EQ(ElevationLeft, 2);
-  EXPECT_EQ(LengthScale, 3);
   EXPECT_EQ(DrawingWidth, 4);
 }
 
 TEST_F(SectionViews, any_depth_and_length_above_0_is_drawn) {
   Items.Append(SectionOf("P1", "Z", 1));
-  DrawSectionViews(surface, 1, ProductOf("Z", "Z1", {.Dim3 = 0.5}), 0.5);
+  DrawViews(ProductOf("Z", "Z1", {.Dim3 = 0.5}), 0.5);
   EXPECT_EQ(LinesOf("DrawRectangle 55mm"), Lines{"DrawRectangle 55mm 100mm 55.05mm 100.05mm"});
 }
 
@@ -94,10 +105,11 @@ TEST_F(SectionViews, long_notes_stay_one_line) {
 }
 
 TEST_F(SectionViews, the_edge_is_drawn_thick_and_all_else_thin) {
-  SectionViewLeft = 24;
+  Sheet sheet = PlainSheet();
+  sheet.SectionViewLeft = 24;
   surface.FontSize(7);
   surface.Forget();
-  DrawSectionEdge(surface, 100, 50, 150, 250, EdgeSide::None, 3, 999);
+  DrawSectionEdge(sheet, 100, 50, 150, 250, EdgeSide::None, 3, 999);
   EXPECT_EQ(surface.Lines(),
             (Lines{"PenWidth 0.4mm", "DrawLine 34mm 105mm 39mm 125mm", "PenWidth 0.1mm"}));
 }
@@ -110,7 +122,8 @@ struct EdgeCase {
 };
 
 TEST_F(SectionViews, an_edge_has_its_dimension_on_the_side_and_at_the_offset_asked_for) {
-  SectionViewLeft = 24;
+  Sheet sheet = PlainSheet();
+  sheet.SectionViewLeft = 24;
   surface.FontSize(7);
   // From (34, 105) to (39, 125), offset 3.
   const EdgeCase cases[] = {
@@ -131,23 +144,24 @@ TEST_F(SectionViews, an_edge_has_its_dimension_on_the_side_and_at_the_offset_ask
       want.Level(each.From, each.To, each.At, "62.5");
     }
     surface.Forget();
-    DrawSectionEdge(surface, 100, 50, 150, 250, each.Side, 3, 62.5);
+    DrawSectionEdge(sheet, 100, 50, 150, 250, each.Side, 3, 62.5);
     ExpectSameSheet(surface.Lines(), want.Lines());
   }
 }
 
 TEST_F(SectionViews, an_edge_that_runs_up_or_left_hands_its_dimension_the_top_or_left_end_first) {
-  SectionViewLeft = 24;
+  Sheet sheet = PlainSheet();
+  sheet.SectionViewLeft = 24;
   surface.FontSize(7);
   surface.Forget();
-  DrawSectionEdge(surface, 100, 250, 100, 50, EdgeSide::Right, 0, 200);
+  DrawSectionEdge(sheet, 100, 250, 100, 50, EdgeSide::Right, 0, 200);
   SheetLines up;
   up.Edge(34, 125, 34, 105).Line(41, 125, 36, 125).Line(41, 105, 36, 105);
   up.Upright(39, 105, 125, "200");
   ExpectSameSheet(surface.Lines(), up.Lines());
 
   surface.Forget();
-  DrawSectionEdge(surface, 150, 50, 100, 50, EdgeSide::Bottom, 0, 50);
+  DrawSectionEdge(sheet, 150, 50, 100, 50, EdgeSide::Bottom, 0, 50);
   SheetLines left;
   left.Edge(39, 105, 34, 105).Line(39, 113, 39, 107).Line(34, 113, 34, 107);
   left.Level(34, 39, 111, "50");
@@ -156,13 +170,13 @@ TEST_F(SectionViews, an_edge_that_runs_up_or_left_hands_its_dimension_the_top_or
 
 TEST_F(SectionViews, the_key_stands_in_the_top_right_corner) {
   // 16840 / 56.7 - 10 - 20 = 267.001763668430..., and 10 + 20.
-  const Point origin = KeyOrigin(surface);
+  const Point origin = KeyOrigin(PlainSheet());
   EXPECT_NEAR(origin.X, 267.00176366843, 1e-9);
   EXPECT_EQ(origin.Y, 30);
   RightMargin = 5;
   TopMargin = 12;
-  EXPECT_NEAR(KeyOrigin(surface).X, 272.00176366843, 1e-9);
-  EXPECT_EQ(KeyOrigin(surface).Y, 32);
+  EXPECT_NEAR(KeyOrigin(PlainSheet()).X, 272.00176366843, 1e-9);
+  EXPECT_EQ(KeyOrigin(PlainSheet()).Y, 32);
 }
 
 class KeyEdges : public SectionViews {
@@ -172,7 +186,9 @@ class KeyEdges : public SectionViews {
   // The key on a page of exactly 297 mm, so that its origin is (267, 30).
   Lines Key(const std::string& type) {
     page_.Forget();
-    DrawKeyEdges(page_, type, dim_);
+    Items.Clear();
+    Items.Append(SectionOf("P1", type, 6000));
+    DrawKeyEdges(TheSheet(page_, dim_, 6000));
     return page_.Lines();
   }
 
@@ -208,11 +224,12 @@ TEST_F(KeyEdges, of_other_families_are_none) {
 }
 
 TEST_F(SectionViews, the_length_is_dimensioned_24_mm_over_its_base) {
-  ElevationLeft = 55;
-  LengthScale = 0.04;
+  Sheet sheet = PlainSheet();
+  sheet.ElevationLeft = 55;
+  sheet.LengthScale = 0.04;
   surface.FontSize(7);
   surface.Forget();
-  DrawLengthDimension(surface, 5000, 95.5);
+  DrawLengthDimension(sheet, 5000, 95.5);
   SheetLines want;
   want.Pen(0.1).Line(55, 69.5, 55, 93.5).Line(255, 69.5, 255, 93.5);
   want.Level(55, 255, 71.5, "5000");
@@ -260,7 +277,7 @@ TEST_F(SectionViews, values_are_the_catalogues_numbers_as_they_stand) {
   dim.Dim9 = 0.1 + 0.2;
   Views(SectionOf("P1", "Z", 6000), dim);
   surface.Forget();
-  DrawSectionViews(surface, 1, dim, 6000);
+  DrawViews(dim, 6000);
   for (const char* value : {"203.25", "64.5", "0.3"}) {
     EXPECT_EQ(LinesOf("Text \"" + std::string(value) + "\"").size(), 1U) << value;
   }
@@ -280,9 +297,9 @@ TEST_F(SectionViews, without_room_a_section_is_drawn_backwards_and_nothing_fails
   LeftMargin = 200;
   RightMargin = 200;
   Views(SectionOf("P1", "C", 1520), ZDim);
-  EXPECT_EQ(DrawingWidth, -152);  // 297.0018 - 245 - 200 - 4
+  EXPECT_EQ(TheSheet(ZDim, 1520).DrawingWidth, -152);  // 297.0018 - 245 - 200 - 4
   surface.Forget();
-  DrawSectionViews(surface, 1, ZDim, 1520);
+  DrawViews(ZDim, 1520);
   EXPECT_EQ(LinesOf("DrawRectangle 245mm"), Lines{"DrawRectangle 245mm 100mm 93mm 120mm"});
 }
 

@@ -18,14 +18,14 @@ class SheetFrame : public SheetTest {
   // The footer that the frame sets.
   std::string Footer() {
     surface.Forget();
-    SetSheetFooter(surface);
+    SetSheetFooter(surface, CompanyName, CompanyDetails);
     return LinesOf("Footer").at(0);
   }
 
   // The frame of that kind, afresh.
   Lines Frame(const std::string& kind) {
     surface.Forget();
-    DrawSheetFrame(surface, kind);
+    DrawSheetFrame(surface, PresentSource(), kind);
     return surface.Lines();
   }
 };
@@ -109,17 +109,17 @@ TEST_F(SheetFrame, an_accessory_sheet_shows_the_accessorys_name_in_the_place_of_
   FillJob();
   AccDefs.Append({}).Name = "Anti-sag rod";
   AccDefs.Append({}).Name = "Sleeve";
-  CurrentAcc = 2;
   Lines expected = ZFrame;
   expected.at(18) = "Text \"Sleeve\"";
-  EXPECT_EQ(Frame("a"), expected);
+  DrawSheetFrame(surface, PresentSource(), AccDefs.At(2));
+  EXPECT_EQ(surface.Lines(), expected);
 }
 
 TEST_F(SheetFrame, another_kind_draws_the_frame_without_a_title) {
   FillJob();
   Lines expected = ZFrame;
   expected.erase(expected.begin() + 16, expected.begin() + 19);
-  for (const char* kind : {"Q", "", "z", "A", "M"}) EXPECT_EQ(Frame(kind), expected) << kind;
+  for (const char* kind : {"Q", "", "z", "A", "M", "a"}) EXPECT_EQ(Frame(kind), expected) << kind;
 }
 
 TEST_F(SheetFrame, without_a_company_name_the_footer_holds_only_the_contact_line) {
@@ -140,7 +140,7 @@ TEST_F(SheetFrame, the_footer_names_the_company_as_it_stands) {
 }
 
 TEST_F(SheetFrame, the_footer_is_7_points_high) {
-  SetSheetFooter(surface);
+  SetSheetFooter(surface, CompanyName, CompanyDetails);
   EXPECT_EQ(surface.Lines().at(0), "HdrFontSize 7");
 }
 
@@ -205,7 +205,7 @@ TEST_F(SheetFrame, the_strip_never_makes_a_second_page) {
     paper.Orientation(PageOrientation::Landscape);
     ApplyPageMargins(paper);
     paper.StartDoc();
-    DrawSheetFrame(paper, "Z");
+    DrawSheetFrame(paper, PresentSource(), "Z");
     paper.EndDoc();
     EXPECT_EQ(paper.Result().Pages.size(), 1U) << margin;
   }
@@ -218,7 +218,8 @@ TEST_F(SheetFrame, an_error_of_the_surface_leaves_the_frame) {
     void EndTable() override { throw RuntimeError(Failure::DiskFull); }
   };
   FailingSurface failing(metrics);
-  EXPECT_EQ(ErrorOf([&] { DrawSheetFrame(failing, "Z"); }), DescriptionOf(Failure::DiskFull));
+  EXPECT_EQ(ErrorOf([&] { DrawSheetFrame(failing, PresentSource(), "Z"); }),
+            DescriptionOf(Failure::DiskFull));
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 

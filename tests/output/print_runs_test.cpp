@@ -194,6 +194,14 @@ TEST_F(PrintRunsTest, The_very_first_run_works_out_the_gaps_of_all_sections) {
   EXPECT_EQ(Items.At(2).Holes.At(2).RelX, 2900);
 }
 
+TEST_F(PrintRunsTest, Pending_events_run_behind_each_sheet) {
+  for (const char* mark : {"P1", "P2", "P3"}) AddPurlin(mark, 6000);
+  PrintCurrentDrawing(2);
+  EXPECT_EQ(desktop.EventRuns, 1);
+  PrintAllDrawings();
+  EXPECT_EQ(desktop.EventRuns, 4);
+}
+
 TEST_F(PrintRunsTest, The_progress_is_told_with_each_sheet) {
   for (const char* mark : {"P1", "P2", "P3"}) AddPurlin(mark, 6000);
   PrintAllDrawings();
@@ -246,14 +254,12 @@ TEST_F(PrintRunsTest, Accessory_sheets_come_in_the_order_of_the_catalogue_into_o
   PrintAllAccessorySheets();
   EXPECT_EQ(CurrentAcc, 12);
   const TextList expected = DrawnBy([](PrintSurface& surface) {
-    CurrentAcc = 2;
-    DrawAccessorySheet(surface, AccessoryType::One, AccessoryRows(2), true, false);
+    DrawAccessorySheet(surface, AccDefs.At(2), AccessoryType::One, AccessoryRows(2), true, false);
     surface.NewPage();
-    CurrentAcc = 6;
-    DrawAccessorySheet(surface, AccessoryType::Two, AccessoryRows(6), false, false);
+    DrawAccessorySheet(surface, AccDefs.At(6), AccessoryType::Two, AccessoryRows(6), false, false);
     surface.NewPage();
-    CurrentAcc = 12;
-    DrawAccessorySheet(surface, AccessoryType::Two, AccessoryRows(12), false, false);
+    DrawAccessorySheet(surface, AccDefs.At(12), AccessoryType::Two, AccessoryRows(12), false,
+                       false);
     surface.EndDoc();
   });
   const TextList drawn = Drawn();

@@ -235,6 +235,24 @@ TEST_F(SheetViewTest, A_sheet_is_painted_once_however_often_the_window_asks) {
   EXPECT_EQ(Sheet().PaintCount(), painted + 1);
 }
 
+// What waits may ask for a sheet itself: the former one is shown by then.
+TEST_F(SheetViewTest, Pending_events_run_behind_a_sheet_that_is_shown) {
+  PutPurlin("P1");
+  PutPurlin("P2");
+  std::vector<int> shown;
+  QMetaObject::invokeMethod(
+      &Sheet(),
+      [&] {
+        shown.push_back(Sheet().ShownRow());
+        Sheet().DrawSection(2);
+        shown.push_back(Sheet().ShownRow());
+      },
+      Qt::QueuedConnection);
+  Sheet().DrawSection(1);
+  EXPECT_EQ(shown, (std::vector<int>{1, 2}));
+  EXPECT_EQ(Sheet().ShownRow(), 2);
+}
+
 TEST_F(SheetViewTest, Ctrl_and_the_wheel_zoom_around_the_pointer) {
   PutPurlin("P1");
   Sheet().DrawSection(1);

@@ -91,7 +91,7 @@ bool HasPicture(std::int16_t AccIndex) {
 void PrintAccessorySheet(QWidget* parent, AccessoryType type, const TextRows& rows) {
   PageSurface VSPrinter2(SheetMetrics());
   PreparePreview(VSPrinter2);
-  DrawAccessorySheet(VSPrinter2, type, rows, true, true);
+  DrawAccessorySheet(VSPrinter2, AccDefs.At(CurrentAcc), type, rows, true, true);
   PrintDocument(VSPrinter2.Result(), parent, ToQt(AccDefs.At(CurrentAcc).Name));
 }
 
