@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "core/table.h"
 #include "drawing/length.h"
 #include "drawing/off_gauge.h"
@@ -48,13 +49,12 @@ struct MarkRule {
   MarkHeight Height;
 };
 
+// The marks of one hole line: of a hole at the standard gauge, and of one off gauge.
 struct LineRules {
   std::string Hole::*Line;
-  // A hole at the standard gauge: on most sections, on a top hat, on a cleader rail.
-  MarkRule Standard, StandardT, StandardR;
-  // A hole off gauge: on most sections, on a cleader rail.
-  MarkRule Number, NumberR;
+  MarkRule Standard, Number;
 };
+using HoleLines = std::array<LineRules, 4>;
 
 constexpr auto Flange = MarkKind::Flange;
 constexpr auto Web = MarkKind::Web;
@@ -68,17 +68,52 @@ constexpr auto LowerSlope = MarkHeight::LowerSlope;
 constexpr auto UpperSlope = MarkHeight::UpperSlope;
 constexpr auto Number = MarkHeight::Number;
 
-// A number on the bottom flange behind a "y" of the same row keeps that one's height, deliberately:
-// the dialogs make no such rows.
-constexpr std::array<LineRules, 4> HoleLines = {{
+// A number on the bottom flange behind a "y" of the same row keeps that one's height: the dialogs
+// make no such rows.
+constexpr HoleLines MostLines = {{
     // clang-format off
-    //          "y": most             T                     R                     number: most          R
-    {&Hole::BF, {Flange, AsItStands}, {Web, Dim9},          {Flange, AsItStands}, {Flange, AsItStands}, {Flange, AsItStands}},
-    {&Hole::W1, {Web, Dim11},         {Slope, LowerSlope},  {Web, Dim11},         {Web, Number},        {Web, Number}},
-    {&Hole::W2, {Web, DepthLessDim9}, {Slope, UpperSlope},  {Web, DepthLessDim9}, {Web, Number},        {Web, Number}},
-    {&Hole::TF, {Flange, Depth},      {Web, DepthLessDim9}, {Web, Dim11},         {Flange, Depth},      {Web, Number}},
+    //          "y"                   a number
+    {&Hole::BF, {Flange, AsItStands}, {Flange, AsItStands}},
+    {&Hole::W1, {Web, Dim11},         {Web, Number}},
+    {&Hole::W2, {Web, DepthLessDim9}, {Web, Number}},
+    {&Hole::TF, {Flange, Depth},      {Flange, Depth}},
     // clang-format on
 }};
+// A cleader rail has no top flange: what others have there lies on its web.
+constexpr HoleLines RailLines = {{
+    // clang-format off
+    {&Hole::BF, {Flange, AsItStands}, {Flange, AsItStands}},
+    {&Hole::W1, {Web, Dim11},         {Web, Number}},
+    {&Hole::W2, {Web, DepthLessDim9}, {Web, Number}},
+    {&Hole::TF, {Web, Dim11},         {Web, Number}},
+    // clang-format on
+}};
+// A top hat has no flange seen edge-on: its outer rows are seen flat, those on its leaning sides at
+// a slant. Numbers are marked as on most sections.
+constexpr HoleLines TopHatLines = {{
+    // clang-format off
+    {&Hole::BF, {Web, Dim9},          {Flange, AsItStands}},
+    {&Hole::W1, {Slope, LowerSlope},  {Web, Number}},
+    {&Hole::W2, {Slope, UpperSlope},  {Web, Number}},
+    {&Hole::TF, {Web, DepthLessDim9}, {Flange, Depth}},
+    // clang-format on
+}};
+
+constexpr PerFamily<const HoleLines*> LinesOfFamilies = {{
+    {"Z", &MostLines},
+    {"E", &MostLines},
+    {"C", &MostLines},
+    {"V", &MostLines},
+    {"R", &RailLines},
+    {"T", &TopHatLines},
+}};
+static_assert(NamesEachFamily(LinesOfFamilies),
+              "LinesOfFamilies needs one row for each section family");
+
+const HoleLines& LinesOf(std::string_view sectionType) {
+  const auto* lines = FactOf(LinesOfFamilies, sectionType);
+  return lines == nullptr ? MostLines : **lines;
+}
 
 double HeightOf(MarkHeight height, const SectionDim& dim, double depth, double number,
                 double asItStands) {
@@ -289,7 +324,6 @@ void DrawHoles(Sheet& sheet) {
 }
 
 double DrawHole(Sheet& sheet, double runningPosition, const Hole& hole) {
-  const Item& item = sheet.Section;
   const double depth = sheet.Depth;
   const double along = runningPosition + hole.DrawGap;
   SetThinPen(sheet.Surface);
@@ -301,16 +335,13 @@ double DrawHole(Sheet& sheet, double runningPosition, const Hole& hole) {
     DrawMark(sheet, rule.Kind, hole, along, CrossScale * (depth - height) + ViewTop);
     marked = true;
   };
-  for (const LineRules& line : HoleLines) {
-    if (hole.*line.Line != "y") continue;
-    mark(item.SectionType == "T"   ? line.StandardT
-         : item.SectionType == "R" ? line.StandardR
-                                   : line.Standard,
-         0);
+  const HoleLines& lines = LinesOf(sheet.Section.SectionType);
+  for (const LineRules& line : lines) {
+    if (hole.*line.Line == "y") mark(line.Standard, 0);
   }
-  for (const LineRules& line : HoleLines) {
+  for (const LineRules& line : lines) {
     const double number = Val(hole.*line.Line);
-    if (number > 0) mark(item.SectionType == "R" ? line.NumberR : line.Number, number);
+    if (number > 0) mark(line.Number, number);
   }
 
   if (marked) sheet.HoleLabelRow = DrawHoleGap(sheet, sheet.HoleLabelRow, runningPosition, hole);

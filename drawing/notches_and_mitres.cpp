@@ -53,7 +53,7 @@ void DrawMitres(const Sheet& sheet) {
   PenWidthMm(surface, ThinPen);
 
   const double depth = sheet.Depth;
-  const double height = CrossScale * (item.SectionType == "V" ? sheet.Dim.Dim4 : depth);
+  const double height = CrossScale * sheet.Height;
   for (const MitreLine& line : MitreLines) {
     const double mitre = item.*line.Mitre;
     if (!(mitre * line.Sign > 0)) continue;

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string_view>
 
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "drawing/length.h"
 #include "drawing/primitives.h"
 #include "drawing/section_views.h"
@@ -24,7 +26,6 @@ struct KeyPoint {
 enum class Datum { First, Second };  // the end at which a measure begins
 
 struct KeyMeasure {
-  std::string_view Families;  // section letters
   std::string_view Letter;
   KeyPoint First, Second;
   double Right, Down;  // where its dimension stands off the section, mm
@@ -35,17 +36,43 @@ constexpr double Half = 1.0 / 2;
 constexpr double Third = 1.0 / 3;
 constexpr double TwoThirds = 2.0 / 3;
 
-// The eaves beam has no "t".
-constexpr std::array<KeyMeasure, 6> KeyMeasures = {{
+constexpr std::array<KeyMeasure, 3> ZKey = {{
     // clang-format off
-    {"Z",  "w", {0, 1, Half},      {0, 1, 1},         +3, 0, Datum::Second},
-    {"Z",  "t", {0, 1, 0},         {TwoThirds, 1, 0}, 0, -3, Datum::First},
-    {"Z",  "b", {0, Third, 1},     {0, 1, 1},         0, +3, Datum::Second},
-    {"CE", "w", {0, 0, Half},      {0, 0, 1},         -3, 0, Datum::Second},
-    {"C",  "t", {0, 0, 0},         {TwoThirds, 0, 0}, 0, -3, Datum::First},
-    {"CE", "b", {0, 0, 1},         {0, TwoThirds, 1}, 0, +3, Datum::First},
+    {"w", {0, 1, Half},      {0, 1, 1},         +3, 0, Datum::Second},
+    {"t", {0, 1, 0},         {TwoThirds, 1, 0}, 0, -3, Datum::First},
+    {"b", {0, Third, 1},     {0, 1, 1},         0, +3, Datum::Second},
     // clang-format on
 }};
+constexpr std::array<KeyMeasure, 3> CKey = {{
+    // clang-format off
+    {"w", {0, 0, Half},      {0, 0, 1},         -3, 0, Datum::Second},
+    {"t", {0, 0, 0},         {TwoThirds, 0, 0}, 0, -3, Datum::First},
+    {"b", {0, 0, 1},         {0, TwoThirds, 1}, 0, +3, Datum::First},
+    // clang-format on
+}};
+// The top flange of an eaves beam follows the roof; the key, which is level, has no measure of it.
+constexpr std::array<KeyMeasure, 2> EKey = {CKey[0], CKey[2]};
+
+// What a family shows of its holes off gauge.
+struct OffGaugeParts {
+  std::span<const KeyMeasure> Key;  // empty for a family without a key
+  int TableRows = 4;                // the letters, "w", "b" and "t", as many of them as it has
+};
+
+constexpr PerFamily<OffGaugeParts> Parts = {{
+    {"Z", {ZKey, 4}},
+    {"E", {EKey, 3}},
+    {"C", {CKey, 4}},
+    {"V", {{}, 4}},
+    {"R", {{}, 4}},
+    {"T", {{}, 4}},
+}};
+static_assert(NamesEachFamily(Parts), "Parts needs one row for each section family");
+
+OffGaugeParts PartsOf(std::string_view sectionType) {
+  const OffGaugeParts* parts = FactOf(Parts, sectionType);
+  return parts == nullptr ? OffGaugeParts{} : *parts;
+}
 
 Point OnPage(const KeyPoint& point, const SectionDim& dim, const Point& origin) {
   return {CrossScale * (point.OfDim4 * dim.Dim4 + point.OfDim5 * dim.Dim5) + origin.X,
@@ -93,7 +120,7 @@ struct TableRow {
   std::string (*Cell)(const OffGaugeHole& hole);
 };
 
-// Behind the row of letters; an eaves beam's table ends before "t".
+// Behind the row of letters.
 constexpr std::array<TableRow, 3> TableRows = {{
     {"w", WebCell},
     {"b", BottomCell},
@@ -129,13 +156,12 @@ std::string OffGaugeLetter(int row) {
 }
 
 void DrawOffGaugeKey(const Sheet& sheet) {
-  const Item& item = sheet.Section;
-  if (item.SectionType != "Z" && item.SectionType != "C" && item.SectionType != "E") return;
+  const OffGaugeParts parts = PartsOf(sheet.Section.SectionType);
+  if (parts.Key.empty()) return;
   const Point origin = KeyOrigin(sheet);
   PenWidthMm(sheet.Surface, ObjectPen);
   DrawKeyEdges(sheet);
-  for (const KeyMeasure& measure : KeyMeasures) {
-    if (measure.Families.find(item.SectionType) == std::string_view::npos) continue;
+  for (const KeyMeasure& measure : parts.Key) {
     DrawKeyMeasure(sheet.Surface, measure, sheet.Dim, origin);
   }
 }
@@ -150,8 +176,7 @@ void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list) {
   const double left = KeyOrigin(sheet).X - OffGaugeTableGap - columnWidth * list.UBound();
   WriteTextAt(surface, "Off-gauge hole Y dims.", left, margins.TopMargin + OffGaugeTitleDrop);
 
-  const bool eaves = sheet.Section.SectionType == "E";
-  const int rows = eaves ? 3 : 4;
+  const int rows = PartsOf(sheet.Section.SectionType).TableRows;
   surface.CurrentY(Length::OfMm(margins.TopMargin + OffGaugeTableDrop));
   surface.StartTable();
   surface.TableIndent(Length::OfMm(left - margins.LeftMargin));

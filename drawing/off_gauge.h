@@ -29,7 +29,7 @@ void AddOffGauge(Table<OffGaugeHole>& list, const Hole& hole, double drawX);
 // The letter of a row of the list; empty beyond "Z".
 std::string OffGaugeLetter(int row);
 
-// The small cross-section whose letters the table uses; Z, C and E have one.
+// The small cross-section whose letters the table uses; nothing for a family without one.
 void DrawOffGaugeKey(const Sheet& sheet);
 // A column for each row of the list; nothing for an empty one.
 void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list);

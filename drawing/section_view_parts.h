@@ -1,4 +1,4 @@
-// What the views of the six families are made of.
+// What the views of the families are made of.
 #pragma once
 
 #include <initializer_list>
@@ -45,7 +45,7 @@ void DrawHalvedFlange(const Sheet& sheet, double flange, double y);
 void DrawElevation(const Sheet& sheet, double top, double bottom,
                    std::initializer_list<double> heights);
 
-// The views of the six families.
+// The views of the families.
 void DrawZViews(const Sheet& sheet);
 void DrawCViews(const Sheet& sheet);
 void DrawEavesViews(const Sheet& sheet);

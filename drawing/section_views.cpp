@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "core/text.h"
 #include "drawing/notches_and_mitres.h"
 #include "drawing/primitives.h"
@@ -15,17 +16,22 @@ namespace orvane {
 namespace {
 
 struct FamilyViews {
-  std::string_view Letter;
   void (*Draw)(const Sheet& sheet);
+  bool TellsJointingPieces;  // in its block of text
 };
 
-constexpr FamilyViews Families[] = {
-    {"Z", DrawZViews}, {"C", DrawCViews},    {"E", DrawEavesViews},
-    {"V", DrawVViews}, {"R", DrawRailViews}, {"T", DrawTopHatViews},
-};
+constexpr PerFamily<FamilyViews> Views = {{
+    {"Z", {DrawZViews, false}},
+    {"E", {DrawEavesViews, false}},
+    {"C", {DrawCViews, false}},
+    {"V", {DrawVViews, false}},
+    {"R", {DrawRailViews, true}},
+    {"T", {DrawTopHatViews, false}},
+}};
+static_assert(NamesEachFamily(Views), "Views needs one row for each section family");
 
 // What the sheet tells of the section in words, from the top of the page down.
-void DrawTextBlock(const Sheet& sheet) {
+void DrawTextBlock(const Sheet& sheet, const FamilyViews* family) {
   PrintSurface& surface = sheet.Surface;
   const Item& item = sheet.Section;
   const PageMargins& margins = sheet.Source.Margins;
@@ -41,7 +47,7 @@ void DrawTextBlock(const Sheet& sheet) {
   };
   const std::string_view notes = Trim(item.Notes);
   if (!notes.empty()) entries.push_back({"Notes:  ", std::string(notes), ValueInset});
-  if (item.SectionType == "R") {
+  if (family != nullptr && family->TellsJointingPieces) {
     entries.push_back(
         {"No. Req'd Jointing Piece:  ", ShortestText(item.JointingPieces), JointingValueInset});
   }
@@ -63,10 +69,9 @@ void DrawTextBlock(const Sheet& sheet) {
 
 void DrawSectionViews(const Sheet& sheet) {
   if (!HasViews(sheet)) return;
-  DrawTextBlock(sheet);
-  for (const FamilyViews& family : Families) {
-    if (family.Letter == sheet.Section.SectionType) family.Draw(sheet);
-  }
+  const FamilyViews* family = FactOf(Views, sheet.Section.SectionType);
+  DrawTextBlock(sheet, family);
+  if (family != nullptr) family->Draw(sheet);
   DrawNotchesAndMitres(sheet);
 }
 

@@ -1,4 +1,4 @@
-// The views of the six families, each as it stands in its table of edges. A closing or extension
+// The views of the families, each as it stands in its table of edges. A closing or extension
 // line is drawn in the thin pen that the dimension before it left.
 #include <array>
 #include <cmath>
@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "core/text.h"
 #include "drawing/primitives.h"
 #include "drawing/section_view_parts.h"
@@ -47,6 +48,19 @@ std::array<SectionEdge, 5> CEdges(const SectionDim& dim) {
       // clang-format on
   }};
 }
+
+// The edges that stand for a family in the key of off-gauge holes; none for one without a key.
+using KeyEdges = std::array<SectionEdge, 5> (*)(const SectionDim& dim);
+
+constexpr PerFamily<KeyEdges> EdgesOfKeys = {{
+    {"Z", ZEdges},
+    {"E", CEdges},  // without its pitch: the key tells which side is which
+    {"C", CEdges},
+    {"V", nullptr},
+    {"R", nullptr},
+    {"T", nullptr},
+}};
+static_assert(NamesEachFamily(EdgesOfKeys), "EdgesOfKeys needs one row for each section family");
 
 // The gauges of a channel's open side, beyond its top flange.
 void DrawChannelGauges(const Sheet& sheet) {
@@ -376,9 +390,9 @@ void DrawTopHatViews(const Sheet& sheet) {
 }
 
 void DrawKeyEdges(const Sheet& sheet) {
-  const std::string& sectionType = sheet.Section.SectionType;
-  if (sectionType != "Z" && sectionType != "C" && sectionType != "E") return;
-  for (const SectionEdge& edge : sectionType == "Z" ? ZEdges(sheet.Dim) : CEdges(sheet.Dim)) {
+  const KeyEdges* edges = FactOf(EdgesOfKeys, sheet.Section.SectionType);
+  if (edges == nullptr || *edges == nullptr) return;
+  for (const SectionEdge& edge : (*edges)(sheet.Dim)) {
     DrawKeyEdge(sheet, edge.X1, edge.Y1, edge.X2, edge.Y2);
   }
 }

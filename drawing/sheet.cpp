@@ -1,9 +1,50 @@
 #include "drawing/sheet.h"
 
 #include "core/numbers.h"
+#include "core/section_families.h"
 #include "drawing/primitives.h"
 
 namespace orvane {
+
+namespace {
+
+double Web(const SectionDim& dim) {
+  return dim.Dim3;
+}
+
+// The strip of a section that lies on its side.
+double Strip(const SectionDim& dim) {
+  return dim.Dim4;
+}
+
+// Of a top hat: both lips, the crown, and the drop of both leaning sides.
+double Overall(const SectionDim& dim) {
+  return dim.Dim7 + dim.Dim3 + dim.Dim8 + 2 * TopHatLean() * dim.Dim4;
+}
+
+// Sizes of a family's views, mm of the section.
+struct Extent {
+  double (*Depth)(const SectionDim& dim) = Web;
+  double (*Height)(const SectionDim& dim) = Web;
+};
+
+constexpr PerFamily<Extent> Extents = {{
+    {"Z", {Web, Web}},
+    {"E", {Web, Web}},
+    {"C", {Web, Web}},
+    {"V", {Web, Strip}},
+    {"R", {Web, Web}},
+    {"T", {Overall, Overall}},
+}};
+static_assert(NamesEachFamily(Extents), "Extents needs one row for each section family");
+
+// A section of no family has its text, mitres and holes over the depth of its product.
+Extent ExtentOf(std::string_view sectionType) {
+  const Extent* extent = FactOf(Extents, sectionType);
+  return extent == nullptr ? Extent{} : *extent;
+}
+
+}  // namespace
 
 Sheet SheetOf(PrintSurface& surface, const SheetSource& source, const Item& section,
               const SectionDim& dim, double length) {
@@ -13,7 +54,8 @@ Sheet SheetOf(PrintSurface& surface, const SheetSource& source, const Item& sect
   if (!HasViews(sheet)) return sheet;
   sheet.PageWidth = surface.PageWidth() / TwipsPerMm;
   sheet.Depth = DrawnDepth(section.SectionType, dim);
-  sheet.Bottom = ViewBottom(section.SectionType, dim);
+  sheet.Height = ViewHeight(section.SectionType, dim);
+  sheet.Bottom = SectionY(sheet.Height);
   sheet.SectionViewLeft = source.Margins.LeftMargin + SectionViewInset;
   sheet.ElevationLeft = source.Margins.LeftMargin + ElevationInset;
   sheet.DrawingWidth = DrawingWidthOf(surface.PageWidth(), source.Margins);
@@ -26,12 +68,15 @@ bool HasViews(const Sheet& sheet) {
 }
 
 double DrawnDepth(std::string_view sectionType, const SectionDim& dim) {
-  if (sectionType != "T") return dim.Dim3;
-  return dim.Dim7 + dim.Dim3 + dim.Dim8 + 2 * TopHatLean() * dim.Dim4;
+  return ExtentOf(sectionType).Depth(dim);
+}
+
+double ViewHeight(std::string_view sectionType, const SectionDim& dim) {
+  return ExtentOf(sectionType).Height(dim);
 }
 
 double ViewBottom(std::string_view sectionType, const SectionDim& dim) {
-  return SectionY(sectionType == "V" ? dim.Dim4 : DrawnDepth(sectionType, dim));
+  return SectionY(ViewHeight(sectionType, dim));
 }
 
 std::int16_t DrawingWidthOf(double pageWidth, const PageMargins& margins) {

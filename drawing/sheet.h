@@ -20,6 +20,7 @@ struct Sheet {
 
   // What follows is worked out by SheetOf, and stays 0 for a section that has no views.
   double PageWidth = 0;        // mm
+  double Height = 0;           // of both views, mm of the section
   double Depth = 0;            // as drawn, mm of the section
   double Bottom = 0;           // of both views, mm of the page
   double SectionViewLeft = 0;  // left edges of the two views, mm of the page
@@ -42,6 +43,9 @@ bool HasViews(const Sheet& sheet);
 
 // The drawn depth of a section, mm: that of its web, or the overall one of a top hat.
 double DrawnDepth(std::string_view sectionType, const SectionDim& dim);
+
+// The height of both views, mm of the section: its drawn depth, but for one that lies on its side.
+double ViewHeight(std::string_view sectionType, const SectionDim& dim);
 
 // The bottom of both views on the page, mm.
 double ViewBottom(std::string_view sectionType, const SectionDim& dim);
