@@ -29,7 +29,10 @@ void DetailPanel::BuildHoleList() {
   MSFlexGrid2 = new FlexGrid(holes_, SSpanelCustom);
   MSFlexGrid2->setObjectName("MSFlexGrid2");
   MSFlexGrid2->setAccessibleName("Custom hole positions");
-  MSFlexGrid2->SetColumnRatio({520, 520, 360, 360, 360, 360, 320, 360, 200});
+  // Positions up to 32767, off-gauge distances and slots of three digits: a figure cut off in
+  // "11..." may be any of a thousand.
+  MSFlexGrid2->SetColumnRatio({520, 520, 360, 360, 360, 360, 320, 360, 200},
+                              {5, 5, 3, 3, 3, 3, 2, 3, 1});
   // By the keyboard alone: a click must not take the focus out of the editor of a section.
   MSFlexGrid2->setFocusPolicy(Qt::TabFocus);
   MSFlexGrid2->installEventFilter(this);
@@ -76,6 +79,7 @@ bool DetailPanel::IsHoleListShown() const {
 
 void DetailPanel::FillHoleGrid(std::int16_t ItemIndex) {
   holes_->SetRows(HoleGridRows(ItemIndex));
+  MSFlexGrid2->FitFigures();
   MarkHole(MSFlexGrid2->Row());
 }
 

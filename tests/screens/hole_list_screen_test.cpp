@@ -1,6 +1,8 @@
 // The list of a section's custom holes: what it shows, its pop-up, its keys.
 #include <QBrush>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QToolTip>
 
 #include "tests/screens/detail_fixture.h"
 
@@ -79,6 +81,68 @@ TEST_F(HoleListTest, Its_columns_have_one_alignment_and_their_widths_the_given_r
         << column;
     EXPECT_EQ(HoleList().Model().AlignmentOf(column), HoleList().Model().AlignmentOf(0));
   }
+}
+
+// Whether the cell's text has room beside the air that the toolkit leaves around it.
+::testing::AssertionResult IsWhole(FlexGrid& grid, int row, int column) {
+  const QString text = ToQt(grid.TextMatrix(row, column));
+  const int needed = grid.fontMetrics().horizontalAdvance(text);
+  const int air = 2 * (grid.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1) + 1;
+  if (grid.columnWidth(column) - air >= needed) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << FromQt(text) << " needs " << needed << " of " << grid.columnWidth(column) - air;
+}
+
+TEST_F(HoleListTest, No_figure_is_cut_off_in_any_font_however_narrow_the_window) {
+  Item& item = PutCustom({11500, 11530});
+  item.Holes.At(1).BF = "125";
+  item.Holes.At(1).SlotLength = 101.5F;
+  Show();
+  for (const int points : {9, 10, 14}) {
+    SCOPED_TRACE(points);
+    QFont font = main->font();
+    font.setPointSize(points);
+    main->setFont(font);
+    main->resize(main->minimumSizeHint());
+    Settle();
+    for (int row = 1; row <= 2; ++row) {
+      for (int column = 0; column < 9; ++column) EXPECT_TRUE(IsWhole(HoleList(), row, column));
+    }
+  }
+}
+
+TEST_F(HoleListTest, A_resting_mouse_is_told_a_text_that_its_cell_cuts_off) {
+  Item& purlin = Put("Z", "P1", "Z14012", 6000);
+  purlin.Notes =
+      "Sleeved <both> ends & packed apart, see drawing 4711 of the steelwork, revision C";
+  Show();
+  main->resize(main->minimumSizeHint());
+  Settle();
+  const auto told = [this](int column) {
+    const QPoint place = Sections().CellRect(1, column).center();
+    QHelpEvent rest(QEvent::ToolTip, place, Sections().viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(Sections().viewport(), &rest);
+    return FromQt(QToolTip::text());
+  };
+  EXPECT_EQ(told(3), "");
+  EXPECT_EQ(told(5),
+            "<span>Sleeved &lt;both&gt; ends &amp; packed apart, see drawing 4711 of the "
+            "steelwork, revision C</span>");
+}
+
+TEST_F(HoleListTest, A_longer_figure_widens_its_column_and_a_shorter_one_gives_the_room_back) {
+  Item& item = PutCustom({500});
+  Show();
+  main->resize(main->minimumSizeHint());
+  Settle();
+  const int before = HoleList().columnWidth(2);
+  item.Holes.At(1).BF = "1234.5678";
+  Show();
+  EXPECT_TRUE(IsWhole(HoleList(), 1, 2));
+  EXPECT_GT(HoleList().columnWidth(2), before);
+  item.Holes.At(1).BF = "n";
+  Show();
+  EXPECT_EQ(HoleList().columnWidth(2), before);
 }
 
 TEST_F(HoleListTest, It_shows_custom_holes_alone_in_ascending_order_measured_from_any_hole) {

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,9 +10,10 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyleOptionHeaderV2>
+#include <QToolTip>
 #include <algorithm>
-#include <numeric>
 
+#include "core/text.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -25,8 +27,6 @@ constexpr QRgb WhiteCell = 0xFFFFFFFF;
 
 // Air above and below a row's text, device-independent pixels.
 constexpr int RowPadding = 5;
-// Around a heading.
-constexpr int HeadingMargin = 3;
 
 constexpr int FewRows = 4;
 
@@ -121,7 +121,20 @@ void FlexGridModel::RowChanged(int row) {
 void TextGridModel::SetRows(Table<Table<std::string>> rows) {
   beginResetModel();
   rows_ = std::move(rows);
+  longest_.assign(static_cast<std::size_t>(columnCount()), 0);
+  for (const Table<std::string>& cells : rows_) {
+    const int count = std::min(cells.UBound(), columnCount());
+    for (int column = 0; column < count; ++column) {
+      int& longest = longest_.at(static_cast<std::size_t>(column));
+      longest = std::max(longest, static_cast<int>(CharCount(cells.At(column + 1))));
+    }
+  }
   endResetModel();
+}
+
+int TextGridModel::LongestFigure(int column) const {
+  const auto at = static_cast<std::size_t>(column);
+  return at < longest_.size() ? longest_[at] : 0;
 }
 
 std::string TextGridModel::CellText(int row, int column) const {
@@ -236,19 +249,6 @@ void FlexGrid::EnsureVisible(int row, int column) {
   if (cell.isValid()) scrollTo(cell, QAbstractItemView::EnsureVisible);
 }
 
-void FlexGrid::SetColumnRatio(std::vector<int> ratio) {
-  ratio_ = std::move(ratio);
-  LayColumns();
-}
-
-void FlexGrid::SetColumnsByHeading(int narrow, int least) {
-  narrowColumn_ = narrow;
-  leastColumn_ = least;
-  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  LayColumns();
-}
-
 void FlexGrid::SetLeastRowHeight(int height) {
   leastRow_ = height;
   LayRows();
@@ -258,6 +258,10 @@ QSize FlexGrid::sizeHint() const {
   if (narrowColumn_ == 0) return {QTableView::sizeHint().width(), HeightOf(FewRows)};
   const int bar = verticalScrollBar()->sizeHint().width();
   return {horizontalHeader()->length() + bar + 2 * frameWidth(), HeightOf(FewRows)};
+}
+
+QSize FlexGrid::minimumSizeHint() const {
+  return QTableView::minimumSizeHint().expandedTo({LeastWidth(), 0});
 }
 
 int FlexGrid::HeightOf(int rows) const {
@@ -318,6 +322,7 @@ void FlexGrid::changeEvent(QEvent* event) {
   if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
   LayRows();
   LayColumns();
+  updateGeometry();
 }
 
 void FlexGrid::scrollContentsBy(int dx, int dy) {
@@ -325,56 +330,26 @@ void FlexGrid::scrollContentsBy(int dx, int dy) {
   if (Scrolled) Guard([&] { Scrolled(); });
 }
 
-void FlexGrid::LayColumns() {
-  if (ratio_.empty() && narrowColumn_ == 0) return;
-  if (narrowColumn_ > 0) {
-    LayColumnsByHeading();
-  } else {
-    LayColumnsByRatio();
-  }
-  LayHeading();
-  if (Scrolled) Guard([&] { Scrolled(); });
+bool FlexGrid::IsCut(const QModelIndex& cell) const {
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+  const QString text = cell.data(Qt::DisplayRole).toString();
+  return fontMetrics().horizontalAdvance(text) > visualRect(cell).width() - 1 - 2 * margin;
 }
 
-void FlexGrid::LayColumnsByHeading() {
-  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
-  const int margin = std::max(
-      HeadingMargin, style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader()));
-  setColumnWidth(0, narrowColumn_);
-  for (int column = 1; column < Cols(); ++column) {
-    const int heading = metrics.horizontalAdvance(ToQt(TextMatrix(0, column)));
-    setColumnWidth(column, std::max(leastColumn_, heading + 2 * margin + 1));
+// A text that its cell cuts off is told whole to a resting mouse.
+bool FlexGrid::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex cell = indexAt(help.pos());
+    if (cell.isValid() && IsCut(cell)) {
+      const std::string text = FromQt(cell.data(Qt::DisplayRole).toString());
+      QToolTip::showText(help.globalPos(), PlainTip(text), viewport(), visualRect(cell));
+    } else {
+      QToolTip::hideText();
+    }
+    return true;
   }
-}
-
-void FlexGrid::LayColumnsByRatio() {
-  const int sum = std::accumulate(ratio_.begin(), ratio_.end(), 0);
-  const int width = viewport()->width();
-  int left = 0;
-  int passed = 0;
-  for (std::size_t column = 0; column < ratio_.size(); ++column) {
-    passed += ratio_[column];
-    // Edges are worked out from the left, so that the roundings don't add up.
-    const int right = static_cast<int>(static_cast<long long>(width) * passed / sum);
-    setColumnWidth(static_cast<int>(column), right - left);
-    left = right;
-  }
-}
-
-// A heading that its narrow column can't hold in one line is broken into two.
-void FlexGrid::LayHeading() {
-  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
-  bool twoLines = false;
-  for (int column = 0; column < Cols(); ++column) {
-    const QString heading = ToQt(TextMatrix(0, column));
-    if (!heading.contains(u' ')) continue;
-    const int width = metrics.horizontalAdvance(heading) + 2 * HeadingMargin;
-    twoLines = twoLines || width > columnWidth(column);
-  }
-  const int lines = twoLines ? 2 : 1;
-  int height = lines * metrics.lineSpacing() + 2 * HeadingMargin;
-  if (model_->HasGroupTitles()) height *= 2;
-  if (horizontalHeader()->minimumHeight() != height) horizontalHeader()->setFixedHeight(height);
+  return QTableView::viewportEvent(event);
 }
 
 void FlexGrid::LayRows() {

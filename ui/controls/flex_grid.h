@@ -28,6 +28,9 @@ class FlexGridModel : public QAbstractTableModel {
   virtual std::string CellText(int row, int column) const = 0;
   // Data rows, the heading apart.
   virtual int DataRows() const = 0;
+  // Characters of the longest figure in a column, for a grid that must not cut one off; 0 where
+  // none is to be kept whole.
+  virtual int LongestFigure(int) const { return 0; }
 
   // The row marked by the background 0xE0E0E0; 0 for none. Columns left of `firstColumn` stay.
   void SetGreyRow(int row);
@@ -73,9 +76,12 @@ class TextGridModel : public FlexGridModel {
   void SetRows(Table<Table<std::string>> rows);
   std::string CellText(int row, int column) const override;
   int DataRows() const override { return rows_.UBound(); }
+  // Every column counts as one of figures.
+  int LongestFigure(int column) const override;
 
  private:
   Table<Table<std::string>> rows_;
+  std::vector<int> longest_;  // of each column, characters
 };
 
 // The two heading rows of a grid with titles over its columns.
@@ -119,7 +125,16 @@ class FlexGrid : public QTableView {
   void EnsureVisible(int row, int column);
 
   // Column widths in this ratio over the whole width; the last column takes what is left over.
-  void SetColumnRatio(std::vector<int> ratio);
+  // `leastFigures` are the characters of the figures that each column has room for at least, in the
+  // font in use, and more where the model holds longer ones: a figure that is cut off reads as
+  // another. Columns that their share would make narrower take what they need, and the others
+  // share the rest; what doesn't fit even so can be scrolled to.
+  void SetColumnRatio(std::vector<int> ratio, std::vector<int> leastFigures = {});
+  // Lays the columns out anew if a longer or shorter figure asks for it; to be called when the
+  // texts have changed.
+  void FitFigures();
+  // Width at which every column has its least figures, the frame and a scroll bar included.
+  int LeastWidth() const;
   // Column 0 as wide as given, each other one as its heading, but at least `least` wide
   // (device-independent pixels). What is too wide for the grid can be scrolled to.
   void SetColumnsByHeading(int narrow, int least);
@@ -140,6 +155,8 @@ class FlexGrid : public QTableView {
 
   // A few rows; who lays it out gives it more.
   QSize sizeHint() const override;
+  // No narrower than its figures.
+  QSize minimumSizeHint() const override;
   // Height of the heading rows and that many data rows.
   int HeightOf(int rows) const;
 
@@ -153,9 +170,14 @@ class FlexGrid : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   void LayColumns();
+  int FigureWidth(int figures) const;
+  int NeededWidth(std::size_t column) const;
+  std::vector<int> SharedWidths() const;
+  bool IsCut(const QModelIndex& cell) const;
   void LayColumnsByRatio();
   void LayColumnsByHeading();
   void LayHeading();
@@ -163,7 +185,9 @@ class FlexGrid : public QTableView {
 
   FlexGridModel* model_;
   std::vector<int> ratio_;
-  int narrowColumn_ = 0;  // of columns as wide as their headings; 0 for columns in a ratio
+  std::vector<int> leastFigures_;  // of columns in a ratio
+  std::vector<int> needed_;        // widths that the columns were laid out for
+  int narrowColumn_ = 0;           // of columns as wide as their headings; 0 for columns in a ratio
   int leastColumn_ = 0;
   int leastRow_ = 0;
   int row_ = 0;

@@ -22,6 +22,12 @@ inline bool IsDigit(QChar letter) {
   return letter >= u'0' && letter <= u'9';
 }
 
+// A text of the job as a tip that shows its letters as they stand, tags and all, and breaks where
+// it is long.
+inline QString PlainTip(std::string_view text) {
+  return "<span>" + ToQt(text).toHtmlEscaped() + "</span>";
+}
+
 // The name of an element of a control array, "SSCommand1(6)".
 inline QString IndexedName(std::string_view array, int index) {
   return ToQt(std::string(array) + "(" + DecimalText(index) + ")");

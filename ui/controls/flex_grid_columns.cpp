@@ -1,0 +1,148 @@
+// The widths of a grid's columns, and the height of its heading that follows from them.
+#include <QHeaderView>
+#include <QScrollBar>
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "ui/controls/flex_grid.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/qt_text.h"
+
+namespace orvane {
+
+namespace {
+
+// Around a heading, device-independent pixels.
+constexpr int HeadingMargin = 3;
+
+}  // namespace
+
+void FlexGrid::SetColumnRatio(std::vector<int> ratio, std::vector<int> leastFigures) {
+  ratio_ = std::move(ratio);
+  leastFigures_ = std::move(leastFigures);
+  leastFigures_.resize(ratio_.size());
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  LayColumns();
+}
+
+void FlexGrid::FitFigures() {
+  std::vector<int> needed;
+  for (std::size_t column = 0; column < ratio_.size(); ++column) {
+    needed.push_back(NeededWidth(column));
+  }
+  if (needed != needed_) LayColumns();
+}
+
+int FlexGrid::LeastWidth() const {
+  if (leastFigures_.empty()) return 0;
+  int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+  for (const int figures : leastFigures_) width += FigureWidth(figures);
+  return width;
+}
+
+void FlexGrid::SetColumnsByHeading(int narrow, int least) {
+  narrowColumn_ = narrow;
+  leastColumn_ = least;
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  LayColumns();
+}
+
+void FlexGrid::LayColumns() {
+  if (ratio_.empty() && narrowColumn_ == 0) return;
+  needed_.clear();
+  for (std::size_t column = 0; column < ratio_.size(); ++column) {
+    needed_.push_back(NeededWidth(column));
+  }
+  if (narrowColumn_ > 0) {
+    LayColumnsByHeading();
+  } else {
+    LayColumnsByRatio();
+  }
+  LayHeading();
+  if (Scrolled) Guard([&] { Scrolled(); });
+}
+
+void FlexGrid::LayColumnsByHeading() {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  const int margin = std::max(
+      HeadingMargin, style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader()));
+  setColumnWidth(0, narrowColumn_);
+  for (int column = 1; column < Cols(); ++column) {
+    const int heading = metrics.horizontalAdvance(ToQt(TextMatrix(0, column)));
+    setColumnWidth(column, std::max(leastColumn_, heading + 2 * margin + 1));
+  }
+}
+
+// Digits are all of one width; points and signs are narrower.
+int FlexGrid::FigureWidth(int figures) const {
+  if (figures == 0) return 0;
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+  const int gridLine = 1;
+  return fontMetrics().horizontalAdvance(QString(figures, u'0')) + 2 * margin + gridLine;
+}
+
+int FlexGrid::NeededWidth(std::size_t column) const {
+  return FigureWidth(
+      std::max(leastFigures_.at(column), model_->LongestFigure(static_cast<int>(column))));
+}
+
+void FlexGrid::LayColumnsByRatio() {
+  const std::vector<int> widths = SharedWidths();
+  for (std::size_t column = 0; column < widths.size(); ++column) {
+    setColumnWidth(static_cast<int>(column), widths[column]);
+  }
+}
+
+// A column whose share is too small for its figures leaves the sharing with what it needs, which
+// makes the others' shares smaller: so over again until every share suffices.
+std::vector<int> FlexGrid::SharedWidths() const {
+  std::vector<bool> shares(ratio_.size(), true);
+  long long width = viewport()->width();
+  long long sum = std::accumulate(ratio_.begin(), ratio_.end(), 0LL);
+  for (bool again = true; again;) {
+    again = false;
+    for (std::size_t column = 0; column < ratio_.size(); ++column) {
+      if (!shares[column] || width * ratio_[column] >= sum * needed_.at(column)) continue;
+      shares[column] = false;
+      width = std::max(0LL, width - needed_.at(column));
+      sum -= ratio_[column];
+      again = true;
+    }
+  }
+  std::vector<int> widths;
+  long long passed = 0;
+  long long left = 0;
+  for (std::size_t column = 0; column < ratio_.size(); ++column) {
+    if (!shares[column]) {
+      widths.push_back(needed_.at(column));
+      continue;
+    }
+    passed += ratio_[column];
+    // Edges are worked out from the left, so that the roundings don't add up.
+    const long long right = width * passed / sum;
+    widths.push_back(static_cast<int>(right - left));
+    left = right;
+  }
+  return widths;
+}
+
+// A heading that its narrow column can't hold in one line is broken into two.
+void FlexGrid::LayHeading() {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  bool twoLines = false;
+  for (int column = 0; column < Cols(); ++column) {
+    const QString heading = ToQt(TextMatrix(0, column));
+    if (!heading.contains(u' ')) continue;
+    const int width = metrics.horizontalAdvance(heading) + 2 * HeadingMargin;
+    twoLines = twoLines || width > columnWidth(column);
+  }
+  const int lines = twoLines ? 2 : 1;
+  int height = lines * metrics.lineSpacing() + 2 * HeadingMargin;
+  if (model_->HasGroupTitles()) height *= 2;
+  if (horizontalHeader()->minimumHeight() != height) horizontalHeader()->setFixedHeight(height);
+}
+
+}  // namespace orvane
