@@ -211,6 +211,10 @@ bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& n
   return Guarded<bool>([&] { return TheDesktop().Settings().Store(root, key, name, text); }, false);
 }
 
+void RequireStoredNumbers() {
+  for (const Setting& setting : Settings()) Take(setting.HeldIn, StoredText(setting));
+}
+
 void LoadPageSetup() {
   LoadKey(PageSetup);
 }

@@ -49,6 +49,11 @@ bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& n
 // bad margin must not take the others off the paper. Storing MinHoleSep in the form "0" gives up
 // its fraction: deliberate.
 
+// Raises "Overflow" where a stored number is more than its value can hold; the others are loaded
+// then or not. For who works alone through the night: what the Load procedures below do, fall to
+// the default and tell a person, would print a whole run on margins that nobody chose.
+void RequireStoredNumbers();
+
 void LoadPageSetup();
 void SavePageSetup();
 void LoadDrawingSettings();

@@ -85,6 +85,7 @@ void StartAfresh(const Catalogues& catalogues, std::int16_t drawingWidth) {
   AccType1Count = catalogues.Type1Count;
   AccType2Count = catalogues.Type2Count;
   AccUsed.Resize(AccType1Count + AccType2Count);
+  RequireStoredNumbers();
   LoadRegistration();
   LoadPageSetup();
   LoadDrawingSettings();

@@ -44,8 +44,8 @@ TEST_F(KeyboardRoads, After_an_opening_that_failed_keys_lead_into_the_grid) {
     Put("V", "B1", "VCR", 2000);
     Show();
     ProjectDirty = False;
-    dialogs.ExpectBox("File not found");
-    OpenFile(TempPath("gone.ovd"));
+    dialogs.ExpectBox("Input past end of file");
+    OpenFile(TempFile("empty.ovd", ""));
     Settle();
     ASSERT_EQ(Sections().Row(), 0);
     ASSERT_TRUE(NoEditor());

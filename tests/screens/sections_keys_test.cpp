@@ -280,16 +280,16 @@ TEST_F(SectionsKeys, The_number_cells_drop_letters_that_show_nothing_and_other_s
 TEST_F(SectionsKeys, Typing_begins_a_cell_of_the_grid_at_rest) {
   PutSix();
   Show();
-  dialogs.ExpectBox("File not found");
-  OpenFile(TempPath("gone.ovd"));
+  dialogs.ExpectBox("Input past end of file");
+  OpenFile(TempFile("empty.ovd", ""));
   Settle();
   ASSERT_TRUE(NoEditor());
   Type("Q7");
   EXPECT_TRUE(CursorAt(1, 1, "Q7"));
   EXPECT_EQ(Marks(), (std::vector<std::string>{"Q7", "B1", "C1", "D1", "E1", "F1"}));
   // A command's key isn't typing.
-  dialogs.ExpectBox("File not found");
-  OpenFile(TempPath("gone.ovd"));
+  dialogs.ExpectBox("Input past end of file");
+  OpenFile(TempFile("empty.ovd", ""));
   Settle();
   Press(Qt::Key_X, Qt::ControlModifier);
   EXPECT_TRUE(NoEditor());
