@@ -3,8 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFontMetrics>
-#include <QLabel>
-#include <QLayout>
+#include <QGridLayout>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
@@ -166,14 +165,16 @@ QString Breakable(const QString& text, const QMessageBox& box) {
 // Makes the box as wide as its title in the frame, as far as the screen has room. Frames write it
 // in a bold font.
 void WidenForTitle(QMessageBox& box) {
-  auto* label = box.findChild<QLabel*>("qt_msgbox_label");
-  if (label == nullptr) return;
+  auto* grid = qobject_cast<QGridLayout*>(box.layout());
+  if (grid == nullptr) return;
   QFont font = box.font();
   font.setBold(true);
   const int line = box.fontMetrics().height();
   const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameLines * line;
-  label->setMinimumWidth(
-      std::min(width, box.screen()->availableSize().width() - FrameLines * line));
+  const int most = box.screen()->availableSize().width() - FrameLines * line;
+  // A row of its own: a least width of the label would be taken for the width of its text.
+  auto* room = new QSpacerItem(std::min(width, most), 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
+  grid->addItem(room, grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QString WithLineEnds(const std::string& text) {
