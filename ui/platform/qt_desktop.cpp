@@ -135,13 +135,13 @@ Answer AnswerOf(int button) {
 // Lines of text that a window's frame needs beside the title, for its icon and buttons.
 constexpr int FrameLines = 7;
 
-// The text with places to break each word that is wider than a box becomes by itself: a path or a
-// mark can be one of any length, and the toolkit breaks a text between words only.
+// The text with places to break each word that the screen has no room for: a path or a mark can be
+// one of any length, and the toolkit breaks a text between words only. A box makes itself as wide
+// as any other word, which then can be copied as it stands.
 QString Breakable(const QString& text, const QMessageBox& box) {
   constexpr QChar mayBreak(0x200B);  // has no width
-  // The toolkit's own limit, less the box's margins.
-  const int line = box.fontMetrics().height();
-  const int most = std::min(box.screen()->availableSize().width() / 2, 500) - 6 * line;
+  const int most =
+      box.screen()->availableSize().width() - 2 * FrameLines * box.fontMetrics().height();
   QString broken;
   qsizetype at = 0;
   while (at < text.size()) {
