@@ -260,10 +260,6 @@ QSize FlexGrid::sizeHint() const {
   return {horizontalHeader()->length() + bar + 2 * frameWidth(), HeightOf(FewRows)};
 }
 
-QSize FlexGrid::minimumSizeHint() const {
-  return QTableView::minimumSizeHint().expandedTo({LeastWidth(), 0});
-}
-
 int FlexGrid::HeightOf(int rows) const {
   return horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize() +
          2 * frameWidth();
@@ -322,7 +318,6 @@ void FlexGrid::changeEvent(QEvent* event) {
   if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
   LayRows();
   LayColumns();
-  updateGeometry();
 }
 
 void FlexGrid::scrollContentsBy(int dx, int dy) {

@@ -133,8 +133,6 @@ class FlexGrid : public QTableView {
   // Lays the columns out anew if a longer or shorter figure asks for it; to be called when the
   // texts have changed.
   void FitFigures();
-  // Width at which every column has its least figures, the frame and a scroll bar included.
-  int LeastWidth() const;
   // Column 0 as wide as given, each other one as its heading, but at least `least` wide
   // (device-independent pixels). What is too wide for the grid can be scrolled to.
   void SetColumnsByHeading(int narrow, int least);
@@ -155,8 +153,6 @@ class FlexGrid : public QTableView {
 
   // A few rows; who lays it out gives it more.
   QSize sizeHint() const override;
-  // No narrower than its figures.
-  QSize minimumSizeHint() const override;
   // Height of the heading rows and that many data rows.
   int HeightOf(int rows) const;
 

@@ -35,13 +35,6 @@ void FlexGrid::FitFigures() {
   if (needed != needed_) LayColumns();
 }
 
-int FlexGrid::LeastWidth() const {
-  if (leastFigures_.empty()) return 0;
-  int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
-  for (const int figures : leastFigures_) width += FigureWidth(figures);
-  return width;
-}
-
 void FlexGrid::SetColumnsByHeading(int narrow, int least) {
   narrowColumn_ = narrow;
   leastColumn_ = least;
