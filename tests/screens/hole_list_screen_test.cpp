@@ -2,6 +2,7 @@
 #include <QBrush>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
+#include <QSplitter>
 #include <QToolTip>
 
 #include "tests/screens/detail_fixture.h"
@@ -73,6 +74,10 @@ TEST_F(HoleListTest, The_list_has_its_nine_headings_and_no_row_at_first) {
 TEST_F(HoleListTest, Its_columns_have_one_alignment_and_their_widths_the_given_ratio) {
   PutCustom({500});
   Show();
+  // Wide enough that no figure needs more than its share.
+  main->resize(1600, main->height());
+  Find<QSplitter>("SSSplitter1").setSizes({900, 700});
+  Settle();
   const std::vector<int> ratio = {520, 520, 360, 360, 360, 360, 320, 360, 200};
   const double unit = HoleList().viewport()->width() / 3360.0;
   for (int column = 0; column < 9; ++column) {
