@@ -13,13 +13,6 @@ constexpr std::string_view NoBreakSpace = "\xC2\xA0";
 constexpr std::string_view NarrowNoBreakSpace = "\xE2\x80\xAF";
 constexpr std::size_t ThousandsDigits = 3;
 
-bool StartsWith(std::string_view text, std::string_view start) {
-  return text.substr(0, start.size()) == start;
-}
-bool EndsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
-
 // The text without the blanks of every kind that a copy brings at its ends.
 std::string_view WithoutBlanks(std::string_view text) {
   for (bool more = true; more;) {
@@ -27,10 +20,10 @@ std::string_view WithoutBlanks(std::string_view text) {
     for (const std::string_view blank :
          {std::string_view(" "), std::string_view("\t"), std::string_view("\r"),
           std::string_view("\n"), NoBreakSpace, NarrowNoBreakSpace}) {
-      if (StartsWith(text, blank)) {
+      if (text.starts_with(blank)) {
         text.remove_prefix(blank.size());
         more = true;
-      } else if (EndsWith(text, blank)) {
+      } else if (text.ends_with(blank)) {
         text.remove_suffix(blank.size());
         more = true;
       }
@@ -67,7 +60,7 @@ PastedNumber Refusal(std::string_view text, std::string_view reason) {
 }  // namespace
 
 std::string PastedLine(std::string_view text) {
-  while (EndsWith(text, "\n") || EndsWith(text, "\r")) text.remove_suffix(1);
+  while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
   std::string line;
   line.reserve(text.size());
   for (std::size_t at = 0; at < text.size(); ++at) {
