@@ -92,6 +92,8 @@ void DialogScript::LookAgainAndAgain() {
 void DialogScript::Look() {
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr || !window->isVisible() || (busy_ && window == busyWith_)) return;
+  // The platform hands the keys over a moment after it has shown the window.
+  if (!window->isActiveWindow()) return;
   if (!ignored_.empty() && FromQt(window->objectName()) == ignored_) return;
   if (auto* box = qobject_cast<QMessageBox*>(window)) boxes_.push_back(FromQt(box->text()));
   if (steps_.empty() || steps_.front().Name != FromQt(window->objectName())) {
