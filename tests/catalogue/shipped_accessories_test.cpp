@@ -31,11 +31,11 @@ Texts ChoicesOf(int accIndex, int column) {
   return RowsIn(AccDefs.At(accIndex).Options.At(column).OptionTexts);
 }
 
-TEST_F(ShippedCatalogue, has_exactly_five_type_1_accessories) {
+TEST_F(ShippedCatalogue, Has_exactly_five_type_1_accessories) {
   EXPECT_EQ(AccType1Count, 5);
 }
 
-TEST_F(ShippedCatalogue, keeps_the_channel_sleeves_in_row_4_in_the_order_of_the_export) {
+TEST_F(ShippedCatalogue, Keeps_the_channel_sleeves_in_row_4_in_the_order_of_the_export) {
   EXPECT_EQ(ParamNamesOf(4), (Texts{"KSL301", "KSL321", "KSL351"}));
   const Texts descriptions = RowsIn(AccDefs.At(4).ParamTexts);
   ASSERT_EQ(descriptions.size(), 3U);
@@ -44,7 +44,7 @@ TEST_F(ShippedCatalogue, keeps_the_channel_sleeves_in_row_4_in_the_order_of_the_
   EXPECT_TRUE(Contains(descriptions[2], "351"));
 }
 
-TEST_F(ShippedCatalogue, keeps_the_short_sleeves_in_row_5_in_the_order_of_the_export) {
+TEST_F(ShippedCatalogue, Keeps_the_short_sleeves_in_row_5_in_the_order_of_the_export) {
   EXPECT_EQ(ParamNamesOf(5), (Texts{"KHL90", "KHL190"}));
   const Texts descriptions = RowsIn(AccDefs.At(5).ParamTexts);
   ASSERT_EQ(descriptions.size(), 2U);
@@ -52,14 +52,14 @@ TEST_F(ShippedCatalogue, keeps_the_short_sleeves_in_row_5_in_the_order_of_the_ex
   EXPECT_TRUE(Contains(descriptions[1], " 190 "));
 }
 
-TEST_F(ShippedCatalogue, shows_descriptions_for_some_type_1_accessories_and_not_for_others) {
+TEST_F(ShippedCatalogue, Shows_descriptions_for_some_type_1_accessories_and_not_for_others) {
   int shown = 0;
   for (int row = 1; row <= AccType1Count; ++row) shown += AccDefs.At(row).Flag == True ? 1 : 0;
   EXPECT_GT(shown, 0);
   EXPECT_LT(shown, AccType1Count);
 }
 
-TEST_F(ShippedCatalogue, gives_every_type_1_accessory_sizes_that_fit_the_list) {
+TEST_F(ShippedCatalogue, Gives_every_type_1_accessory_sizes_that_fit_the_list) {
   for (int row = 1; row <= AccType1Count; ++row) {
     const AccDef& accessory = AccDefs.At(row);
     EXPECT_GE(accessory.ParamCount(), 1) << accessory.Name;
@@ -76,11 +76,11 @@ TEST_F(ShippedCatalogue, gives_every_type_1_accessory_sizes_that_fit_the_list) {
   }
 }
 
-TEST_F(ShippedCatalogue, has_at_least_sixteen_type_2_accessories) {
+TEST_F(ShippedCatalogue, Has_at_least_sixteen_type_2_accessories) {
   EXPECT_GE(AccType2Count, 16);
 }
 
-TEST_F(ShippedCatalogue, gives_every_type_2_accessory_plain_headings_that_fit_the_list) {
+TEST_F(ShippedCatalogue, Gives_every_type_2_accessory_plain_headings_that_fit_the_list) {
   for (int row = AccType1Count + 1; row <= AccDefs.UBound(); ++row) {
     const AccDef& accessory = AccDefs.At(row);
     ExpectPlainName(accessory.Option);
@@ -96,30 +96,30 @@ TEST_F(ShippedCatalogue, gives_every_type_2_accessory_plain_headings_that_fit_th
   }
 }
 
-TEST_F(ShippedCatalogue, keeps_the_purlin_sleeves_in_row_6_with_the_product_first) {
+TEST_F(ShippedCatalogue, Keeps_the_purlin_sleeves_in_row_6_with_the_product_first) {
   EXPECT_TRUE(Contains(AccDefs.At(6).Name, "sleeve")) << AccDefs.At(6).Name;
   EXPECT_EQ(ParamNamesOf(6), (Texts{"Mark", "No.Off", "Product", "Length"}));
 }
 
-TEST_F(ShippedCatalogue, keeps_a_type_2_accessory_in_row_7_that_calls_for_a_CAM_file) {
+TEST_F(ShippedCatalogue, Keeps_a_type_2_accessory_in_row_7_that_calls_for_a_CAM_file) {
   EXPECT_GT(AccDefs.At(7).ParamCount(), 2);
   EXPECT_EQ(AccDefs.At(7).IsType1, False);
 }
 
-TEST_F(ShippedCatalogue, keeps_the_VCR_assembly_in_row_8_with_its_nine_columns) {
+TEST_F(ShippedCatalogue, Keeps_the_VCR_assembly_in_row_8_with_its_nine_columns) {
   EXPECT_EQ(AccDefs.At(8).Name, "VCR Assembly");
   EXPECT_EQ(ParamNamesOf(8), (Texts{"Mark", "No.Off", "As Drawn", "Opp. Hand", "Length", "End 1",
                                     "End 2", "Cleat 1", "Cleat 2"}));
 }
 
-TEST_F(ShippedCatalogue, offers_the_five_cleats_in_both_cleat_columns_of_the_VCR_assembly) {
+TEST_F(ShippedCatalogue, Offers_the_five_cleats_in_both_cleat_columns_of_the_VCR_assembly) {
   const Texts cleats = {"KT31", "KT33", "KT36", "KT39", "KT41"};
   for (int column = 3; column <= 7; ++column) EXPECT_EQ(ChoicesOf(8, column), Texts{}) << column;
   EXPECT_EQ(ChoicesOf(8, 8), cleats);
   EXPECT_EQ(ChoicesOf(8, 9), cleats);
 }
 
-TEST_F(ShippedCatalogue, keeps_in_row_9_an_accessory_whose_kind_stands_behind_its_text) {
+TEST_F(ShippedCatalogue, Keeps_in_row_9_an_accessory_whose_kind_stands_behind_its_text) {
   // Its first value follows the text in the list, and the two behind it default to 0.
   const AccDef& accessory = AccDefs.At(9);
   EXPECT_FALSE(accessory.Option.empty());
@@ -132,18 +132,18 @@ TEST_F(ShippedCatalogue, keeps_in_row_9_an_accessory_whose_kind_stands_behind_it
   EXPECT_TRUE(ChoicesOf(9, 5).empty()) << "a size typed freely";
 }
 
-TEST_F(ShippedCatalogue, keeps_the_tubular_apex_ties_in_row_10_with_the_pitch_in_column_5) {
+TEST_F(ShippedCatalogue, Keeps_the_tubular_apex_ties_in_row_10_with_the_pitch_in_column_5) {
   EXPECT_EQ(AccDefs.At(10).Name, "Tubular apex ties");
   EXPECT_EQ(AccDefs.At(10).ParamNames.At(5), "Pitch");
 }
 
-TEST_F(ShippedCatalogue, keeps_the_sag_bars_in_row_11_with_the_centres_in_columns_4_and_5) {
+TEST_F(ShippedCatalogue, Keeps_the_sag_bars_in_row_11_with_the_centres_in_columns_4_and_5) {
   EXPECT_EQ(AccDefs.At(11).Name, "Sag bars (screw fix)");
   EXPECT_EQ(AccDefs.At(11).ParamNames.At(4), "Purlin Crs");
   EXPECT_EQ(AccDefs.At(11).ParamNames.At(5), "Rail Crs");
 }
 
-TEST_F(ShippedCatalogue, keeps_the_C_channel_in_row_21_with_its_six_values) {
+TEST_F(ShippedCatalogue, Keeps_the_C_channel_in_row_21_with_its_six_values) {
   EXPECT_EQ(AccDefs.At(21).Name, "C-channel");
   const Texts columns = ParamNamesOf(21);
   ASSERT_EQ(columns.size(), 8U);
@@ -156,7 +156,7 @@ TEST_F(ShippedCatalogue, keeps_the_C_channel_in_row_21_with_its_six_values) {
   EXPECT_EQ(AccDefs.At(21).Groups.At(1).GroupValue, 4);
 }
 
-TEST_F(ShippedCatalogue, has_type_2_accessories_with_and_without_groups_choices_and_columns) {
+TEST_F(ShippedCatalogue, Has_type_2_accessories_with_and_without_groups_choices_and_columns) {
   int grouped = 0;
   int withChoices = 0;
   int bare = 0;
@@ -176,7 +176,7 @@ TEST_F(ShippedCatalogue, has_type_2_accessories_with_and_without_groups_choices_
   EXPECT_GE(bare, 1);
 }
 
-TEST_F(ShippedCatalogue, keeps_every_group_inside_the_columns_and_off_its_neighbours) {
+TEST_F(ShippedCatalogue, Keeps_every_group_inside_the_columns_and_off_its_neighbours) {
   for (int row = AccType1Count + 1; row <= AccDefs.UBound(); ++row) {
     const AccDef& accessory = AccDefs.At(row);
     int next = 3;  // "Mark" and "No.Off" stand under no heading
@@ -190,7 +190,7 @@ TEST_F(ShippedCatalogue, keeps_every_group_inside_the_columns_and_off_its_neighb
   }
 }
 
-TEST_F(ShippedCatalogue, keeps_choices_within_the_nine_columns_that_have_choice_editors) {
+TEST_F(ShippedCatalogue, Keeps_choices_within_the_nine_columns_that_have_choice_editors) {
   for (int row = AccType1Count + 1; row <= AccDefs.UBound(); ++row) {
     const AccDef& accessory = AccDefs.At(row);
     for (int column = 1; column <= accessory.Options.UBound(); ++column) {
@@ -206,7 +206,7 @@ TEST_F(ShippedCatalogue, keeps_choices_within_the_nine_columns_that_have_choice_
   }
 }
 
-TEST_F(ShippedCatalogue, names_every_accessory_once_so_that_the_list_heads_each_apart) {
+TEST_F(ShippedCatalogue, Names_every_accessory_once_so_that_the_list_heads_each_apart) {
   std::set<std::string> names;
   for (const AccDef& accessory : AccDefs) {
     ExpectPlainName(accessory.Name);
@@ -215,7 +215,7 @@ TEST_F(ShippedCatalogue, names_every_accessory_once_so_that_the_list_heads_each_
   }
 }
 
-TEST_F(ShippedCatalogue, fits_every_picture_on_its_sheet) {
+TEST_F(ShippedCatalogue, Fits_every_picture_on_its_sheet) {
   for (const AccDef& accessory : AccDefs) {
     EXPECT_GE(accessory.Value1, 60) << accessory.Name << ": width of the picture, mm";
     EXPECT_LE(accessory.Value1, 150) << accessory.Name << ": width of the picture, mm";
@@ -224,7 +224,7 @@ TEST_F(ShippedCatalogue, fits_every_picture_on_its_sheet) {
   }
 }
 
-TEST_F(ShippedCatalogue, names_a_picture_for_most_accessories_and_None_for_some) {
+TEST_F(ShippedCatalogue, Names_a_picture_for_most_accessories_and_None_for_some) {
   std::set<std::string> pictures;
   int none = 0;
   for (const AccDef& accessory : AccDefs) {
@@ -244,7 +244,7 @@ TEST_F(ShippedCatalogue, names_a_picture_for_most_accessories_and_None_for_some)
   EXPECT_EQ(pictures.count("drg015"), 0U);
 }
 
-TEST_F(ShippedCatalogue, has_one_flag_for_each_accessory_none_of_them_set) {
+TEST_F(ShippedCatalogue, Has_one_flag_for_each_accessory_none_of_them_set) {
   ASSERT_EQ(AccUsed.UBound(), AccType1Count + AccType2Count);
   EXPECT_TRUE(
       std::all_of(AccUsed.begin(), AccUsed.end(), [](Boolean used) { return used == False; }));

@@ -25,11 +25,11 @@ using test::ShippedCatalogue;
 using test::ShippedNames;
 using test::Texts;
 
-TEST_F(ShippedCatalogue, loads_without_a_message) {
+TEST_F(ShippedCatalogue, Loads_without_a_message) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(ShippedCatalogue, is_plain_ascii_with_an_end_on_every_line) {
+TEST_F(ShippedCatalogue, Is_plain_ascii_with_an_end_on_every_line) {
   for (const std::string& name : ShippedNames) {
     const std::string bytes = ShippedBytes(name);
     EXPECT_EQ(bytes.back(), '\n') << name;
@@ -39,7 +39,7 @@ TEST_F(ShippedCatalogue, is_plain_ascii_with_an_end_on_every_line) {
   }
 }
 
-TEST_F(ShippedCatalogue, bears_headings_remarks_blank_lines_and_lines_of_commas) {
+TEST_F(ShippedCatalogue, Bears_headings_remarks_blank_lines_and_lines_of_commas) {
   for (const std::string& name : ShippedNames) {
     const Texts lines = LinesOf(name);
     const auto count = [&lines](const auto& isSo) {
@@ -57,7 +57,7 @@ TEST_F(ShippedCatalogue, bears_headings_remarks_blank_lines_and_lines_of_commas)
   }
 }
 
-TEST_F(ShippedCatalogue, gives_every_row_exactly_the_cells_of_its_file) {
+TEST_F(ShippedCatalogue, Gives_every_row_exactly_the_cells_of_its_file) {
   struct Shape {
     const char* Name;
     const char* Tags;
@@ -79,7 +79,7 @@ TEST_F(ShippedCatalogue, gives_every_row_exactly_the_cells_of_its_file) {
   }
 }
 
-TEST_F(ShippedCatalogue, has_no_one_cell_line_but_blank_ones) {
+TEST_F(ShippedCatalogue, Has_no_one_cell_line_but_blank_ones) {
   for (const std::string& name : ShippedNames) {
     for (const std::string& line : LinesOf(name)) {
       EXPECT_TRUE(line.empty() || Contains(line, ",")) << name << ": " << line;
@@ -87,7 +87,7 @@ TEST_F(ShippedCatalogue, has_no_one_cell_line_but_blank_ones) {
   }
 }
 
-TEST_F(ShippedCatalogue, turns_every_row_of_dims_csv_into_its_record) {
+TEST_F(ShippedCatalogue, Turns_every_row_of_dims_csv_into_its_record) {
   const std::vector<Texts> rows = RowsOf("dims.csv", "EZCMVRT");
   ASSERT_EQ(static_cast<std::size_t>(SectionDims.UBound()), rows.size());
   for (int row = 1; row <= SectionDims.UBound(); ++row) {
@@ -105,7 +105,7 @@ TEST_F(ShippedCatalogue, turns_every_row_of_dims_csv_into_its_record) {
   }
 }
 
-TEST_F(ShippedCatalogue, turns_every_row_of_punch_csv_into_its_record) {
+TEST_F(ShippedCatalogue, Turns_every_row_of_punch_csv_into_its_record) {
   const std::vector<Texts> rows = RowsOf("punch.csv", "EZCRVT");
   ASSERT_EQ(static_cast<std::size_t>(PunchPatterns.UBound()), rows.size());
   for (int row = 1; row <= PunchPatterns.UBound(); ++row) {
@@ -121,7 +121,7 @@ TEST_F(ShippedCatalogue, turns_every_row_of_punch_csv_into_its_record) {
   }
 }
 
-TEST_F(ShippedCatalogue, turns_every_row_of_accs1_csv_into_its_record) {
+TEST_F(ShippedCatalogue, Turns_every_row_of_accs1_csv_into_its_record) {
   int accIndex = 0;
   int param = 0;
   for (const Texts& cells : RowsOf("accs1.csv", "AI")) {
@@ -157,7 +157,7 @@ TEST_F(ShippedCatalogue, turns_every_row_of_accs1_csv_into_its_record) {
   EXPECT_EQ(static_cast<std::size_t>(params), RowsOf("accs1.csv", "I").size());
 }
 
-TEST_F(ShippedCatalogue, turns_every_row_of_accs2_csv_into_its_record) {
+TEST_F(ShippedCatalogue, Turns_every_row_of_accs2_csv_into_its_record) {
   int accIndex = AccType1Count;
   int column = 0;
   int group = 0;

@@ -62,20 +62,20 @@ Texts CodesOf(const PunchPattern& pattern) {
   return codes;
 }
 
-TEST_F(ShippedCatalogue, has_patterns_for_every_family) {
+TEST_F(ShippedCatalogue, Has_patterns_for_every_family) {
   for (const std::string letter : {"Z", "E", "C", "V", "R", "T"}) {
     EXPECT_FALSE(PatternsOf(letter).empty()) << letter;
   }
 }
 
-TEST_F(ShippedCatalogue, writes_codes_of_two_characters_with_one_blank_between) {
+TEST_F(ShippedCatalogue, Writes_codes_of_two_characters_with_one_blank_between) {
   for (const PunchPattern& row : PunchPatterns) {
     ASSERT_EQ(row.Codes.size() % 3, 2U) << row.Name;
     for (std::size_t at = 2; at < row.Codes.size(); at += 3) EXPECT_EQ(row.Codes[at], ' ') << at;
   }
 }
 
-TEST_F(ShippedCatalogue, uses_all_41_codes_and_no_other) {
+TEST_F(ShippedCatalogue, Uses_all_41_codes_and_no_other) {
   const std::map<std::string, int> known = AllCodes();
   ASSERT_EQ(known.size(), 41U);
   std::set<std::string> used;
@@ -89,7 +89,7 @@ TEST_F(ShippedCatalogue, uses_all_41_codes_and_no_other) {
   for (const auto& [code, holes] : known) EXPECT_EQ(used.count(code), 1U) << code;
 }
 
-TEST_F(ShippedCatalogue, marks_a_pattern_with_S_exactly_when_it_has_sag_bar_codes) {
+TEST_F(ShippedCatalogue, Marks_a_pattern_with_S_exactly_when_it_has_sag_bar_codes) {
   // Without the mark they would come out with diameter 0, and with it for nothing, a choice would
   // be offered that changes no hole.
   for (const PunchPattern& row : PunchPatterns) {
@@ -101,7 +101,7 @@ TEST_F(ShippedCatalogue, marks_a_pattern_with_S_exactly_when_it_has_sag_bar_code
   }
 }
 
-TEST_F(ShippedCatalogue, has_sag_bars_of_all_three_families_where_purlins_and_rails_hang) {
+TEST_F(ShippedCatalogue, Has_sag_bars_of_all_three_families_where_purlins_and_rails_hang) {
   std::set<std::string> letters;
   for (const PunchPattern& row : PunchPatterns) {
     if (row.HasSagBars) letters.insert(row.SectionType);
@@ -109,7 +109,7 @@ TEST_F(ShippedCatalogue, has_sag_bars_of_all_three_families_where_purlins_and_ra
   EXPECT_EQ(letters, (std::set<std::string>{"C", "E", "Z"}));
 }
 
-TEST_F(ShippedCatalogue, has_starred_patterns_with_and_without_others_beside_them) {
+TEST_F(ShippedCatalogue, Has_starred_patterns_with_and_without_others_beside_them) {
   for (const std::string letter : {"Z", "E", "C", "V", "R", "T"}) {
     const std::vector<PunchPattern> patterns = PatternsOf(letter);
     const auto starred = std::count_if(patterns.begin(), patterns.end(),
@@ -119,14 +119,14 @@ TEST_F(ShippedCatalogue, has_starred_patterns_with_and_without_others_beside_the
   }
 }
 
-TEST_F(ShippedCatalogue, has_a_starred_pattern_of_slots) {
+TEST_F(ShippedCatalogue, Has_a_starred_pattern_of_slots) {
   const auto found = std::find_if(
       PunchPatterns.begin(), PunchPatterns.end(),
       [](const PunchPattern& row) { return row.Starred == True && Contains(row.Codes, "S0"); });
   EXPECT_NE(found, PunchPatterns.end());
 }
 
-TEST_F(ShippedCatalogue, has_purlin_patterns_named_Sleeved_and_Slvd_and_others) {
+TEST_F(ShippedCatalogue, Has_purlin_patterns_named_Sleeved_and_Slvd_and_others) {
   int sleeved = 0;
   int slvd = 0;
   int others = 0;
@@ -144,13 +144,13 @@ TEST_F(ShippedCatalogue, has_purlin_patterns_named_Sleeved_and_Slvd_and_others) 
   EXPECT_GE(others, 1);
 }
 
-TEST_F(ShippedCatalogue, has_a_channel_pattern_named_Sleeved_that_the_export_must_not_ask_about) {
+TEST_F(ShippedCatalogue, Has_a_channel_pattern_named_Sleeved_that_the_export_must_not_ask_about) {
   const std::vector<PunchPattern> patterns = PatternsOf("C");
   EXPECT_TRUE(std::any_of(patterns.begin(), patterns.end(),
                           [](const PunchPattern& row) { return Contains(row.Name, "Sleeved"); }));
 }
 
-TEST_F(ShippedCatalogue, never_names_two_patterns_alike) {
+TEST_F(ShippedCatalogue, Never_names_two_patterns_alike) {
   // The sag-bar mark is looked up by the name alone, so a name with another mark would mislead.
   std::set<std::string> names = {"Custom"};  // the list's own entry for holes placed by hand
   for (int row = 1; row <= PunchPatterns.UBound(); ++row) {
@@ -161,7 +161,7 @@ TEST_F(ShippedCatalogue, never_names_two_patterns_alike) {
   }
 }
 
-TEST_F(ShippedCatalogue, punches_every_pattern_on_a_product_of_its_family) {
+TEST_F(ShippedCatalogue, Punches_every_pattern_on_a_product_of_its_family) {
   const std::map<std::string, int> known = AllCodes();
   for (const PunchPattern& row : PunchPatterns) {
     Items.Clear();

@@ -38,7 +38,7 @@ double ThicknessInName(const SectionDim& row) {
   return Val(std::string_view(row.Product).substr(row.Product.size() - 2)) / 10;
 }
 
-TEST_F(ShippedCatalogue, names_every_product_once_and_without_commas) {
+TEST_F(ShippedCatalogue, Names_every_product_once_and_without_commas) {
   std::set<std::string> names;
   for (const SectionDim& row : SectionDims) {
     ExpectPlainName(row.Product);
@@ -46,19 +46,19 @@ TEST_F(ShippedCatalogue, names_every_product_once_and_without_commas) {
   }
 }
 
-TEST_F(ShippedCatalogue, has_products_of_all_seven_row_letters) {
+TEST_F(ShippedCatalogue, Has_products_of_all_seven_row_letters) {
   std::set<std::string> letters;
   for (const Texts& cells : RowsOf("dims.csv", "EZCMVRT")) letters.insert(cells[0]);
   EXPECT_EQ(letters, (std::set<std::string>{"C", "E", "M", "R", "T", "V", "Z"}));
 }
 
-TEST_F(ShippedCatalogue, offers_mezzanine_rows_among_the_channels) {
+TEST_F(ShippedCatalogue, Offers_mezzanine_rows_among_the_channels) {
   const std::vector<Texts> rows = RowsOf("dims.csv", "M");
   EXPECT_GE(rows.size(), 3U);
   for (const Texts& cells : rows) EXPECT_EQ(GetSectionDim(cells[1]).SectionType, "C") << cells[1];
 }
 
-TEST_F(ShippedCatalogue, spans_depths_of_about_140_to_350_in_Z_and_C) {
+TEST_F(ShippedCatalogue, Spans_depths_of_about_140_to_350_in_Z_and_C) {
   for (const std::string letter : {"Z", "C"}) {
     const std::set<double> depths = DepthsOf(letter);
     ASSERT_GE(depths.size(), 6U) << letter;
@@ -72,7 +72,7 @@ TEST_F(ShippedCatalogue, spans_depths_of_about_140_to_350_in_Z_and_C) {
   }
 }
 
-TEST_F(ShippedCatalogue, rolls_each_Z_and_C_depth_in_three_or_four_thicknesses) {
+TEST_F(ShippedCatalogue, Rolls_each_Z_and_C_depth_in_three_or_four_thicknesses) {
   for (const std::string letter : {"Z", "C"}) {
     std::map<double, std::set<double>> thicknesses;
     for (const SectionDim& row : ProductsOf(letter)) {
@@ -87,7 +87,7 @@ TEST_F(ShippedCatalogue, rolls_each_Z_and_C_depth_in_three_or_four_thicknesses) 
   }
 }
 
-TEST_F(ShippedCatalogue, names_products_by_depth_and_thickness) {
+TEST_F(ShippedCatalogue, Names_products_by_depth_and_thickness) {
   for (const std::string letter : {"Z", "C", "E"}) {
     for (const SectionDim& row : ProductsOf(letter)) {
       ASSERT_GE(row.Product.size(), 5U) << row.Product;
@@ -98,7 +98,7 @@ TEST_F(ShippedCatalogue, names_products_by_depth_and_thickness) {
   }
 }
 
-TEST_F(ShippedCatalogue, keeps_Z_and_C_flanges_at_60_to_75_and_lips_at_16_to_20) {
+TEST_F(ShippedCatalogue, Keeps_Z_and_C_flanges_at_60_to_75_and_lips_at_16_to_20) {
   for (const SectionDim& row : PurlinsAndChannels()) {
     for (const double flange : {row.Dim4, row.Dim5}) {
       EXPECT_GE(flange, 60) << row.Product;
@@ -111,7 +111,7 @@ TEST_F(ShippedCatalogue, keeps_Z_and_C_flanges_at_60_to_75_and_lips_at_16_to_20)
   }
 }
 
-TEST_F(ShippedCatalogue, lets_purlins_sleeve_by_flanges_that_differ_a_little) {
+TEST_F(ShippedCatalogue, Lets_purlins_sleeve_by_flanges_that_differ_a_little) {
   for (const SectionDim& row : ProductsOf("Z")) {
     // One purlin turned over lies in the other: the wide flange clears the narrow one's sheet.
     EXPECT_GE(std::abs(row.Dim4 - row.Dim5), row.Dim6) << row.Product;
@@ -119,7 +119,7 @@ TEST_F(ShippedCatalogue, lets_purlins_sleeve_by_flanges_that_differ_a_little) {
   }
 }
 
-TEST_F(ShippedCatalogue, puts_gauge_lines_45_from_the_flanges_and_40_on_the_shallowest) {
+TEST_F(ShippedCatalogue, Puts_gauge_lines_45_from_the_flanges_and_40_on_the_shallowest) {
   for (const std::string letter : {"Z", "C"}) {
     const double shallowest = *DepthsOf(letter).begin();
     for (const SectionDim& row : ProductsOf(letter)) {
@@ -130,7 +130,7 @@ TEST_F(ShippedCatalogue, puts_gauge_lines_45_from_the_flanges_and_40_on_the_shal
   }
 }
 
-TEST_F(ShippedCatalogue, adds_the_gauges_up_to_the_depth_exactly) {
+TEST_F(ShippedCatalogue, Adds_the_gauges_up_to_the_depth_exactly) {
   for (const std::string letter : {"Z", "C", "E"}) {
     for (const SectionDim& row : ProductsOf(letter)) {
       EXPECT_GT(row.Dim9, 0) << row.Product;
@@ -141,7 +141,7 @@ TEST_F(ShippedCatalogue, adds_the_gauges_up_to_the_depth_exactly) {
   }
 }
 
-TEST_F(ShippedCatalogue, gives_every_product_with_paired_end_holes_its_pair_spacing) {
+TEST_F(ShippedCatalogue, Gives_every_product_with_paired_end_holes_its_pair_spacing) {
   for (const std::string letter : {"Z", "C", "E"}) {
     for (const SectionDim& row : ProductsOf(letter)) {
       EXPECT_GE(row.Dim13, 50) << row.Product;
@@ -150,14 +150,14 @@ TEST_F(ShippedCatalogue, gives_every_product_with_paired_end_holes_its_pair_spac
   }
 }
 
-TEST_F(ShippedCatalogue, holds_the_channel_30116_of_the_C_channel_blocks) {
+TEST_F(ShippedCatalogue, Holds_the_channel_30116_of_the_C_channel_blocks) {
   const SectionDim channel = GetSectionDim("30116");
   EXPECT_EQ(channel.SectionType, "C");
   EXPECT_EQ(channel.Dim3, 301);
   EXPECT_EQ(channel.Dim6, 1.6);
 }
 
-TEST_F(ShippedCatalogue, holds_the_depths_301_321_and_351_that_sleeves_are_made_for) {
+TEST_F(ShippedCatalogue, Holds_the_depths_301_321_and_351_that_sleeves_are_made_for) {
   for (const std::string letter : {"Z", "C"}) {
     for (const double depth : {301.0, 321.0, 351.0}) {
       EXPECT_EQ(DepthsOf(letter).count(depth), 1U) << letter << depth;
@@ -165,7 +165,7 @@ TEST_F(ShippedCatalogue, holds_the_depths_301_321_and_351_that_sleeves_are_made_
   }
 }
 
-TEST_F(ShippedCatalogue, holds_eaves_beams_of_170_to_300) {
+TEST_F(ShippedCatalogue, Holds_eaves_beams_of_170_to_300) {
   const std::set<double> depths = DepthsOf("E");
   ASSERT_GE(depths.size(), 3U);
   EXPECT_EQ(*depths.begin(), 170);
@@ -177,7 +177,7 @@ TEST_F(ShippedCatalogue, holds_eaves_beams_of_170_to_300) {
   }
 }
 
-TEST_F(ShippedCatalogue, holds_one_vertical_cladding_rail_as_deep_as_wide) {
+TEST_F(ShippedCatalogue, Holds_one_vertical_cladding_rail_as_deep_as_wide) {
   const std::vector<SectionDim> rows = ProductsOf("V");
   ASSERT_EQ(rows.size(), 1U);
   EXPECT_EQ(rows[0].Product, "VCR");
@@ -190,7 +190,7 @@ TEST_F(ShippedCatalogue, holds_one_vertical_cladding_rail_as_deep_as_wide) {
   }
 }
 
-TEST_F(ShippedCatalogue, holds_one_cleader_rail) {
+TEST_F(ShippedCatalogue, Holds_one_cleader_rail) {
   const std::vector<SectionDim> rows = ProductsOf("R");
   ASSERT_EQ(rows.size(), 1U);
   EXPECT_EQ(rows[0].Product, "CLR");
@@ -199,7 +199,7 @@ TEST_F(ShippedCatalogue, holds_one_cleader_rail) {
   EXPECT_LT(rows[0].Dim11, rows[0].Dim3);
 }
 
-TEST_F(ShippedCatalogue, holds_symmetric_top_hats) {
+TEST_F(ShippedCatalogue, Holds_symmetric_top_hats) {
   const std::vector<SectionDim> rows = ProductsOf("T");
   EXPECT_GE(rows.size(), 3U);
   for (const SectionDim& row : rows) {

@@ -70,7 +70,7 @@ class CatalogueFailures : public test::SystemTest {
 
 // --- Files that can't be read
 
-TEST_F(CatalogueFailures, a_missing_file_is_told_once_and_leaves_its_table_empty) {
+TEST_F(CatalogueFailures, A_missing_file_is_told_once_and_leaves_its_table_empty) {
   for (const Reader& reader : Readers) {
     ASSERT_TRUE(reader.Load(TempFile("good", reader.GoodRow))) << reader.Name;
     ASSERT_EQ(reader.Rows(), 1);
@@ -81,7 +81,7 @@ TEST_F(CatalogueFailures, a_missing_file_is_told_once_and_leaves_its_table_empty
   }
 }
 
-TEST_F(CatalogueFailures, a_missing_folder_is_told_as_such) {
+TEST_F(CatalogueFailures, A_missing_folder_is_told_as_such) {
   for (const Reader& reader : Readers) {
     const std::string path = TempPath("nowhere") + "/" + reader.Name;
     EXPECT_FALSE(reader.Load(path));
@@ -89,7 +89,7 @@ TEST_F(CatalogueFailures, a_missing_folder_is_told_as_such) {
   }
 }
 
-TEST_F(CatalogueFailures, a_file_without_the_right_to_read_it_is_told) {
+TEST_F(CatalogueFailures, A_file_without_the_right_to_read_it_is_told) {
   for (const Reader& reader : Readers) {
     const std::string path = TempFile(reader.Name, reader.GoodRow);
     std::filesystem::permissions(path, std::filesystem::perms::none);
@@ -101,7 +101,7 @@ TEST_F(CatalogueFailures, a_file_without_the_right_to_read_it_is_told) {
   }
 }
 
-TEST_F(CatalogueFailures, a_folder_under_the_name_of_the_file_is_told) {
+TEST_F(CatalogueFailures, A_folder_under_the_name_of_the_file_is_told) {
   for (const Reader& reader : Readers) {
     const std::string path = TempPath(reader.Name);
     std::filesystem::create_directory(path);
@@ -111,7 +111,7 @@ TEST_F(CatalogueFailures, a_folder_under_the_name_of_the_file_is_told) {
   }
 }
 
-TEST_F(CatalogueFailures, an_empty_file_is_a_good_file_without_rows) {
+TEST_F(CatalogueFailures, An_empty_file_is_a_good_file_without_rows) {
   for (const Reader& reader : Readers) {
     for (const std::string text : {"", "\n", "\r\n\r\n", ",,,,", "\xEF\xBB\xBF", "   "}) {
       EXPECT_TRUE(reader.Load(TempFile(reader.Name, text))) << reader.Name;
@@ -121,7 +121,7 @@ TEST_F(CatalogueFailures, an_empty_file_is_a_good_file_without_rows) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(CatalogueFailures, the_file_stays_as_it_was) {
+TEST_F(CatalogueFailures, The_file_stays_as_it_was) {
   for (const Reader& reader : Readers) {
     const std::string text = reader.GoodRow + reader.GoodRow + "A,N,D,x\nZ,P";
     const std::string path = TempFile(reader.Name, text);
@@ -133,7 +133,7 @@ TEST_F(CatalogueFailures, the_file_stays_as_it_was) {
 
 // --- Files that end too soon
 
-TEST_F(CatalogueFailures, a_row_cut_off_by_the_end_of_the_file_is_told_and_not_stored) {
+TEST_F(CatalogueFailures, A_row_cut_off_by_the_end_of_the_file_is_told_and_not_stored) {
   struct Cut {
     int Reader;
     const char* Row;
@@ -150,7 +150,7 @@ TEST_F(CatalogueFailures, a_row_cut_off_by_the_end_of_the_file_is_told_and_not_s
   }
 }
 
-TEST_F(CatalogueFailures, a_half_read_size_column_or_group_is_not_stored) {
+TEST_F(CatalogueFailures, A_half_read_size_column_or_group_is_not_stored) {
   EXPECT_FALSE(LoadAccessories1(TempFile("accs1.csv", "A,N,D,1,2,3,Y\nI,t")));
   EXPECT_EQ(AccDefs.At(1).ParamCount(), 0);
   EXPECT_EQ(AccDefs.At(1).ParamTexts.UBound(), 0);
@@ -160,7 +160,7 @@ TEST_F(CatalogueFailures, a_half_read_size_column_or_group_is_not_stored) {
   EXPECT_EQ(AccDefs.At(2).ParamCount(), 2);
 }
 
-TEST_F(CatalogueFailures, a_quote_that_never_closes_runs_to_the_end_of_the_file) {
+TEST_F(CatalogueFailures, A_quote_that_never_closes_runs_to_the_end_of_the_file) {
   EXPECT_EQ(DescriptionOf(Readers[0], "Z,P," + Dims + "\nZ,\"Q," + Dims + "\nC,R," + Dims + "\n"),
             "Input past end of file");
   EXPECT_EQ(SectionDims.UBound(), 1);
@@ -172,7 +172,7 @@ TEST_F(CatalogueFailures, a_quote_that_never_closes_runs_to_the_end_of_the_file)
 
 // --- Faulty fields
 
-TEST_F(CatalogueFailures, a_faulty_16_bit_field_is_told_with_its_row_and_column) {
+TEST_F(CatalogueFailures, A_faulty_16_bit_field_is_told_with_its_row_and_column) {
   struct Fault {
     const char* Row;
     const char* Description;
@@ -198,7 +198,7 @@ TEST_F(CatalogueFailures, a_faulty_16_bit_field_is_told_with_its_row_and_column)
   }
 }
 
-TEST_F(CatalogueFailures, a_faulty_group_size_is_told_with_its_row_and_column) {
+TEST_F(CatalogueFailures, A_faulty_group_size_is_told_with_its_row_and_column) {
   EXPECT_EQ(DescriptionOf(Readers[3], "A,N,D,1,2,3,T\nP,X\nG,Bay,two\n"),
             "Type mismatch (row 3, column 3)");
   EXPECT_EQ(DescriptionOf(Readers[3], "A,N,D,1,2,3,T\nG,Bay,\nP,X\n"),
@@ -207,7 +207,7 @@ TEST_F(CatalogueFailures, a_faulty_group_size_is_told_with_its_row_and_column) {
             "Overflow (row 2, column 3)");
 }
 
-TEST_F(CatalogueFailures, rows_are_counted_by_the_lines_of_the_file_whatever_ends_them) {
+TEST_F(CatalogueFailures, Rows_are_counted_by_the_lines_of_the_file_whatever_ends_them) {
   for (const std::string end : {"\n", "\r\n", "\r"}) {
     EXPECT_EQ(DescriptionOf(Readers[2], "Row,Name" + end + end + ",,," + end + "remark" + end +
                                             "A,N,D,1,2,3,Y" + end + "I,t,c" + end +
@@ -218,13 +218,13 @@ TEST_F(CatalogueFailures, rows_are_counted_by_the_lines_of_the_file_whatever_end
   EXPECT_EQ(DescriptionOf(Readers[2], "A,N,D,1,2\nx,Y\n"), "Type mismatch (row 2, column 1)");
 }
 
-TEST_F(CatalogueFailures, a_dimension_too_large_for_any_number_is_told) {
+TEST_F(CatalogueFailures, A_dimension_too_large_for_any_number_is_told) {
   EXPECT_EQ(DescriptionOf(Readers[0], "Z,P," + Dims + "\nC,Q,3,1e999,5,6,7,8,9,10,11,12,13,14\n"),
             "Overflow (row 2, column 4)");
   EXPECT_EQ(SectionDims.UBound(), 1);
 }
 
-TEST_F(CatalogueFailures, a_faulty_accessory_is_not_appended_and_the_counts_stay) {
+TEST_F(CatalogueFailures, A_faulty_accessory_is_not_appended_and_the_counts_stay) {
   EXPECT_FALSE(LoadAccessories1(
       TempFile("accs1.csv",
                "A,N1,D,1,2,3,Y\nI,t,c\nA,N2,D,4,5,6,N\nA,N3,D,7,x,9,Y\nI,u,d\nA,N4,D,0,0,0,N\n")));
@@ -246,7 +246,7 @@ TEST_F(CatalogueFailures, a_faulty_accessory_is_not_appended_and_the_counts_stay
 
 // --- Rows that add to nothing
 
-TEST_F(CatalogueFailures, a_row_before_the_first_accessory_of_its_file_is_an_error) {
+TEST_F(CatalogueFailures, A_row_before_the_first_accessory_of_its_file_is_an_error) {
   EXPECT_EQ(DescriptionOf(Readers[2], "remark,x\nI,t,c\nA,N,D,1,2,3,Y\n"),
             "Subscript out of range (row 2, column 1)");
   EXPECT_EQ(AccDefs.UBound(), 0);
@@ -265,7 +265,7 @@ TEST_F(CatalogueFailures, a_row_before_the_first_accessory_of_its_file_is_an_err
   }
 }
 
-TEST_F(CatalogueFailures, a_choice_before_the_first_column_of_its_accessory_is_an_error) {
+TEST_F(CatalogueFailures, A_choice_before_the_first_column_of_its_accessory_is_an_error) {
   EXPECT_EQ(DescriptionOf(Readers[3], "A,N,D,1,2,3,T\nO,a\nP,X\n"),
             "Subscript out of range (row 2, column 1)");
   EXPECT_EQ(AccDefs.At(1).ParamCount(), 2);
@@ -293,7 +293,7 @@ TEST_F(CatalogueFailures, LoadAccessoryCatalogues_reads_both_files_and_makes_the
   EXPECT_EQ(std::count(AccUsed.begin(), AccUsed.end(), False), 3);
 }
 
-TEST_F(CatalogueFailures, accs2_is_not_read_when_accs1_is_missing) {
+TEST_F(CatalogueFailures, Accs2_is_not_read_when_accs1_is_missing) {
   InstallFiles({{"accs2.csv", "A,N2,D,1,2,3,T\n"}});
   AccType2Count = 5;
   AccUsed.Append(True);
@@ -305,7 +305,7 @@ TEST_F(CatalogueFailures, accs2_is_not_read_when_accs1_is_missing) {
   EXPECT_EQ(AccUsed.UBound(), 0);
 }
 
-TEST_F(CatalogueFailures, accs2_is_not_read_when_accs1_is_faulty_and_its_good_rows_have_flags) {
+TEST_F(CatalogueFailures, Accs2_is_not_read_when_accs1_is_faulty_and_its_good_rows_have_flags) {
   InstallFiles(
       {{"accs1.csv", "A,N1,D,1,2,3,Y\nA,N2,D,1,2,x,Y\n"}, {"accs2.csv", "A,N3,D,1,2,3,T\n"}});
   EXPECT_FALSE(LoadAccessoryCatalogues());
@@ -318,7 +318,7 @@ TEST_F(CatalogueFailures, accs2_is_not_read_when_accs1_is_faulty_and_its_good_ro
   EXPECT_EQ(AccUsed.At(1), False);
 }
 
-TEST_F(CatalogueFailures, a_faulty_accs2_leaves_flags_for_the_rows_before_the_fault) {
+TEST_F(CatalogueFailures, A_faulty_accs2_leaves_flags_for_the_rows_before_the_fault) {
   InstallFiles(
       {{"accs1.csv", "A,N1,D,1,2,3,Y\n"}, {"accs2.csv", "A,N2,D,1,2,3,T\nA,N3,D,1,2,,T\n"}});
   EXPECT_FALSE(LoadAccessoryCatalogues());

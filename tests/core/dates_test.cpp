@@ -57,14 +57,14 @@ const std::vector<FormCase> Forms = {
     {"empty", "", "05/03/2024", "30/11/2025"},
 };
 
-TEST(Dates, the_project_date_has_the_systems_form_with_four_digits_of_year) {
+TEST(Dates, The_project_date_has_the_systems_form_with_four_digits_of_year) {
   for (const FormCase& c : Forms) {
     EXPECT_EQ(ProjectDateText(FifthOfMarch, c.ShortForm), c.March) << c.Country;
     EXPECT_EQ(ProjectDateText(EndOfNovember, c.ShortForm), c.November) << c.Country;
   }
 }
 
-TEST(Dates, every_date_is_read_back_in_every_form) {
+TEST(Dates, Every_date_is_read_back_in_every_form) {
   const std::vector<Date> dates = {FifthOfMarch,   EndOfNovember,  {2024, 2, 29}, {2000, 2, 29},
                                    {1999, 12, 31}, {1899, 12, 30}, {2001, 1, 1},  {2012, 11, 10},
                                    {1925, 3, 4},   {9999, 12, 31}, {9, 8, 7}};
@@ -76,7 +76,7 @@ TEST(Dates, every_date_is_read_back_in_every_form) {
   }
 }
 
-TEST(Dates, the_date_line_holds_nothing_that_its_reader_would_stumble_over) {
+TEST(Dates, The_date_line_holds_nothing_that_its_reader_would_stumble_over) {
   for (const FormCase& c : Forms) {
     const std::string text = ProjectDateText(FifthOfMarch, c.ShortForm);
     EXPECT_EQ(text.find_first_of(",\"\r\n"), std::string::npos) << c.Country;
@@ -90,7 +90,7 @@ struct ReadCase {
   Date Expected;
 };
 
-TEST(Dates, two_digits_of_year_are_of_this_century) {
+TEST(Dates, Two_digits_of_year_are_of_this_century) {
   for (const ReadCase& c : std::vector<ReadCase>{{"04.03.25", "dd.MM.yy", {2025, 3, 4}},
                                                  {"3/4/25", "M/d/yy", {2025, 3, 4}},
                                                  {"04.03.00", "dd.MM.yy", {2000, 3, 4}},
@@ -100,7 +100,7 @@ TEST(Dates, two_digits_of_year_are_of_this_century) {
   }
 }
 
-TEST(Dates, a_date_line_is_read_in_the_systems_form_first_then_in_the_fixed_ones) {
+TEST(Dates, A_date_line_is_read_in_the_systems_form_first_then_in_the_fixed_ones) {
   for (const ReadCase& c : std::vector<ReadCase>{
            {"03/04/2025", "dd/MM/yyyy", {2025, 4, 3}},
            {"03/04/2025", "M/d/yy", {2025, 3, 4}},
@@ -118,7 +118,7 @@ TEST(Dates, a_date_line_is_read_in_the_systems_form_first_then_in_the_fixed_ones
   }
 }
 
-TEST(Dates, what_no_form_fits_is_a_Type_mismatch) {
+TEST(Dates, What_no_form_fits_is_a_Type_mismatch) {
   for (const char* text : {"",
                            "   ",
                            "x",
@@ -146,7 +146,7 @@ TEST(Dates, what_no_form_fits_is_a_Type_mismatch) {
   }
 }
 
-TEST(Dates, a_short_form_that_lacks_a_part_reads_no_date) {
+TEST(Dates, A_short_form_that_lacks_a_part_reads_no_date) {
   EXPECT_EQ(ErrorOf([] { ParseProjectDate("", ""); }), "Type mismatch");
   EXPECT_EQ(ErrorOf([] { ParseProjectDate("05/03", "dd/MM"); }), "Type mismatch");
   EXPECT_EQ(ErrorOf([] { ParseProjectDate("2024", "yyyy"); }), "Type mismatch");
@@ -182,11 +182,11 @@ TEST(Dates, IsDate_knows_the_calendar) {
   }
 }
 
-TEST(Dates, a_date_that_was_never_set_is_the_thirtieth_of_December_1899) {
+TEST(Dates, A_date_that_was_never_set_is_the_thirtieth_of_December_1899) {
   EXPECT_EQ(Date{}, (Date{1899, 12, 30}));
 }
 
-TEST(Dates, the_factory_forms_have_two_or_four_digits_of_year) {
+TEST(Dates, The_factory_forms_have_two_or_four_digits_of_year) {
   EXPECT_EQ(ShortYearText(FifthOfMarch), "05/03/24");
   EXPECT_EQ(ShortYearText({2009, 12, 31}), "31/12/09");
   EXPECT_EQ(ShortYearText(Date{}), "30/12/99");
@@ -194,7 +194,7 @@ TEST(Dates, the_factory_forms_have_two_or_four_digits_of_year) {
   EXPECT_EQ(FullYearText(Date{}), "30/12/1899");
 }
 
-TEST(Dates, the_moment_of_creation_is_English_and_of_24_hours) {
+TEST(Dates, The_moment_of_creation_is_English_and_of_24_hours) {
   // Days of the week as a calendar shows them.
   EXPECT_EQ(CreatedText({FifthOfMarch, 14, 7, 9}), "Tue Mar 05 2024 14:07:09");
   EXPECT_EQ(CreatedText({{2024, 1, 1}, 0, 0, 0}), "Mon Jan 01 2024 00:00:00");
@@ -205,7 +205,7 @@ TEST(Dates, the_moment_of_creation_is_English_and_of_24_hours) {
   EXPECT_EQ(CreatedText({{2025, 8, 13}, 1, 2, 3}), "Wed Aug 13 2025 01:02:03");
 }
 
-TEST(Dates, every_month_has_its_English_name) {
+TEST(Dates, Every_month_has_its_English_name) {
   const std::vector<std::string> names = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                           "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
   for (int month = 1; month <= 12; ++month) {

@@ -23,7 +23,7 @@ TEST_F(Desktops, Message_is_a_plain_box_without_title_or_icon) {
   EXPECT_EQ(desktop.Boxes[0].Sign, Icon::None);
 }
 
-TEST_F(Desktops, one_without_a_person_closes_what_it_is_asked_and_keeps_nothing) {
+TEST_F(Desktops, One_without_a_person_closes_what_it_is_asked_and_keeps_nothing) {
   HeadlessDesktop headless;
   EXPECT_EQ(headless.ShowMessageBox("t", "", Buttons::Ok, Icon::Stop), Answer::Ok);
   EXPECT_EQ(headless.ShowMessageBox("t", "", Buttons::YesNo, Icon::None), Answer::No);
@@ -39,12 +39,12 @@ TEST_F(Desktops, one_without_a_person_closes_what_it_is_asked_and_keeps_nothing)
   EXPECT_EQ(headless.Settings().Query(SettingsRoot::LocalMachine, "key", "name"), "text");
 }
 
-TEST_F(Desktops, the_installed_desktop_is_the_one_in_use) {
+TEST_F(Desktops, The_installed_desktop_is_the_one_in_use) {
   EXPECT_EQ(&TheDesktop(), &desktop);
   EXPECT_EQ(&TheDesktop().Settings(), &desktop.Values);
 }
 
-TEST_F(Desktops, asking_without_an_installed_desktop_is_an_error_of_the_program) {
+TEST_F(Desktops, Asking_without_an_installed_desktop_is_an_error_of_the_program) {
   UninstallDesktop();
   try {
     TheDesktop();

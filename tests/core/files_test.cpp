@@ -66,7 +66,7 @@ using Names = std::vector<std::string>;
 
 // --- Reading
 
-TEST_F(Files, a_whole_file_is_read_byte_by_byte) {
+TEST_F(Files, A_whole_file_is_read_byte_by_byte) {
   const std::string odd("\0\r\n\x1A\xFF\xEF\xBB\xBF", 8);
   for (const std::string& bytes :
        {std::string(), std::string("a"), odd, std::string(4095, 'x'), std::string(4096, 'x'),
@@ -75,7 +75,7 @@ TEST_F(Files, a_whole_file_is_read_byte_by_byte) {
   }
 }
 
-TEST_F(Files, a_file_whose_size_the_system_does_not_tell_is_read_to_its_end) {
+TEST_F(Files, A_file_whose_size_the_system_does_not_tell_is_read_to_its_end) {
   // A file of the process table has the size 0 and more than one page of text.
   const std::string text = ReadWholeFile("/proc/self/smaps");
   EXPECT_GT(text.size(), 4096U);
@@ -83,11 +83,11 @@ TEST_F(Files, a_file_whose_size_the_system_does_not_tell_is_read_to_its_end) {
   EXPECT_EQ(ReadWholeFile("/dev/null"), "");
 }
 
-TEST_F(Files, a_device_without_an_end_is_refused) {
+TEST_F(Files, A_device_without_an_end_is_refused) {
   EXPECT_EQ(ErrorOf([] { ReadWholeFile("/dev/zero"); }), std::strerror(EFBIG));
 }
 
-TEST_F(Files, a_file_that_tells_more_than_a_GiB_is_refused_before_memory_is_asked_for) {
+TEST_F(Files, A_file_that_tells_more_than_a_GiB_is_refused_before_memory_is_asked_for) {
   const std::string path = TempFile("a.txt", "");
   // A file of holes, which takes no room on the disk.
   std::filesystem::resize_file(path, (std::uintmax_t{1} << 30) + 1);
@@ -96,7 +96,7 @@ TEST_F(Files, a_file_that_tells_more_than_a_GiB_is_refused_before_memory_is_aske
   EXPECT_EQ(ErrorOf([&] { ReadWholeFile(path); }), std::strerror(EFBIG));
 }
 
-TEST_F(Files, what_cannot_be_read_raises_the_systems_description) {
+TEST_F(Files, What_cannot_be_read_raises_the_systems_description) {
   const std::string file = TempFile("a.txt", "x");
   EXPECT_EQ(ErrorOf([&] { ReadWholeFile(TempPath("gone.txt")); }), "File not found");
   EXPECT_EQ(ErrorOf([&] { ReadWholeFile(TempPath("gone/a.txt")); }), "Path not found");
@@ -105,7 +105,7 @@ TEST_F(Files, what_cannot_be_read_raises_the_systems_description) {
   EXPECT_EQ(ErrorOf([&] { ReadWholeFile(""); }), "File not found");
 }
 
-TEST_F(Files, a_file_without_the_right_to_read_it_is_Permission_denied) {
+TEST_F(Files, A_file_without_the_right_to_read_it_is_Permission_denied) {
   const std::string file = TempFile("a.txt", "x");
   Mode(file, 0);
   EXPECT_EQ(AsOrdinaryUser([&] { return Outcome([&] { ReadWholeFile(file); }); }),
@@ -131,7 +131,7 @@ TEST_F(Files, WriteWholeFile_writes_through_to_the_file_itself) {
   EXPECT_EQ(BytesOf(TempPath("same.txt")), "new");
 }
 
-TEST_F(Files, what_cannot_be_written_raises_the_systems_description) {
+TEST_F(Files, What_cannot_be_written_raises_the_systems_description) {
   const std::string file = TempFile("a.txt", "x");
   EXPECT_EQ(ErrorOf([&] { WriteWholeFile(TempPath("gone/a.txt"), "x"); }), "Path not found");
   EXPECT_EQ(ErrorOf([&] { WriteWholeFile(file + "/a.txt", "x"); }), "Path not found");
@@ -139,17 +139,17 @@ TEST_F(Files, what_cannot_be_written_raises_the_systems_description) {
   EXPECT_EQ(ErrorOf([&] { WriteWholeFile("", "x"); }), "File not found");
 }
 
-TEST_F(Files, a_full_disk_is_seen_whether_it_shows_at_the_write_or_at_the_flush) {
+TEST_F(Files, A_full_disk_is_seen_whether_it_shows_at_the_write_or_at_the_flush) {
   EXPECT_EQ(ErrorOf([] { WriteWholeFile("/dev/full", "x"); }), "Disk full");
   EXPECT_EQ(ErrorOf([] { WriteWholeFile("/dev/full", std::string(1000000, 'x')); }), "Disk full");
 }
 
-TEST_F(Files, a_device_without_anything_to_sync_can_be_written) {
+TEST_F(Files, A_device_without_anything_to_sync_can_be_written) {
   WriteWholeFile("/dev/null", "x");
   EXPECT_EQ(ReadWholeFile("/dev/null"), "");
 }
 
-TEST_F(Files, a_read_only_folder_or_file_is_Permission_denied) {
+TEST_F(Files, A_read_only_folder_or_file_is_Permission_denied) {
   const std::string folder = Folder("readonly", 0555);
   const std::string file = TempFile("readonly.txt", "old");
   Mode(file, 0444);
@@ -261,7 +261,7 @@ TEST_F(Files, ReplaceWholeFile_tells_the_error_of_a_device) {
             "Disk full");
 }
 
-TEST_F(Files, a_failed_replacement_keeps_the_old_file_and_leaves_nothing_new) {
+TEST_F(Files, A_failed_replacement_keeps_the_old_file_and_leaves_nothing_new) {
   const std::string folder = Folder("f");
   const std::string under = Folder("f/folder");
   TempFile("f/folder/a.txt", "in it");
@@ -272,7 +272,7 @@ TEST_F(Files, a_failed_replacement_keeps_the_old_file_and_leaves_nothing_new) {
   EXPECT_EQ(BytesOf(under + "/a.txt"), "in it");
 }
 
-TEST_F(Files, a_replacement_that_runs_out_of_room_keeps_the_old_file) {
+TEST_F(Files, A_replacement_that_runs_out_of_room_keeps_the_old_file) {
   const std::string folder = Folder("f", 0777);
   const std::string path = TempFile("f/a.txt", "old");
   Mode(path, 0666);
@@ -288,7 +288,7 @@ TEST_F(Files, a_replacement_that_runs_out_of_room_keeps_the_old_file) {
   EXPECT_EQ(NamesIn(folder), (Names{"a.txt"}));
 }
 
-TEST_F(Files, a_file_that_may_not_be_written_may_not_be_replaced) {
+TEST_F(Files, A_file_that_may_not_be_written_may_not_be_replaced) {
   const std::string open = Folder("open", 0777);
   const std::string locked = TempFile("open/a.txt", "old");
   Mode(locked, 0444);
@@ -310,7 +310,7 @@ TEST_F(Files, a_file_that_may_not_be_written_may_not_be_replaced) {
 
 // --- Names
 
-TEST_F(Files, paths_go_to_the_platforms_own_type_and_back_as_UTF_8) {
+TEST_F(Files, Paths_go_to_the_platforms_own_type_and_back_as_UTF_8) {
   for (const std::string path : {"", "/", "a.ovd", "/home/u/caf\xC3\xA9.ovd", "a\\b/c"}) {
     EXPECT_EQ(PathText(NativePath(path)), path);
   }

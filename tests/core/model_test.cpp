@@ -79,7 +79,7 @@ void ExpectFresh() {
   EXPECT_EQ(AccType2Count, 0);
 }
 
-TEST_F(Model, a_fresh_model_has_empty_tables_with_a_blank_element_0) {
+TEST_F(Model, A_fresh_model_has_empty_tables_with_a_blank_element_0) {
   ExpectFresh();
 }
 
@@ -130,7 +130,7 @@ TEST_F(Model, A_count_is_that_of_its_table_and_overflows_beyond_16_bits) {
   EXPECT_EQ(orvane::test::ErrorOf([&] { item.NotchCount(); }), "Overflow");
 }
 
-TEST_F(Model, a_blank_item_has_hole_and_notch_tables_with_element_0_only) {
+TEST_F(Model, A_blank_item_has_hole_and_notch_tables_with_element_0_only) {
   const Item item;
   EXPECT_EQ(item.HoleCount(), 0);
   EXPECT_EQ(item.Holes.UBound(), 0);
@@ -141,7 +141,7 @@ TEST_F(Model, a_blank_item_has_hole_and_notch_tables_with_element_0_only) {
   EXPECT_EQ(item.DateText, "");
 }
 
-TEST_F(Model, a_copied_item_owns_its_texts_holes_and_notches) {
+TEST_F(Model, A_copied_item_owns_its_texts_holes_and_notches) {
   Item item;
   item.Mark = "P1";
   Hole hole;
@@ -166,7 +166,7 @@ TEST_F(Model, a_copied_item_owns_its_texts_holes_and_notches) {
   EXPECT_EQ(Items.At(2).Holes.At(1).XPos, 200);
 }
 
-TEST_F(Model, a_copied_accessory_line_owns_its_values) {
+TEST_F(Model, A_copied_accessory_line_owns_its_values) {
   AccLine2 line;
   line.Values.Append("one");
   AccLines2.Append(line);
@@ -175,14 +175,14 @@ TEST_F(Model, a_copied_accessory_line_owns_its_values) {
   EXPECT_EQ(AccLines2.At(1).Values.At(1), "one");
 }
 
-TEST_F(Model, texts_have_no_limit) {
+TEST_F(Model, Texts_have_no_limit) {
   Items.Append({});
   Items.At(1).Notes = std::string(100000, 'x');
   const Item copy = Items.At(1);
   EXPECT_EQ(copy.Notes.size(), 100000U);
 }
 
-TEST_F(Model, pi_has_fifteen_digits) {
+TEST_F(Model, Pi_has_fifteen_digits) {
   EXPECT_EQ(Pi, 3.14159265358979);
   EXPECT_EQ(HalfPi, 3.14159265358979 / 2);
   EXPECT_EQ(ThreeHalfPi, 3 * 3.14159265358979 / 2);

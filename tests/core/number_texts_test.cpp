@@ -119,7 +119,7 @@ TEST(Numbers, FormatNumber_and_Whole_differ_on_purpose_at_an_even_half) {
   EXPECT_EQ(Whole(2.5), 2);
 }
 
-TEST(Numbers, a_value_that_is_no_number_has_no_text) {
+TEST(Numbers, A_value_that_is_no_number_has_no_text) {
   for (const double value : {NotANumber, Infinity, -Infinity}) {
     EXPECT_EQ(ErrorOf([&] { FormatNumber(value, 0); }), "Overflow");
     EXPECT_EQ(ErrorOf([&] { ShortestText(value); }), "Overflow");
@@ -288,7 +288,7 @@ std::string FileNumber(Number value) {
   return text.substr(1);
 }
 
-TEST(Numbers, the_file_form_is_a_blank_or_a_minus_the_digits_and_a_blank) {
+TEST(Numbers, The_file_form_is_a_blank_or_a_minus_the_digits_and_a_blank) {
   EXPECT_EQ(FileNumber(std::int16_t{5}), " 5 ");
   EXPECT_EQ(FileNumber(std::int16_t{0}), " 0 ");
   EXPECT_EQ(FileNumber(std::int16_t{-5}), "-5 ");
@@ -308,7 +308,7 @@ TEST(Numbers, the_file_form_is_a_blank_or_a_minus_the_digits_and_a_blank) {
   EXPECT_EQ(FileNumber(-0x1p-46), "-1.4210854715202E-14 ");
 }
 
-TEST(Numbers, what_is_written_reads_back_as_the_number_it_shows) {
+TEST(Numbers, What_is_written_reads_back_as_the_number_it_shows) {
   for (const double value : {0.5, -0.5, 22.5, 1.4210854715202e-14, 1e15, 33.3333333333333, 12000.0,
                              -1.2e-05, 123456.789}) {
     EXPECT_EQ(ParseDouble(FileNumber(value)), value) << value;
@@ -343,7 +343,7 @@ class DecimalComma : public std::numpunct<char> {
   std::string do_grouping() const override { return "\3"; }
 };
 
-TEST(Numbers, a_global_locale_with_decimal_comma_and_grouping_changes_nothing) {
+TEST(Numbers, A_global_locale_with_decimal_comma_and_grouping_changes_nothing) {
   const std::locale before =
       std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
   ExpectNumbersWithPoints();
@@ -352,7 +352,7 @@ TEST(Numbers, a_global_locale_with_decimal_comma_and_grouping_changes_nothing) {
 
 class NumbersInTheLocale : public orvane::test::SystemTest {};
 
-TEST_F(NumbersInTheLocale, a_C_locale_with_decimal_comma_changes_nothing) {
+TEST_F(NumbersInTheLocale, A_C_locale_with_decimal_comma_changes_nothing) {
   bool ran = false;
   WithDecimalComma(TempPath("locales"), [&ran] {
     ExpectNumbersWithPoints();

@@ -139,7 +139,7 @@ TEST(Numbers, ParseInt16_sends_a_fraction_through_Whole) {
   for (const Case& c : cases) EXPECT_EQ(ParseInt16(c.Text), c.Value) << '"' << c.Text << '"';
 }
 
-TEST(Numbers, strict_conversions_refuse_a_text_that_is_not_a_number_from_end_to_end) {
+TEST(Numbers, Strict_conversions_refuse_a_text_that_is_not_a_number_from_end_to_end) {
   for (const char* text : {"", " ", "x", "1,5", "&H10", "0x10", "inf", "nan", "5x", "12 off", "1 2",
                            "1e", "-", "\t5"}) {
     EXPECT_EQ(ErrorOf([&] { ParseInt16(text); }), "Type mismatch") << '"' << text << '"';
@@ -156,7 +156,7 @@ TEST(Numbers, ParseInt16_raises_Overflow_beyond_16_bits) {
   }
 }
 
-TEST(Numbers, strict_floats_keep_fraction_and_exponent) {
+TEST(Numbers, Strict_floats_keep_fraction_and_exponent) {
   EXPECT_EQ(ParseFloat(" 22.5 "), 22.5F);
   EXPECT_EQ(ParseFloat("-0.1"), -0.1F);
   EXPECT_EQ(ParseFloat("1e-60"), 0.0F);
@@ -217,7 +217,7 @@ TEST(Numbers, Divide_raises_Division_by_zero_instead_of_giving_what_is_no_number
   EXPECT_EQ(ErrorOf([] { Divide(1, -0.0); }), "Division by zero");
 }
 
-TEST(Numbers, booleans_are_minus_1_and_0) {
+TEST(Numbers, Booleans_are_minus_1_and_0) {
   EXPECT_EQ(True, -1);
   EXPECT_EQ(False, 0);
   EXPECT_EQ(ToBoolean(true), -1);

@@ -26,7 +26,7 @@ const std::vector<std::pair<Failure, std::string>> Failures = {
     {Failure::DivisionByZero, "Division by zero"},
     {Failure::SubscriptOutOfRange, "Subscript out of range"}};
 
-TEST(RuntimeErrors, each_failure_has_its_fixed_description_and_a_number_of_its_own) {
+TEST(RuntimeErrors, Each_failure_has_its_fixed_description_and_a_number_of_its_own) {
   std::set<int> numbers;
   for (const auto& [failure, description] : Failures) {
     const RuntimeError error(failure);
@@ -41,7 +41,7 @@ TEST(RuntimeErrors, each_failure_has_its_fixed_description_and_a_number_of_its_o
   EXPECT_EQ(numbers.size(), Failures.size());
 }
 
-TEST(RuntimeErrors, a_description_may_say_where_it_happened) {
+TEST(RuntimeErrors, A_description_may_say_where_it_happened) {
   const RuntimeError error(Failure::TypeMismatch, "Type mismatch (row 3, column 4)");
   EXPECT_EQ(error.Number(), static_cast<int>(Failure::TypeMismatch));
   EXPECT_EQ(error.Description(), "Type mismatch (row 3, column 4)");

@@ -15,7 +15,7 @@ namespace {
 
 using namespace orvane;
 
-TEST(SectionFamilies, are_the_six_of_the_trade_in_the_order_of_the_greatest_lengths) {
+TEST(SectionFamilies, Are_the_six_of_the_trade_in_the_order_of_the_greatest_lengths) {
   std::vector<std::string> rows;
   for (const SectionFamily& family : SectionFamilies) {
     std::string row;

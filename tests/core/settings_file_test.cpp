@@ -39,7 +39,7 @@ class FileStore : public orvane::test::SystemTest {
 
 // --- Both stores
 
-TEST_F(FileStore, both_stores_give_back_what_was_stored_exactly) {
+TEST_F(FileStore, Both_stores_give_back_what_was_stored_exactly) {
   MemorySettings memory;
   const std::vector<std::string> texts = {"",
                                           "10",
@@ -76,7 +76,7 @@ TEST_F(FileStore, both_stores_give_back_what_was_stored_exactly) {
   }
 }
 
-TEST_F(FileStore, both_stores_tell_keys_and_names_apart_by_their_exact_text) {
+TEST_F(FileStore, Both_stores_tell_keys_and_names_apart_by_their_exact_text) {
   MemorySettings memory;
   const std::vector<std::pair<std::string, std::string>> places = {
       {General, "Z"},
@@ -96,7 +96,7 @@ TEST_F(FileStore, both_stores_tell_keys_and_names_apart_by_their_exact_text) {
 
 // --- The file's form
 
-TEST_F(FileStore, the_file_is_readable_text_with_a_section_for_each_key) {
+TEST_F(FileStore, The_file_is_readable_text_with_a_section_for_each_key) {
   EXPECT_TRUE(Set(PageSetup, "LeftMargin", "10"));
   EXPECT_TRUE(Set(General, "ProjectDirectory", "/home/u/"));
   EXPECT_TRUE(Set(PageSetup, "RightMargin", "12"));
@@ -116,7 +116,7 @@ TEST_F(FileStore, the_file_is_readable_text_with_a_section_for_each_key) {
             "Company Details=1 High St\\r\\nYork\n");
 }
 
-TEST_F(FileStore, a_missing_file_holds_nothing_and_is_made_with_its_folders_at_the_first_store) {
+TEST_F(FileStore, A_missing_file_holds_nothing_and_is_made_with_its_folders_at_the_first_store) {
   const std::string deep = TempPath("a/b/settings.txt");
   FileSettings fresh(deep);
   EXPECT_EQ(fresh.Query(Root, General, "Z"), std::nullopt);
@@ -126,7 +126,7 @@ TEST_F(FileStore, a_missing_file_holds_nothing_and_is_made_with_its_folders_at_t
   EXPECT_EQ(fresh.Query(Root, General, "Z"), "1");
 }
 
-TEST_F(FileStore, an_empty_file_holds_nothing_and_can_be_stored_into) {
+TEST_F(FileStore, An_empty_file_holds_nothing_and_can_be_stored_into) {
   FileIs("");
   EXPECT_EQ(Get(General, "Z"), std::nullopt);
   EXPECT_TRUE(Set(General, "Z", ""));
@@ -134,7 +134,7 @@ TEST_F(FileStore, an_empty_file_holds_nothing_and_can_be_stored_into) {
   EXPECT_EQ(Get(General, "Z"), "");
 }
 
-TEST_F(FileStore, two_stores_on_one_file_lose_nothing_of_each_other) {
+TEST_F(FileStore, Two_stores_on_one_file_lose_nothing_of_each_other) {
   FileSettings other(path);
   EXPECT_TRUE(Set(General, "A", "1"));
   EXPECT_TRUE(other.Store(Root, General, "B", "2"));
@@ -146,7 +146,7 @@ TEST_F(FileStore, two_stores_on_one_file_lose_nothing_of_each_other) {
   EXPECT_EQ(File(), "[SOFTWARE\\Lintaro\\Settings]\nA=4\nB=2\nC=3\n");
 }
 
-TEST_F(FileStore, the_file_is_read_afresh_at_each_query) {
+TEST_F(FileStore, The_file_is_read_afresh_at_each_query) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\nZ=1\n");
   EXPECT_EQ(Get(General, "Z"), "1");
   FileIs("[SOFTWARE\\Lintaro\\Settings]\nZ=2\n");
@@ -155,7 +155,7 @@ TEST_F(FileStore, the_file_is_read_afresh_at_each_query) {
   EXPECT_EQ(Get(General, "Z"), std::nullopt);
 }
 
-TEST_F(FileStore, a_store_replaces_the_file_and_never_writes_into_the_old_one) {
+TEST_F(FileStore, A_store_replaces_the_file_and_never_writes_into_the_old_one) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\nZ=1\n");
   std::filesystem::create_hard_link(path, TempPath("old.txt"));
   EXPECT_TRUE(Set(General, "Z", "2"));
@@ -165,7 +165,7 @@ TEST_F(FileStore, a_store_replaces_the_file_and_never_writes_into_the_old_one) {
 
 // --- Edited by hand
 
-TEST_F(FileStore, comments_blank_lines_and_foreign_lines_are_kept_where_they_stand) {
+TEST_F(FileStore, Comments_blank_lines_and_foreign_lines_are_kept_where_they_stand) {
   FileIs(
       "# mine\n"
       "\n"
@@ -206,7 +206,7 @@ TEST_F(FileStore, comments_blank_lines_and_foreign_lines_are_kept_where_they_sta
             "LeftMargin=77\n");
 }
 
-TEST_F(FileStore, a_value_keeps_its_commas_equals_signs_quotes_and_blanks) {
+TEST_F(FileStore, A_value_keeps_its_commas_equals_signs_quotes_and_blanks) {
   FileIs(
       "  [SOFTWARE\\Lintaro\\Settings]  \n"
       "  A = 10, 20  \n"
@@ -229,13 +229,13 @@ TEST_F(FileStore, a_value_keeps_its_commas_equals_signs_quotes_and_blanks) {
             "E  =e\n");
 }
 
-TEST_F(FileStore, an_escape_that_means_nothing_stays_as_it_stands) {
+TEST_F(FileStore, An_escape_that_means_nothing_stays_as_it_stands) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\nA=C:\\jobs\\\\x\\\nB=a\\tb\\r\\n\\\\n\n");
   EXPECT_EQ(Get(General, "A"), "C:\\jobs\\x\\");
   EXPECT_EQ(Get(General, "B"), "a\\tb\r\n\\n");
 }
 
-TEST_F(FileStore, a_file_with_CR_LF_is_read_and_goes_on_with_CR_LF) {
+TEST_F(FileStore, A_file_with_CR_LF_is_read_and_goes_on_with_CR_LF) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\r\nA=1\r\nB=2\r\n");
   EXPECT_EQ(Get(General, "A"), "1");
   EXPECT_EQ(Get(General, "B"), "2");
@@ -247,13 +247,13 @@ TEST_F(FileStore, a_file_with_CR_LF_is_read_and_goes_on_with_CR_LF) {
             "[SOFTWARE\\Lintaro\\Settings\\PageSetup]\r\nLeftMargin=5\r\n");
 }
 
-TEST_F(FileStore, a_lone_CR_ends_a_line_too) {
+TEST_F(FileStore, A_lone_CR_ends_a_line_too) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\rA=1\rB=2");
   EXPECT_EQ(Get(General, "A"), "1");
   EXPECT_EQ(Get(General, "B"), "2");
 }
 
-TEST_F(FileStore, a_last_line_without_a_line_end_gets_one_before_another_follows) {
+TEST_F(FileStore, A_last_line_without_a_line_end_gets_one_before_another_follows) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\nA=1");
   EXPECT_EQ(Get(General, "A"), "1");
   EXPECT_TRUE(Set(General, "A", "2"));
@@ -268,7 +268,7 @@ TEST_F(FileStore, a_last_line_without_a_line_end_gets_one_before_another_follows
   EXPECT_EQ(File(), "# alone\n\n[SOFTWARE\\Lintaro\\Settings]\nA=1\n");
 }
 
-TEST_F(FileStore, a_byte_order_mark_in_front_is_passed_over_and_kept) {
+TEST_F(FileStore, A_byte_order_mark_in_front_is_passed_over_and_kept) {
   FileIs("\xEF\xBB\xBF[SOFTWARE\\Lintaro\\Settings]\nA=1\n");
   EXPECT_EQ(Get(General, "A"), "1");
   EXPECT_TRUE(Set(General, "A", "2"));
@@ -276,7 +276,7 @@ TEST_F(FileStore, a_byte_order_mark_in_front_is_passed_over_and_kept) {
   EXPECT_EQ(File(), "\xEF\xBB\xBF[SOFTWARE\\Lintaro\\Settings]\nA=2\nB=3\n");
 }
 
-TEST_F(FileStore, a_line_in_Windows_1252_is_read_as_such_and_spoils_no_other) {
+TEST_F(FileStore, A_line_in_Windows_1252_is_read_as_such_and_spoils_no_other) {
   FileIs("[SOFTWARE\\Lintaro\\Settings]\nA=caf\xE9 \x80\nB=caf\xC3\xA9\n# \xFF\n");
   EXPECT_EQ(Get(General, "A"), "caf\xC3\xA9 \xE2\x82\xAC");
   EXPECT_EQ(Get(General, "B"), "caf\xC3\xA9");
@@ -285,7 +285,7 @@ TEST_F(FileStore, a_line_in_Windows_1252_is_read_as_such_and_spoils_no_other) {
             "[SOFTWARE\\Lintaro\\Settings]\nA=caf\xE9 \x80\nB=caf\xC3\xA9\nC=\xC3\xBC\n# \xFF\n");
 }
 
-TEST_F(FileStore, of_a_value_that_stands_twice_the_first_counts_and_is_replaced) {
+TEST_F(FileStore, Of_a_value_that_stands_twice_the_first_counts_and_is_replaced) {
   FileIs("[K]\nA=1\nA=2\n[L]\nA=3\n[K]\nA=4\nB=5\n");
   EXPECT_EQ(Get("K", "A"), "1");
   EXPECT_EQ(Get("K", "B"), "5");
@@ -295,14 +295,14 @@ TEST_F(FileStore, of_a_value_that_stands_twice_the_first_counts_and_is_replaced)
   EXPECT_EQ(File(), "[K]\nA=6\nA=2\nC=8\n[L]\nA=3\n[K]\nA=4\nB=7\n");
 }
 
-TEST_F(FileStore, a_section_without_values_takes_them_behind_its_heading) {
+TEST_F(FileStore, A_section_without_values_takes_them_behind_its_heading) {
   FileIs("[K]\n\n# note\n[L]\n");
   EXPECT_TRUE(Set("K", "A", "1"));
   EXPECT_TRUE(Set("L", "B", "2"));
   EXPECT_EQ(File(), "[K]\nA=1\n\n# note\n[L]\nB=2\n");
 }
 
-TEST_F(FileStore, a_key_or_name_that_the_file_cannot_hold_is_refused_and_changes_nothing) {
+TEST_F(FileStore, A_key_or_name_that_the_file_cannot_hold_is_refused_and_changes_nothing) {
   const std::string before = "[SOFTWARE\\Lintaro\\Settings]\nA=1\n";
   FileIs(before);
   for (const char* name :
@@ -326,7 +326,7 @@ std::string Tried(const std::string& path) {
   return got + (store.Store(Root, General, "A", "2") ? " stored" : " refused");
 }
 
-TEST_F(FileStore, a_file_that_cannot_be_read_or_written_gives_none_and_false_without_an_error) {
+TEST_F(FileStore, A_file_that_cannot_be_read_or_written_gives_none_and_false_without_an_error) {
   const std::string folder = TempPath("folder");
   std::filesystem::create_directories(folder + "/inside");
   EXPECT_EQ(Tried(folder), "none refused");
@@ -337,7 +337,7 @@ TEST_F(FileStore, a_file_that_cannot_be_read_or_written_gives_none_and_false_wit
   EXPECT_TRUE(std::filesystem::is_directory(folder + "/inside"));
 }
 
-TEST_F(FileStore, without_the_rights_nothing_is_read_stored_or_lost) {
+TEST_F(FileStore, Without_the_rights_nothing_is_read_stored_or_lost) {
   const auto mode = [](const std::string& name, unsigned bits) {
     std::filesystem::permissions(name, std::filesystem::perms(bits));
   };
@@ -363,7 +363,7 @@ TEST_F(FileStore, without_the_rights_nothing_is_read_stored_or_lost) {
   EXPECT_FALSE(std::filesystem::exists(shut + "/new"));
 }
 
-TEST_F(FileStore, any_bytes_are_read_and_stored_into_without_harm) {
+TEST_F(FileStore, Any_bytes_are_read_and_stored_into_without_harm) {
   const std::vector<std::string> files = {std::string("\0\0\0", 3),
                                           "[",
                                           "[]",
@@ -413,7 +413,7 @@ class UserFile : public testing::Test {
   const Text home_ = Of("HOME");
 };
 
-TEST_F(UserFile, it_lies_in_the_configuration_folder_or_the_home_folder) {
+TEST_F(UserFile, It_lies_in_the_configuration_folder_or_the_home_folder) {
   struct Case {
     Text Config, Home;
     const char* Path;

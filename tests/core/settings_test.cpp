@@ -103,12 +103,12 @@ TEST_F(Settings, GetRegValue_gives_the_stored_text_or_the_default_in_silence) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Settings, an_empty_stored_text_is_not_missing) {
+TEST_F(Settings, An_empty_stored_text_is_not_missing) {
   EXPECT_TRUE(SetRegValue(Root, Key, "a", ""));
   EXPECT_EQ(GetRegValue(Root, Key, "a", "default"), "");
 }
 
-TEST_F(Settings, a_value_longer_than_255_characters_comes_back_whole) {
+TEST_F(Settings, A_value_longer_than_255_characters_comes_back_whole) {
   for (const std::size_t length : {254U, 255U, 256U, 300U, 5000U}) {
     const std::string text = std::string(length - 1, 'x') + "y";
     EXPECT_TRUE(SetRegValue(Root, Key, "a", text));
@@ -116,13 +116,13 @@ TEST_F(Settings, a_value_longer_than_255_characters_comes_back_whole) {
   }
 }
 
-TEST_F(Settings, a_later_text_replaces_the_earlier_one) {
+TEST_F(Settings, A_later_text_replaces_the_earlier_one) {
   SetRegValue(Root, Key, "a", "one");
   SetRegValue(Root, Key, "a", "two");
   EXPECT_EQ(GetRegValue(Root, Key, "a", ""), "two");
 }
 
-TEST_F(Settings, an_error_inside_shows_its_number_and_description_and_gives_empty_or_false) {
+TEST_F(Settings, An_error_inside_shows_its_number_and_description_and_gives_empty_or_false) {
   FailingStore store;
   desktop.Store = &store;
   store.Fail = [] { throw RuntimeError(Failure::DiskFull); };
@@ -142,7 +142,7 @@ TEST_F(Settings, an_error_inside_shows_its_number_and_description_and_gives_empt
   }
 }
 
-TEST_F(Settings, an_error_that_is_not_the_systems_own_is_shown_under_a_number_of_ours) {
+TEST_F(Settings, An_error_that_is_not_the_systems_own_is_shown_under_a_number_of_ours) {
   FailingStore store;
   desktop.Store = &store;
   store.Fail = [] { throw std::length_error("too long"); };
@@ -153,7 +153,7 @@ TEST_F(Settings, an_error_that_is_not_the_systems_own_is_shown_under_a_number_of
   EXPECT_EQ(desktop.Boxes[1].Text, "ERROR #900 : too long");
 }
 
-TEST_F(Settings, a_store_that_refuses_gives_default_or_false_without_a_message) {
+TEST_F(Settings, A_store_that_refuses_gives_default_or_false_without_a_message) {
   RefusingStore store;
   desktop.Store = &store;
   EXPECT_EQ(GetRegValue(Root, Key, "a", "default"), "default");
@@ -165,14 +165,14 @@ TEST_F(Settings, a_store_that_refuses_gives_default_or_false_without_a_message) 
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Settings, the_root_is_the_hive_of_the_machine_and_all_keys_lie_under_one) {
+TEST_F(Settings, The_root_is_the_hive_of_the_machine_and_all_keys_lie_under_one) {
   EXPECT_EQ(TheSettingsRoot, SettingsRoot::LocalMachine);
   EXPECT_EQ(SettingsKey, "SOFTWARE\\Lintaro");
 }
 
 // --- The settings
 
-TEST_F(Settings, a_first_start_with_nothing_stored_gives_the_defaults) {
+TEST_F(Settings, A_first_start_with_nothing_stored_gives_the_defaults) {
   CompanyName = CompanyDetails = "x";
   LoadAll();
   EXPECT_EQ(LeftMargin, 10);
@@ -188,7 +188,7 @@ TEST_F(Settings, a_first_start_with_nothing_stored_gives_the_defaults) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Settings, the_values_of_each_key_are_read_in_their_order) {
+TEST_F(Settings, The_values_of_each_key_are_read_in_their_order) {
   TracedStore store;
   desktop.Store = &store;
   LoadPageSetup();
@@ -217,7 +217,7 @@ TEST_F(Settings, the_values_of_each_key_are_read_in_their_order) {
   EXPECT_EQ(store.Calls, expected);
 }
 
-TEST_F(Settings, the_values_of_each_key_are_written_in_their_order_and_form) {
+TEST_F(Settings, The_values_of_each_key_are_written_in_their_order_and_form) {
   TracedStore store;
   desktop.Store = &store;
   LeftMargin = 11;
@@ -254,7 +254,7 @@ TEST_F(Settings, the_values_of_each_key_are_written_in_their_order_and_form) {
   EXPECT_EQ(store.Calls, expected);
 }
 
-TEST_F(Settings, what_is_saved_is_loaded_into_the_same_places) {
+TEST_F(Settings, What_is_saved_is_loaded_into_the_same_places) {
   LeftMargin = 11;
   RightMargin = 12;
   TopMargin = 13;
@@ -283,7 +283,7 @@ TEST_F(Settings, what_is_saved_is_loaded_into_the_same_places) {
   EXPECT_EQ(CamDirectory(), "/c/");
 }
 
-TEST_F(Settings, a_margin_is_read_by_number_prefix_and_rounded_a_half_to_even) {
+TEST_F(Settings, A_margin_is_read_by_number_prefix_and_rounded_a_half_to_even) {
   struct Case {
     const char* Text;
     int Margin;
@@ -308,7 +308,7 @@ TEST_F(Settings, a_margin_is_read_by_number_prefix_and_rounded_a_half_to_even) {
   }
 }
 
-TEST_F(Settings, a_stored_margin_beyond_16_bits_costs_itself_alone_its_value) {
+TEST_F(Settings, A_stored_margin_beyond_16_bits_costs_itself_alone_its_value) {
   Store(PageSetup, "LeftMargin", "40000");
   Store(PageSetup, "RightMargin", "12");
   Store(PageSetup, "TopMargin", "13");
@@ -326,7 +326,7 @@ TEST_F(Settings, a_stored_margin_beyond_16_bits_costs_itself_alone_its_value) {
   EXPECT_EQ(Stored(PageSetup, "LeftMargin"), "40000") << "reading stores nothing";
 }
 
-TEST_F(Settings, a_stored_number_beyond_every_float_costs_itself_alone_its_value) {
+TEST_F(Settings, A_stored_number_beyond_every_float_costs_itself_alone_its_value) {
   Store(Lengths, "E", "1e999");
   Store(Lengths, "T", "3999");
   LoadMaxDims();
@@ -345,7 +345,7 @@ TEST_F(Settings, a_stored_number_beyond_every_float_costs_itself_alone_its_value
             "Overflow in the settings\rDrawings, MinHoleSep: -1e999 becomes 4");
 }
 
-TEST_F(Settings, words_that_look_like_no_finite_number_count_0_without_a_box) {
+TEST_F(Settings, Words_that_look_like_no_finite_number_count_0_without_a_box) {
   for (const char* text : {"inf", "nan", "-inf", "many"}) {
     Store(PageSetup, "LeftMargin", text);
     Store(Lengths, "Z", text);
@@ -357,7 +357,7 @@ TEST_F(Settings, words_that_look_like_no_finite_number_count_0_without_a_box) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Settings, a_stored_measure_of_the_window_that_is_no_finite_number_is_told_and_replaced) {
+TEST_F(Settings, A_stored_measure_of_the_window_that_is_no_finite_number_is_told_and_replaced) {
   Store(Screen, "Width", "1e999");
   Store(Screen, "Height", "700.5");
   EXPECT_EQ(ScreenNumber("Width", 1024), 1024);
@@ -370,14 +370,14 @@ TEST_F(Settings, a_stored_measure_of_the_window_that_is_no_finite_number_is_told
   EXPECT_EQ(desktop.Boxes.size(), 1U);
 }
 
-TEST_F(Settings, an_empty_margin_that_was_stored_counts_0_and_not_the_default) {
+TEST_F(Settings, An_empty_margin_that_was_stored_counts_0_and_not_the_default) {
   Store(PageSetup, "LeftMargin", "");
   LoadPageSetup();
   EXPECT_EQ(LeftMargin, 0);
   EXPECT_EQ(RightMargin, 10);
 }
 
-TEST_F(Settings, the_fraction_of_MinHoleSep_does_not_survive_being_stored) {
+TEST_F(Settings, The_fraction_of_MinHoleSep_does_not_survive_being_stored) {
   MinHoleSep = 4.5;
   SaveDrawingSettings();
   EXPECT_EQ(Stored(Drawings, "MinHoleSep"), "5");
@@ -385,7 +385,7 @@ TEST_F(Settings, the_fraction_of_MinHoleSep_does_not_survive_being_stored) {
   EXPECT_EQ(MinHoleSep, 5);
 }
 
-TEST_F(Settings, a_fraction_in_the_store_is_read_for_MinHoleSep_and_the_greatest_lengths) {
+TEST_F(Settings, A_fraction_in_the_store_is_read_for_MinHoleSep_and_the_greatest_lengths) {
   Store(Drawings, "MinHoleSep", "4.5");
   Store(Lengths, "V", "3050.25");
   LoadDrawingSettings();
@@ -394,7 +394,7 @@ TEST_F(Settings, a_fraction_in_the_store_is_read_for_MinHoleSep_and_the_greatest
   EXPECT_EQ(MaxDims.At(4), 3050.25);
 }
 
-TEST_F(Settings, the_greatest_lengths_are_stored_in_the_form_0_and_may_exceed_16_bits) {
+TEST_F(Settings, The_greatest_lengths_are_stored_in_the_form_0_and_may_exceed_16_bits) {
   MaxDims.At(1) = 1234.5;
   MaxDims.At(2) = 40000;
   SaveMaxDims();
@@ -405,7 +405,7 @@ TEST_F(Settings, the_greatest_lengths_are_stored_in_the_form_0_and_may_exceed_16
   EXPECT_EQ(MaxDims.At(2), 40000);
 }
 
-TEST_F(Settings, an_unusable_text_counts_0) {
+TEST_F(Settings, An_unusable_text_counts_0) {
   Store(Drawings, "MinHoleSep", "x");
   Store(Lengths, "Z", "&H10");
   Store(Lengths, "E", "");
@@ -425,7 +425,7 @@ TEST_F(Settings, LoadMaxDims_makes_the_table_of_six_if_it_is_not_there) {
 
 // --- The window and the recent files
 
-TEST_F(Settings, the_windows_state_is_0_without_a_stored_one_and_its_measures_are_the_present) {
+TEST_F(Settings, The_windows_state_is_0_without_a_stored_one_and_its_measures_are_the_present) {
   EXPECT_EQ(ScreenSetting("State"), "0");
   EXPECT_EQ(ScreenSetting("State", "2"), "0");
   EXPECT_EQ(ScreenSetting("Width", "1024"), "1024");
@@ -435,7 +435,7 @@ TEST_F(Settings, the_windows_state_is_0_without_a_stored_one_and_its_measures_ar
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Settings, the_windows_values_lie_under_their_key_and_names) {
+TEST_F(Settings, The_windows_values_lie_under_their_key_and_names) {
   TracedStore store;
   desktop.Store = &store;
   StoreScreenSetting("State", "2");
@@ -458,7 +458,7 @@ TEST_F(Settings, the_windows_values_lie_under_their_key_and_names) {
   EXPECT_EQ(store.Calls, expected);
 }
 
-TEST_F(Settings, the_recent_files_are_five_values_that_are_empty_at_first) {
+TEST_F(Settings, The_recent_files_are_five_values_that_are_empty_at_first) {
   TracedStore store;
   desktop.Store = &store;
   for (int number = 1; number <= 5; ++number) EXPECT_EQ(RecentFile(number), "");
@@ -476,7 +476,7 @@ TEST_F(Settings, the_recent_files_are_five_values_that_are_empty_at_first) {
   EXPECT_EQ(store.Calls, expected);
 }
 
-TEST_F(Settings, an_empty_stored_measure_or_recent_file_is_not_missing) {
+TEST_F(Settings, An_empty_stored_measure_or_recent_file_is_not_missing) {
   StoreScreenSetting("State", "");
   StoreScreenSetting("Width", "");
   EXPECT_EQ(ScreenSetting("State"), "");
@@ -487,7 +487,7 @@ TEST_F(Settings, an_empty_stored_measure_or_recent_file_is_not_missing) {
   EXPECT_EQ(Stored(RecentFiles, "Recent2"), "");
 }
 
-TEST_F(Settings, a_setting_that_the_table_lacks_is_an_error_of_the_program) {
+TEST_F(Settings, A_setting_that_the_table_lacks_is_an_error_of_the_program) {
   EXPECT_THROW(ScreenSetting("Depth", "1"), std::logic_error);
   EXPECT_THROW(StoreScreenSetting("ProjectDirectory", "x"), std::logic_error);
   EXPECT_THROW(RecentFile(0), std::logic_error);

@@ -25,7 +25,7 @@ std::vector<std::string> RowsOf(const Table<std::string>& table) {
 
 using Rows = std::vector<std::string>;
 
-TEST(Table, an_empty_table_has_upper_bound_0_and_a_blank_element_0) {
+TEST(Table, An_empty_table_has_upper_bound_0_and_a_blank_element_0) {
   const Table<std::string> table;
   EXPECT_EQ(table.UBound(), 0);
   EXPECT_TRUE(table.Empty());
@@ -33,7 +33,7 @@ TEST(Table, an_empty_table_has_upper_bound_0_and_a_blank_element_0) {
   EXPECT_EQ(RowsOf(table), Rows{});
 }
 
-TEST(Table, real_rows_start_at_1_and_the_upper_bound_counts_them) {
+TEST(Table, Real_rows_start_at_1_and_the_upper_bound_counts_them) {
   const Table<std::string> table = TableOf({"a", "b"});
   EXPECT_EQ(table.UBound(), 2);
   EXPECT_FALSE(table.Empty());
@@ -55,7 +55,7 @@ TEST(Table, Append_of_a_row_of_the_same_table_copies_it_before_the_table_grows) 
   EXPECT_EQ(table.At(21), std::string(100, 'x'));
 }
 
-TEST(Table, every_access_outside_its_rows_raises_Subscript_out_of_range) {
+TEST(Table, Every_access_outside_its_rows_raises_Subscript_out_of_range) {
   Table<std::string> table = TableOf({"a", "b"});
   const Table<std::string>& reading = table;
   for (const int row : {-1, 3, 1000, -32768}) {
@@ -71,7 +71,7 @@ TEST(Table, every_access_outside_its_rows_raises_Subscript_out_of_range) {
   EXPECT_EQ(RowsOf(table), (Rows{"a", "b"}));
 }
 
-TEST(Table, element_0_can_be_written_and_is_never_counted) {
+TEST(Table, Element_0_can_be_written_and_is_never_counted) {
   Table<std::string> table = TableOf({"a"});
   table.At(0) = "end";
   EXPECT_EQ(table.At(0), "end");
@@ -131,7 +131,7 @@ TEST(Table, Clear_empties_the_table_and_its_element_0) {
   EXPECT_EQ(table.At(0), "");
 }
 
-TEST(Table, copying_is_deep) {
+TEST(Table, Copying_is_deep) {
   Table<Table<std::string>> table;
   table.Append(TableOf({"a", "b"}));
   Table<Table<std::string>> copy = table;

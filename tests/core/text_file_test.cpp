@@ -64,7 +64,7 @@ TEST(TextFiles, ReadField_skips_leading_blanks_and_keeps_trailing_ones) {
   });
 }
 
-TEST(TextFiles, an_empty_line_is_one_empty_field) {
+TEST(TextFiles, An_empty_line_is_one_empty_field) {
   ExpectFields({
       {"\nx", {"", "x"}},
       {"a\n\n\nb\n", {"a", "", "", "b"}},
@@ -83,7 +83,7 @@ TEST(TextFiles, CR_LF_and_LF_and_a_lone_CR_each_end_a_line) {
   });
 }
 
-TEST(TextFiles, a_quoted_field_runs_to_the_closing_quote_and_drops_the_quotes) {
+TEST(TextFiles, A_quoted_field_runs_to_the_closing_quote_and_drops_the_quotes) {
   ExpectFields({
       {"\"a,b\",c", {"a,b", "c"}},
       {"\"\",x", {"", "x"}},
@@ -99,7 +99,7 @@ TEST(TextFiles, a_quoted_field_runs_to_the_closing_quote_and_drops_the_quotes) {
   });
 }
 
-TEST(TextFiles, what_follows_a_closing_quote_is_dropped_up_to_the_comma_or_line_end) {
+TEST(TextFiles, What_follows_a_closing_quote_is_dropped_up_to_the_comma_or_line_end) {
   ExpectFields({
       {"\"ab\"c,d", {"ab", "d"}},
       {"\"ab\"c\nd", {"ab", "d"}},
@@ -110,7 +110,7 @@ TEST(TextFiles, what_follows_a_closing_quote_is_dropped_up_to_the_comma_or_line_
   });
 }
 
-TEST(TextFiles, a_quoted_field_without_its_closing_quote_runs_to_the_end_of_the_file) {
+TEST(TextFiles, A_quoted_field_without_its_closing_quote_runs_to_the_end_of_the_file) {
   TextFile file("a\n\"b,c\r\nd\n");
   EXPECT_EQ(file.ReadField(), "a");
   EXPECT_EQ(file.ReadField(), "b,c\r\nd\n");
@@ -118,7 +118,7 @@ TEST(TextFiles, a_quoted_field_without_its_closing_quote_runs_to_the_end_of_the_
   EXPECT_EQ(ErrorOf([&] { file.ReadField(); }), "Input past end of file");
 }
 
-TEST(TextFiles, a_lone_quote_at_the_end_is_an_empty_field) {
+TEST(TextFiles, A_lone_quote_at_the_end_is_an_empty_field) {
   ExpectFields({{"a,\"", {"a", ""}}});
 }
 
@@ -133,7 +133,7 @@ TEST(TextFiles, ReadField_at_the_end_of_the_file_is_an_error_each_time) {
   }
 }
 
-TEST(TextFiles, the_file_is_at_its_end_when_no_byte_is_left_behind_the_last_line_end) {
+TEST(TextFiles, The_file_is_at_its_end_when_no_byte_is_left_behind_the_last_line_end) {
   TextFile file("a\nb\r\n");
   file.ReadField();
   EXPECT_FALSE(file.AtEnd());
@@ -149,7 +149,7 @@ TEST(TextFiles, ReadField_goes_on_into_the_next_line_where_a_row_is_too_short) {
   EXPECT_EQ(file.ReadField(), "c");
 }
 
-TEST(TextFiles, bytes_of_every_value_are_read) {
+TEST(TextFiles, Bytes_of_every_value_are_read) {
   EXPECT_EQ(FieldsOf(std::string("a\0b,\x01\n", 6)), (Fields{std::string("a\0b", 3), "\x01"}));
 }
 
@@ -180,7 +180,7 @@ TEST(TextFiles, ReadRestOfLine_at_a_lines_start_takes_the_whole_line) {
   EXPECT_TRUE(file.AtEnd());
 }
 
-TEST(TextFiles, behind_a_field_that_ended_its_line_the_row_is_over_and_the_row_below_stays) {
+TEST(TextFiles, Behind_a_field_that_ended_its_line_the_row_is_over_and_the_row_below_stays) {
   for (const std::string& end : {std::string("\n"), std::string("\r\n"), std::string("\r")}) {
     // The first row ends exactly with its last cell, the second has a comma more, the third many.
     TextFile file("a,b" + end + "c,d," + end + "e,f,,,x" + end + "g");
@@ -194,14 +194,14 @@ TEST(TextFiles, behind_a_field_that_ended_its_line_the_row_is_over_and_the_row_b
   }
 }
 
-TEST(TextFiles, a_quoted_field_that_ends_its_line_ends_the_row_too) {
+TEST(TextFiles, A_quoted_field_that_ends_its_line_ends_the_row_too) {
   TextFile file("\"a\"x\nb\n");
   EXPECT_EQ(file.ReadField(), "a");
   EXPECT_EQ(file.ReadRestOfLine(), "");
   EXPECT_EQ(file.ReadField(), "b");
 }
 
-TEST(TextFiles, a_rest_read_twice_behind_a_rows_last_field_takes_the_row_below) {
+TEST(TextFiles, A_rest_read_twice_behind_a_rows_last_field_takes_the_row_below) {
   TextFile file("a\nb,c\nd");
   file.ReadField();
   EXPECT_EQ(file.ReadRestOfLine(), "");
@@ -222,7 +222,7 @@ TEST(TextFiles, ReadRestOfLine_at_the_end_of_the_file_is_empty_and_no_error) {
   EXPECT_EQ(empty.ReadRestOfLine(), "");
 }
 
-TEST(TextFiles, a_last_row_without_a_line_end_gives_its_rest) {
+TEST(TextFiles, A_last_row_without_a_line_end_gives_its_rest) {
   TextFile file("a,S,*");
   file.ReadField();
   file.ReadField();
@@ -232,7 +232,7 @@ TEST(TextFiles, a_last_row_without_a_line_end_gives_its_rest) {
 
 // --- Numbers
 
-TEST(TextFiles, numbers_are_read_strictly) {
+TEST(TextFiles, Numbers_are_read_strictly) {
   TextFile file(" 12, 2.5,22.5 ,\"7\",1E-14\n");
   EXPECT_EQ(file.ReadInt16(), 12);
   EXPECT_EQ(file.ReadInt16(), 2);
@@ -242,7 +242,7 @@ TEST(TextFiles, numbers_are_read_strictly) {
   EXPECT_EQ(ErrorOf([&] { file.ReadInt16(); }), "Input past end of file");
 }
 
-TEST(TextFiles, a_field_that_is_no_number_or_empty_is_a_Type_mismatch) {
+TEST(TextFiles, A_field_that_is_no_number_or_empty_is_a_Type_mismatch) {
   for (const char* text : {"x\n", "\n", "  ,\n", "5mm\n", "1 2\n"}) {
     EXPECT_EQ(ErrorOf([&] { TextFile(text).ReadInt16(); }), "Type mismatch") << text;
     EXPECT_EQ(ErrorOf([&] { TextFile(text).ReadFloat(); }), "Type mismatch") << text;
@@ -253,7 +253,7 @@ TEST(TextFiles, a_field_that_is_no_number_or_empty_is_a_Type_mismatch) {
 
 // --- Where the last field began
 
-TEST(TextFiles, row_and_column_tell_where_the_last_field_began) {
+TEST(TextFiles, Row_and_column_tell_where_the_last_field_began) {
   TextFile file("a,b\r\n\n\"c\r\nd\re\",f\rg,h,i\nj");
   struct Case {
     const char* Field;
@@ -277,21 +277,21 @@ TEST(TextFiles, row_and_column_tell_where_the_last_field_began) {
 
 class TextFileOpening : public orvane::test::SystemTest {};
 
-TEST_F(TextFileOpening, a_file_is_read_as_UTF_8_or_as_Windows_1252_without_its_mark) {
+TEST_F(TextFileOpening, A_file_is_read_as_UTF_8_or_as_Windows_1252_without_its_mark) {
   EXPECT_EQ(TextFile::Open(TempFile("a.csv", "\xEF\xBB\xBFZ,\xC3\xA9\r\n")).ReadField(), "Z");
   EXPECT_EQ(TextFile::Open(TempFile("b.csv", "\xC3\xA9\r\n")).ReadField(), "\xC3\xA9");
   EXPECT_EQ(TextFile::Open(TempFile("c.csv", "\xE9\r\n")).ReadField(), "\xC3\xA9");
   EXPECT_TRUE(TextFile::Open(TempFile("d.csv", "")).AtEnd());
 }
 
-TEST_F(TextFileOpening, a_missing_file_is_an_error) {
+TEST_F(TextFileOpening, A_missing_file_is_an_error) {
   EXPECT_EQ(ErrorOf([&] { TextFile::Open(TempPath("gone.csv")); }), "File not found");
   EXPECT_EQ(ErrorOf([&] { TextFile::Open(TempPath("gone/gone.csv")); }), "Path not found");
 }
 
 // --- Writing
 
-TEST(LineWriting, lines_end_with_carriage_return_and_line_feed) {
+TEST(LineWriting, Lines_end_with_carriage_return_and_line_feed) {
   LineWriter writer;
   writer.Line("v1.07:12");
   writer.Line();
@@ -307,7 +307,7 @@ TEST(LineWriting, lines_end_with_carriage_return_and_line_feed) {
   EXPECT_EQ(writer.TakeText(), expected);
 }
 
-TEST(LineWriting, what_is_written_is_read_back_field_by_field) {
+TEST(LineWriting, What_is_written_is_read_back_field_by_field) {
   LineWriter writer;
   writer.Line("plain");
   writer.QuotedLine(" quoted, with comma ");
@@ -323,7 +323,7 @@ TEST(LineWriting, what_is_written_is_read_back_field_by_field) {
   EXPECT_TRUE(file.AtEnd());
 }
 
-TEST(LineWriting, a_plain_line_of_one_blank_is_read_back_as_empty) {
+TEST(LineWriting, A_plain_line_of_one_blank_is_read_back_as_empty) {
   LineWriter writer;
   writer.Line(" ");
   EXPECT_EQ(FieldsOf(writer.Text()), (Fields{""}));

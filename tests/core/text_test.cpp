@@ -31,13 +31,13 @@ TEST(Text, UpperCase_changes_a_to_z_only) {
 // One letter of each length in bytes: 1, 2, 3 and 4.
 constexpr std::string_view Letters = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x99\x82";
 
-TEST(Text, characters_are_counted_by_code_point) {
+TEST(Text, Characters_are_counted_by_code_point) {
   EXPECT_EQ(CharCount(""), 0U);
   EXPECT_EQ(CharCount("abc"), 3U);
   EXPECT_EQ(CharCount(Letters), 4U);
 }
 
-TEST(Text, a_first_line_of_six_characters_is_not_longer_for_its_accents) {
+TEST(Text, A_first_line_of_six_characters_is_not_longer_for_its_accents) {
   EXPECT_EQ(CharCount("v1.07:"), 6U);
   EXPECT_EQ(CharCount("v1.07\xC3\xA9"), 6U);
   EXPECT_EQ(CharCount("v1.07:\xC3\xA9"), 7U);
@@ -63,7 +63,7 @@ TEST(Text, FirstChars_and_LastChars_cut_between_letters) {
   EXPECT_EQ(LastChars("", 3), "");
 }
 
-TEST(Text, texts_order_by_code_point) {
+TEST(Text, Texts_order_by_code_point) {
   // "z" < "é" < "€" < a face, in bytes as in code points.
   const std::vector<std::string> ordered = {
       "A", "Z", "a", "z", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x99\x82"};
@@ -120,7 +120,7 @@ TEST(Text, DecodeText_reads_anything_else_as_Windows_1252) {
   EXPECT_EQ(DecodeText("\xEF\xBB\xBFZ,\xE9"), "Z,\xC3\xA9");
 }
 
-TEST(Text, every_byte_of_Windows_1252_is_one_character) {
+TEST(Text, Every_byte_of_Windows_1252_is_one_character) {
   for (int byte = 0x80; byte <= 0xFF; ++byte) {
     // The byte in front makes the text invalid as UTF-8.
     const std::string text = DecodeText(std::string("\xFF") + static_cast<char>(byte));
@@ -150,7 +150,7 @@ TEST(Text, FactoryText_is_one_byte_a_character) {
   }
 }
 
-TEST(Text, every_character_of_the_factory_page_comes_back_as_its_own_byte) {
+TEST(Text, Every_character_of_the_factory_page_comes_back_as_its_own_byte) {
   const std::string free = "\x81\x8D\x8F\x90\x9D";  // the five bytes without a character
   for (int byte = 0x80; byte <= 0xFF; ++byte) {
     const char c = static_cast<char>(byte);

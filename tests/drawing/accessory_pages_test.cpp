@@ -69,7 +69,7 @@ class AccessoryPages : public AccessorySheetTest {
   PageSurface paper{round, Paper{210, 300}};
 };
 
-TEST_F(AccessoryPages, a_type_1_table_is_ruled_centred_and_its_numbers_stand_at_the_right) {
+TEST_F(AccessoryPages, A_type_1_table_is_ruled_centred_and_its_numbers_stand_at_the_right) {
   AddType1("Bolts", {{"Bolt and two washers", "M12x30-8.8"}});
   // 25, 15 and 20 mm: from 12 + (280 - 60) / 2 = 122 on.
   const Look look = Detail(One, RowsOf({{"12"}}));
@@ -92,7 +92,7 @@ TEST_F(AccessoryPages, a_type_1_table_is_ruled_centred_and_its_numbers_stand_at_
                         }));
 }
 
-TEST_F(AccessoryPages, without_the_flag_no_description_and_no_heading_of_it_is_to_be_seen) {
+TEST_F(AccessoryPages, Without_the_flag_no_description_and_no_heading_of_it_is_to_be_seen) {
   AddType1("Bolts", {{"Bolt and two washers", "M12x30-8.8"}}).Flag = False;
   // 0, 15 and 20 mm: from 12 + (280 - 35) / 2 = 134.5 on.
   const Look look = Detail(One, RowsOf({{"12"}}));
@@ -112,7 +112,7 @@ TEST_F(AccessoryPages, without_the_flag_no_description_and_no_heading_of_it_is_t
                         }));
 }
 
-TEST_F(AccessoryPages, with_nothing_used_only_the_number_column_has_its_heading) {
+TEST_F(AccessoryPages, With_nothing_used_only_the_number_column_has_its_heading) {
   AddType1("Bolts", {{"Bolt and two washers", "M12x30-8.8"}});
   // 20 mm: from 12 + (280 - 20) / 2 = 142 on.
   const Look look = Detail(One, RowsOf({{"0"}}));
@@ -121,7 +121,7 @@ TEST_F(AccessoryPages, with_nothing_used_only_the_number_column_has_its_heading)
                                "line 142 35 142 40 pen 0.1", "line 162 35 162 40 pen 0.1"}));
 }
 
-TEST_F(AccessoryPages, a_heading_wider_than_its_texts_reaches_over_its_cell_from_the_tables_edge) {
+TEST_F(AccessoryPages, A_heading_wider_than_its_texts_reaches_over_its_cell_from_the_tables_edge) {
   AddType1("Nuts", {{"Nut", "A"}});
   // 170 and 57 twips of text: 7.998, 6.005 and 20 mm from 134.998 on. The heading's 10 mm begin
   // half a millimetre in the table, in one line over the edge of their cell.
@@ -131,7 +131,7 @@ TEST_F(AccessoryPages, a_heading_wider_than_its_texts_reaches_over_its_cell_from
   EXPECT_EQ(look.Texts.size(), 6U);
 }
 
-TEST_F(AccessoryPages, a_group_stands_in_the_middle_over_its_columns_with_no_line_between_them) {
+TEST_F(AccessoryPages, A_group_stands_in_the_middle_over_its_columns_with_no_line_between_them) {
   AccDef& ties = AddType2("Ties", {"Width", "Height", "Hole"});
   AddGroup(ties, 3, 2, "Bay");
   // Five columns of 20 mm: from 12 + (280 - 100) / 2 = 102 to 202.
@@ -163,7 +163,7 @@ TEST_F(AccessoryPages, a_group_stands_in_the_middle_over_its_columns_with_no_lin
                         }));
 }
 
-TEST_F(AccessoryPages, overlapping_groups_show_both_titles) {
+TEST_F(AccessoryPages, Overlapping_groups_show_both_titles) {
   AccDef& ties = AddType2("Ties", {"Width", "Height", "Hole"});
   AddGroup(ties, 3, 3, "Bay");
   AddGroup(ties, 4, 1, "Rise");
@@ -173,7 +173,7 @@ TEST_F(AccessoryPages, overlapping_groups_show_both_titles) {
   EXPECT_EQ(look.Texts.at(1), "text \"Rise\" 169.998 35.269 11 bold");
 }
 
-TEST_F(AccessoryPages, each_page_of_a_long_list_has_picture_frame_and_headings_above_the_strip) {
+TEST_F(AccessoryPages, Each_page_of_a_long_list_has_picture_frame_and_headings_above_the_strip) {
   AccDef& ties = AddType2("Ties", {"Width"});
   AddGroup(ties, 3, 1, "Bay");
   ShowPicture(ties, 100, 50);  // the table at 105 mm, 10 lines a page
@@ -198,7 +198,7 @@ TEST_F(AccessoryPages, each_page_of_a_long_list_has_picture_frame_and_headings_a
   }
 }
 
-TEST_F(AccessoryPages, sheets_in_one_document_take_their_own_pages) {
+TEST_F(AccessoryPages, Sheets_in_one_document_take_their_own_pages) {
   AccDef& ties = AddType2("Ties", {"Width"});
   ShowPicture(ties, 100, 50);  // 11 lines a page
   AddType1("Bolts", {{"Bolt", "M12"}});
@@ -214,7 +214,7 @@ TEST_F(AccessoryPages, sheets_in_one_document_take_their_own_pages) {
   EXPECT_EQ(Marks(3), Lines{"M12"});
 }
 
-TEST_F(AccessoryPages, a_long_type_1_list_runs_on_into_the_strip_and_loses_no_size) {
+TEST_F(AccessoryPages, A_long_type_1_list_runs_on_into_the_strip_and_loses_no_size) {
   // A table from 35 mm down: 34 sizes and the heading reach the paper's edge, more go over it.
   for (const int sizes : {34, 35, 60}) {
     AccDefs.Clear();
@@ -238,7 +238,7 @@ TEST_F(AccessoryPages, a_long_type_1_list_runs_on_into_the_strip_and_loses_no_si
   }
 }
 
-TEST_F(AccessoryPages, the_closing_operation_leaves_the_document_as_it_is) {
+TEST_F(AccessoryPages, The_closing_operation_leaves_the_document_as_it_is) {
   AddType1("Bolts", {{"Bolt", "M12"}});
   DrawAccessorySheet(paper, AccDefs.At(CurrentAcc), One, RowsOf({{"1"}}), true, true);
   const std::size_t shapes = Pages().at(0).Shapes.size();
@@ -265,7 +265,7 @@ class ShippedAccessories : public SheetTest {
   }
 };
 
-TEST_F(ShippedAccessories, each_picture_leaves_room_for_five_lines_at_least) {
+TEST_F(ShippedAccessories, Each_picture_leaves_room_for_five_lines_at_least) {
   int count = 0;
   for (int row = AccType1Count + 1; row <= AccDefs.UBound(); ++row) {
     CurrentAcc = Int16(row);
@@ -278,7 +278,7 @@ TEST_F(ShippedAccessories, each_picture_leaves_room_for_five_lines_at_least) {
   EXPECT_GE(count, 16);
 }
 
-TEST_F(ShippedAccessories, all_sizes_of_type_1_stand_above_the_strip) {
+TEST_F(ShippedAccessories, All_sizes_of_type_1_stand_above_the_strip) {
   ASSERT_EQ(AccType1Count, 5);
   for (int row = 1; row <= AccType1Count; ++row) {
     CurrentAcc = Int16(row);
@@ -290,7 +290,7 @@ TEST_F(ShippedAccessories, all_sizes_of_type_1_stand_above_the_strip) {
   }
 }
 
-TEST_F(ShippedAccessories, pictures_and_tables_stay_between_the_margins) {
+TEST_F(ShippedAccessories, Pictures_and_tables_stay_between_the_margins) {
   for (int row = 1; row <= AccDefs.UBound(); ++row) {
     CurrentAcc = Int16(row);
     const AccDef& accessory = AccDefs.At(row);
@@ -306,7 +306,7 @@ TEST_F(ShippedAccessories, pictures_and_tables_stay_between_the_margins) {
   }
 }
 
-TEST_F(ShippedAccessories, each_picture_names_the_columns_that_it_stands_over) {
+TEST_F(ShippedAccessories, Each_picture_names_the_columns_that_it_stands_over) {
   const auto textsOf = [](const AccDef& accessory) {
     std::string texts;
     for (const Shape& shape :
@@ -332,7 +332,7 @@ TEST_F(ShippedAccessories, each_picture_names_the_columns_that_it_stands_over) {
   EXPECT_GE(count, 40);
 }
 
-TEST_F(ShippedAccessories, groups_end_within_their_columns) {
+TEST_F(ShippedAccessories, Groups_end_within_their_columns) {
   for (const AccDef& accessory : AccDefs) {
     int next = 3;
     for (const AccGroup& group : accessory.Groups) {

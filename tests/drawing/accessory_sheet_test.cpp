@@ -93,7 +93,7 @@ class AccessorySheetDocument : public AccessorySheetTest {
   AccessorySheetDocument() { AddType1("Bolts", {{"Bolt", "M12"}}); }
 };
 
-TEST_F(AccessorySheetDocument, the_open_flag_begins_a_document_as_a_sections_sheet_does) {
+TEST_F(AccessorySheetDocument, The_open_flag_begins_a_document_as_a_sections_sheet_does) {
   const Lines lines = Sheet(One, {}, true, false);
   EXPECT_EQ(Lines(lines.begin(), lines.begin() + 12),
             (Lines{"Orientation 1", "HdrFontName \"Arial\"", "HdrFontSize 8", "MarginLeft 12mm",
@@ -101,24 +101,24 @@ TEST_F(AccessorySheetDocument, the_open_flag_begins_a_document_as_a_sections_she
                    "Clear", "StartDoc", "FontSize 8", "HdrFontSize 7"}));
 }
 
-TEST_F(AccessorySheetDocument, without_it_the_sheet_sets_up_nothing) {
+TEST_F(AccessorySheetDocument, Without_it_the_sheet_sets_up_nothing) {
   EXPECT_EQ(Sheet(One, {}, false, false), From(Sheet(One, {}, true, false), "HdrFontSize 7"));
   EXPECT_EQ(Sheet(One, {}, false, false).at(0), "HdrFontSize 7");
 }
 
-TEST_F(AccessorySheetDocument, the_close_flag_ends_it_and_calls_the_closing_operation) {
+TEST_F(AccessorySheetDocument, The_close_flag_ends_it_and_calls_the_closing_operation) {
   EXPECT_EQ(From(Sheet(One, {}, true, true), "EndDoc"), (Lines{"EndDoc", "Finish"}));
   EXPECT_EQ(From(Sheet(One, {}, false, true), "EndDoc"), (Lines{"EndDoc", "Finish"}));
 }
 
-TEST_F(AccessorySheetDocument, without_it_the_sheet_ends_with_its_table_and_begins_no_page) {
+TEST_F(AccessorySheetDocument, Without_it_the_sheet_ends_with_its_table_and_begins_no_page) {
   for (const bool open : {true, false}) {
     EXPECT_EQ(Sheet(One, {}, open, false).back(), "EndTable");
     EXPECT_EQ(That("NewPage"), Lines{});
   }
 }
 
-TEST_F(AccessorySheetDocument, the_next_sheet_shows_the_accessory_that_is_then_the_current_one) {
+TEST_F(AccessorySheetDocument, The_next_sheet_shows_the_accessory_that_is_then_the_current_one) {
   AccDef& braces = AddType2("Eaves braces", {"Height"});
   ShowPicture(braces, 100, 35);
   Sheet(Two, NumberedRows(1, 1), false, false);
@@ -140,7 +140,7 @@ class AccessoryPicturePlace : public AccessorySheetTest {
 };
 
 TEST_F(AccessoryPicturePlace,
-       a_picture_stands_in_the_middle_between_the_margins_in_its_proportion) {
+       A_picture_stands_in_the_middle_between_the_margins_in_its_proportion) {
   struct Case {
     int Width;
     int Top;
@@ -162,7 +162,7 @@ TEST_F(AccessoryPicturePlace,
   }
 }
 
-TEST_F(AccessoryPicturePlace, its_proportion_is_its_own) {
+TEST_F(AccessoryPicturePlace, Its_proportion_is_its_own) {
   // 80 x 100 mm: at 60 mm wide it is 75 mm high.
   TempFile("Drawings/tall.wmf", MetafileWriter().Placeable(0, 0, 800, 1000, 254));
   ShowPicture(AccDefs.At(1), 60, 20);
@@ -172,7 +172,7 @@ TEST_F(AccessoryPicturePlace, its_proportion_is_its_own) {
   EXPECT_EQ(That("CurrentY"), Lines{"CurrentY 100mm"});
 }
 
-TEST_F(AccessoryPicturePlace, it_is_loaded_into_the_holder_of_the_drawings) {
+TEST_F(AccessoryPicturePlace, It_is_loaded_into_the_holder_of_the_drawings) {
   ShowPicture(AccDefs.At(1), 60, 20);
   frmDrawings().imgAcc = nullptr;
   Detail(One, {});
@@ -193,7 +193,7 @@ TEST_F(AccessoryPicturePlace, None_is_written_just_so) {
   }
 }
 
-TEST_F(AccessoryPicturePlace, a_missing_file_fails_the_sheet_behind_its_frame) {
+TEST_F(AccessoryPicturePlace, A_missing_file_fails_the_sheet_behind_its_frame) {
   AccDefs.At(1).DrawingFile = "lost";
   for (const AccessoryType type : {One, Two}) {
     EXPECT_EQ(ErrorOf([&] { Sheet(type, RowsOf({{"1"}}), true, true); }), NotFound("lost"));
@@ -236,14 +236,14 @@ Lines Under(Lines headings, const Lines& rows) {
   return headings;
 }
 
-TEST_F(Type1Table, columns_are_5_mm_wider_than_their_widest_text_and_the_table_is_centred) {
+TEST_F(Type1Table, Columns_are_5_mm_wider_than_their_widest_text_and_the_table_is_centred) {
   // 30 + 5, 30 + 5 and 20 of 280: half of 190.
   EXPECT_EQ(Widths(RowsOf({{"1"}, {"1"}, {"1"}})),
             (Lines{"TableCell 13 0 1 \"35mm\"", "TableCell 13 0 2 \"35mm\"",
                    "TableCell 13 0 3 \"20mm\"", "TableIndent 95mm"}));
 }
 
-TEST_F(Type1Table, the_texts_are_measured_in_11_points_and_regular_type) {
+TEST_F(Type1Table, The_texts_are_measured_in_11_points_and_regular_type) {
   page.FontSize(22);
   page.FontBold(false);
   EXPECT_EQ(Widths(RowsOf({{"1"}})).at(0), "TableCell 13 0 1 \"25mm\"");
@@ -252,7 +252,7 @@ TEST_F(Type1Table, the_texts_are_measured_in_11_points_and_regular_type) {
   EXPECT_EQ(That("FontSize"), Lines{"FontSize 11"});
 }
 
-TEST_F(Type1Table, a_width_that_is_no_round_figure_keeps_its_fraction) {
+TEST_F(Type1Table, A_width_that_is_no_round_figure_keeps_its_fraction) {
   // 7 characters of 110 twips: 770 / 56.7 = 13.5802469135802...; the page 297 mm wide.
   AccDefs.At(1).ParamTexts.At(1) = "Bracket";
   surface.Forget();
@@ -260,7 +260,7 @@ TEST_F(Type1Table, a_width_that_is_no_round_figure_keeps_its_fraction) {
   EXPECT_EQ(LinesOf("TableCell 13").at(0), "TableCell 13 0 1 \"18.5802469135802mm\"");
 }
 
-TEST_F(Type1Table, sizes_without_a_number_off_have_no_row_and_no_part_in_the_widths) {
+TEST_F(Type1Table, Sizes_without_a_number_off_have_no_row_and_no_part_in_the_widths) {
   for (const char* none : {"0", "", "  ", "000", "x", "-4"}) {
     const TextRows rows = RowsOf({{"2"}, {none}, {none}});
     // 20 + 5, 10 + 5 and 20 of 280: half of 220.
@@ -275,7 +275,7 @@ TEST_F(Type1Table, sizes_without_a_number_off_have_no_row_and_no_part_in_the_wid
   }
 }
 
-TEST_F(Type1Table, the_rows_follow_the_sizes_with_their_numbers_off) {
+TEST_F(Type1Table, The_rows_follow_the_sizes_with_their_numbers_off) {
   EXPECT_EQ(
       Texts(RowsOf({{"12"}, {}, {"3"}})),
       Under(Headings,
@@ -284,7 +284,7 @@ TEST_F(Type1Table, the_rows_follow_the_sizes_with_their_numbers_off) {
              "TableCell 18 3 2 \"M16 by 200 mm of length, black\"", "TableCell 18 3 3 \"3\""}));
 }
 
-TEST_F(Type1Table, a_number_off_is_what_the_text_is_worth) {
+TEST_F(Type1Table, A_number_off_is_what_the_text_is_worth) {
   const struct {
     const char* Text;
     const char* Shown;
@@ -295,7 +295,7 @@ TEST_F(Type1Table, a_number_off_is_what_the_text_is_worth) {
   }
 }
 
-TEST_F(Type1Table, with_nothing_used_it_is_its_heading_row_alone) {
+TEST_F(Type1Table, With_nothing_used_it_is_its_heading_row_alone) {
   for (const TextRows& rows : {TextRows{}, RowsOf({{"0"}, {""}, {"0"}})}) {
     EXPECT_EQ(Texts(rows), Headings);
     EXPECT_EQ(That("TableCell 1 "), Lines{"TableCell 1 0 0 1"});
@@ -305,7 +305,7 @@ TEST_F(Type1Table, with_nothing_used_it_is_its_heading_row_alone) {
   }
 }
 
-TEST_F(Type1Table, without_the_flag_the_texts_stand_in_a_column_of_no_width) {
+TEST_F(Type1Table, Without_the_flag_the_texts_stand_in_a_column_of_no_width) {
   AccDefs.At(1).Flag = False;
   // 0, 20 + 5 and 20 of 280: half of 235.
   const TextRows rows = RowsOf({{"1"}, {"5"}});
@@ -318,20 +318,20 @@ TEST_F(Type1Table, without_the_flag_the_texts_stand_in_a_column_of_no_width) {
                    "TableCell 18 3 2 \"M16x35-8.8 head Y.Z.\"", "TableCell 18 3 3 \"5\""}));
 }
 
-TEST_F(Type1Table, a_column_of_empty_texts_has_no_width) {
+TEST_F(Type1Table, A_column_of_empty_texts_has_no_width) {
   AccDefs.At(1).ParamTexts.At(1) = "";
   AccDefs.At(1).ParamNames.At(1) = "";
   EXPECT_EQ(Widths(RowsOf({{"1"}})), (Lines{"TableCell 13 0 1 \"0mm\"", "TableCell 13 0 2 \"0mm\"",
                                             "TableCell 13 0 3 \"20mm\"", "TableIndent 130mm"}));
 }
 
-TEST_F(Type1Table, a_table_wider_than_the_room_has_an_indent_below_0) {
+TEST_F(Type1Table, A_table_wider_than_the_room_has_an_indent_below_0) {
   AccDefs.At(1).ParamTexts.At(1) = std::string(300, 'x');
   // 305, 15 and 20 of 280: half of -60.
   EXPECT_EQ(Widths(RowsOf({{"1"}})).back(), "TableIndent -30mm");
 }
 
-TEST_F(Type1Table, its_look_is_ruled_rows_of_5_mm_a_bold_heading_and_centred_centred_right) {
+TEST_F(Type1Table, Its_look_is_ruled_rows_of_5_mm_a_bold_heading_and_centred_centred_right) {
   Detail(One, RowsOf({{"1"}}));
   EXPECT_EQ(That("TableBorder"), Lines{"TableBorder 7"});
   EXPECT_EQ(That("TableCell 7"), Lines{"TableCell 7 0 0 \"5mm\""});
@@ -341,7 +341,7 @@ TEST_F(Type1Table, its_look_is_ruled_rows_of_5_mm_a_bold_heading_and_centred_cen
                    "TableAlignment 0 3 right 8"}));
 }
 
-TEST_F(Type1Table, a_number_off_for_a_size_that_the_catalogue_lacks_is_out_of_range) {
+TEST_F(Type1Table, A_number_off_for_a_size_that_the_catalogue_lacks_is_out_of_range) {
   EXPECT_EQ(ErrorOf([&] {
               Detail(One, RowsOf({{"1"}, {"1"}, {"1"}, {"1"}}));
             }),
@@ -351,12 +351,12 @@ TEST_F(Type1Table, a_number_off_for_a_size_that_the_catalogue_lacks_is_out_of_ra
   EXPECT_EQ(That("TableCell 1 "), Lines{"TableCell 1 0 0 4"});
 }
 
-TEST_F(Type1Table, fewer_rows_than_sizes_leave_the_others_out) {
+TEST_F(Type1Table, Fewer_rows_than_sizes_leave_the_others_out) {
   Detail(One, RowsOf({{"1"}}));
   EXPECT_EQ(That("TableCell 1 "), Lines{"TableCell 1 0 0 2"});
 }
 
-TEST_F(Type1Table, a_value_behind_the_number_off_is_not_shown) {
+TEST_F(Type1Table, A_value_behind_the_number_off_is_not_shown) {
   AccDefs.At(1).HasParamColumn = True;
   EXPECT_EQ(Texts(RowsOf({{"4", "75"}})).back(), "TableCell 18 2 3 \"4\"");
 }

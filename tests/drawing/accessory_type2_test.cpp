@@ -25,7 +25,7 @@ class Type2Table : public AccessorySheetTest {
   }
 };
 
-TEST_F(Type2Table, begins_with_font_place_and_border_and_counts_its_columns_and_rows) {
+TEST_F(Type2Table, Begins_with_font_place_and_border_and_counts_its_columns_and_rows) {
   const Lines lines = Detail(Two, NumberedRows(3, 2));
   EXPECT_EQ(Lines(lines.begin(), lines.begin() + 8),
             (Lines{"FontSize 11", "CurrentY 35mm", "StartTable", "TableCell 24 0 0 11",
@@ -35,7 +35,7 @@ TEST_F(Type2Table, begins_with_font_place_and_border_and_counts_its_columns_and_
   EXPECT_EQ(lines.back(), "EndTable");
 }
 
-TEST_F(Type2Table, the_heading_row_holds_every_column_in_bold) {
+TEST_F(Type2Table, The_heading_row_holds_every_column_in_bold) {
   Detail(Two, NumberedRows(1, 2));
   EXPECT_EQ(That("TableCell 25"), (Lines{"TableCell 25 1 1 1", "TableCell 25 1 2 1",
                                          "TableCell 25 1 3 1", "TableCell 25 1 4 1"}));
@@ -45,7 +45,7 @@ TEST_F(Type2Table, the_heading_row_holds_every_column_in_bold) {
   EXPECT_EQ(That("TableMerge"), Lines{});
 }
 
-TEST_F(Type2Table, with_groups_there_are_two_heading_rows_in_bold) {
+TEST_F(Type2Table, With_groups_there_are_two_heading_rows_in_bold) {
   AddGroup(Plates(), 3, 2, "Plate");
   Detail(Two, NumberedRows(1, 2));
   EXPECT_EQ(That("TableCell 1 "), Lines{"TableCell 1 0 0 3"});
@@ -63,7 +63,7 @@ TEST_F(Type2Table, with_groups_there_are_two_heading_rows_in_bold) {
              "TableCell 18 3 3 \"a1\"", "TableCell 18 3 4 \"b1\""}));
 }
 
-TEST_F(Type2Table, each_group_is_merged_over_its_own_columns) {
+TEST_F(Type2Table, Each_group_is_merged_over_its_own_columns) {
   AddType2("VCR", {"As Drawn", "Opp. Hand", "Length", "End 1", "End 2"});
   AccDef& rails = AccDefs.At(2);
   AddGroup(rails, 3, 2, "Number");
@@ -74,7 +74,7 @@ TEST_F(Type2Table, each_group_is_merged_over_its_own_columns) {
             (Lines{"TableCell 18 1 3 \"Number\"", "TableCell 18 1 6 \"Allowances\""}));
 }
 
-TEST_F(Type2Table, a_group_ends_at_the_last_column_and_one_behind_it_is_not_shown) {
+TEST_F(Type2Table, A_group_ends_at_the_last_column_and_one_behind_it_is_not_shown) {
   AddGroup(Plates(), 3, 9, "Plate");
   AddGroup(Plates(), 4, 2, "Size");
   AddGroup(Plates(), 5, 1, "Behind");
@@ -84,13 +84,13 @@ TEST_F(Type2Table, a_group_ends_at_the_last_column_and_one_behind_it_is_not_show
             (Lines{"TableCell 18 1 3 \"Plate\"", "TableCell 18 1 4 \"Size\""}));
 }
 
-TEST_F(Type2Table, a_group_of_no_columns_stands_over_its_first_one) {
+TEST_F(Type2Table, A_group_of_no_columns_stands_over_its_first_one) {
   AddGroup(Plates(), 3, 0, "Plate");
   Detail(Two, NumberedRows(1, 2));
   EXPECT_EQ(That("TableMerge"), Lines{"TableMerge 1 3 1"});
 }
 
-TEST_F(Type2Table, columns_are_20_mm_wide_or_as_wide_as_a_longer_heading) {
+TEST_F(Type2Table, Columns_are_20_mm_wide_or_as_wide_as_a_longer_heading) {
   // 19, 20 and 21 characters are 1077.3, 1134 and 1190.7 twips.
   AddType2("Long", {std::string(19, 'x'), std::string(20, 'x'), std::string(21, 'x')});
   Detail(Two, NumberedRows(1, 3));
@@ -101,27 +101,27 @@ TEST_F(Type2Table, columns_are_20_mm_wide_or_as_wide_as_a_longer_heading) {
   EXPECT_EQ(That("TableIndent"), Lines{"TableIndent 5074.5"});
 }
 
-TEST_F(Type2Table, the_headings_are_measured_in_11_points_and_regular_type) {
+TEST_F(Type2Table, The_headings_are_measured_in_11_points_and_regular_type) {
   AddType2("Long", {std::string(20, 'x')});
   page.FontSize(22);
   Detail(Two, NumberedRows(1, 1));
   EXPECT_EQ(That("TableCell 13").back(), "TableCell 13 0 3 1134");
 }
 
-TEST_F(Type2Table, the_title_of_a_group_widens_no_column) {
+TEST_F(Type2Table, The_title_of_a_group_widens_no_column) {
   AddGroup(Plates(), 3, 1, std::string(50, 'x'));
   Detail(Two, NumberedRows(1, 2));
   EXPECT_EQ(That("TableCell 13").at(2), "TableCell 13 0 3 1134");
 }
 
-TEST_F(Type2Table, a_table_wider_than_the_room_has_an_indent_below_0) {
+TEST_F(Type2Table, A_table_wider_than_the_room_has_an_indent_below_0) {
   AddType2("Wide", std::vector<std::string>(13, "X"));
   Detail(Two, NumberedRows(1, 13));
   // 15876 - 15 x 1134 = -1134.
   EXPECT_EQ(That("TableIndent"), Lines{"TableIndent -567"});
 }
 
-TEST_F(Type2Table, missing_values_are_empty_and_surplus_ones_left_out) {
+TEST_F(Type2Table, Missing_values_are_empty_and_surplus_ones_left_out) {
   EXPECT_EQ(Texts(RowsOf({{"M1", "2", "a", "b", "c", "d"}, {"M2"}, {}})),
             (Lines{"TableCell 18 1 1 \"Mark\"", "TableCell 18 1 2 \"No.Off\"",
                    "TableCell 18 1 3 \"Product\"", "TableCell 18 1 4 \"Length\"",
@@ -131,7 +131,7 @@ TEST_F(Type2Table, missing_values_are_empty_and_surplus_ones_left_out) {
                    "TableCell 18 4 2 \"\"", "TableCell 18 4 3 \"\"", "TableCell 18 4 4 \"\""}));
 }
 
-TEST_F(Type2Table, values_stand_as_they_are_typed) {
+TEST_F(Type2Table, Values_stand_as_they_are_typed) {
   EXPECT_EQ(Texts(RowsOf({{" M1", "02", "1.50 ", "x|y"}})).back(), "TableCell 18 2 4 \"x|y\"");
   EXPECT_EQ(That("TableCell 18 2 1"), Lines{"TableCell 18 2 1 \" M1\""});
   EXPECT_EQ(That("TableCell 18 2 2"), Lines{"TableCell 18 2 2 \"02\""});
@@ -167,7 +167,7 @@ class Type2Pages : public AccessorySheetTest {
   std::size_t CountOf(const std::string& operation) const { return That(operation).size(); }
 };
 
-TEST_F(Type2Pages, the_room_down_to_the_strip_makes_rows_of_5_mm) {
+TEST_F(Type2Pages, The_room_down_to_the_strip_makes_rows_of_5_mm) {
   // Down to 3 mm above the strip, 167 mm; the table 5 mm below the picture's place.
   struct Case {
     int Top;
@@ -188,14 +188,14 @@ TEST_F(Type2Pages, the_room_down_to_the_strip_makes_rows_of_5_mm) {
   }
 }
 
-TEST_F(Type2Pages, groups_take_a_row_more_of_each_page) {
+TEST_F(Type2Pages, Groups_take_a_row_more_of_each_page) {
   Plates().Value3 = 102;  // 12 rows
   AddGroup(Plates(), 3, 1, "Group");
   EXPECT_EQ(Pages(10), Lines{"M1-M10"});
   EXPECT_NE(ErrorOf([&] { Pages(11); }), "");
 }
 
-TEST_F(Type2Pages, logo_and_bottom_margin_take_their_room) {
+TEST_F(Type2Pages, Logo_and_bottom_margin_take_their_room) {
   Plates().Value3 = 30;
   SetLogo(60, 28);  // 122 mm hold 24 rows
   EXPECT_EQ(Pages(23), Lines{"M1-M23"});
@@ -205,7 +205,7 @@ TEST_F(Type2Pages, logo_and_bottom_margin_take_their_room) {
   EXPECT_NE(ErrorOf([&] { Pages(21); }), "");
 }
 
-TEST_F(Type2Pages, the_pages_are_filled_one_by_one_and_the_last_may_be_filled_in_part) {
+TEST_F(Type2Pages, The_pages_are_filled_one_by_one_and_the_last_may_be_filled_in_part) {
   // The picture 100 mm wide at 47 mm: the table at 102 mm, 65 mm hold 13 rows, 12 of them lines.
   ShowPicture(Plates(), 100, 47);
   struct Case {
@@ -228,7 +228,7 @@ TEST_F(Type2Pages, the_pages_are_filled_one_by_one_and_the_last_may_be_filled_in
   }
 }
 
-TEST_F(Type2Pages, frame_picture_and_headings_stand_on_every_page_at_the_same_place) {
+TEST_F(Type2Pages, Frame_picture_and_headings_stand_on_every_page_at_the_same_place) {
   ShowPicture(Plates(), 100, 47);
   Pages(30);
   EXPECT_EQ(That("Text \"Plates\""), Lines(3, "Text \"Plates\""));
@@ -242,7 +242,7 @@ TEST_F(Type2Pages, frame_picture_and_headings_stand_on_every_page_at_the_same_pl
                    "TableCell 1 0 0 13", "TableCell 1 0 0 6", "TableCell 1 0 0 7"}));
 }
 
-TEST_F(Type2Pages, without_a_line_there_is_frame_and_picture_alone) {
+TEST_F(Type2Pages, Without_a_line_there_is_frame_and_picture_alone) {
   ShowPicture(Plates(), 100, 47);
   EXPECT_EQ(Pages(0), Lines{});
   EXPECT_EQ(CountOf("StartTable"), 1U);  // the frame's
@@ -267,7 +267,7 @@ TEST_F(Type2Pages, None_on_more_than_one_page_fails_with_the_file_error_behind_t
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Type2Pages, room_for_the_headings_alone_is_a_division_by_zero) {
+TEST_F(Type2Pages, Room_for_the_headings_alone_is_a_division_by_zero) {
   const std::string division = DescriptionOf(Failure::DivisionByZero);
   Plates().Value3 = 155;  // 7 mm hold 1 row
   for (const int rows : {0, 1, 40}) EXPECT_EQ(ErrorOf([&] { Pages(rows); }), division) << rows;
@@ -276,7 +276,7 @@ TEST_F(Type2Pages, room_for_the_headings_alone_is_a_division_by_zero) {
   EXPECT_EQ(ErrorOf([&] { Pages(1); }), division);
 }
 
-TEST_F(Type2Pages, room_for_less_gives_no_table) {
+TEST_F(Type2Pages, Room_for_less_gives_no_table) {
   for (const int top : {158, 160, 170, 190}) {  // 4, 2, -8 and -28 mm
     Plates().Value3 = Int16(top);
     for (const int rows : {1, 3, 100}) EXPECT_EQ(Pages(rows), Lines{}) << top << ", " << rows;
@@ -287,7 +287,7 @@ TEST_F(Type2Pages, room_for_less_gives_no_table) {
   EXPECT_EQ(Pages(1), Lines{});
 }
 
-TEST_F(Type2Pages, a_sheet_of_many_pages_loses_no_line) {
+TEST_F(Type2Pages, A_sheet_of_many_pages_loses_no_line) {
   ShowPicture(Plates(), 100, 47);
   const Lines pages = Pages(500);
   ASSERT_EQ(pages.size(), 42U);  // 41 x 12 = 492

@@ -80,14 +80,14 @@ const Lines Opening = {
     "StartDoc",
 };
 
-TEST_F(DrawSectionTest, a_row_below_1_does_nothing_at_all) {
+TEST_F(DrawSectionTest, A_row_below_1_does_nothing_at_all) {
   for (const int row : {0, -1, -32768}) {
     EXPECT_EQ(Drawn(Int16(row), true, true), Lines{}) << row;
   }
   EXPECT_EQ(desktop.EventRuns, 0);
 }
 
-TEST_F(DrawSectionTest, a_sheet_is_its_frame_its_views_and_its_holes) {
+TEST_F(DrawSectionTest, A_sheet_is_its_frame_its_views_and_its_holes) {
   const Lines parts = SheetInParts(1);
   EXPECT_EQ(Drawn(1, true, true), Joined(Opening, parts, {"EndDoc"}));
   // The marker of each part, in this order.
@@ -103,20 +103,20 @@ TEST_F(DrawSectionTest, a_sheet_is_its_frame_its_views_and_its_holes) {
   }
 }
 
-TEST_F(DrawSectionTest, the_open_flag_starts_a_document_and_the_close_flag_ends_it) {
+TEST_F(DrawSectionTest, The_open_flag_starts_a_document_and_the_close_flag_ends_it) {
   const Lines parts = SheetInParts(1);
   EXPECT_EQ(Drawn(1, true, false), Joined(Opening, parts, {"NewPage"}));
   EXPECT_EQ(Drawn(1, false, false), Joined({}, parts, {"NewPage"}));
   EXPECT_EQ(Drawn(1, false, true), Joined({}, parts, {"EndDoc"}));
 }
 
-TEST_F(DrawSectionTest, a_sheet_lets_no_events_run) {
+TEST_F(DrawSectionTest, A_sheet_lets_no_events_run) {
   Drawn(1, true, false);
   Drawn(1, false, true);
   EXPECT_EQ(desktop.EventRuns, 0);
 }
 
-TEST_F(DrawSectionTest, a_section_that_is_no_row_has_the_same_sheet_and_leaves_no_room_behind) {
+TEST_F(DrawSectionTest, A_section_that_is_no_row_has_the_same_sheet_and_leaves_no_room_behind) {
   const Lines inTable = Drawn(1, true, true);
   const Item section = Items.At(1);
   Items.Clear();
@@ -127,7 +127,7 @@ TEST_F(DrawSectionTest, a_section_that_is_no_row_has_the_same_sheet_and_leaves_n
   EXPECT_EQ(DrawingWidth, 77);
 }
 
-TEST_F(DrawSectionTest, an_unknown_product_and_a_section_without_length_have_the_frame_alone) {
+TEST_F(DrawSectionTest, An_unknown_product_and_a_section_without_length_have_the_frame_alone) {
   const Lines frame = Frame("Z");
   DrawingWidth = 77;
   Items.At(1).Product = "Z999";
@@ -138,24 +138,24 @@ TEST_F(DrawSectionTest, an_unknown_product_and_a_section_without_length_have_the
   EXPECT_EQ(DrawingWidth, 77);
 }
 
-TEST_F(DrawSectionTest, a_row_beyond_the_table_is_out_of_range) {
+TEST_F(DrawSectionTest, A_row_beyond_the_table_is_out_of_range) {
   EXPECT_EQ(ErrorOf([&] { Drawn(2, true, true); }), "Subscript out of range");
   EXPECT_EQ(surface.Lines(), Opening);
 }
 
-TEST_F(DrawSectionTest, the_first_sheet_leaves_the_room_for_the_elevation_behind) {
+TEST_F(DrawSectionTest, The_first_sheet_leaves_the_room_for_the_elevation_behind) {
   DrawingWidth = 0;
   Drawn(1, true, true);
   EXPECT_EQ(DrawingWidth, 228);
 }
 
-TEST_F(DrawSectionTest, each_sheet_of_a_document_sets_all_that_it_needs) {
+TEST_F(DrawSectionTest, Each_sheet_of_a_document_sets_all_that_it_needs) {
   const Lines first = Drawn(1, true, false);
   const Lines second = Drawn(1, false, false);
   EXPECT_EQ(Lines(first.begin() + 10, first.end()), second);
 }
 
-TEST_F(DrawSectionTest, a_rail_without_its_picture_stops_before_its_mitres_and_holes) {
+TEST_F(DrawSectionTest, A_rail_without_its_picture_stops_before_its_mitres_and_holes) {
   ProgramFolder = PathText(NativePath(TempFile("dims.csv", "")).parent_path());
   SectionDims.Append(ProductOf("R", "CLR", {.Dim3 = 120, .Dim5 = 60, .Dim11 = 50}));
   Items.At(1).SectionType = "R";
@@ -173,7 +173,7 @@ TEST_F(DrawSectionTest, a_rail_without_its_picture_stops_before_its_mitres_and_h
   EXPECT_EQ(Drawn(1, true, true), Joined(Opening, parts, {"EndDoc"}));
 }
 
-TEST_F(DrawSectionTest, preparing_a_fresh_start_gives_the_room_before_anything_is_drawn) {
+TEST_F(DrawSectionTest, Preparing_a_fresh_start_gives_the_room_before_anything_is_drawn) {
   DrawingWidth = 0;
   EXPECT_TRUE(PrepareDrawingWidth(surface));
   EXPECT_EQ(DrawingWidth, 228);
@@ -182,14 +182,14 @@ TEST_F(DrawSectionTest, preparing_a_fresh_start_gives_the_room_before_anything_i
   EXPECT_EQ(DrawingWidth, 228);
 }
 
-TEST_F(DrawSectionTest, preparing_follows_new_margins) {
+TEST_F(DrawSectionTest, Preparing_follows_new_margins) {
   EXPECT_FALSE(PrepareDrawingWidth(surface));
   LeftMargin = 20;
   EXPECT_TRUE(PrepareDrawingWidth(surface));
   EXPECT_EQ(DrawingWidth, 218);
 }
 
-TEST_F(DrawSectionTest, preparing_takes_the_longer_side_of_a_page_that_still_stands_upright) {
+TEST_F(DrawSectionTest, Preparing_takes_the_longer_side_of_a_page_that_still_stands_upright) {
   RecordingSurface upright(metrics, 11907, 16840);
   DrawingWidth = 0;
   EXPECT_TRUE(PrepareDrawingWidth(upright));
@@ -199,7 +199,7 @@ TEST_F(DrawSectionTest, preparing_takes_the_longer_side_of_a_page_that_still_sta
   EXPECT_EQ(DrawingWidth, 228);
 }
 
-TEST_F(DrawSectionTest, holes_made_after_preparing_have_their_gaps_on_the_very_first_sheet) {
+TEST_F(DrawSectionTest, Holes_made_after_preparing_have_their_gaps_on_the_very_first_sheet) {
   const Lines drawnLater = Drawn(1, true, true);
   for (Hole& hole : Items.At(1).Holes) hole.RelX = hole.DrawGap = 0;
   Items.At(1).Holes.At(0) = {};

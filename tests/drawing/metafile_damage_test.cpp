@@ -38,7 +38,7 @@ std::string ErrorOfReading(const MetafileWriter& file) {
   return ErrorOfReading(file.Placeable());
 }
 
-TEST(DamagedMetafile, a_file_cut_anywhere_is_refused) {
+TEST(DamagedMetafile, A_file_cut_anywhere_is_refused) {
   MetafileWriter file;
   file.Record(SetWindowExtents, {500, 1000}).Record(Polygon, {3, 0, 0, 10, 0, 10, 20});
   file.Font(0, -100, 0, 400, false, "Arial").Text("abc", 1, 2).Record(SaveState, {});
@@ -52,7 +52,7 @@ TEST(DamagedMetafile, a_file_cut_anywhere_is_refused) {
   }
 }
 
-TEST(DamagedMetafile, what_is_no_metafile_is_refused) {
+TEST(DamagedMetafile, What_is_no_metafile_is_refused) {
   const std::string plain = MetafileWriter().Record(SetWindowExtents, {1, 1}).Plain();
   EXPECT_EQ(ErrorOfReading(std::string(100, 'x')), Bad);
   EXPECT_EQ(ErrorOfReading(std::string(100, '\0')), Bad);
@@ -67,19 +67,19 @@ TEST(DamagedMetafile, what_is_no_metafile_is_refused) {
   EXPECT_EQ(ErrorOfReading(MetafileWriter().Record(SetWindowExtents, {0, 5}).Plain()), Bad);
 }
 
-TEST(DamagedMetafile, a_picture_without_a_size_is_refused) {
+TEST(DamagedMetafile, A_picture_without_a_size_is_refused) {
   EXPECT_EQ(ErrorOfReading(MetafileWriter().Placeable(5, 0, 5, 10, 254)), Bad);
   EXPECT_EQ(ErrorOfReading(MetafileWriter().Placeable(0, 9, 5, 9, 254)), Bad);
   EXPECT_EQ(ErrorOfReading(MetafileWriter().Placeable(0, 0, 5, 10, 0)), Bad);
 }
 
-TEST(DamagedMetafile, the_sum_in_the_header_may_be_wrong) {
+TEST(DamagedMetafile, The_sum_in_the_header_may_be_wrong) {
   std::string bytes = MetafileWriter().Placeable();
   bytes[20] = static_cast<char>(bytes[20] ^ 0x55);
   EXPECT_DOUBLE_EQ(ReadMetafile(bytes).Width, 100);
 }
 
-TEST(DamagedMetafile, a_record_that_is_shorter_than_its_contents_is_refused) {
+TEST(DamagedMetafile, A_record_that_is_shorter_than_its_contents_is_refused) {
   const auto one = [](int function, const std::vector<int>& words, const std::string& text = {}) {
     return ErrorOfReading(
         MetafileWriter().Record(static_cast<std::uint16_t>(function), words, text));
@@ -100,7 +100,7 @@ TEST(DamagedMetafile, a_record_that_is_shorter_than_its_contents_is_refused) {
   EXPECT_EQ(one(ExtendedText, {0, 0, 1, 2, 0}, "a"), Bad);  // no whole rectangle
 }
 
-TEST(DamagedMetafile, a_record_without_room_for_its_own_head_is_refused) {
+TEST(DamagedMetafile, A_record_without_room_for_its_own_head_is_refused) {
   for (const char size : {'\0', '\1', '\2'}) {
     std::string bytes = MetafileWriter().Placeable();
     bytes[bytes.size() - 6] = size;
@@ -108,14 +108,14 @@ TEST(DamagedMetafile, a_record_without_room_for_its_own_head_is_refused) {
   }
 }
 
-TEST(DamagedMetafile, a_record_that_claims_more_than_the_file_has_is_cut) {
+TEST(DamagedMetafile, A_record_that_claims_more_than_the_file_has_is_cut) {
   std::string bytes = MetafileWriter().Record(LineTo, {1, 1}).Placeable();
   // The high word of the size.
   bytes[22 + 18 + 3] = '\x7F';
   EXPECT_EQ(ErrorOfReading(bytes), Cut);
 }
 
-TEST(DamagedMetafile, states_are_saved_some_hundreds_deep) {
+TEST(DamagedMetafile, States_are_saved_some_hundreds_deep) {
   const auto saved = [](int times) {
     MetafileWriter file;
     for (int i = 0; i < times; ++i) file.Record(SaveState, {});
@@ -125,7 +125,7 @@ TEST(DamagedMetafile, states_are_saved_some_hundreds_deep) {
   EXPECT_EQ(ErrorOfReading(saved(257)), Bad);
 }
 
-TEST(DamagedMetafile, coordinates_at_their_limits_stay_finite) {
+TEST(DamagedMetafile, Coordinates_at_their_limits_stay_finite) {
   MetafileWriter file;
   file.Record(CreateBrush, {2, 0, 0, 3}).Record(0x0410, {1, 1, 1, 1});
   file.Record(SetWindowExtents, {1, -1}).Record(IntersectClip, {32767, 32767, -32768, -32768});
@@ -148,7 +148,7 @@ void ExpectTooLarge(const MetafileWriter& file) {
   EXPECT_LT(std::clock() - start, 10 * CLOCKS_PER_SEC);
 }
 
-TEST(DamagedMetafile, hatches_without_end_are_too_much) {
+TEST(DamagedMetafile, Hatches_without_end_are_too_much) {
   // One hatched area of 30,000 corners that run up and down.
   MetafileWriter comb;
   comb.Record(CreateBrush, {2, 0, 0, 5}).Record(SelectObject, {0});
@@ -167,7 +167,7 @@ TEST(DamagedMetafile, hatches_without_end_are_too_much) {
   ExpectTooLarge(many);
 }
 
-TEST(DamagedMetafile, records_without_end_are_too_much) {
+TEST(DamagedMetafile, Records_without_end_are_too_much) {
   MetafileWriter file;
   for (int i = 0; i < 2'000'001; ++i) file.Record(0x0104, {});
   ExpectTooLarge(file);

@@ -59,7 +59,7 @@ MetafileWriter LinesAlone() {
   return file;
 }
 
-TEST(Metafile, a_placeable_one_is_as_large_as_its_box) {
+TEST(Metafile, A_placeable_one_is_as_large_as_its_box) {
   // 1440 units to the inch: 2880 x 720 units are 2 x 0.5 inches.
   const Picture picture = ReadMetafile(MetafileWriter().Placeable(100, 200, 2980, 920, 1440));
   EXPECT_DOUBLE_EQ(picture.Width, 50.8);
@@ -67,7 +67,7 @@ TEST(Metafile, a_placeable_one_is_as_large_as_its_box) {
   EXPECT_TRUE(picture.Shapes.empty());
 }
 
-TEST(Metafile, a_plain_one_is_as_large_as_its_window_in_twips) {
+TEST(Metafile, A_plain_one_is_as_large_as_its_window_in_twips) {
   MetafileWriter file;
   file.Record(SetWindowExtents, {0, 1440}).Record(SetWindowExtents, {720, 2880});
   file.Record(MoveTo, {720, 1440}).Record(LineTo, {0, 2880});
@@ -78,7 +78,7 @@ TEST(Metafile, a_plain_one_is_as_large_as_its_window_in_twips) {
   EXPECT_EQ(Described(picture.Shapes[0]), "line 25.4 12.7 50.8 0 pen 0");
 }
 
-TEST(Metafile, the_box_is_the_window_until_the_file_sets_one) {
+TEST(Metafile, The_box_is_the_window_until_the_file_sets_one) {
   MetafileWriter file;
   file.Record(MoveTo, {200, 100}).Record(LineTo, {220, 200});
   file.Record(SetWindowOrigin, {0, 0}).Record(SetWindowExtents, {40, 200});
@@ -90,7 +90,7 @@ TEST(Metafile, the_box_is_the_window_until_the_file_sets_one) {
   EXPECT_EQ(Described(picture.Shapes.at(1)), "line 20 22 10 4 pen 0");
 }
 
-TEST(Metafile, windows_may_be_shifted_scaled_and_upside_down) {
+TEST(Metafile, Windows_may_be_shifted_scaled_and_upside_down) {
   MetafileWriter file = LinesAlone();
   const auto corner = [&] { file.Record(MoveTo, {0, 0}).Record(LineTo, {100, 200}); };
   file.Record(SetWindowOrigin, {500, 0}).Record(SetWindowExtents, {-500, 1000});
@@ -104,7 +104,7 @@ TEST(Metafile, windows_may_be_shifted_scaled_and_upside_down) {
             (Lines{"line 0 50 20 40 pen 0", "line -10 50 10 40 pen 0", "line 0 0 40 40 pen 0"}));
 }
 
-TEST(Metafile, a_window_without_extent_is_not_set) {
+TEST(Metafile, A_window_without_extent_is_not_set) {
   MetafileWriter file = LinesAlone();
   file.Record(SetWindowExtents, {0, 1000}).Record(SetWindowExtents, {500, 0});
   file.Record(ScaleWindowExtents, {1, 0, 1, 1}).Record(ScaleWindowExtents, {0, 1, 1, 1});
@@ -112,7 +112,7 @@ TEST(Metafile, a_window_without_extent_is_not_set) {
   EXPECT_EQ(ShapesOf(file), Lines{"line 0 0 20 10 pen 0"});
 }
 
-TEST(Metafile, pens_have_width_and_colour_or_none) {
+TEST(Metafile, Pens_have_width_and_colour_or_none) {
   MetafileWriter file;
   const auto draw = [&](int slot) {
     file.Record(SelectObject, {slot}).Record(MoveTo, {0, 0}).Record(LineTo, {0, 10});
@@ -126,13 +126,13 @@ TEST(Metafile, pens_have_width_and_colour_or_none) {
                                    "line 0 0 1 0 pen 2"}));
 }
 
-TEST(Metafile, what_is_set_at_the_start) {
+TEST(Metafile, What_is_set_at_the_start) {
   MetafileWriter file;
   file.Record(Rectangle, {100, 200, 50, 20});
   EXPECT_EQ(ShapesOf(file), Lines{"rectangle 2 5 18 5 pen 0 fill 255,255,255"});
 }
 
-TEST(Metafile, brushes_are_solid_or_nothing) {
+TEST(Metafile, Brushes_are_solid_or_nothing) {
   MetafileWriter file;
   file.Record(CreateBrush, {0, 0x2010, 0x30, 0}).Record(CreateBrush, {1, 0, 0, 0});
   file.Record(CreatePatternBrush, {5, 0, 0, 0}).Record(CreateBrush, {3, 0, 0, 0});
@@ -144,7 +144,7 @@ TEST(Metafile, brushes_are_solid_or_nothing) {
   EXPECT_EQ(ShapesOf(file), (Lines{filled, open, filled, open, filled, open}));
 }
 
-TEST(Metafile, hatched_brushes_draw_lines_a_millimetre_apart_under_the_outline) {
+TEST(Metafile, Hatched_brushes_draw_lines_a_millimetre_apart_under_the_outline) {
   // From 0.5 to 3.5 mm across, 0.5 to 2.5 mm down; the lines lie at whole millimetres.
   const auto hatched = [](int kind, bool opaque) {
     MetafileWriter file;
@@ -170,7 +170,7 @@ TEST(Metafile, hatched_brushes_draw_lines_a_millimetre_apart_under_the_outline) 
   EXPECT_EQ(hatched(6, false), Lines{outline});
 }
 
-TEST(Metafile, polygons_chains_and_areas_of_several_rings) {
+TEST(Metafile, Polygons_chains_and_areas_of_several_rings) {
   MetafileWriter file = LinesAlone();
   file.Record(Polyline, {3, 0, 0, 10, 0, 10, 20});
   file.Record(Polygon, {3, 0, 0, 10, 0, 10, 20});
@@ -183,7 +183,7 @@ TEST(Metafile, polygons_chains_and_areas_of_several_rings) {
   EXPECT_EQ(ShapesOf(points), Lines{});
 }
 
-TEST(Metafile, areas_fill_by_odd_crossings_or_by_winding) {
+TEST(Metafile, Areas_fill_by_odd_crossings_or_by_winding) {
   MetafileWriter file;
   file.Record(Polygon, {3, 0, 0, 10, 0, 10, 20}).Record(SetFillMode, {2});
   file.Record(Polygon, {3, 0, 0, 10, 0, 10, 20}).Record(SetFillMode, {1});
@@ -195,7 +195,7 @@ TEST(Metafile, areas_fill_by_odd_crossings_or_by_winding) {
   EXPECT_FALSE(std::get<PolygonShape>(picture.Shapes[2]).Winding);
 }
 
-TEST(Metafile, ellipses_and_round_rectangles) {
+TEST(Metafile, Ellipses_and_round_rectangles) {
   MetafileWriter file = LinesAlone();
   file.Record(Ellipse, {30, 50, 10, 20});
   file.Record(RoundRectangle, {0, 20, 30, 50, 10, 20});  // corners without a height
@@ -218,7 +218,7 @@ TEST(Metafile, ellipses_and_round_rectangles) {
   EXPECT_FALSE(touches(0, 0) || touches(10, 10));
 }
 
-TEST(Metafile, arcs_run_counter_clockwise_from_their_start_to_their_end) {
+TEST(Metafile, Arcs_run_counter_clockwise_from_their_start_to_their_end) {
   MetafileWriter file = LinesAlone();
   // An ellipse 4 x 2 mm at 1, 1, so its centre is 3, 2. End, start, box; Y before X.
   const int right = 100;
@@ -237,7 +237,7 @@ TEST(Metafile, arcs_run_counter_clockwise_from_their_start_to_their_end) {
              "arc 1 1 4 2 from 45 span 135 pen 0"}));
 }
 
-TEST(Metafile, an_arc_bears_no_filling_but_a_chord_does) {
+TEST(Metafile, An_arc_bears_no_filling_but_a_chord_does) {
   MetafileWriter file;
   file.Record(CreateBrush, {2, 0, 0, 0}).Record(CreateBrush, {0, 0xFF, 0, 0});
   file.Record(SelectObject, {1}).Record(Arc, {0, 30, 20, 99, 30, 50, 10, 10});
@@ -248,7 +248,7 @@ TEST(Metafile, an_arc_bears_no_filling_but_a_chord_does) {
                                    "arc 1 1 4 2 from 0 span 90 pen 0"}));
 }
 
-TEST(Metafile, saved_states_come_back_by_their_number_or_from_the_last) {
+TEST(Metafile, Saved_states_come_back_by_their_number_or_from_the_last) {
   const auto wide = [](MetafileWriter& file, int slot) {
     file.Record(SelectObject, {slot}).Record(SaveState, {});
   };
@@ -271,7 +271,7 @@ TEST(Metafile, saved_states_come_back_by_their_number_or_from_the_last) {
   }
 }
 
-TEST(Metafile, objects_keep_their_slots_and_a_new_one_takes_the_lowest_that_is_free) {
+TEST(Metafile, Objects_keep_their_slots_and_a_new_one_takes_the_lowest_that_is_free) {
   MetafileWriter file;
   file.Record(CreatePalette, {0x0300, 0}).Record(CreateRegion, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
   file.Record(CreatePen, {0, 10, 0, 0, 0}).Record(CreatePen, {0, 20, 0, 0, 0});  // 2 and 3
@@ -291,7 +291,7 @@ TEST(Metafile, objects_keep_their_slots_and_a_new_one_takes_the_lowest_that_is_f
                    "line 0 0 1 0 pen 2", "line 0 0 1 0 pen 5"}));
 }
 
-TEST(Metafile, the_clip_rectangle_cuts_lines_and_chains) {
+TEST(Metafile, The_clip_rectangle_cuts_lines_and_chains) {
   MetafileWriter file = LinesAlone();
   file.Record(SaveState, {}).Record(IntersectClip, {30, 40, 10, 10});  // 1 to 4 across, 1 to 3 down
   file.Record(MoveTo, {20, 0}).Record(LineTo, {20, 60});               // through it
@@ -308,7 +308,7 @@ TEST(Metafile, the_clip_rectangle_cuts_lines_and_chains) {
                    "chain 3,3 3,2 pen 0", "line 2 2.5 4 2.5 pen 0", "line 0 2 6 2 pen 0"}));
 }
 
-TEST(Metafile, the_clip_rectangle_cuts_areas_and_strokes_only_their_own_outline) {
+TEST(Metafile, The_clip_rectangle_cuts_areas_and_strokes_only_their_own_outline) {
   MetafileWriter file;
   file.Record(CreateBrush, {0, 0xFF, 0, 0}).Record(SelectObject, {0});
   file.Record(IntersectClip, {30, 40, 10, 10});
@@ -320,7 +320,7 @@ TEST(Metafile, the_clip_rectangle_cuts_areas_and_strokes_only_their_own_outline)
                    "polygon 4,1 4,2 2,2 2,1 no pen fill 255,0,0", "chain 4,2 2,2 2,1 pen 0"}));
 }
 
-TEST(Metafile, the_clip_rectangle_cuts_ellipses_and_arcs) {
+TEST(Metafile, The_clip_rectangle_cuts_ellipses_and_arcs) {
   MetafileWriter file;
   file.Record(IntersectClip, {100, 50, 0, 0});         // 5 mm across, 10 mm down
   file.Record(Ellipse, {100, 100, 0, 0});              // its left half
@@ -348,7 +348,7 @@ TEST(Metafile, the_clip_rectangle_cuts_ellipses_and_arcs) {
   }
 }
 
-TEST(Metafile, records_that_draw_nothing_here_are_passed_over) {
+TEST(Metafile, Records_that_draw_nothing_here_are_passed_over) {
   MetafileWriter file = LinesAlone();
   file.Record(StretchBitmap, {0x20, 0xCC, 0, 1, 1, 0, 0, 1, 1, 0, 0}, std::string(44, 'x'));
   file.Record(0x0626, {15, 4}, "abcd").Record(0x041F, {0, 0, 5, 5}).Record(0x7777, {});

@@ -34,7 +34,7 @@ Lines LinesOf(const MetafileWriter& file) {
   return lines;
 }
 
-TEST(MetafileText, stands_where_it_is_put_in_the_font_that_is_chosen) {
+TEST(MetafileText, Stands_where_it_is_put_in_the_font_that_is_chosen) {
   MetafileWriter file;
   file.Text("Plain", 10, 20);
   file.Font(0, -100, 0, 400, false, "Arial").Text("odd", 10, 20);
@@ -48,7 +48,7 @@ TEST(MetafileText, stands_where_it_is_put_in_the_font_that_is_chosen) {
   EXPECT_TRUE(texts[2].Type.Italic);
 }
 
-TEST(MetafileText, a_height_above_0_counts_from_ascent_to_descent) {
+TEST(MetafileText, A_height_above_0_counts_from_ascent_to_descent) {
   MetafileWriter file;
   // 0.905 + 0.212 = 1.117 times the size.
   file.Font(0, 1117, 0, 400, false, "Arial").Text("x", 0, 0);
@@ -56,7 +56,7 @@ TEST(MetafileText, a_height_above_0_counts_from_ascent_to_descent) {
   EXPECT_NEAR(std::get<TextShape>(picture.Shapes.at(0)).Type.Size, 1000 * 0.1 * 72 / 25.4, 1e-9);
 }
 
-TEST(MetafileText, its_point_lies_on_its_top_its_baseline_or_below_and_at_either_end) {
+TEST(MetafileText, Its_point_lies_on_its_top_its_baseline_or_below_and_at_either_end) {
   struct Case {
     int Flags = 0;
     TextSide Side = TextSide::Left;
@@ -75,19 +75,19 @@ TEST(MetafileText, its_point_lies_on_its_top_its_baseline_or_below_and_at_either
   }
 }
 
-TEST(MetafileText, may_stand_at_the_position) {
+TEST(MetafileText, May_stand_at_the_position) {
   MetafileWriter file;
   file.Record(MoveTo, {70, 80}).Record(SetTextAlign, {1}).Text("x", 10, 20);
   EXPECT_EQ(LinesOf(file), Lines{"text \"x\" 8 7 10"});
 }
 
-TEST(MetafileText, is_read_as_windows_1252_even_where_it_looks_like_another_code) {
+TEST(MetafileText, Is_read_as_windows_1252_even_where_it_looks_like_another_code) {
   MetafileWriter file;
   file.Text("45\xB0 \x80 \xC3\xA9\x01.", 0, 0);
   EXPECT_EQ(TextsOf(file).at(0).Text, "45\u00B0 \u20AC \u00C3\u00A9 .");
 }
 
-TEST(MetafileText, has_a_ground_unless_that_is_switched_off) {
+TEST(MetafileText, Has_a_ground_unless_that_is_switched_off) {
   MetafileWriter file;
   file.Text("a", 0, 0).Record(SetBackgroundColor, {0xFF, 0}).Text("b", 0, 0);
   file.Record(SetBackgroundMode, {1}).Text("c", 0, 0);
@@ -97,7 +97,7 @@ TEST(MetafileText, has_a_ground_unless_that_is_switched_off) {
   EXPECT_FALSE(texts.at(2).Behind.Visible);
 }
 
-TEST(MetafileText, an_extended_one_may_fill_its_rectangle_and_be_cut_at_it) {
+TEST(MetafileText, An_extended_one_may_fill_its_rectangle_and_be_cut_at_it) {
   MetafileWriter file;
   file.Record(SetBackgroundColor, {0xFF, 0});
   file.Record(ExtendedText, {20, 10, 3, 0}, "abc");
@@ -109,7 +109,7 @@ TEST(MetafileText, an_extended_one_may_fill_its_rectangle_and_be_cut_at_it) {
                                   "rectangle 0 1 5 2 no pen fill 255,0,0"}));
 }
 
-TEST(MetafileText, is_cut_at_the_clip_rectangle) {
+TEST(MetafileText, Is_cut_at_the_clip_rectangle) {
   MetafileWriter file;
   file.Record(IntersectClip, {30, 40, 10, 10}).Text("a", 0, 0);
   file.Record(ExtendedText, {0, 0, 1, 4, 20, 0, 90, 90}, "b");
@@ -118,7 +118,7 @@ TEST(MetafileText, is_cut_at_the_clip_rectangle) {
             (Lines{"text \"a\" 0 0 10 clip 1 1 3 2", "text \"b\" 0 0 10 clip 2 1 2 2"}));
 }
 
-TEST(MetafileText, larger_than_the_picture_it_is_left_out) {
+TEST(MetafileText, Larger_than_the_picture_it_is_left_out) {
   MetafileWriter file;
   file.Font(0, -2000, 0, 400, false, "Arial").Text("a", 0, 0);
   file.Font(1, -2001, 0, 400, false, "Arial").Text("b", 0, 0);

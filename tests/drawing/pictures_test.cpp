@@ -27,7 +27,7 @@ class Pictures : public SystemTest {
   }
 };
 
-TEST_F(Pictures, the_logo_is_there_without_any_file) {
+TEST_F(Pictures, The_logo_is_there_without_any_file) {
   ProgramFolder = TempPath("nowhere");
   ASSERT_NE(frmDrawings().imgLogo, nullptr);
   const Picture& logo = *frmDrawings().imgLogo;
@@ -52,7 +52,7 @@ TEST_F(Pictures, LoadDrawing_finds_the_file_without_regard_to_case) {
   }
 }
 
-TEST_F(Pictures, a_missing_file_is_named_and_the_picture_stays) {
+TEST_F(Pictures, A_missing_file_is_named_and_the_picture_stays) {
   Lay("acc01.wmf", MetafileWriter().Placeable());
   const auto before = LoadDrawing("\\Drawings\\acc01.wmf");
   EXPECT_EQ(ErrorOf([] { LoadDrawing("\\Drawings\\None.wmf"); }),
@@ -62,7 +62,7 @@ TEST_F(Pictures, a_missing_file_is_named_and_the_picture_stays) {
   EXPECT_EQ(frmDrawings().imgAcc, before);
 }
 
-TEST_F(Pictures, a_file_that_is_no_picture_is_named_with_what_is_wrong) {
+TEST_F(Pictures, A_file_that_is_no_picture_is_named_with_what_is_wrong) {
   Lay("bad.wmf", std::string(100, 'x'));
   EXPECT_EQ(ErrorOf([] { LoadDrawing("\\Drawings\\bad.wmf"); }),
             "Invalid picture: " + ProgramFolder + "/Drawings/bad.wmf");
@@ -75,7 +75,7 @@ TEST_F(Pictures, a_file_that_is_no_picture_is_named_with_what_is_wrong) {
   EXPECT_NE(error.find(": " + ProgramFolder + "/Drawings/folder.wmf"), std::string::npos) << error;
 }
 
-TEST_F(Pictures, a_name_that_leaves_the_programs_folder_is_refused) {
+TEST_F(Pictures, A_name_that_leaves_the_programs_folder_is_refused) {
   Lay("acc01.wmf", MetafileWriter().Placeable());
   TempFile("outside.wmf", MetafileWriter().Placeable());
   const std::string folder = ProgramFolder;
@@ -93,7 +93,7 @@ TEST_F(Pictures, a_name_that_leaves_the_programs_folder_is_refused) {
 
 // What ships.
 
-TEST_F(Pictures, the_rails_detail_is_wide_enough_to_stay_above_the_strip) {
+TEST_F(Pictures, The_rails_detail_is_wide_enough_to_stay_above_the_strip) {
   const auto picture = LoadDrawing("\\drawings\\drg015.wmf");
   EXPECT_DOUBLE_EQ(picture->Width, 75);
   EXPECT_GE(picture->Width / picture->Height, 1.8);
@@ -103,7 +103,7 @@ TEST_F(Pictures, the_rails_detail_is_wide_enough_to_stay_above_the_strip) {
   }
 }
 
-TEST_F(Pictures, each_accessory_of_the_catalogue_has_its_picture_in_its_own_scale) {
+TEST_F(Pictures, Each_accessory_of_the_catalogue_has_its_picture_in_its_own_scale) {
   LoadShippedCatalogues();
   int count = 0;
   for (const AccDef& accessory : AccDefs) {
@@ -117,7 +117,7 @@ TEST_F(Pictures, each_accessory_of_the_catalogue_has_its_picture_in_its_own_scal
   EXPECT_EQ(count, 19);
 }
 
-TEST_F(Pictures, what_ships_is_drawn_within_its_size) {
+TEST_F(Pictures, What_ships_is_drawn_within_its_size) {
   int count = 0;
   for (const auto& entry :
        fs::directory_iterator(NativePath(ORVANE_SOURCE_DIR "/catalogue/Drawings"))) {

@@ -43,7 +43,7 @@ TEST_F(Primitives, MmText_rounds_nothing_and_shows_no_noise) {
   EXPECT_EQ(MmText(-0.0), "0mm");
 }
 
-TEST_F(Primitives, texts_of_lengths_bear_a_point_in_a_land_of_commas) {
+TEST_F(Primitives, Texts_of_lengths_bear_a_point_in_a_land_of_commas) {
   WithDecimalComma(TempPath("locale"), [] {
     EXPECT_EQ(MmText(100.25), "100.25mm");
     EXPECT_EQ(TwipsText(0.5), "28");
@@ -60,22 +60,22 @@ TEST_F(Primitives, TwipsText_rounds_towards_minus_infinity) {
   EXPECT_EQ(TwipsText(0), "0");
 }
 
-TEST_F(Primitives, whole_twips_are_the_same_as_a_bare_length) {
+TEST_F(Primitives, Whole_twips_are_the_same_as_a_bare_length) {
   EXPECT_EQ(WholeTwips(1).Text(), "56");
   EXPECT_EQ(WholeTwips(-0.01).Text(), "-1");
 }
 
-TEST_F(Primitives, degrees_become_radians_by_the_systems_own_pi) {
+TEST_F(Primitives, Degrees_become_radians_by_the_systems_own_pi) {
   EXPECT_EQ(DegToRad(180), 3.14159265358979);
   EXPECT_EQ(DegToRad(0), 0);
   EXPECT_DOUBLE_EQ(DegToRad(-90), -1.570796326794895);
 }
 
-TEST_F(Primitives, a_top_hats_sides_lean_10_degrees) {
+TEST_F(Primitives, A_top_hats_sides_lean_10_degrees) {
   EXPECT_NEAR(TopHatLean(), 0.176326980708465, 1e-14);
 }
 
-TEST_F(Primitives, an_arrow_head_is_a_black_triangle_and_leaves_the_brush_transparent_and_white) {
+TEST_F(Primitives, An_arrow_head_is_a_black_triangle_and_leaves_the_brush_transparent_and_white) {
   // Base at 98.9 mm (5607.63), 99.65 mm (5650.155) and 100.35 mm (5689.845).
   DrawArrowHead(surface, 0, 100, 100);
   EXPECT_EQ(surface.Lines(), (Lines{
@@ -87,7 +87,7 @@ TEST_F(Primitives, an_arrow_head_is_a_black_triangle_and_leaves_the_brush_transp
                              }));
 }
 
-TEST_F(Primitives, arrow_heads_point_right_left_up_and_down) {
+TEST_F(Primitives, Arrow_heads_point_right_left_up_and_down) {
   // 98.9 mm: 5607, 101.1 mm: 5732, 99.65 mm: 5650, 100.35 mm: 5689.
   EXPECT_EQ(HeadAt100(0), "Polygon \"5670 5670 5607 5650 5607 5689 5670 5670\"");
   EXPECT_EQ(HeadAt100(Pi), "Polygon \"5670 5670 5732 5689 5732 5650 5670 5670\"");
@@ -95,13 +95,13 @@ TEST_F(Primitives, arrow_heads_point_right_left_up_and_down) {
   EXPECT_EQ(HeadAt100(ThreeHalfPi), "Polygon \"5670 5670 5689 5607 5650 5607 5670 5670\"");
 }
 
-TEST_F(Primitives, an_arrow_head_takes_any_angle) {
+TEST_F(Primitives, An_arrow_head_takes_any_angle) {
   // cos = sin = 0.70711: the base lies 0.77782 mm left and below, the corners 0.24749 mm off:
   // x 98.97469 and 99.46967, y 100.53033 and 101.02531.
   EXPECT_EQ(HeadAt100(Pi / 4), "Polygon \"5670 5670 5611 5700 5639 5728 5670 5670\"");
 }
 
-TEST_F(Primitives, centred_text_stands_in_a_white_box_on_whole_twips) {
+TEST_F(Primitives, Centred_text_stands_in_a_white_box_on_whole_twips) {
   // (100.01, 50.01) mm are 5670 and 2835 whole twips; the text is 140 by 161, half of it 70 and 80.
   DrawCentredText(surface, "65", 100.01, 50.01);
   EXPECT_EQ(surface.Lines(), (Lines{
@@ -116,14 +116,14 @@ TEST_F(Primitives, centred_text_stands_in_a_white_box_on_whole_twips) {
                              }));
 }
 
-TEST_F(Primitives, centred_text_of_an_odd_width_falls_on_whole_twips_too) {
+TEST_F(Primitives, Centred_text_of_an_odd_width_falls_on_whole_twips_too) {
   surface.FontSize(7.3);  // 73 twips a character, 167.9 high: 168
   surface.Forget();
   DrawCentredText(surface, "x", 1, 2);  // 56 and 113 twips
   EXPECT_EQ(surface.Lines().at(3), "DrawRectangle 20 29 93 197");
 }
 
-TEST_F(Primitives, a_dimension_with_one_x_is_vertical) {
+TEST_F(Primitives, A_dimension_with_one_x_is_vertical) {
   DrawDimension(surface, 100, 100, 100, 110, "37.5");
   EXPECT_EQ(surface.Lines(), (Lines{
                                  "PenWidth 0.1mm",
@@ -152,7 +152,7 @@ TEST_F(Primitives, a_dimension_with_one_x_is_vertical) {
                              }));
 }
 
-TEST_F(Primitives, any_other_dimension_is_horizontal) {
+TEST_F(Primitives, Any_other_dimension_is_horizontal) {
   DrawDimension(surface, 100, 100, 110, 100, "w");
   EXPECT_EQ(surface.Lines(), (Lines{
                                  "PenWidth 0.1mm",
@@ -179,12 +179,12 @@ TEST_F(Primitives, any_other_dimension_is_horizontal) {
                              }));
 }
 
-TEST_F(Primitives, a_dimension_stands_at_the_height_of_its_first_end) {
+TEST_F(Primitives, A_dimension_stands_at_the_height_of_its_first_end) {
   DrawDimension(surface, 100, 100, 110, 120, "w");
   EXPECT_EQ(LinesOf("CurrentY"), Lines{"CurrentY 5590"});
 }
 
-TEST_F(Primitives, a_dimension_without_length_is_vertical_and_its_heads_meet) {
+TEST_F(Primitives, A_dimension_without_length_is_vertical_and_its_heads_meet) {
   DrawDimension(surface, 100, 100, 100, 100, "0");
   EXPECT_EQ(LinesOf("Polygon"), (Lines{
                                     "Polygon \"5670 5670 5650 5732 5689 5732 5670 5670\"",
@@ -192,12 +192,12 @@ TEST_F(Primitives, a_dimension_without_length_is_vertical_and_its_heads_meet) {
                                 }));
 }
 
-TEST_F(Primitives, the_smallest_difference_of_x_makes_a_dimension_horizontal) {
+TEST_F(Primitives, The_smallest_difference_of_x_makes_a_dimension_horizontal) {
   DrawDimension(surface, 100, 50, std::nextafter(100.0, 101.0), 60, "9");
   EXPECT_EQ(LinesOf("Polygon").at(0), "Polygon \"5670 2835 5732 2854 5732 2815 5670 2835\"");
 }
 
-TEST_F(Primitives, a_numeric_value_is_shown_as_its_plain_trimmed_text_and_another_as_given) {
+TEST_F(Primitives, A_numeric_value_is_shown_as_its_plain_trimmed_text_and_another_as_given) {
   struct Case {
     const char* Given;
     const char* Shown;
@@ -213,7 +213,7 @@ TEST_F(Primitives, a_numeric_value_is_shown_as_its_plain_trimmed_text_and_anothe
   EXPECT_EQ(LastText(), "Text \"0.3\"");
 }
 
-TEST_F(Primitives, a_dashed_line_has_dashes_and_gaps_of_one_length_behind_its_slack) {
+TEST_F(Primitives, A_dashed_line_has_dashes_and_gaps_of_one_length_behind_its_slack) {
   // q = 1000 / 112 = 8.92857..., so eight dashes, and half of 0.92857 steps of slack: 26 twips.
   // The first dash begins half a step behind it, at 54.
   DrawDashedLine(surface, 0, 200, 1000, 200, 56);
@@ -229,7 +229,7 @@ TEST_F(Primitives, a_dashed_line_has_dashes_and_gaps_of_one_length_behind_its_sl
   }
 }
 
-TEST_F(Primitives, a_sloping_dashed_line_spreads_its_slack_along_x_only) {
+TEST_F(Primitives, A_sloping_dashed_line_spreads_its_slack_along_x_only) {
   // From (100, 200) to (400, 600): 500 long. With dashes of 40, q = 6.25: six dashes, f = 0.25;
   // the step is (24, 32), so the start is (100 + 0.25 * 12, 200 + 0.125).
   DrawDashedLine(surface, 100, 200, 400, 600, 40);
@@ -243,19 +243,19 @@ TEST_F(Primitives, a_sloping_dashed_line_spreads_its_slack_along_x_only) {
                              }));
 }
 
-TEST_F(Primitives, a_dashed_line_may_run_backwards) {
+TEST_F(Primitives, A_dashed_line_may_run_backwards) {
   // q = 2.5: two dashes, f = 0.5; the step is (0, -20), so the start is (50, 100.25).
   DrawDashedLine(surface, 50, 100, 50, 0, 20);
   EXPECT_EQ(surface.Lines(), (Lines{"DrawLine 50 90.25 50 70.25", "DrawLine 50 50.25 50 30.25"}));
 }
 
-TEST_F(Primitives, a_dashed_line_shorter_than_twice_the_dash_draws_nothing) {
+TEST_F(Primitives, A_dashed_line_shorter_than_twice_the_dash_draws_nothing) {
   DrawDashedLine(surface, 0, 0, 111, 0, 56);
   EXPECT_TRUE(surface.Lines().empty());
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(Primitives, a_dashed_line_without_length_shows_its_error_and_the_sheet_goes_on) {
+TEST_F(Primitives, A_dashed_line_without_length_shows_its_error_and_the_sheet_goes_on) {
   DrawDashedLine(surface, 100, 200, 100, 200, 56);
   DrawDashedLine(surface, 0, 0, 1000, 0, 0);
   ASSERT_EQ(desktop.Boxes.size(), 2U);
@@ -268,7 +268,7 @@ TEST_F(Primitives, a_dashed_line_without_length_shows_its_error_and_the_sheet_go
   EXPECT_TRUE(surface.Lines().empty());
 }
 
-TEST_F(Primitives, a_dashed_line_of_more_dashes_than_a_page_can_hold_is_an_overflow) {
+TEST_F(Primitives, A_dashed_line_of_more_dashes_than_a_page_can_hold_is_an_overflow) {
   // 32767 dashes at most: with a dash of 1 twip a line of 65,534 twips, and a little.
   DrawDashedLine(surface, 0, 0, 65536, 0, 1);
   DrawDashedLine(surface, 0, 0, 1e300, 0, 1);
@@ -289,14 +289,14 @@ class FailingSurface : public RecordingSurface {
   }
 };
 
-TEST_F(Primitives, an_error_of_the_surface_inside_a_dashed_line_is_shown) {
+TEST_F(Primitives, An_error_of_the_surface_inside_a_dashed_line_is_shown) {
   FailingSurface failing(metrics);
   DrawDashedLine(failing, 0, 0, 1000, 0, 56);
   ASSERT_EQ(desktop.Boxes.size(), 1U);
   EXPECT_EQ(desktop.Boxes.at(0).Text, DescriptionOf(Failure::DiskFull));
 }
 
-TEST_F(Primitives, an_error_of_the_surface_in_any_other_primitive_ends_the_operation) {
+TEST_F(Primitives, An_error_of_the_surface_in_any_other_primitive_ends_the_operation) {
   FailingSurface failing(metrics);
   EXPECT_EQ(ErrorOf([&] { DrawDimension(failing, 0, 0, 10, 0, "1"); }),
             DescriptionOf(Failure::DiskFull));

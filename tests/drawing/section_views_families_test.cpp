@@ -18,7 +18,7 @@ using Lines = std::vector<std::string>;
 
 class SectionFamiliesViews : public SectionViewsTest {};
 
-TEST_F(SectionFamiliesViews, a_Z_section) {
+TEST_F(SectionFamiliesViews, A_Z_section) {
   const SectionDim dim = ProductOf("Z", "Z20016",
                                    {.Dim3 = 200,
                                     .Dim4 = 65,
@@ -79,7 +79,7 @@ TEST_F(SectionFamiliesViews, a_Z_section) {
   ExpectSameSheet(Views(item, dim), want.Lines());
 }
 
-TEST_F(SectionFamiliesViews, a_C_section) {
+TEST_F(SectionFamiliesViews, A_C_section) {
   const SectionDim dim = ProductOf("C", "C22020",
                                    {.Dim3 = 220,
                                     .Dim4 = 65,
@@ -182,7 +182,7 @@ void AddEavesHalves(SheetLines& want) {
   want.CentredText("30", 25.5, 126).CentredText("30", 28.5, 126);
 }
 
-TEST_F(SectionFamiliesViews, an_eaves_beam_follows_the_roof) {
+TEST_F(SectionFamiliesViews, An_eaves_beam_follows_the_roof) {
   SheetLines want = TextBlock("E1", "4", "E20020");
   want.Says("FontSize 7");
   // The flange reaches 56 along and 42 up: (29.6, 95.8); its lip another 12 along and 16 down:
@@ -244,19 +244,19 @@ SheetLines FlatEavesBeam(SheetLines want) {
   return want.LengthOver(100, 55, 283, "6000");
 }
 
-TEST_F(SectionFamiliesViews, an_eaves_beam_of_pitch_0_has_no_arc_and_no_level_line) {
+TEST_F(SectionFamiliesViews, An_eaves_beam_of_pitch_0_has_no_arc_and_no_level_line) {
   const SheetLines want = FlatEavesBeam(TextBlock("E1", "4", "E20020"));
   ExpectSameSheet(Views(EavesBeam("0"), EavesDim), want.Lines());
 }
 
-TEST_F(SectionFamiliesViews, a_pitch_that_is_no_number_counts_as_0) {
+TEST_F(SectionFamiliesViews, A_pitch_that_is_no_number_counts_as_0) {
   const Lines flat = Views(EavesBeam("0"), EavesDim);
   for (const char* pitch : {"", "   ", "abc", "-"}) {
     EXPECT_EQ(Views(EavesBeam(pitch), EavesDim), flat) << pitch;
   }
 }
 
-TEST_F(SectionFamiliesViews, a_pitch_counts_up_to_its_first_letter_and_is_shown_trimmed) {
+TEST_F(SectionFamiliesViews, A_pitch_counts_up_to_its_first_letter_and_is_shown_trimmed) {
   Items.Append(EavesBeam(" 22.5 deg "));
   DrawViews(EavesDim, 6000);
   EXPECT_EQ(LinesOf("TextAngle"),
@@ -264,7 +264,7 @@ TEST_F(SectionFamiliesViews, a_pitch_counts_up_to_its_first_letter_and_is_shown_
   EXPECT_EQ(LinesOf("Text \"22.5 deg\u00BA\"").size(), 1U);
 }
 
-TEST_F(SectionFamiliesViews, the_turn_of_a_value_is_rounded_to_a_tenth_of_a_degree_ties_to_even) {
+TEST_F(SectionFamiliesViews, The_turn_of_a_value_is_rounded_to_a_tenth_of_a_degree_ties_to_even) {
   struct Case {
     const char* Pitch;
     const char* Line;
@@ -280,12 +280,12 @@ TEST_F(SectionFamiliesViews, the_turn_of_a_value_is_rounded_to_a_tenth_of_a_degr
   }
 }
 
-TEST_F(SectionFamiliesViews, a_pitch_beyond_all_angles_is_an_overflow) {
+TEST_F(SectionFamiliesViews, A_pitch_beyond_all_angles_is_an_overflow) {
   Items.Append(EavesBeam("3277"));
   EXPECT_EQ(ErrorOf([&] { DrawViews(EavesDim, 6000); }), "Overflow");
 }
 
-TEST_F(SectionFamiliesViews, a_roof_that_falls_has_no_pitch_shown) {
+TEST_F(SectionFamiliesViews, A_roof_that_falls_has_no_pitch_shown) {
   Items.Append(EavesBeam("-10"));
   DrawViews(EavesDim, 6000);
   EXPECT_TRUE(LinesOf("DrawArc").empty());
@@ -295,7 +295,7 @@ TEST_F(SectionFamiliesViews, a_roof_that_falls_has_no_pitch_shown) {
   EXPECT_EQ(frames.at(0), "DrawRectangle 55mm 101.215537243669mm 283mm 120mm");
 }
 
-TEST_F(SectionFamiliesViews, a_vertical_cladding_rail_lies_on_its_side) {
+TEST_F(SectionFamiliesViews, A_vertical_cladding_rail_lies_on_its_side) {
   const SectionDim dim = ProductOf(
       "V", "VCR",
       {.Dim3 = 100, .Dim4 = 80, .Dim7 = 20, .Dim8 = 22, .Dim9 = 25, .Dim10 = 30, .Dim11 = 25});
@@ -342,7 +342,7 @@ Item CleaderRail() {
   return item;
 }
 
-TEST_F(SectionFamiliesViews, a_cleader_rail_with_its_detail_picture) {
+TEST_F(SectionFamiliesViews, A_cleader_rail_with_its_detail_picture) {
   // A picture twice as wide as high, under the folder's other spelling.
   ProgramFolder = PathText(NativePath(TempFile("dims.csv", "")).parent_path());
   std::filesystem::create_directory(NativePath(ProgramFolder) / "Drawings");
@@ -380,7 +380,7 @@ TEST_F(SectionFamiliesViews, a_cleader_rail_with_its_detail_picture) {
                          ShortestText(detail.Height) + " 160mm 125mm 75mm 37.5mm");
 }
 
-TEST_F(SectionFamiliesViews, a_missing_detail_picture_fails_behind_the_views) {
+TEST_F(SectionFamiliesViews, A_missing_detail_picture_fails_behind_the_views) {
   ProgramFolder = PathText(NativePath(TempFile("dims.csv", "")).parent_path());
   Items.Append(CleaderRail());
   const std::string error = ErrorOf([&] { DrawViews(RailDim, 3050); });
@@ -390,7 +390,7 @@ TEST_F(SectionFamiliesViews, a_missing_detail_picture_fails_behind_the_views) {
   EXPECT_EQ(desktop.Boxes.size(), 0U);
 }
 
-TEST_F(SectionFamiliesViews, a_top_hat_with_unequal_end_lips) {
+TEST_F(SectionFamiliesViews, A_top_hat_with_unequal_end_lips) {
   const SectionDim dim = ProductOf(
       "T", "T05010", {.Dim3 = 50, .Dim4 = 100, .Dim5 = 100, .Dim7 = 30, .Dim8 = 34, .Dim9 = 15});
   const Item item = SectionOf("T1", "T", 4000, 9);

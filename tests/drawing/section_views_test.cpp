@@ -41,7 +41,7 @@ class SectionViews : public SectionViewsTest {
   }
 };
 
-TEST_F(SectionViews, without_depth_or_length_nothing_is_drawn_and_the_state_stays) {
+TEST_F(SectionViews, Without_depth_or_length_nothing_is_drawn_and_the_state_stays) {
   Items.Append(Mitred("P1", "Z"));
   DrawingWidth = 4;
   const auto draw = [&](const SectionDim& dim, double length) {
@@ -65,13 +65,13 @@ TEST_F(SectionViews, without_depth_or_length_nothing_is_drawn_and_the_state_stay
   EXPECT_EQ(DrawingWidth, 4);
 }
 
-TEST_F(SectionViews, any_depth_and_length_above_0_is_drawn) {
+TEST_F(SectionViews, Any_depth_and_length_above_0_is_drawn) {
   Items.Append(SectionOf("P1", "Z", 1));
   DrawViews(ProductOf("Z", "Z1", {.Dim3 = 0.5}), 0.5);
   EXPECT_EQ(LinesOf("DrawRectangle 55mm"), Lines{"DrawRectangle 55mm 100mm 55.05mm 100.05mm"});
 }
 
-TEST_F(SectionViews, the_text_block_tells_mark_quantity_product_and_notes) {
+TEST_F(SectionViews, The_text_block_tells_mark_quantity_product_and_notes) {
   LeftMargin = 20;
   TopMargin = 5;
   Item item = SectionOf("P 1", "Z", 6000, -3);
@@ -87,7 +87,7 @@ TEST_F(SectionViews, the_text_block_tells_mark_quantity_product_and_notes) {
       }));
 }
 
-TEST_F(SectionViews, notes_of_blanks_give_no_notes_line) {
+TEST_F(SectionViews, Notes_of_blanks_give_no_notes_line) {
   for (const char* notes : {"", "   "}) {
     Item item = SectionOf("P1", "Z", 6000);
     item.Notes = notes;
@@ -97,14 +97,14 @@ TEST_F(SectionViews, notes_of_blanks_give_no_notes_line) {
   }
 }
 
-TEST_F(SectionViews, long_notes_stay_one_line) {
+TEST_F(SectionViews, Long_notes_stay_one_line) {
   const std::string notes(300, 'n');
   Item item = SectionOf("P1", "Z", 6000);
   item.Notes = notes;
   EXPECT_EQ(TextBlockOf(item).back(), "Text \"" + notes + "\"");
 }
 
-TEST_F(SectionViews, the_edge_is_drawn_thick_and_all_else_thin) {
+TEST_F(SectionViews, The_edge_is_drawn_thick_and_all_else_thin) {
   Sheet sheet = PlainSheet();
   sheet.SectionViewLeft = 24;
   surface.FontSize(7);
@@ -121,7 +121,7 @@ struct EdgeCase {
   double At, From, To;  // of the dimension
 };
 
-TEST_F(SectionViews, an_edge_has_its_dimension_on_the_side_and_at_the_offset_asked_for) {
+TEST_F(SectionViews, An_edge_has_its_dimension_on_the_side_and_at_the_offset_asked_for) {
   Sheet sheet = PlainSheet();
   sheet.SectionViewLeft = 24;
   surface.FontSize(7);
@@ -149,7 +149,7 @@ TEST_F(SectionViews, an_edge_has_its_dimension_on_the_side_and_at_the_offset_ask
   }
 }
 
-TEST_F(SectionViews, an_edge_that_runs_up_or_left_hands_its_dimension_the_top_or_left_end_first) {
+TEST_F(SectionViews, An_edge_that_runs_up_or_left_hands_its_dimension_the_top_or_left_end_first) {
   Sheet sheet = PlainSheet();
   sheet.SectionViewLeft = 24;
   surface.FontSize(7);
@@ -168,7 +168,7 @@ TEST_F(SectionViews, an_edge_that_runs_up_or_left_hands_its_dimension_the_top_or
   ExpectSameSheet(surface.Lines(), left.Lines());
 }
 
-TEST_F(SectionViews, the_key_stands_in_the_top_right_corner) {
+TEST_F(SectionViews, The_key_stands_in_the_top_right_corner) {
   // 16840 / 56.7 - 10 - 20 = 267.001763668430..., and 10 + 20.
   const Point origin = KeyOrigin(PlainSheet());
   EXPECT_NEAR(origin.X, 267.00176366843, 1e-9);
@@ -198,7 +198,7 @@ class KeyEdges : public SectionViews {
       ProductOf("", "", {.Dim3 = 200, .Dim4 = 65, .Dim5 = 60, .Dim7 = 16, .Dim8 = 18});
 };
 
-TEST_F(KeyEdges, of_a_Z_section_are_its_five_without_dimensions) {
+TEST_F(KeyEdges, Of_a_Z_section_are_its_five_without_dimensions) {
   SheetLines want;
   want.Pen(0.4).Line(279.5, 30, 279.5, 31.6);
   want.Pen(0.4).Line(273, 30, 279.5, 30);
@@ -208,7 +208,7 @@ TEST_F(KeyEdges, of_a_Z_section_are_its_five_without_dimensions) {
   ExpectSameSheet(Key("Z"), want.Lines());
 }
 
-TEST_F(KeyEdges, of_a_channel_and_of_an_eaves_beam_show_no_pitch) {
+TEST_F(KeyEdges, Of_a_channel_and_of_an_eaves_beam_show_no_pitch) {
   SheetLines want;
   want.Pen(0.4).Line(273.5, 30, 273.5, 31.6);
   want.Pen(0.4).Line(267, 30, 273.5, 30);
@@ -219,11 +219,11 @@ TEST_F(KeyEdges, of_a_channel_and_of_an_eaves_beam_show_no_pitch) {
   ExpectSameSheet(Key("E"), want.Lines());
 }
 
-TEST_F(KeyEdges, of_other_families_are_none) {
+TEST_F(KeyEdges, Of_other_families_are_none) {
   for (const char* type : {"V", "R", "T", "Q", ""}) EXPECT_EQ(Key(type), Lines{}) << type;
 }
 
-TEST_F(SectionViews, the_length_is_dimensioned_24_mm_over_its_base) {
+TEST_F(SectionViews, The_length_is_dimensioned_24_mm_over_its_base) {
   Sheet sheet = PlainSheet();
   sheet.ElevationLeft = 55;
   sheet.LengthScale = 0.04;
@@ -236,7 +236,7 @@ TEST_F(SectionViews, the_length_is_dimensioned_24_mm_over_its_base) {
   ExpectSameSheet(surface.Lines(), want.Lines());
 }
 
-TEST_F(SectionViews, a_section_is_as_deep_as_its_web_and_a_top_hat_as_its_sides_and_lips) {
+TEST_F(SectionViews, A_section_is_as_deep_as_its_web_and_a_top_hat_as_its_sides_and_lips) {
   const SectionDim dim =
       ProductOf("", "", {.Dim3 = 50, .Dim4 = 100, .Dim5 = 70, .Dim7 = 30, .Dim8 = 34});
   for (const char* type : {"Z", "C", "E", "V", "R", "Q", ""}) {
@@ -246,7 +246,7 @@ TEST_F(SectionViews, a_section_is_as_deep_as_its_web_and_a_top_hat_as_its_sides_
   EXPECT_NEAR(DrawnDepth("T", dim), 149.265396141693, 1e-10);
 }
 
-TEST_F(SectionViews, both_views_end_at_the_depth_and_those_of_a_cladding_rail_at_its_width) {
+TEST_F(SectionViews, Both_views_end_at_the_depth_and_those_of_a_cladding_rail_at_its_width) {
   const SectionDim dim =
       ProductOf("", "", {.Dim3 = 50, .Dim4 = 100, .Dim5 = 70, .Dim7 = 30, .Dim8 = 34});
   for (const char* type : {"Z", "C", "E", "R", "Q"}) EXPECT_EQ(ViewBottom(type, dim), 105) << type;
@@ -254,7 +254,7 @@ TEST_F(SectionViews, both_views_end_at_the_depth_and_those_of_a_cladding_rail_at
   EXPECT_NEAR(ViewBottom("T", dim), 114.9265396141693, 1e-10);
 }
 
-TEST_F(SectionViews, another_letter_draws_neither_view_but_its_text_and_its_mitres) {
+TEST_F(SectionViews, Another_letter_draws_neither_view_but_its_text_and_its_mitres) {
   SheetLines want = TextBlock("X", "1", "Z20016");
   want.Says("FontSize 7");
   const Item item = Mitred("X", "Q");
@@ -262,7 +262,7 @@ TEST_F(SectionViews, another_letter_draws_neither_view_but_its_text_and_its_mitr
   EXPECT_EQ(LinesOf("Text \"Mitres\"").size(), 1U);
 }
 
-TEST_F(SectionViews, mitres_and_notches_come_last) {
+TEST_F(SectionViews, Mitres_and_notches_come_last) {
   const Item item = Mitred("P1", "Z");
   const Lines views = Views(item, ZDim);
   EXPECT_EQ(views.at(views.size() - 2), "Text \"6000\"");
@@ -270,7 +270,7 @@ TEST_F(SectionViews, mitres_and_notches_come_last) {
   EXPECT_EQ(LinesOf("Text \"Mitres\"").size(), 1U);
 }
 
-TEST_F(SectionViews, values_are_the_catalogues_numbers_as_they_stand) {
+TEST_F(SectionViews, Values_are_the_catalogues_numbers_as_they_stand) {
   SectionDim dim = ZDim;
   dim.Dim3 = 203.25;
   dim.Dim4 = 64.5;
@@ -283,7 +283,7 @@ TEST_F(SectionViews, values_are_the_catalogues_numbers_as_they_stand) {
   }
 }
 
-TEST_F(SectionViews, a_sheet_does_not_depend_on_the_one_before_it) {
+TEST_F(SectionViews, A_sheet_does_not_depend_on_the_one_before_it) {
   const Item z = SectionOf("P1", "Z", 6000);
   const Item e = EavesBeamOf("E1", 900, "15");
   const Lines first = Views(z, ZDim);
@@ -293,7 +293,7 @@ TEST_F(SectionViews, a_sheet_does_not_depend_on_the_one_before_it) {
   EXPECT_EQ(Views(e, ZDim), second);
 }
 
-TEST_F(SectionViews, without_room_a_section_is_drawn_backwards_and_nothing_fails) {
+TEST_F(SectionViews, Without_room_a_section_is_drawn_backwards_and_nothing_fails) {
   LeftMargin = 200;
   RightMargin = 200;
   Views(SectionOf("P1", "C", 1520), ZDim);
@@ -304,7 +304,7 @@ TEST_F(SectionViews, without_room_a_section_is_drawn_backwards_and_nothing_fails
 }
 
 // What holds for the pens and brushes of all sheets, whatever the family.
-TEST_F(SectionViews, outlines_are_thick_with_a_transparent_brush_and_only_white_boxes_are_white) {
+TEST_F(SectionViews, Outlines_are_thick_with_a_transparent_brush_and_only_white_boxes_are_white) {
   for (const char* type : {"Z", "C", "E", "V", "T"}) {
     Item item = SectionOf("P1", type, 6000);
     item.Pitch = "10";

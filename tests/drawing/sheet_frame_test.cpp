@@ -87,12 +87,12 @@ void FillJob() {
   CompanyDetails = "Leeds, UK";
 }
 
-TEST_F(SheetFrame, the_strip_has_footer_logo_headings_title_and_job_table) {
+TEST_F(SheetFrame, The_strip_has_footer_logo_headings_title_and_job_table) {
   FillJob();
   EXPECT_EQ(Frame("Z"), ZFrame);
 }
 
-TEST_F(SheetFrame, each_section_letter_has_its_title) {
+TEST_F(SheetFrame, Each_section_letter_has_its_title) {
   struct Case {
     const char* Kind;
     const char* Title;
@@ -105,7 +105,7 @@ TEST_F(SheetFrame, each_section_letter_has_its_title) {
   }
 }
 
-TEST_F(SheetFrame, an_accessory_sheet_shows_the_accessorys_name_in_the_place_of_a_sections_title) {
+TEST_F(SheetFrame, An_accessory_sheet_shows_the_accessorys_name_in_the_place_of_a_sections_title) {
   FillJob();
   AccDefs.Append({}).Name = "Anti-sag rod";
   AccDefs.Append({}).Name = "Sleeve";
@@ -115,14 +115,14 @@ TEST_F(SheetFrame, an_accessory_sheet_shows_the_accessorys_name_in_the_place_of_
   EXPECT_EQ(surface.Lines(), expected);
 }
 
-TEST_F(SheetFrame, another_kind_draws_the_frame_without_a_title) {
+TEST_F(SheetFrame, Another_kind_draws_the_frame_without_a_title) {
   FillJob();
   Lines expected = ZFrame;
   expected.erase(expected.begin() + 16, expected.begin() + 19);
   for (const char* kind : {"Q", "", "z", "A", "M", "a"}) EXPECT_EQ(Frame(kind), expected) << kind;
 }
 
-TEST_F(SheetFrame, without_a_company_name_the_footer_holds_only_the_contact_line) {
+TEST_F(SheetFrame, Without_a_company_name_the_footer_holds_only_the_contact_line) {
   CompanyDetails = "Leeds";
   for (const char* name : {"", "   "}) {
     CompanyName = name;
@@ -130,7 +130,7 @@ TEST_F(SheetFrame, without_a_company_name_the_footer_holds_only_the_contact_line
   }
 }
 
-TEST_F(SheetFrame, the_footer_names_the_company_as_it_stands) {
+TEST_F(SheetFrame, The_footer_names_the_company_as_it_stands) {
   CompanyName = " Acme ";
   CompanyDetails = "";
   EXPECT_EQ(Footer(), "Footer \"E-mail: sales@lintaro.example||Registered User:  Acme  \"");
@@ -139,12 +139,12 @@ TEST_F(SheetFrame, the_footer_names_the_company_as_it_stands) {
   EXPECT_EQ(Footer(), "Footer \"E-mail: sales@lintaro.example||Registered User: A|B %d\"");
 }
 
-TEST_F(SheetFrame, the_footer_is_7_points_high) {
+TEST_F(SheetFrame, The_footer_is_7_points_high) {
   SetSheetFooter(surface, CompanyName, CompanyDetails);
   EXPECT_EQ(surface.Lines().at(0), "HdrFontSize 7");
 }
 
-TEST_F(SheetFrame, a_new_job_prints_its_labels_with_empty_cells) {
+TEST_F(SheetFrame, A_new_job_prints_its_labels_with_empty_cells) {
   DTPicker1 = {2024, 12, 31};
   Frame("C");
   EXPECT_EQ(LinesOf("TableCell 18"), (Lines{
@@ -163,7 +163,7 @@ TEST_F(SheetFrame, a_new_job_prints_its_labels_with_empty_cells) {
                                      }));
 }
 
-TEST_F(SheetFrame, the_fields_are_read_afresh_for_each_sheet) {
+TEST_F(SheetFrame, The_fields_are_read_afresh_for_each_sheet) {
   txtProject.at(2) = "One";
   Frame("Z");
   EXPECT_EQ(LinesOf("TableCell 18 2 3").at(0), "TableCell 18 2 3 \"One\"");
@@ -172,7 +172,7 @@ TEST_F(SheetFrame, the_fields_are_read_afresh_for_each_sheet) {
   EXPECT_EQ(LinesOf("TableCell 18 2 3").at(0), "TableCell 18 2 3 \"Two\"");
 }
 
-TEST_F(SheetFrame, the_strip_follows_the_logos_height_and_the_margins) {
+TEST_F(SheetFrame, The_strip_follows_the_logos_height_and_the_margins) {
   SetLogo(80, 25.5);
   LeftMargin = 15;
   BottomMargin = 30;
@@ -183,7 +183,7 @@ TEST_F(SheetFrame, the_strip_follows_the_logos_height_and_the_margins) {
             (Lines{"CurrentY 168.5mm", "CurrentY 175mm", "CurrentY 173mm", "CurrentY 142.5mm"}));
 }
 
-TEST_F(SheetFrame, the_page_margins_are_those_of_the_settings) {
+TEST_F(SheetFrame, The_page_margins_are_those_of_the_settings) {
   ApplyPageMargins(surface);
   EXPECT_EQ(surface.Lines(), (Lines{"MarginLeft 10mm", "MarginRight 10mm", "MarginTop 10mm",
                                     "MarginBottom 10mm", "MarginFooter 5mm"}));
@@ -197,7 +197,7 @@ TEST_F(SheetFrame, the_page_margins_are_those_of_the_settings) {
                                     "MarginBottom 4mm", "MarginFooter -1mm"}));
 }
 
-TEST_F(SheetFrame, the_strip_never_makes_a_second_page) {
+TEST_F(SheetFrame, The_strip_never_makes_a_second_page) {
   FillJob();
   for (const int margin : {10, 0, 30}) {
     BottomMargin = Int16(margin);
@@ -211,7 +211,7 @@ TEST_F(SheetFrame, the_strip_never_makes_a_second_page) {
   }
 }
 
-TEST_F(SheetFrame, an_error_of_the_surface_leaves_the_frame) {
+TEST_F(SheetFrame, An_error_of_the_surface_leaves_the_frame) {
   class FailingSurface : public RecordingSurface {
    public:
     using RecordingSurface::RecordingSurface;

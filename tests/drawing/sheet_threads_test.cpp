@@ -84,7 +84,7 @@ class SheetThreads : public SheetTest {
   }
 };
 
-TEST_F(SheetThreads, two_threads_at_once_draw_what_the_window_draws_and_change_nothing) {
+TEST_F(SheetThreads, Two_threads_at_once_draw_what_the_window_draws_and_change_nothing) {
   ASSERT_GT(Items.UBound(), 20);
   std::vector<Lines> expected;
   for (int row = 1; row <= Items.UBound(); ++row) {
@@ -125,7 +125,7 @@ TEST_F(SheetThreads, two_threads_at_once_draw_what_the_window_draws_and_change_n
   EXPECT_EQ(desktop.Boxes.size(), boxes);
 }
 
-TEST_F(SheetThreads, every_family_is_among_the_sections) {
+TEST_F(SheetThreads, Every_family_is_among_the_sections) {
   for (const SectionFamily& family : SectionFamilies) {
     int sections = 0;
     for (const Item& item : Items) sections += item.SectionType == family.Letter ? 1 : 0;

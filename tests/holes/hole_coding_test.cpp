@@ -121,7 +121,7 @@ const std::map<std::string, std::vector<ExpectedHole>> AllCodes = {
     {"T6", {{5968, 5969, "nyyn", 14, 0}, {5928, 5929, "ynny", 14, 0}}},
 };
 
-TEST_F(HoleCodingTest, every_code_of_the_table_makes_its_holes_in_order) {
+TEST_F(HoleCodingTest, Every_code_of_the_table_makes_its_holes_in_order) {
   ASSERT_EQ(AllCodes.size(), 41u);
   // Seen against the item's bar, the fixed 14 of the T codes could hide a mistake.
   for (const std::int16_t bar : {std::int16_t{14}, std::int16_t{18}, std::int16_t{0}}) {
@@ -150,7 +150,7 @@ TEST_F(HoleCodingTest, every_code_of_the_table_makes_its_holes_in_order) {
   }
 }
 
-TEST_F(HoleCodingTest, no_other_pair_of_characters_is_a_code) {
+TEST_F(HoleCodingTest, No_other_pair_of_characters_is_a_code) {
   int known = 0;
   for (int first = 1; first < 256; ++first) {
     for (int second = 1; second < 256; ++second) {
@@ -164,11 +164,11 @@ TEST_F(HoleCodingTest, no_other_pair_of_characters_is_a_code) {
   EXPECT_EQ(known, 41);
 }
 
-TEST_F(HoleCodingTest, unknown_codes_add_nothing_and_the_walk_goes_on) {
+TEST_F(HoleCodingTest, Unknown_codes_add_nothing_and_the_walk_goes_on) {
   EXPECT_EQ(ExpandedPositions("X9,A1,B3,b0, B,D6,B6", 6000), (Positions{5968}));
 }
 
-TEST_F(HoleCodingTest, a_half_goes_to_the_even_neighbour) {
+TEST_F(HoleCodingTest, A_half_goes_to_the_even_neighbour) {
   struct Case {
     std::string Code;
     int Length;
@@ -197,28 +197,28 @@ TEST_F(HoleCodingTest, a_half_goes_to_the_even_neighbour) {
   }
 }
 
-TEST_F(HoleCodingTest, a_pair_is_rounded_behind_its_sum) {
+TEST_F(HoleCodingTest, A_pair_is_rounded_behind_its_sum) {
   EXPECT_EQ(ExpandedPositions("E2", 6000), (Positions{1965, 2035}));
   EXPECT_EQ(ExpandedPositions("E2", 6001), (Positions{1965, 2035}));
 }
 
-TEST_F(HoleCodingTest, end_pairs_come_in_the_order_of_their_codes) {
+TEST_F(HoleCodingTest, End_pairs_come_in_the_order_of_their_codes) {
   EXPECT_EQ(ExpandedPositions("A0,A6", 3000), (Positions{32, 107, 2893, 2968}));
   EXPECT_EQ(ExpandedPositions("A6,A0", 3000), (Positions{2893, 2968, 32, 107}));
 }
 
-TEST_F(HoleCodingTest, a_broken_pair_spacing_is_rounded_at_the_end) {
+TEST_F(HoleCodingTest, A_broken_pair_spacing_is_rounded_at_the_end) {
   SectionDims.At(1).Dim13 = 60.5;
   // 92.5 to the even 92; 3000 - 32 - 60.5 = 2907.5 to the even 2908.
   EXPECT_EQ(ExpandedPositions("A0,A6", 3000), (Positions{32, 92, 2908, 2968}));
 }
 
-TEST_F(HoleCodingTest, a_product_without_dimensions_puts_the_end_pair_at_one_place) {
+TEST_F(HoleCodingTest, A_product_without_dimensions_puts_the_end_pair_at_one_place) {
   Items.At(1).Product = "none";
   EXPECT_EQ(ExpandedPositions("A0,A6", 3000), (Positions{32, 32, 2968, 2968}));
 }
 
-TEST_F(HoleCodingTest, the_length_of_the_string_gives_the_number_of_codes) {
+TEST_F(HoleCodingTest, The_length_of_the_string_gives_the_number_of_codes) {
   struct Case {
     std::string Codes;
     Positions Expected;
@@ -239,7 +239,7 @@ TEST_F(HoleCodingTest, the_length_of_the_string_gives_the_number_of_codes) {
   }
 }
 
-TEST_F(HoleCodingTest, the_separator_is_one_character_of_any_kind) {
+TEST_F(HoleCodingTest, The_separator_is_one_character_of_any_kind) {
   for (const std::string separator : {",", " ", "x", "0", "\xC2\xB7", "\xE2\x80\x93"}) {
     EXPECT_EQ(ExpandedPositions("B0" + separator + "F3" + separator + "B6", 6000),
               (Positions{32, 3000, 5968}))
@@ -249,14 +249,14 @@ TEST_F(HoleCodingTest, the_separator_is_one_character_of_any_kind) {
   EXPECT_EQ(ExpandedPositions("B0,,F3", 6000), (Positions{32}));
 }
 
-TEST_F(HoleCodingTest, more_codes_than_16_bits_can_count_overflow) {
+TEST_F(HoleCodingTest, More_codes_than_16_bits_can_count_overflow) {
   // 98301 characters: 98302 / 3 = 32767.33, the greatest count; one more code is too many. Nothing
   // but the count is at stake, so the codes are none.
   EXPECT_EQ(Expand(std::string(98301, 'x'), 6000).UBound(), 0);
   EXPECT_EQ(test::ErrorOf([] { Expand(std::string(98304, 'x'), 6000); }), "Overflow");
 }
 
-TEST_F(HoleCodingTest, the_pattern_is_the_first_of_the_items_letter_and_that_name) {
+TEST_F(HoleCodingTest, The_pattern_is_the_first_of_the_items_letter_and_that_name) {
   AddPattern("C", "Std", "F0");
   AddPattern("Z", "std", "F1");
   AddPattern("Z", " Std ", "F2", True);
@@ -269,21 +269,21 @@ TEST_F(HoleCodingTest, the_pattern_is_the_first_of_the_items_letter_and_that_nam
   EXPECT_EQ(Items.At(1).HoleCount(), 1);
 }
 
-TEST_F(HoleCodingTest, a_first_pattern_with_an_empty_string_ends_the_search) {
+TEST_F(HoleCodingTest, A_first_pattern_with_an_empty_string_ends_the_search) {
   AddPattern("Z", "Std", "");
   AddPattern("Z", "Std", "F3");
   ExpandPattern("Std", 1);
   EXPECT_EQ(Items.At(1).HoleCount(), 0);
 }
 
-TEST_F(HoleCodingTest, a_pattern_of_another_letter_is_not_taken) {
+TEST_F(HoleCodingTest, A_pattern_of_another_letter_is_not_taken) {
   AddPattern("C", "Std", "F0");
   ExpandPattern("Std", 1);
   EXPECT_EQ(Items.At(1).HoleCount(), 0);
   EXPECT_EQ(Items.At(1).Holes.UBound(), 0);
 }
 
-TEST_F(HoleCodingTest, expanding_goes_by_letter_and_name_but_the_sag_bar_look_up_by_name_alone) {
+TEST_F(HoleCodingTest, Expanding_goes_by_letter_and_name_but_the_sag_bar_look_up_by_name_alone) {
   AddPattern("C", "Two bars", "D2,D4");
   PunchPatterns.At(1).HasSagBars = True;
   AddPattern("Z", "Two bars", "D3");
@@ -295,7 +295,7 @@ TEST_F(HoleCodingTest, expanding_goes_by_letter_and_name_but_the_sag_bar_look_up
   EXPECT_EQ(Items.At(1).Holes.At(1).Diameter, 0.0F);
 }
 
-TEST_F(HoleCodingTest, custom_names_no_pattern_and_adds_nothing) {
+TEST_F(HoleCodingTest, Custom_names_no_pattern_and_adds_nothing) {
   ExpandPattern("Custom", 1);  // no patterns at all
   AddPattern("Z", "Std", "F3");
   ExpandPattern("Custom", 1);
@@ -305,7 +305,7 @@ TEST_F(HoleCodingTest, custom_names_no_pattern_and_adds_nothing) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(HoleCodingTest, expanding_twice_doubles_the_holes_and_leaves_the_earlier_rows) {
+TEST_F(HoleCodingTest, Expanding_twice_doubles_the_holes_and_leaves_the_earlier_rows) {
   AddPattern("Z", "Std", "F3,A0");
   ExpandPattern("Std", 1);
   Items.At(1).Holes.At(0).XPos = 6000;
@@ -317,19 +317,19 @@ TEST_F(HoleCodingTest, expanding_twice_doubles_the_holes_and_leaves_the_earlier_
   EXPECT_EQ(Items.At(1).Holes.At(0).XPos, 6000);
 }
 
-TEST_F(HoleCodingTest, a_starred_pattern_marks_all_its_holes_slots_too) {
+TEST_F(HoleCodingTest, A_starred_pattern_marks_all_its_holes_slots_too) {
   AddPattern("Z", "Csk", "S0,F3,T6,S6", True);
   ExpandPattern("Csk", 1);
   ASSERT_EQ(Items.At(1).HoleCount(), 5);
   for (const Hole& hole : Items.At(1).Holes) EXPECT_EQ(hole.CounterSunk, "*");
 }
 
-TEST_F(HoleCodingTest, a_section_too_short_for_its_pattern_still_gets_its_holes) {
+TEST_F(HoleCodingTest, A_section_too_short_for_its_pattern_still_gets_its_holes) {
   EXPECT_EQ(ExpandedPositions("B6,T6,S0,A0", 20), (Positions{-12, -12, -52, 35, 32, 107}));
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(HoleCodingTest, a_position_beyond_16_bits_overflows_before_its_hole_is_appended) {
+TEST_F(HoleCodingTest, A_position_beyond_16_bits_overflows_before_its_hole_is_appended) {
   SectionDims.At(1).Dim13 = 40000;
   AddPattern("Z", "P", "A0,F3");
   EXPECT_EQ(test::ErrorOf([] { ExpandPattern("P", 1); }), "Overflow");
@@ -342,18 +342,18 @@ TEST_F(HoleCodingTest, a_position_beyond_16_bits_overflows_before_its_hole_is_ap
   EXPECT_EQ(Items.At(1).Holes.UBound(), 0);
 }
 
-TEST_F(HoleCodingTest, the_greatest_length_expands_without_overflow) {
+TEST_F(HoleCodingTest, The_greatest_length_expands_without_overflow) {
   EXPECT_EQ(ExpandedPositions("A6,T6,S6", 32767), (Positions{32660, 32735, 32735, 32695, 32732}));
 }
 
-TEST_F(HoleCodingTest, pitch_jointing_and_notes_have_no_part_in_the_expansion) {
+TEST_F(HoleCodingTest, Pitch_jointing_and_notes_have_no_part_in_the_expansion) {
   Items.At(1).Pitch = "22.5";
   Items.At(1).JointingPieces = 3;
   Items.At(1).MitreLeft = 10;
   EXPECT_EQ(ExpandedPositions("A0,E3", 6000), (Positions{32, 107, 2965, 3035}));
 }
 
-TEST_F(HoleCodingTest, a_row_outside_the_table_is_out_of_range) {
+TEST_F(HoleCodingTest, A_row_outside_the_table_is_out_of_range) {
   EXPECT_EQ(test::ErrorOf([] { ExpandPattern("P", 2); }), "Subscript out of range");
   EXPECT_EQ(test::ErrorOf([] { ExpandPattern("P", -1); }), "Subscript out of range");
   EXPECT_EQ(test::ErrorOf([] { AddHole(2, 5, "S", "n", "n", "n", "n", 18); }),

@@ -122,7 +122,7 @@ TEST_F(HoleListTest, RemoveStandardHoles_knows_a_custom_hole_by_an_exact_C) {
   EXPECT_EQ(Items.At(1).Holes.At(1).Kind, "C");
 }
 
-TEST_F(HoleListTest, an_item_without_holes_holds_row_0_only) {
+TEST_F(HoleListTest, An_item_without_holes_holds_row_0_only) {
   RemoveStandardHoles(1);
   SortHoles(1);
   AdjustHoleSpacing(1);
@@ -196,7 +196,7 @@ TEST_F(HoleListTest, SortHoles_equals_an_exchange_sort) {
   }
 }
 
-TEST_F(HoleListTest, custom_holes_keep_their_position_when_the_length_changes) {
+TEST_F(HoleListTest, Custom_holes_keep_their_position_when_the_length_changes) {
   AddPattern("Ends", "B6,B0");
   Add(2500, "C", 14);
   RebuildHoles(1, "Ends");
@@ -210,7 +210,7 @@ TEST_F(HoleListTest, custom_holes_keep_their_position_when_the_length_changes) {
   EXPECT_EQ(Items.At(1).CustomHoleCount, 1);
 }
 
-TEST_F(HoleListTest, the_rebuild_removes_expands_sorts_and_adjusts_in_that_order) {
+TEST_F(HoleListTest, The_rebuild_removes_expands_sorts_and_adjusts_in_that_order) {
   MinHoleSep = 4;
   DrawingWidth = 180;
   AddPattern("Mid", "F3,B0");
@@ -224,7 +224,7 @@ TEST_F(HoleListTest, the_rebuild_removes_expands_sorts_and_adjusts_in_that_order
   EXPECT_EQ(holes.At(0).XPos, 6000);
 }
 
-TEST_F(HoleListTest, the_rebuild_stops_at_the_first_step_that_fails_or_tells_and_goes_on) {
+TEST_F(HoleListTest, The_rebuild_stops_at_the_first_step_that_fails_or_tells_and_goes_on) {
   AddPattern("End", "B6");
   Items.At(1).Length = -32768;  // the hole 32 mm before its end has no place in 16 bits
   Add(500, "C");
@@ -238,7 +238,7 @@ TEST_F(HoleListTest, the_rebuild_stops_at_the_first_step_that_fails_or_tells_and
   EXPECT_EQ(desktop.Boxes[0].Text, "Overflow");
 }
 
-TEST_F(HoleListTest, a_copy_of_a_section_is_rebuilt_without_its_row) {
+TEST_F(HoleListTest, A_copy_of_a_section_is_rebuilt_without_its_row) {
   AddPattern("Mid", "F3,B0");
   Add(4000, "S");
   Item copy = Items.At(1);
@@ -249,7 +249,7 @@ TEST_F(HoleListTest, a_copy_of_a_section_is_rebuilt_without_its_row) {
   EXPECT_EQ(copy.Holes.At(2).XPos, 3000);
 }
 
-TEST_F(HoleListTest, the_rebuild_may_be_told_the_items_own_pattern_name) {
+TEST_F(HoleListTest, The_rebuild_may_be_told_the_items_own_pattern_name) {
   Items.At(1).PatternName = "A pattern name that is longer than a short text";
   AddPattern(Items.At(1).PatternName, "F3,B0");
   RebuildHoles(1, Items.At(1).PatternName);
@@ -299,7 +299,7 @@ TEST_F(HoleListTest, DeleteCustomHoleRow_does_nothing_below_row_1_or_without_suc
   EXPECT_EQ(Items.At(1).CustomHoleCount, 1);
 }
 
-TEST_F(HoleListTest, deleting_the_last_hole_makes_row_0_blank_again) {
+TEST_F(HoleListTest, Deleting_the_last_hole_makes_row_0_blank_again) {
   MinHoleSep = 4;
   DrawingWidth = 180;
   Add(1000, "C");
@@ -333,7 +333,7 @@ TEST_F(HoleListTest, ConvertHolesToCustom_changes_the_kind_alone) {
   EXPECT_EQ(PositionsNow(), (Positions{35, 700, 3000}));
 }
 
-TEST_F(HoleListTest, a_converted_pattern_hole_keeps_its_one_blank_countersink) {
+TEST_F(HoleListTest, A_converted_pattern_hole_keeps_its_one_blank_countersink) {
   AddPattern("Mid", "F3");
   RebuildHoles(1, "Mid");
   ConvertHolesToCustom(1);
@@ -349,7 +349,7 @@ TEST_F(HoleListTest, ConvertHolesToCustom_without_holes_leaves_both_counts_0) {
   ConvertHolesToCustom(-1);
 }
 
-TEST_F(HoleListTest, the_hole_grid_shows_custom_holes_only_with_their_distance_from_any_hole) {
+TEST_F(HoleListTest, The_hole_grid_shows_custom_holes_only_with_their_distance_from_any_hole) {
   MinHoleSep = 0;
   DrawingWidth = 180;
   AddPattern("Mid", "F3");
@@ -367,7 +367,7 @@ TEST_F(HoleListTest, the_hole_grid_shows_custom_holes_only_with_their_distance_f
   EXPECT_EQ(CellsOf(rows.At(2)), (Cells{"4500", "1500", "n", "n", "y", "30", "13.5", "22.5", ""}));
 }
 
-TEST_F(HoleListTest, the_hole_grid_shows_numbers_in_their_plain_form) {
+TEST_F(HoleListTest, The_hole_grid_shows_numbers_in_their_plain_form) {
   Add(-5, "C", 0.5F);
   Items.At(1).Holes.At(1).RelX = -5.25;
   Items.At(1).Holes.At(1).SlotLength = -3;  // not above 0: no slot
@@ -376,12 +376,12 @@ TEST_F(HoleListTest, the_hole_grid_shows_numbers_in_their_plain_form) {
   EXPECT_EQ(CellsOf(rows.At(1)), (Cells{"-5", "-5.25", "n", "n", "n", "n", "0.5", "", ""}));
 }
 
-TEST_F(HoleListTest, the_hole_grid_of_a_section_without_custom_holes_is_empty) {
+TEST_F(HoleListTest, The_hole_grid_of_a_section_without_custom_holes_is_empty) {
   Add(100, "S");
   EXPECT_EQ(HoleGridRows(1).UBound(), 0);
 }
 
-TEST_F(HoleListTest, the_blank_element_0_of_Items_is_never_converted_nor_deleted_from) {
+TEST_F(HoleListTest, The_blank_element_0_of_Items_is_never_converted_nor_deleted_from) {
   Hole hole;
   hole.XPos = 700;
   hole.Kind = "S";
@@ -458,7 +458,7 @@ TEST_F(CustomRow0Test, ConvertHolesToCustom_neither_counts_nor_changes_it) {
   EXPECT_EQ(Items.At(1).Holes.At(0).BF, "y");
 }
 
-TEST_F(HoleListTest, a_row_outside_the_table_is_out_of_range) {
+TEST_F(HoleListTest, A_row_outside_the_table_is_out_of_range) {
   for (const std::int16_t row : {std::int16_t{2}, std::int16_t{-1}}) {
     EXPECT_EQ(test::ErrorOf([&] { RemoveStandardHoles(row); }), "Subscript out of range");
     EXPECT_EQ(test::ErrorOf([&] { SortHoles(row); }), "Subscript out of range");

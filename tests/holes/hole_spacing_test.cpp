@@ -64,7 +64,7 @@ TEST_F(HoleSpacingTest, AdjustHoleSpacing_pays_the_shortfall_from_wide_gaps) {
   EXPECT_EQ(Items.At(1).Holes.At(0).XPos, 6000);
 }
 
-TEST_F(HoleSpacingTest, one_hole_has_a_gap_on_either_side) {
+TEST_F(HoleSpacingTest, One_hole_has_a_gap_on_either_side) {
   Place(6000, {1000});
   AdjustHoleSpacing(1);
   EXPECT_EQ(TrueGaps(), (Gaps{1000, 5000}));
@@ -73,7 +73,7 @@ TEST_F(HoleSpacingTest, one_hole_has_a_gap_on_either_side) {
   EXPECT_EQ(Items.At(1).Holes.At(1).XPos, 1000);
 }
 
-TEST_F(HoleSpacingTest, below_1800_the_scale_stays_at_1_to_10) {
+TEST_F(HoleSpacingTest, Below_1800_the_scale_stays_at_1_to_10) {
   // Least gap 4 * 10 = 40, although 180 / 1000 would give 22.2.
   Place(1000, {500, 530});
   AdjustHoleSpacing(1);
@@ -89,7 +89,7 @@ TEST_F(HoleSpacingTest, below_1800_the_scale_stays_at_1_to_10) {
   EXPECT_NEAR(DrawnGaps()[1], 80, 1e-9);
 }
 
-TEST_F(HoleSpacingTest, a_gap_of_exactly_the_least_pays_and_is_not_widened_again) {
+TEST_F(HoleSpacingTest, A_gap_of_exactly_the_least_pays_and_is_not_widened_again) {
   Place(1000, {40, 50});
   AdjustHoleSpacing(1);
   // Gaps 40, 10, 950; the least is 40: 30 short, paid by 40 and 950.
@@ -98,7 +98,7 @@ TEST_F(HoleSpacingTest, a_gap_of_exactly_the_least_pays_and_is_not_widened_again
   EXPECT_NEAR(Sum(DrawnGaps()), 1000, 1e-9);
 }
 
-TEST_F(HoleSpacingTest, one_pass_only_leaves_a_paying_gap_below_the_least) {
+TEST_F(HoleSpacingTest, One_pass_only_leaves_a_paying_gap_below_the_least) {
   Place(1000, {45, 55, 65, 75, 85, 95, 105, 800});
   AdjustHoleSpacing(1);
   // 45, six of 10, 695, 200: the six are 30 short each, 180 paid by 45 + 695 + 200 = 940.
@@ -109,14 +109,14 @@ TEST_F(HoleSpacingTest, one_pass_only_leaves_a_paying_gap_below_the_least) {
   EXPECT_NEAR(DrawnGaps()[0], 36.383, 1e-3);
 }
 
-TEST_F(HoleSpacingTest, a_short_gap_to_the_end_is_widened_too) {
+TEST_F(HoleSpacingTest, A_short_gap_to_the_end_is_widened_too) {
   Place(1000, {970});
   AdjustHoleSpacing(1);
   EXPECT_EQ(TrueGaps(), (Gaps{970, 30}));
   ExpectNear(DrawnGaps(), {960, 40}, 1e-9);
 }
 
-TEST_F(HoleSpacingTest, coincident_holes_stay_coincident) {
+TEST_F(HoleSpacingTest, Coincident_holes_stay_coincident) {
   Place(1000, {500, 500, 510});
   AdjustHoleSpacing(1);
   EXPECT_EQ(TrueGaps(), (Gaps{500, 0, 10, 490}));
@@ -129,7 +129,7 @@ TEST_F(HoleSpacingTest, coincident_holes_stay_coincident) {
   EXPECT_EQ(DrawnGaps(), (Gaps{500, 0, 10, 490}));
 }
 
-TEST_F(HoleSpacingTest, a_separation_of_0_widens_nothing) {
+TEST_F(HoleSpacingTest, A_separation_of_0_widens_nothing) {
   MinHoleSep = 0;
   Place(1000, {500, 501, 501});
   AdjustHoleSpacing(1);
@@ -137,14 +137,14 @@ TEST_F(HoleSpacingTest, a_separation_of_0_widens_nothing) {
   EXPECT_EQ(DrawnGaps(), (Gaps{500, 1, 0, 499}));
 }
 
-TEST_F(HoleSpacingTest, gaps_that_are_all_short_are_widened_and_nobody_pays) {
+TEST_F(HoleSpacingTest, Gaps_that_are_all_short_are_widened_and_nobody_pays) {
   Place(50, {30});
   AdjustHoleSpacing(1);
   EXPECT_EQ(TrueGaps(), (Gaps{30, 20}));
   EXPECT_EQ(DrawnGaps(), (Gaps{40, 40}));
 }
 
-TEST_F(HoleSpacingTest, negative_gaps_belong_to_the_pool_without_clamping) {
+TEST_F(HoleSpacingTest, Negative_gaps_belong_to_the_pool_without_clamping) {
   // A hole beyond the end: gaps 1000, 20, 100, -120. The least is 40; the pool is 980, 20 short.
   Place(1000, {1000, 1020, 1120});
   AdjustHoleSpacing(1);
@@ -154,7 +154,7 @@ TEST_F(HoleSpacingTest, negative_gaps_belong_to_the_pool_without_clamping) {
   EXPECT_NEAR(Sum(DrawnGaps()), 1000, 1e-9);
 }
 
-TEST_F(HoleSpacingTest, a_pool_below_0_is_shared_as_it_stands) {
+TEST_F(HoleSpacingTest, A_pool_below_0_is_shared_as_it_stands) {
   // Gaps 20, 100, -105 on length 15: 20 short, the pool is -5, each share is -4 times its gap.
   Place(15, {20, 120});
   AdjustHoleSpacing(1);
@@ -162,7 +162,7 @@ TEST_F(HoleSpacingTest, a_pool_below_0_is_shared_as_it_stands) {
   ExpectNear(DrawnGaps(), {40, 100 + 4 * 100, -105 - 4 * 105}, 1e-9);
 }
 
-TEST_F(HoleSpacingTest, an_empty_pool_is_a_division_by_zero_and_widened_gaps_stay) {
+TEST_F(HoleSpacingTest, An_empty_pool_is_a_division_by_zero_and_widened_gaps_stay) {
   Place(50, {30, 30});
   EXPECT_EQ(test::ErrorOf([] { AdjustHoleSpacing(1); }), "Division by zero");
   EXPECT_EQ(TrueGaps(), (Gaps{30, 0, 20}));
@@ -170,14 +170,14 @@ TEST_F(HoleSpacingTest, an_empty_pool_is_a_division_by_zero_and_widened_gaps_sta
   EXPECT_EQ(Items.At(1).Holes.At(0).XPos, 50);
 }
 
-TEST_F(HoleSpacingTest, a_pool_that_adds_up_to_0_fails_before_the_first_share) {
+TEST_F(HoleSpacingTest, A_pool_that_adds_up_to_0_fails_before_the_first_share) {
   // Gaps 100, 20, -100.
   Place(20, {100, 120});
   EXPECT_EQ(test::ErrorOf([] { AdjustHoleSpacing(1); }), "Division by zero");
   EXPECT_EQ(DrawnGaps(), (Gaps{100, 40, -100}));
 }
 
-TEST_F(HoleSpacingTest, without_a_shortfall_every_gap_is_drawn_as_it_is) {
+TEST_F(HoleSpacingTest, Without_a_shortfall_every_gap_is_drawn_as_it_is) {
   // Beyond the end and back; no gap lies between 0 and 40.
   Place(60, {120, 20});
   AdjustHoleSpacing(1);
@@ -185,7 +185,7 @@ TEST_F(HoleSpacingTest, without_a_shortfall_every_gap_is_drawn_as_it_is) {
   EXPECT_EQ(DrawnGaps(), (Gaps{120, -100, 40}));
 }
 
-TEST_F(HoleSpacingTest, nothing_changes_before_a_drawing_or_without_length_or_holes) {
+TEST_F(HoleSpacingTest, Nothing_changes_before_a_drawing_or_without_length_or_holes) {
   const auto unchanged = [](int length, const std::vector<int>& positions) {
     Place(length, positions);
     for (int row = 0; row <= Items.At(1).Holes.UBound(); ++row) {
@@ -206,7 +206,7 @@ TEST_F(HoleSpacingTest, nothing_changes_before_a_drawing_or_without_length_or_ho
   unchanged(1000, {500});
 }
 
-TEST_F(HoleSpacingTest, gaps_are_worked_out_wider_than_16_bits) {
+TEST_F(HoleSpacingTest, Gaps_are_worked_out_wider_than_16_bits) {
   Place(32767, {-32768, 32767});
   AdjustHoleSpacing(1);
   EXPECT_EQ(TrueGaps(), (Gaps{-32768, 65535, 0}));
@@ -216,7 +216,7 @@ TEST_F(HoleSpacingTest, gaps_are_worked_out_wider_than_16_bits) {
   EXPECT_EQ(TrueGaps(), (Gaps{-32768, 65535}));
 }
 
-TEST_F(HoleSpacingTest, a_second_run_starts_from_the_positions_and_not_from_drawn_gaps) {
+TEST_F(HoleSpacingTest, A_second_run_starts_from_the_positions_and_not_from_drawn_gaps) {
   Place(6000, {3000, 3070});
   AdjustHoleSpacing(1);
   const Gaps first = DrawnGaps();
@@ -226,7 +226,7 @@ TEST_F(HoleSpacingTest, a_second_run_starts_from_the_positions_and_not_from_draw
 
 // Patterns, lengths and custom holes as they come: the list ascends, the drawn gaps add up to the
 // length, and every custom hole is where it was put.
-TEST_F(HoleSpacingTest, after_a_rebuild_the_list_ascends_and_its_drawn_gaps_add_up_to_the_length) {
+TEST_F(HoleSpacingTest, After_a_rebuild_the_list_ascends_and_its_drawn_gaps_add_up_to_the_length) {
   const std::vector<std::string> codes = {"A0", "A6", "B0", "C3", "D1", "D4", "E2", "E5", "F7",
                                           "F8", "G3", "H4", "I3", "S0", "S6", "T0", "T6", "X1"};
   SectionDim product;

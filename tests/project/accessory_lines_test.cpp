@@ -82,7 +82,7 @@ TEST_F(AccessoryLinesTest, ClearAccLines_takes_out_the_lines_of_one_type_2_acces
   EXPECT_EQ(Flags(), (std::vector<Boolean>{True, True, True, False, True}));
 }
 
-TEST_F(AccessoryLinesTest, an_emptied_list_has_upper_bound_0) {
+TEST_F(AccessoryLinesTest, An_emptied_list_has_upper_bound_0) {
   Add1(1, 1, 1);
   Add1(1, 2, 1);
   Add2(3, "A", 1);
@@ -93,7 +93,7 @@ TEST_F(AccessoryLinesTest, an_emptied_list_has_upper_bound_0) {
   EXPECT_EQ(AccLines2.UBound(), 0);
 }
 
-TEST_F(AccessoryLinesTest, clearing_an_accessory_without_lines_leaves_its_flag_false) {
+TEST_F(AccessoryLinesTest, Clearing_an_accessory_without_lines_leaves_its_flag_false) {
   Add1(1, 1, 7);
   ClearAccLines(1, 2);
   ClearAccLines(2, 5);
@@ -103,12 +103,12 @@ TEST_F(AccessoryLinesTest, clearing_an_accessory_without_lines_leaves_its_flag_f
   EXPECT_EQ(AccUsed.At(2), False);
 }
 
-TEST_F(AccessoryLinesTest, clearing_leaves_the_changed_flag_alone) {
+TEST_F(AccessoryLinesTest, Clearing_leaves_the_changed_flag_alone) {
   ClearAccLines(1, 1);
   EXPECT_EQ(ProjectDirty, False);
 }
 
-TEST_F(AccessoryLinesTest, an_accessory_outside_the_catalogue_is_out_of_range) {
+TEST_F(AccessoryLinesTest, An_accessory_outside_the_catalogue_is_out_of_range) {
   EXPECT_EQ(test::ErrorOf([] { ClearAccLines(1, 6); }), "Subscript out of range");
   EXPECT_EQ(test::ErrorOf([] { ClearAccLines(2, -1); }), "Subscript out of range");
 }
@@ -137,7 +137,7 @@ TEST_F(AccessoryLinesTest, SortAccLines_orders_type_2_by_accessory_then_mark_in_
   EXPECT_EQ(AccLines2.At(2).Values.At(1), "A10!");  // the whole line moved
 }
 
-TEST_F(AccessoryLinesTest, lines_of_equal_keys_keep_their_order) {
+TEST_F(AccessoryLinesTest, Lines_of_equal_keys_keep_their_order) {
   for (int i = 1; i <= 40; ++i) {
     Add1(2 - i % 2, 1, i);
     Add2(4 - i % 2, "M", i);
@@ -152,7 +152,7 @@ TEST_F(AccessoryLinesTest, lines_of_equal_keys_keep_their_order) {
   }
 }
 
-TEST_F(AccessoryLinesTest, each_type_sorts_its_own_list) {
+TEST_F(AccessoryLinesTest, Each_type_sorts_its_own_list) {
   Add1(2, 1, 1);
   Add1(1, 1, 2);
   Add2(4, "A", 1);
@@ -165,7 +165,7 @@ TEST_F(AccessoryLinesTest, each_type_sorts_its_own_list) {
   EXPECT_EQ(Lines1(), (Lines{"1/1/2", "2/1/1", "1/0/3"}));
 }
 
-TEST_F(AccessoryLinesTest, empty_lists_sort_to_themselves) {
+TEST_F(AccessoryLinesTest, Empty_lists_sort_to_themselves) {
   SortAccLines(1);
   SortAccLines(2);
   EXPECT_EQ(AccLines1.UBound(), 0);
@@ -173,7 +173,7 @@ TEST_F(AccessoryLinesTest, empty_lists_sort_to_themselves) {
 }
 
 // A file that broke off leaves blank lines, which belong to accessory 0.
-TEST_F(AccessoryLinesTest, blank_lines_of_a_broken_file_sort_first_and_can_be_cleared) {
+TEST_F(AccessoryLinesTest, Blank_lines_of_a_broken_file_sort_first_and_can_be_cleared) {
   Add2(4, "B", 1);
   AccLines2.Resize(3);
   SortAccLines(2);

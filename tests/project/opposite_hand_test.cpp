@@ -47,7 +47,7 @@ class OppositeHandTest : public test::SystemTest {
   }
 };
 
-TEST_F(OppositeHandTest, positions_are_measured_from_the_other_end) {
+TEST_F(OppositeHandTest, Positions_are_measured_from_the_other_end) {
   AddHole(32);
   AddHole(1000);
   EXPECT_EQ(CreateOppHandRow(1), 2);
@@ -57,7 +57,7 @@ TEST_F(OppositeHandTest, positions_are_measured_from_the_other_end) {
   EXPECT_EQ(ProjectDirty, True);
 }
 
-TEST_F(OppositeHandTest, the_new_row_is_last_and_keeps_all_that_has_no_hand) {
+TEST_F(OppositeHandTest, The_new_row_is_last_and_keeps_all_that_has_no_hand) {
   Item& item = Items.At(1);
   item.Product = "Z200";
   item.Quantity = 12;
@@ -90,7 +90,7 @@ TEST_F(OppositeHandTest, the_new_row_is_last_and_keeps_all_that_has_no_hand) {
   EXPECT_EQ(Items.At(2).Mark, "P2");
 }
 
-TEST_F(OppositeHandTest, what_a_hole_is_goes_with_it_and_lines_are_not_swapped) {
+TEST_F(OppositeHandTest, What_a_hole_is_goes_with_it_and_lines_are_not_swapped) {
   AddHole(100, "C");
   Hole& first = Items.At(1).Holes.At(1);
   first.BF = "y";
@@ -130,14 +130,14 @@ TEST_F(OppositeHandTest, what_a_hole_is_goes_with_it_and_lines_are_not_swapped) 
   EXPECT_EQ(hand.CustomHoleCount, 2);
 }
 
-TEST_F(OppositeHandTest, an_unsorted_source_comes_out_sorted) {
+TEST_F(OppositeHandTest, An_unsorted_source_comes_out_sorted) {
   AddHole(1000);
   AddHole(32);
   CreateOppHandRow(1);
   EXPECT_EQ(PositionsOf(2), (Positions{2000, 2968}));
 }
 
-TEST_F(OppositeHandTest, the_gaps_are_those_of_the_new_row_with_its_own_end) {
+TEST_F(OppositeHandTest, The_gaps_are_those_of_the_new_row_with_its_own_end) {
   MinHoleSep = 4;
   DrawingWidth = 180;
   AddHole(500);
@@ -154,7 +154,7 @@ TEST_F(OppositeHandTest, the_gaps_are_those_of_the_new_row_with_its_own_end) {
   EXPECT_EQ(Items.At(1).Holes.At(0).RelX, 1000);
 }
 
-TEST_F(OppositeHandTest, mitres_are_swapped_and_negated) {
+TEST_F(OppositeHandTest, Mitres_are_swapped_and_negated) {
   Items.At(1).MitreLeft = 10;
   Items.At(1).MitreRight = -20;
   CreateOppHandRow(1);
@@ -162,7 +162,7 @@ TEST_F(OppositeHandTest, mitres_are_swapped_and_negated) {
   EXPECT_EQ(Items.At(2).MitreRight, -10.0F);
 }
 
-TEST_F(OppositeHandTest, square_ends_stay_square_and_show_no_sign) {
+TEST_F(OppositeHandTest, Square_ends_stay_square_and_show_no_sign) {
   CreateOppHandRow(1);
   const Item& hand = Items.At(2);
   EXPECT_EQ(hand.MitreLeft, 0.0F);
@@ -176,7 +176,7 @@ TEST_F(OppositeHandTest, square_ends_stay_square_and_show_no_sign) {
   EXPECT_EQ(line, " 0 ");
 }
 
-TEST_F(OppositeHandTest, each_notch_code_has_its_counterpart) {
+TEST_F(OppositeHandTest, Each_notch_code_has_its_counterpart) {
   struct Case {
     std::string Code;
     float Size3;
@@ -225,7 +225,7 @@ TEST_F(OppositeHandTest, each_notch_code_has_its_counterpart) {
   }
 }
 
-TEST_F(OppositeHandTest, a_notch_position_is_mirrored_as_a_32_bit_float) {
+TEST_F(OppositeHandTest, A_notch_position_is_mirrored_as_a_32_bit_float) {
   AddNotch("T2", 10, 100, 0.1F);
   CreateOppHandRow(1);
   // The nearest 32-bit float to 2999.9; the notch's own width has no part in it.
@@ -233,7 +233,7 @@ TEST_F(OppositeHandTest, a_notch_position_is_mirrored_as_a_32_bit_float) {
   EXPECT_EQ(ShortestText(Items.At(2).Notches.At(1).Size3), "2999.9");
 }
 
-TEST_F(OppositeHandTest, a_section_without_holes_or_notches_gets_empty_lists) {
+TEST_F(OppositeHandTest, A_section_without_holes_or_notches_gets_empty_lists) {
   CreateOppHandRow(1);
   const Item& hand = Items.At(2);
   EXPECT_EQ(hand.Mark, "P1X");
@@ -244,7 +244,7 @@ TEST_F(OppositeHandTest, a_section_without_holes_or_notches_gets_empty_lists) {
   EXPECT_EQ(hand.Notches.UBound(), 0);
 }
 
-TEST_F(OppositeHandTest, marks_gather_Xs_and_are_not_checked) {
+TEST_F(OppositeHandTest, Marks_gather_Xs_and_are_not_checked) {
   CreateOppHandRow(1);
   CreateOppHandRow(2);
   CreateOppHandRow(1);
@@ -254,7 +254,7 @@ TEST_F(OppositeHandTest, marks_gather_Xs_and_are_not_checked) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(OppositeHandTest, an_unsymmetric_pattern_stands_mirrored_until_the_rebuild) {
+TEST_F(OppositeHandTest, An_unsymmetric_pattern_stands_mirrored_until_the_rebuild) {
   PunchPattern pattern;
   pattern.SectionType = "Z";
   pattern.Name = "Left";
@@ -274,7 +274,7 @@ TEST_F(OppositeHandTest, an_unsymmetric_pattern_stands_mirrored_until_the_rebuil
   EXPECT_EQ(Items.At(2).Holes.At(2).Kind, "C");
 }
 
-TEST_F(OppositeHandTest, a_position_beyond_16_bits_stops_it_and_the_row_stays_as_far_as_it_came) {
+TEST_F(OppositeHandTest, A_position_beyond_16_bits_stops_it_and_the_row_stays_as_far_as_it_came) {
   Items.At(1).MitreLeft = 10;
   AddHole(10, "C");
   Items.At(1).Holes.At(1).BF = "1";
@@ -298,7 +298,7 @@ TEST_F(OppositeHandTest, a_position_beyond_16_bits_stops_it_and_the_row_stays_as
   EXPECT_EQ(ProjectDirty, False);
 }
 
-TEST_F(OppositeHandTest, an_error_of_the_gaps_comes_behind_the_mark_and_before_the_changed_flag) {
+TEST_F(OppositeHandTest, An_error_of_the_gaps_comes_behind_the_mark_and_before_the_changed_flag) {
   MinHoleSep = 4;
   DrawingWidth = 180;
   Items.At(1).Length = 50;
@@ -331,7 +331,7 @@ class MirroredPattern : public OppositeHandTest {
   }
 };
 
-TEST_F(MirroredPattern, stands_mirrored_until_its_holes_are_made_afresh) {
+TEST_F(MirroredPattern, Stands_mirrored_until_its_holes_are_made_afresh) {
   Punch("Lopsided");
   EXPECT_FALSE(ShowsMirroredPattern(1));
   CreateOppHandRow(1);
@@ -342,14 +342,14 @@ TEST_F(MirroredPattern, stands_mirrored_until_its_holes_are_made_afresh) {
   EXPECT_FALSE(ShowsMirroredPattern(2));
 }
 
-TEST_F(MirroredPattern, is_none_when_the_mirror_of_the_mirror_is_the_pattern) {
+TEST_F(MirroredPattern, Is_none_when_the_mirror_of_the_mirror_is_the_pattern) {
   Punch("Lopsided");
   CreateOppHandRow(1);
   CreateOppHandRow(2);
   EXPECT_FALSE(ShowsMirroredPattern(3));
 }
 
-TEST_F(MirroredPattern, is_none_for_a_symmetric_pattern_nor_for_custom_holes_nor_for_row_0) {
+TEST_F(MirroredPattern, Is_none_for_a_symmetric_pattern_nor_for_custom_holes_nor_for_row_0) {
   Punch("Even");
   CreateOppHandRow(1);
   EXPECT_FALSE(ShowsMirroredPattern(2));

@@ -55,7 +55,7 @@ class SectionsTest : public test::SystemTest {
 
 // The table of sections.
 
-TEST_F(SectionsTest, a_project_without_sections_keeps_a_blank_element_0) {
+TEST_F(SectionsTest, A_project_without_sections_keeps_a_blank_element_0) {
   EXPECT_EQ(Items.UBound(), 0);
   EXPECT_EQ(Items.At(0).Mark, "");
   EXPECT_EQ(Items.At(0).SectionType, "");
@@ -91,7 +91,7 @@ TEST_F(SectionsTest, AddSectionRow_appends_a_blank_row_of_its_letter) {
   EXPECT_EQ(Items.At(0).SectionType, "");
 }
 
-TEST_F(SectionsTest, a_row_that_16_bits_cannot_number_overflows_and_is_not_added) {
+TEST_F(SectionsTest, A_row_that_16_bits_cannot_number_overflows_and_is_not_added) {
   Items.Resize(32767);
   EXPECT_EQ(test::ErrorOf([] { AddSectionRow("Z"); }), "Overflow");
   EXPECT_EQ(test::ErrorOf([] { DuplicateRow(1); }), "Overflow");
@@ -210,7 +210,7 @@ TEST_F(SectionsTest, DuplicateRow_and_CreateOppHandRow_do_nothing_below_row_1) {
   EXPECT_EQ(ProjectDirty, False);
 }
 
-TEST_F(SectionsTest, a_row_outside_the_table_is_out_of_range) {
+TEST_F(SectionsTest, A_row_outside_the_table_is_out_of_range) {
   AddItem("B1");
   EXPECT_EQ(test::ErrorOf([] { DuplicateRow(2); }), "Subscript out of range");
   EXPECT_EQ(test::ErrorOf([] { CreateOppHandRow(2); }), "Subscript out of range");
@@ -221,7 +221,7 @@ TEST_F(SectionsTest, a_row_outside_the_table_is_out_of_range) {
 }
 
 // While the table grows it moves its rows, so that a copy must not be taken through an old place.
-TEST_F(SectionsTest, rows_may_be_copied_while_the_table_grows) {
+TEST_F(SectionsTest, Rows_may_be_copied_while_the_table_grows) {
   Item& first = AddItem("A mark that is longer than a short text");
   AddHole(first, 100, "C");
   AddNotch(first, "T2", 1, 2, 500);
@@ -252,21 +252,21 @@ TEST_F(SectionsTest, DeleteItemRow_moves_the_rows_behind_it_up) {
   EXPECT_EQ(ProjectDirty, False);
 }
 
-TEST_F(SectionsTest, deleting_the_only_row_leaves_an_empty_table) {
+TEST_F(SectionsTest, Deleting_the_only_row_leaves_an_empty_table) {
   AddItem("A");
   DeleteItemRow(1);
   EXPECT_EQ(Items.UBound(), 0);
   EXPECT_EQ(Items.At(0).Mark, "");
 }
 
-TEST_F(SectionsTest, marks_sort_by_character_code) {
+TEST_F(SectionsTest, Marks_sort_by_character_code) {
   for (const char* mark : {"a1", "A9", "", "B1", "A10", "\u00c41", "A1", "a"}) AddItem(mark);
   SortItemRows(SortKey::Mark);
   EXPECT_EQ(Marks(), (Texts{"", "A1", "A10", "A9", "B1", "a", "a1", "\u00c41"}));
   EXPECT_EQ(ProjectDirty, False);
 }
 
-TEST_F(SectionsTest, sorting_by_section_means_the_product_and_not_the_letter) {
+TEST_F(SectionsTest, Sorting_by_section_means_the_product_and_not_the_letter) {
   AddItem("1").SectionType = "C";
   Items.At(1).Product = "Z300";
   AddItem("2").SectionType = "Z";
@@ -278,7 +278,7 @@ TEST_F(SectionsTest, sorting_by_section_means_the_product_and_not_the_letter) {
   EXPECT_EQ(Marks(), (Texts{"4", "2", "1", "3"}));
 }
 
-TEST_F(SectionsTest, rows_of_equal_length_keep_their_order_and_move_whole) {
+TEST_F(SectionsTest, Rows_of_equal_length_keep_their_order_and_move_whole) {
   AddHole(AddItem("P", 1000), 10);
   AddHole(AddItem("Q", 500), 20);
   AddHole(AddItem("R", 1000), 30);
@@ -289,7 +289,7 @@ TEST_F(SectionsTest, rows_of_equal_length_keep_their_order_and_move_whole) {
   EXPECT_EQ(PositionsOf(3), (Positions{30}));
 }
 
-TEST_F(SectionsTest, rows_of_equal_keys_keep_their_order_in_a_long_table_too) {
+TEST_F(SectionsTest, Rows_of_equal_keys_keep_their_order_in_a_long_table_too) {
   for (const SortKey key : {SortKey::Mark, SortKey::Product, SortKey::Length}) {
     Items.Clear();
     for (int i = 1; i <= 60; ++i) {
@@ -307,7 +307,7 @@ TEST_F(SectionsTest, rows_of_equal_keys_keep_their_order_in_a_long_table_too) {
   }
 }
 
-TEST_F(SectionsTest, lengths_sort_as_signed_numbers) {
+TEST_F(SectionsTest, Lengths_sort_as_signed_numbers) {
   AddItem("P", 32767);
   AddItem("Q", -5);
   AddItem("R", 0);
@@ -317,7 +317,7 @@ TEST_F(SectionsTest, lengths_sort_as_signed_numbers) {
   EXPECT_EQ(Marks(), (Texts{"Q", "R", "S", "T", "P"}));
 }
 
-TEST_F(SectionsTest, a_table_of_one_row_or_none_sorts_to_itself) {
+TEST_F(SectionsTest, A_table_of_one_row_or_none_sorts_to_itself) {
   for (const SortKey key : {SortKey::Mark, SortKey::Product, SortKey::Length}) SortItemRows(key);
   EXPECT_EQ(Items.UBound(), 0);
   AddItem("A");
