@@ -1,6 +1,5 @@
 #include "ui/accessory_chooser.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -11,6 +10,7 @@
 
 #include "core/model.h"
 #include "project/rules/accessory_rules.h"
+#include "ui/controls/refused_look.h"
 #include "ui/dialogs/frm_acc01.h"
 #include "ui/dialogs/frm_acc02.h"
 #include "ui/platform/guard.h"
@@ -146,6 +146,7 @@ void AccessoryChooser::Follow(const ChangeNotice& change) {
 }
 
 void AccessoryChooser::Run(Command command) {
+  if (!SettleSearch()) return;
   if (command == Command::EditAccessory) EditAccessories();
   if (command == Command::ClearAccessory) ClearAccessory();
 }
@@ -154,6 +155,7 @@ void AccessoryChooser::focusInEvent(QFocusEvent* event) {
   Guard([&] {
     QListWidget::focusInEvent(event);
     if (!IsUsersArrival(event->reason())) return;
+    if (!typed_.Pending()) AcceptField(*this);
     // Deliberately whether anything is changed afterwards or not.
     Change(ChangeKind::AccessoryListEntered);
     // Whoever comes by the keyboard sees where he is.
@@ -175,6 +177,8 @@ void AccessoryChooser::ShowMenu(QPoint globalPos) {
 
 void AccessoryChooser::mousePressEvent(QMouseEvent* event) {
   Guard([&] {
+    if (typed_.Pending()) EndSearch();
+    AcceptField(*this);
     if (event->button() != Qt::RightButton) {
       QListWidget::mousePressEvent(event);
       return;
@@ -206,6 +210,7 @@ void AccessoryChooser::contextMenuEvent(QContextMenuEvent* event) {
 // The keyboard.
 
 void AccessoryChooser::ShowMenuAtEntry() {
+  if (HoldsCursor()) return;
   QPoint place(0, 0);
   if (Selected() > 0) {
     scrollToItem(currentItem());
@@ -234,29 +239,129 @@ bool AccessoryChooser::ListKey(const QKeyEvent& key) {
   return false;
 }
 
+// Typed letters.
+
+QLabel* AccessoryChooser::NewLettersLabel(QWidget* parent) {
+  lblTyped = new QLabel(parent);
+  lblTyped->setObjectName("lblTyped");
+  lblTyped->setTextFormat(Qt::PlainText);
+  return lblTyped;
+}
+
 void AccessoryChooser::keyboardSearch(const QString& typed) {
-  const bool goesOn =
-      lastLetter_.isValid() && !lastLetter_.hasExpired(QApplication::keyboardInputInterval());
-  if (typed.isEmpty() || !goesOn) sought_.clear();
-  lastLetter_.start();
-  // A blank in front begins no name.
-  if (typed.isEmpty() || (sought_.isEmpty() && typed == " ")) return;
-  sought_ += typed;
-  const bool sameLetter = sought_.count(sought_.front(), Qt::CaseInsensitive) == sought_.size();
-  const QString beginning = sameLetter ? sought_.left(1) : sought_;
-  const int from = std::max(0, sameLetter ? currentRow() + 1 : currentRow());
-  for (int step = 0; step < count(); ++step) {
-    const int row = (from + step) % count();
-    if (!item(row)->text().mid(MarkWidth).startsWith(beginning, Qt::CaseInsensitive)) continue;
-    setCurrentRow(row);
+  if (!typed_.Pending()) {
+    QStringList names;
+    for (int at = 0; at < count(); ++at) names.append(item(at)->text().mid(MarkWidth));
+    typed_.SetNames(names);
+    formerRow_ = Selected() - 1;
+  }
+  if (typed_.Type(typed)) FollowLetters();
+}
+
+void AccessoryChooser::FollowLetters() {
+  if (!typed_.Pending()) setCurrentRow(formerRow_);
+  if (typed_.First() >= 0) setCurrentRow(typed_.First());
+  if (lblTyped != nullptr) lblTyped->setText(typed_.Letters());
+  AcceptField(*this);
+  setAccessibleDescription(typed_.Letters());
+  if (typed_.NothingFits()) RefuseField(*this, typed_.Reason());
+}
+
+// The entry shown stays selected.
+void AccessoryChooser::EndSearch() {
+  typed_.Drop();
+  formerRow_ = Selected() - 1;
+  FollowLetters();
+}
+
+// True when the letters leave open which name is meant: the cursor stays with them.
+bool AccessoryChooser::HoldsCursor() {
+  if (!typed_.Pending()) return false;
+  const int choice = typed_.Choice();
+  if (choice < 0) {
+    RefuseField(*this, typed_.Reason());
+    return true;
+  }
+  setCurrentRow(choice);
+  EndSearch();
+  return false;
+}
+
+bool AccessoryChooser::SettleSearch() {
+  if (!HoldsCursor()) return true;
+  const QString reason = typed_.Reason();
+  typed_.Drop();
+  FollowLetters();
+  RefuseField(*this, reason);
+  return false;
+}
+
+// The keys of the search; true when the key was one of them.
+bool AccessoryChooser::SearchKey(const QKeyEvent& key) {
+  const Qt::KeyboardModifiers held =
+      key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  // With Ctrl and Alt together some keyboards type a third letter.
+  const bool typing = !held || held == (Qt::ControlModifier | Qt::AltModifier);
+  if (typing && !key.text().isEmpty() && key.text().front().isPrint()) {
+    keyboardSearch(key.text());
+    return true;
+  }
+  if (!typed_.Pending() || held) return false;
+  switch (key.key()) {
+    case Qt::Key_Backspace:
+      typed_.TakeBack();
+      FollowLetters();
+      return true;
+    case Qt::Key_Escape:
+      typed_.Drop();
+      FollowLetters();
+      return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Delete:
+      return HoldsCursor();
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      if (typed_.First() >= 0) EndSearch();
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Tab never reaches the handler of keys.
+bool AccessoryChooser::event(QEvent* event) {
+  bool taken = false;
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    if (tab && !key.modifiers().testFlag(Qt::ControlModifier)) {
+      Guard([&] { taken = HoldsCursor(); });
+    }
+  }
+  return taken || QListWidget::event(event);
+}
+
+void AccessoryChooser::focusOutEvent(QFocusEvent* event) {
+  QListWidget::focusOutEvent(event);
+  // A menu, a box or another program in front takes the focus only for a while.
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason ||
+      event->reason() == Qt::ActiveWindowFocusReason) {
     return;
   }
+  GuardFocusChange([&] { SettleSearch(); });
 }
 
 void AccessoryChooser::keyPressEvent(QKeyEvent* event) {
   Guard([&] {
     event->accept();
-    if (!ListKey(*event)) QListWidget::keyPressEvent(event);
+    if (!SearchKey(*event) && !ListKey(*event)) QListWidget::keyPressEvent(event);
   });
 }
 

@@ -2,13 +2,14 @@
 // project uses, and the way to the accessories' dialogs.
 #pragma once
 
-#include <QElapsedTimer>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <cstdint>
 
 #include "project/changes.h"
 #include "ui/commands.h"
+#include "ui/controls/typed_letters.h"
 
 namespace orvane {
 
@@ -27,14 +28,24 @@ class AccessoryChooser : public QListWidget {
   // The project loses all lines of the selected accessory, without a question.
   void ClearAccessory();
 
-  // Typed letters lead to the next name that begins with them, the mark left aside; the same letter
-  // again leads on from there.
+  // The label beside the list's caption that shows what is typed. Called once.
+  QLabel* NewLettersLabel(QWidget* parent);
+
+  // Typed letters lead to the first name that begins with them, the mark left aside. They stay, at
+  // any pace, until Enter, Tab or leaving takes the one name that they tell, an arrow takes the
+  // name shown, or Esc drops them; as long as they tell no one name, nothing is done to any.
+  const TypedLetters& Typed() const { return typed_; }
   void keyboardSearch(const QString& typed) override;
+  // What leaving the list does to them. False when they leave open which name was meant: the former
+  // selection is back, and the list has the refused look until it is next entered.
+  bool SettleSearch();
 
  protected:
+  bool event(QEvent* event) override;
   // The user's arrival counts as a change of the project, deliberately; the way back from a menu, a
   // dialog or another program doesn't.
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -50,10 +61,15 @@ class AccessoryChooser : public QListWidget {
   void ShowMenuAtEntry();
   bool ListKey(const QKeyEvent& key);
   void Run(Command command);
+  bool SearchKey(const QKeyEvent& key);
+  bool HoldsCursor();
+  void FollowLetters();
+  void EndSearch();
 
   QMenu* mnuAccPU = nullptr;
-  QString sought_;  // the letters typed one behind the other
-  QElapsedTimer lastLetter_;
+  QLabel* lblTyped = nullptr;
+  TypedLetters typed_;
+  int formerRow_ = -1;  // the selection before the first letter, counted from 0; -1 for none
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 

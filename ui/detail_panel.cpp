@@ -4,7 +4,9 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
@@ -74,12 +76,14 @@ void DetailPanel::BuildPunching() {
   column->addWidget(NewLabel("lblPunching", "Pu&nching", cboPattern, SSPanelPunching));
   column->addWidget(cboPattern);
   connect(cboPattern, &QComboBox::activated, this, [this] { Guard([&] { PatternChosen(); }); });
+  WatchList(patterns_, cboPattern);
 }
 
 void DetailPanel::BuildPitch() {
   cboPitch = NewList("cboPitch", this);
   lblPitch = NewLabel("lblPitch", "Pitch", cboPitch, this);
   connect(cboPitch, &QComboBox::activated, this, [this] { Guard([&] { PitchSelected(); }); });
+  WatchList(pitches_, cboPitch);
 }
 
 void DetailPanel::BuildJointing() {
@@ -204,6 +208,7 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
       });
     });
   }
+  ShowUndecided(patterns_, ItemIndex);
   // Here also for a section of another letter whose pattern has left it a diameter.
   ShowSagBars(ShownSagBars(ItemIndex));
   return index >= 0;
@@ -223,6 +228,7 @@ void DetailPanel::ClearDetailPanel() {
 
 void DetailPanel::ShowPitch(std::int16_t ItemIndex) {
   cboPitch->SelectQuietly(FindComboIndex(cboPitch->Entries(), Items.At(ItemIndex).Pitch));
+  ShowUndecided(pitches_, ItemIndex);
 }
 
 void DetailPanel::ShowJointingPieces(std::int16_t ItemIndex) {
@@ -252,11 +258,78 @@ void DetailPanel::Follow(const ChangeNotice& change) {
   if (change.Row == Row()) FillHoleGrid(change.Row);
 }
 
+// Lists left undecided.
+
+void DetailPanel::WatchList(WatchedList& watched, PlainCombo* list) {
+  watched.List = list;
+  list->LeftUndecided = [this, &watched](const QString& reason) {
+    if (Row() >= 1) watched.Undecided[Row()] = reason;
+  };
+  list->RefusalEnded = [this, &watched] { watched.Undecided.erase(Row()); };
+}
+
+// A list shows the rows one after the other, and the look of each with it.
+void DetailPanel::ShowUndecided(const WatchedList& watched, int row) {
+  const auto found = watched.Undecided.find(row);
+  if (found != watched.Undecided.end()) watched.List->ShowRefusal(found->second);
+}
+
+void DetailPanel::SettleLists() {
+  cboPattern->Leave();
+  cboPitch->Leave();
+}
+
+int DetailPanel::UndecidedRow() const {
+  int first = 0;
+  for (const WatchedList* watched : {&patterns_, &pitches_}) {
+    if (watched->Undecided.empty()) continue;
+    const int row = watched->Undecided.begin()->first;
+    first = first == 0 ? row : std::min(first, row);
+  }
+  return first;
+}
+
+void DetailPanel::EnterUndecided() {
+  for (WatchedList* watched : {&patterns_, &pitches_}) {
+    const auto found = watched->Undecided.find(Row());
+    if (found == watched->Undecided.end()) continue;
+    const QString reason = found->second;
+    watched->Undecided.erase(found);
+    watched->List->setFocus(Qt::OtherFocusReason);
+    // Whoever is led there sees why.
+    watched->List->ShowRefusal(reason);
+    return;
+  }
+}
+
+void DetailPanel::ForgetUndecided() {
+  patterns_.Undecided.clear();
+  pitches_.Undecided.clear();
+}
+
+void DetailPanel::ForgetRow(int row) {
+  for (WatchedList* watched : {&patterns_, &pitches_}) {
+    std::map<int, QString> rest;
+    for (const auto& [other, reason] : watched->Undecided) {
+      if (other != row) rest[other > row ? other - 1 : other] = reason;
+    }
+    watched->Undecided = std::move(rest);
+  }
+}
+
+void DetailPanel::RunOwn(const std::function<void()>& command) {
+  Guard([&] {
+    if (BeforeCommand) BeforeCommand();
+    command();
+  });
+}
+
 // Choices.
 
 void DetailPanel::PatternChosen() {
   const std::int16_t row = Row();
   if (row < 1) return;
+  patterns_.Undecided.erase(row);
   const int index = cboPattern->currentIndex();
   // The list tells of the choice of the entry that stood there already too.
   const bool another = Trim(ShownPattern()) != Trim(Items.At(row).PatternName);

@@ -10,6 +10,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "project/changes.h"
@@ -58,6 +59,19 @@ class DetailPanel : public QWidget {
   void RebuildShownHoles(std::int16_t ItemIndex);
   void ShowHolesAsTheyStand(std::int16_t ItemIndex);
 
+  // Typed letters of both lists choose or are dropped, as leaving them would; the focus stays.
+  void SettleLists();
+  // The first row for which a list was left undecided, 0 for none; and the focus put into that
+  // list, with which it counts as entered, while that row is the current one.
+  int UndecidedRow() const;
+  void EnterUndecided();
+  // All such rows, or the one that has gone: those behind it have moved up.
+  void ForgetUndecided();
+  void ForgetRow(int row);
+
+  // Run before a command of the panel's own: fields with typed letters are settled.
+  std::function<void()> BeforeCommand;
+
   // Commands.
 
   // Does nothing for a row below 1; else ItemIndex is the current row of the sections grid.
@@ -84,6 +98,15 @@ class DetailPanel : public QWidget {
   void BuildHolesMenu();
   void LayParts();
 
+  // A list and the rows for which it was left undecided, with their reasons.
+  struct WatchedList {
+    PlainCombo* List = nullptr;
+    std::map<int, QString> Undecided;
+  };
+  void WatchList(WatchedList& watched, PlainCombo* list);
+  static void ShowUndecided(const WatchedList& watched, int row);
+  void RunOwn(const std::function<void()>& command);
+
   std::int16_t Row() const;      // of the section worked on
   bool IsHoleListShown() const;  // false for a pattern of holes not placed by hand
   void ShowPart(QWidget& part, bool shown);
@@ -109,6 +132,8 @@ class DetailPanel : public QWidget {
   void OpenHoleDialog(std::int16_t Mode, int CustomRow);
 
   const FlexGrid& sections_;
+  WatchedList patterns_;
+  WatchedList pitches_;
 
   QWidget* SSPanelPunching = nullptr;
   PlainCombo* cboPattern = nullptr;

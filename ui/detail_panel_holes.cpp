@@ -49,7 +49,7 @@ void DetailPanel::BuildHoleList() {
     button->setObjectName(IndexedName("cmdHoles", static_cast<int>(index)));
     buttons->addWidget(button);
     connect(button, &QPushButton::clicked, this,
-            [this, mode = modes.at(index)] { Guard([&] { AddCustomHoles(mode); }); });
+            [this, mode = modes.at(index)] { RunOwn([&] { AddCustomHoles(mode); }); });
   }
 
   auto* column = new QVBoxLayout(SSpanelCustom);
@@ -66,7 +66,7 @@ void DetailPanel::BuildHolesMenu() {
     QAction* action = mnuCHPU->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
     action->setObjectName(IndexedName("mnuCHPUI", entry.Index));
     connect(action, &QAction::triggered, this,
-            [this, command = entry.What] { Guard([&] { RunHoleCommand(command); }); });
+            [this, command = entry.What] { RunOwn([&] { RunHoleCommand(command); }); });
   }
 }
 

@@ -27,6 +27,20 @@ namespace {
 
 constexpr std::string_view HelpFile = "\\Lintaro.chm";
 
+// Commands whose result goes to the factory or on paper.
+bool IsOutput(Command command) {
+  switch (command) {
+    case Command::ExportCam:
+    case Command::PrintDrawing:
+    case Command::PrintAllDrawings:
+    case Command::PrintAccessorySheets:
+    case Command::PrintSummary:
+      return true;
+    default:
+      return false;
+  }
+}
+
 constexpr int PaneMargin = 8;
 constexpr int LeastListLines = 2;  // of the accessory list
 constexpr int LeastSections = 3;   // rows in sight on the smallest window
@@ -96,6 +110,7 @@ void FrmMain::BuildPanes() {
   sheet_ = new SheetView(SSPanel4_);
   sections_->Connect(*detail_, *sheet_);
   detail_->ElevationPlace = [this] { return sheet_->ElevationPlace(); };
+  detail_->BeforeCommand = [this] { SettleFields(); };
   connect(sections_, &SectionsGrid::MenuAsked, this,
           [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });
 
@@ -108,7 +123,10 @@ void FrmMain::BuildPanes() {
   list->setSpacing(PaneMargin / 2);
   auto* caption = new QLabel("A&ccessories", SSPanel7_);
   caption->setBuddy(accessories_);
-  list->addWidget(caption);
+  auto* captionLine = new QHBoxLayout;
+  captionLine->addWidget(caption);
+  captionLine->addWidget(accessories_->NewLettersLabel(SSPanel7_), 1);
+  list->addLayout(captionLine);
   list->addWidget(accessories_);
   left->addLayout(list, 2);
   // On a small screen the list gives way to the grid.
@@ -160,6 +178,8 @@ int FrmMain::SelectedRow() const {
 
 // Each command checks for the row it needs; none of them is ever greyed.
 void FrmMain::Dispatch(Command command, int number) {
+  SettleFields();
+  if (IsOutput(command) && LeadsToUndecided()) return;
   switch (command) {
     case Command::Exit:
       return Exit();
@@ -238,6 +258,28 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::None:
       return;
   }
+}
+
+// What is typed over a list takes effect or ends before a command looks at the sections, as leaving
+// the list would have it: a key or a button of the toolbar doesn't move the focus.
+void FrmMain::SettleFields() {
+  sections_->SettleProduct();
+  detail_->SettleLists();
+  accessories_->SettleSearch();
+}
+
+// No steel is ordered while it is open what a list was to choose: the cursor goes there, once.
+bool FrmMain::LeadsToUndecided() {
+  if (sections_->UndecidedRow() > 0) {
+    sections_->EnterUndecided();
+    return true;
+  }
+  const int row = detail_->UndecidedRow();
+  if (row == 0) return false;
+  if (row != SelectedRow()) sections_->GoTo(row, sections_->Grid().Col());
+  // A refused cell keeps the cursor.
+  if (row == SelectedRow()) detail_->EnterUndecided();
+  return true;
 }
 
 void FrmMain::ShowRegistration() {

@@ -89,6 +89,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
 
   // Commands.
   void Dispatch(Command command, int number);
+  void SettleFields();
+  bool LeadsToUndecided();
   void Exit();
   void ShowRegistration();
   void EditSection(const std::function<void(std::int16_t)>& edit);

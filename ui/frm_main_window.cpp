@@ -232,6 +232,7 @@ void FrmMain::FocusMoved(const QWidget* now) {
 bool FrmMain::AskToExit() {
   if (asking_) return false;
   const QScopedValueRollback<bool> asked(asking_, true);
+  SettleFields();
   return ExitProject();
 }
 

@@ -149,6 +149,8 @@ void SectionsGrid::DeleteItem(int ItemIndex) {
   const Busy busy(GridBusy_);
   ForgetEditors();
   DeleteItemRow(ItemRow(ItemIndex));
+  model_->AcceptRow(ItemIndex);
+  detail_->ForgetRow(ItemIndex);
   Change(ChangeKind::GridTexts);  // the grid has a row less
   ShowCurrentRow();
 }
@@ -159,6 +161,8 @@ void SectionsGrid::SortItems(SortKey Key) {
   const std::vector<std::string> former = ShownTexts(*grid_);
   ForgetEditors();
   SortItemRows(Key);
+  // The rows stand for other sections now.
+  ForgetUndecided();
   if (ShownTexts(*grid_) != former) Change(ChangeKind::GridTexts);
   ShowCurrentRow();
 }
@@ -167,12 +171,18 @@ void SectionsGrid::SortItems(SortKey Key) {
 
 void SectionsGrid::DisplayItems(bool keepRow) {
   ForgetEditors();
+  if (!keepRow) ForgetUndecided();
   MakeCurrent(0);
   mirroredRow_ = 0;
   // Its row may stand for another section now.
   sheet_->Clear();
   model_->Refill();
   grid_->SetCurrent(keepRow ? grid_->Row() : 0, keepRow ? grid_->Col() : 0);
+}
+
+void SectionsGrid::ForgetUndecided() {
+  model_->AcceptAllCells();
+  detail_->ForgetUndecided();
 }
 
 void SectionsGrid::SelectFirstItem() {
@@ -234,6 +244,8 @@ void SectionsGrid::FillSectionCombo(const std::string& Letter) {
 bool SectionsGrid::MoveTo(int row, int column) {
   if (row != grid_->Row() || column != grid_->Col()) {
     if (!LeaveCell()) return false;
+    // The panel's lists are left too when the row changes under them.
+    detail_->SettleLists();
     Select(row, PassOver(row, column));
   }
   GridEnterCell();
@@ -280,6 +292,15 @@ void SectionsGrid::GridRowChange(ShownHoles holes) {
   } else {
     detail_->ShowHolesAsTheyStand(ItemRow(row));
   }
+}
+
+void SectionsGrid::GoTo(int row, int column) {
+  const Busy busy(GridBusy_);
+  MoveTo(row, column);
+}
+
+int SectionsGrid::UndecidedRow() const {
+  return model_->FirstRefusedRow();
 }
 
 // A press beside the columns that are edited means the mark.

@@ -48,6 +48,15 @@ class SectionsGrid : public QWidget {
   // Validates the cell being edited, as leaving it would, and forgets it; false when it was refused
   // and the cursor is back in it.
   bool SettleEditor();
+  // Typed letters of a product choose it or are dropped, as leaving the cell would; the cursor
+  // stays.
+  void SettleProduct();
+  // Makes a cell the current one as a click does.
+  void GoTo(int row, int column);
+  // The first row whose product was left undecided, 0 for none; and the cursor put there, with
+  // which it counts as entered.
+  int UndecidedRow() const;
+  void EnterUndecided();
   // True while the sheet shows an opposite hand whose pattern isn't symmetric and stands mirrored.
   bool IsMirrorShown();
   // Places the right editor on the current cell.
@@ -72,6 +81,7 @@ class SectionsGrid : public QWidget {
   int PassOver(int row, int column);
   void Select(int row, int column, ShownHoles holes = ShownHoles::Afresh);
   void GridRowChange(ShownHoles holes);
+  void ForgetUndecided();
   bool ShowRow(int row, ShownHoles holes = ShownHoles::Afresh);
   void ShowCurrentRow();
   void MakeCurrent(std::int16_t row);

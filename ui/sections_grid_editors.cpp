@@ -128,6 +128,7 @@ void SectionsGrid::EntryChosen(int row, int column, const std::string& text) {
 
 // Validates the cell that is left; false when it was refused.
 bool SectionsGrid::LeaveCell() {
+  editor_.SettleChoice();
   if (editor_.EditRow() == 0 || EditError_) return true;
   const auto refusal = CellRefusal(Int16(editor_.EditRow()), editor_.EditCol(), editor_.Text());
   if (!refusal) return true;
@@ -154,6 +155,19 @@ void SectionsGrid::Refuse(const std::string& message) {
       GridEnterCell();
     });
   });
+}
+
+void SectionsGrid::SettleProduct() {
+  editor_.SettleChoice();
+}
+
+void SectionsGrid::EnterUndecided() {
+  const int row = model_->FirstRefusedRow();
+  const QString reason = model_->RefusalOfCell(row, ProductColumn);
+  GoTo(row, ProductColumn);
+  model_->AcceptCell(row, ProductColumn);
+  // Whoever is led there sees why.
+  if (cboEdit_->hasFocus()) cboEdit_->ShowRefusal(reason);
 }
 
 bool SectionsGrid::SettleEditor() {

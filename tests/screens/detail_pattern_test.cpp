@@ -47,10 +47,12 @@ TEST_F(DetailPatternTest, Letters_typed_before_the_focus_came_back_are_no_part_o
   auto& patterns = Find<QComboBox>("cboPattern");
   patterns.setFocus();
   QTest::keyClicks(&patterns, "cust");
-  EXPECT_EQ(Items.At(1).PatternName, "Custom");
   Sections().setFocus();
+  Settle();
+  EXPECT_EQ(Items.At(1).PatternName, "Custom");
   patterns.setFocus();
   QTest::keyClicks(&patterns, "butt s");
+  Press(Qt::Key_Return);
   EXPECT_EQ(Items.At(1).PatternName, "Butt Single Holes");
 }
 

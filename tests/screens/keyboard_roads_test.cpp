@@ -88,6 +88,7 @@ TEST_F(KeyboardRoads, A_letter_and_a_blank_search_on_in_the_pattern_list) {
   Press(Qt::Key_N, Qt::AltModifier);
   Settle();
   Type("Butt 1 Sag Bar P");
+  Press(Qt::Key_Return);
   EXPECT_EQ(FromQt(Find<QComboBox>("cboPattern").currentText()), "Butt 1 Sag Bar Pair");
   EXPECT_EQ(Items.At(1).PatternName, "Butt 1 Sag Bar Pair");
 }

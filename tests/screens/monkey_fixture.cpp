@@ -298,6 +298,7 @@ void MonkeyTest::PrepareRow(int row, int pattern) {
     for (const char letter : product) {
       if (Focus() == "cboEdit") QTest::keyClick(QApplication::focusWidget(), letter);
     }
+    if (Focus() == "cboEdit") QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   }
   ChoosePattern(pattern);
 }
@@ -310,6 +311,7 @@ void MonkeyTest::ChoosePattern(int entry) {
   for (const char letter : name) {
     if (Focus() == "cboPattern") QTest::keyClick(QApplication::focusWidget(), letter);
   }
+  if (Focus() == "cboPattern") QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
 }
 
 // One of the dialogs that edit a section.

@@ -118,6 +118,9 @@ TEST_F(NotchesTest, A_buttons_key_acts_before_what_is_typed_behind_it) {
     Keys("60");
     Key(Qt::Key_A, Qt::AltModifier);  // "&Add"
     Keys("t2");
+    ExpectEditing(form, 4, 1, "");
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
     ExpectEditing(form, 4, 1, "T2");
     EXPECT_EQ(Cells(form).at(0), (Texts{"TL1", "12.5", "60", "40"}));
   });

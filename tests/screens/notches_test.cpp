@@ -158,6 +158,8 @@ TEST_F(NotchesTest, Typed_texts_are_stored_in_the_cell_at_once) {
     EXPECT_EQ(Cells(form).front().at(1), "40");
     Click(form, 1, 1);
     Keys("l");
+    EXPECT_EQ(Cells(form).front().at(0), "");  // a code isn't stored before it is chosen
+    Key(Qt::Key_Return);
     EXPECT_EQ(Cells(form).front().at(0), "L3");
     Click(form, 1, 2);
     Keys("12.5");

@@ -306,7 +306,11 @@ TEST_F(SectionsEditing, Passing_over_a_product_that_isnt_in_the_list_leaves_it_a
 TEST_F(SectionsEditing, Typing_letters_over_the_closed_list_chooses_a_product) {
   PutOne();
   Show(1, 2);
-  Type("Z21");
+  Type("Z21514");
+  EXPECT_EQ(Items.At(1).Product, "Z14012");
+  EXPECT_EQ(ProjectDirty, False);
+  Press(Qt::Key_Return);
+  Press(Qt::Key_Backtab, Qt::ShiftModifier);
   Settle();
   EXPECT_EQ(Items.At(1).Product, "Z21514");
   EXPECT_TRUE(CursorAt(1, 2, "Z21514"));

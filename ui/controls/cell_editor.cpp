@@ -91,8 +91,17 @@ PlainCombo& CellEditor::AddChoices(int column, const QString& panel, const QStri
   // An entry that is chosen again counts too: the cell may hold a text that the list hasn't.
   connect(list, &QComboBox::activated, this, [this, list] {
     chosen_ = true;
-    Guard([&] { Changed(list->Text()); });
+    Guard([&] {
+      Changed(list->Text());
+      // Of a choice made by leaving it is told behind the leaving.
+      if (!list->hasFocus()) WriteBack();
+    });
   });
+  // The list moves on with the cursor; the cell left bears its look.
+  list->LeftUndecided = [this](const QString& reason) {
+    if (EditRow_ > 0) grid_.Model().RefuseCell(EditRow_, EditCol_, reason);
+  };
+  list->RefusalEnded = [this] { grid_.Model().AcceptCell(EditRow_, EditCol_); };
   choices_[column] = {frame, list};
   return *list;
 }
@@ -124,6 +133,7 @@ void CellEditor::ShowText(const std::string& text) {
 
 void CellEditor::Open(int row, int column) {
   Commit();
+  grid_.Model().AcceptCell(row, column);
   const std::string text = grid_.TextMatrix(row, column);
   const QString name = ToQt(grid_.TextMatrix(0, column) + ", row " + DecimalText(row));
   QFrame* former = openPanel_;
@@ -132,8 +142,6 @@ void CellEditor::Open(int row, int column) {
   openChoices_ = nullptr;
   if (table_.EditOf(row, column) == CellEdit::Choice) {
     const Choices& choices = choices_.at(column);
-    // Letters typed in the cell before don't go on here.
-    choices.List->SearchAfresh();
     choices.List->SelectQuietly(FindComboIndex(choices.List->Entries(), text));
     control = openChoices_ = choices.List;
     openPanel_ = choices.Panel;
@@ -161,7 +169,17 @@ void CellEditor::Place() {
   if (EditRow_ > 0) openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
 }
 
+void CellEditor::SettleChoice() {
+  if (openChoices_ != nullptr) openChoices_->Leave();
+}
+
 void CellEditor::Commit() {
+  SettleChoice();
+  WriteBack();
+}
+
+// Typed letters stay as they are.
+void CellEditor::WriteBack() {
   if (table_.TakesAtOnce || EditRow_ == 0) return;
   if (openChoices_ != nullptr) {
     // A text that the list doesn't have stays as long as nothing is chosen for it.
@@ -177,6 +195,7 @@ void CellEditor::Changed(const std::string& text) {
 }
 
 void CellEditor::Forget() {
+  if (openChoices_ != nullptr) openChoices_->DropLetters();
   EditRow_ = 0;
   EditCol_ = 0;
 }
@@ -223,6 +242,9 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
 bool CellEditor::KeyPressed(const QObject* watched, const QKeyEvent& key) {
   if (table_.Ignores && table_.Ignores()) return true;
   if (watched == &home_) return BeginsBy(key);
+  if (openChoices_ != nullptr && watched == openChoices_ && openChoices_->HoldsCursor(key)) {
+    return true;
+  }
   if (MovesBy(key)) return true;
   return watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key);
 }
@@ -325,7 +347,7 @@ bool CellEditor::DropsComposed(const QInputMethodEvent& composed) {
 
 void CellEditor::FocusLost(const QFocusEvent& event) {
   if (table_.Ignores && table_.Ignores()) return;
-  Commit();
+  WriteBack();
   if (!table_.Left || OnlyAWhile(event)) return;
   const QWidget* now = QApplication::focusWidget();
   if (now != nullptr && now != &home_ && !home_.isAncestorOf(now)) table_.Left();

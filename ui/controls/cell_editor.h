@@ -65,9 +65,12 @@ class CellEditor : public QObject {
   // Opens a cell with its text selected, or its entry chosen in the list, and takes the focus. The
   // cell opened before is committed.
   void Open(int row, int column);
-  // Tells the table what the open cell holds, if it is to be told on leaving and it was changed.
+  // What is typed over the open list chooses or is dropped, as leaving the cell would have it.
+  void SettleChoice();
+  // Settles it, and tells the table what the open cell holds, if it is to be told on leaving and it
+  // was changed.
   void Commit();
-  // No cell is edited any more, and none is committed; the control stays.
+  // No cell is edited any more, and none is committed; the control stays, without typed letters.
   void Forget();
   // Forgets the cell and hides its control; the focus goes home if the control has it.
   void Close();
@@ -85,6 +88,7 @@ class CellEditor : public QObject {
   void Connect(QFrame& panel, const QString& name, QWidget& control, int margin);
   void Place();
   void Changed(const std::string& text);
+  void WriteBack();
   bool KeyPressed(const QObject* watched, const QKeyEvent& key);
   bool MovesBy(const QKeyEvent& key);
   bool BeginsBy(const QKeyEvent& key);

@@ -10,10 +10,12 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyleOptionHeaderV2>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 
 #include "core/text.h"
+#include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -29,6 +31,23 @@ constexpr QRgb WhiteCell = 0xFFFFFFFF;
 constexpr int RowPadding = 5;
 
 constexpr int FewRows = 4;
+
+// Gives a refused cell its look.
+class CellDelegate : public QStyledItemDelegate {
+ public:
+  CellDelegate(const FlexGridModel& model, QObject* parent)
+      : QStyledItemDelegate(parent), model_(model) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (model_.RefusalOfCell(index.row() + 1, index.column()).isEmpty()) return;
+    PaintRefusedLook(*painter, option.rect, QColor(WhiteCell));
+  }
+
+ private:
+  const FlexGridModel& model_;
+};
 
 }  // namespace
 
@@ -64,6 +83,38 @@ std::pair<int, int> FlexGridModel::GroupSpan(int column) const {
   return {first, last};
 }
 
+void FlexGridModel::RefuseCell(int row, int column, const QString& reason) {
+  refused_[{row, column}] = reason;
+  CellChanged(row, column);
+}
+
+void FlexGridModel::AcceptCell(int row, int column) {
+  if (refused_.erase({row, column}) > 0) CellChanged(row, column);
+}
+
+void FlexGridModel::AcceptAllCells() {
+  const auto former = std::exchange(refused_, {});
+  for (const auto& [cell, reason] : former) CellChanged(cell.first, cell.second);
+}
+
+QString FlexGridModel::RefusalOfCell(int row, int column) const {
+  if (refused_.empty()) return {};
+  const auto found = refused_.find({row, column});
+  return found == refused_.end() ? QString() : found->second;
+}
+
+int FlexGridModel::FirstRefusedRow() const {
+  return refused_.empty() ? 0 : refused_.begin()->first.first;
+}
+
+void FlexGridModel::AcceptRow(int row) {
+  const auto former = std::exchange(refused_, {});
+  for (const auto& [cell, reason] : former) {
+    if (cell.first == row) continue;
+    refused_[{cell.first > row ? cell.first - 1 : cell.first, cell.second}] = reason;
+  }
+}
+
 int FlexGridModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : DataRows();
 }
@@ -86,6 +137,11 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
       return QColor(Qt::black);
     case Qt::TextAlignmentRole:
       return fixed ? QVariant(Qt::AlignCenter) : QVariant(AlignmentOf(index.column()));
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: {
+      const QString reason = RefusalOfCell(index.row() + 1, index.column());
+      return reason.isEmpty() ? QVariant() : QVariant(reason);
+    }
     default:
       return {};
   }
@@ -188,6 +244,7 @@ QPalette CellColours(QPalette palette) {
 FlexGrid::FlexGrid(FlexGridModel* model, QWidget* parent) : QTableView(parent), model_(model) {
   if (model->HasGroupTitles()) setHorizontalHeader(new GroupHeading(*model, this));
   setModel(model);
+  setItemDelegate(new CellDelegate(*model, this));
   setFocusPolicy(Qt::NoFocus);
   setSelectionMode(QAbstractItemView::NoSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);

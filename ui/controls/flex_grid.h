@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QTableView>
 #include <functional>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -49,6 +50,16 @@ class FlexGridModel : public QAbstractTableModel {
   // First and last column of the cell that the column's title stands in.
   std::pair<int, int> GroupSpan(int column) const;
 
+  // Cells that were left without taking what was typed there: the refused look, and the reason as
+  // the cell's tip.
+  void RefuseCell(int row, int column, const QString& reason);
+  void AcceptCell(int row, int column);
+  void AcceptAllCells();
+  QString RefusalOfCell(int row, int column) const;  // the reason; empty for none
+  int FirstRefusedRow() const;                       // 0 for none
+  // The row has gone, and those behind it have moved up.
+  void AcceptRow(int row);
+
   // The toolkit's side.
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -66,6 +77,7 @@ class FlexGridModel : public QAbstractTableModel {
   std::vector<Qt::Alignment> alignments_;
   int fixedColumns_ = 0;
   int greyRow_ = 0;
+  std::map<std::pair<int, int>, QString> refused_;  // reasons, by row and column
 };
 
 // A model that holds its texts.

@@ -44,6 +44,7 @@ void TextRowsModel::Remove(int row) {
   beginRemoveRows({}, row - 1, row - 1);
   rows_.Remove(row);
   endRemoveRows();
+  AcceptRow(row);
 }
 
 void TextRowsModel::Clear() {
@@ -51,6 +52,7 @@ void TextRowsModel::Clear() {
   rows_.Clear();
   rows_.Append(BlankRow());
   endResetModel();
+  AcceptAllCells();
 }
 
 Table<std::string> TextRowsModel::BlankRow() const {

@@ -152,6 +152,7 @@ void FrmNotches::ClearAll() {
 }
 
 void FrmNotches::Store() {
+  MSFlexGrid1_->Commit();
   StoreNotches(itemIndex_, MSFlexGrid1_->Texts());
   accept();
 }
