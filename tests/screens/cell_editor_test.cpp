@@ -95,9 +95,13 @@ TEST_F(CellEditorTest, A_table_takes_each_stroke_at_once) {
   Type("1z2");
   EXPECT_EQ(CellText(1, 3), "12");
   Press(Qt::Key_Tab);
+  // A choice isn't taken before it is made.
   Type("gre");
-  EXPECT_EQ(CellText(1, 4), "Green");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(CellText(1, 4), "Red");
   Type("y");
+  EXPECT_EQ(CellText(1, 4), "Red");
+  Press(Qt::Key_Return);
   EXPECT_EQ(CellText(1, 4), "Grey");
 }
 

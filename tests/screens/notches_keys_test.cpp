@@ -83,6 +83,9 @@ TEST_F(NotchesTest, Typing_begins_the_current_cell_of_the_table_at_rest) {
   InDialog([this](QWidget& form) {
     ASSERT_EQ(Focus(), "MSFlexGrid1");
     for (const char* letter : {"r", "3"}) Keys(letter);
+    ExpectEditing(form, 1, 1, "TL1");
+    Key(Qt::Key_Return);
+    Click(form, 1, 1);
     ExpectEditing(form, 1, 1, "R3");
     EXPECT_EQ(Cells(form).at(0), (Texts{"R3", "12.5", "0.1", "40"}));
     // Behind Delete the keys rest in the table again.

@@ -227,14 +227,15 @@ TEST_F(SectionsKeys, Keys_after_a_product_was_chosen_go_on_from_its_cell) {
 TEST_F(SectionsKeys, The_search_for_a_product_begins_afresh_in_another_row) {
   PutSix();
   Show(1, 2);
-  Type("Z21");
-  EXPECT_EQ(Items.At(1).Product, "Z21514");
+  Type("Z21514");
   Press(Qt::Key_Down);
+  EXPECT_EQ(Items.At(1).Product, "Z21514");
   ASSERT_TRUE(CursorAt(2, 2, "Z14014"));
-  Type("Z19");
-  EXPECT_EQ(Items.At(2).Product, "Z19014");
+  Type("Z19014");
   Press(Qt::Key_Up);
-  Type("Z24");
+  EXPECT_EQ(Items.At(2).Product, "Z19014");
+  Type("Z24516");
+  Press(Qt::Key_Down);
   EXPECT_EQ(Items.At(1).Product.substr(0, 3), "Z24");
   EXPECT_EQ(Items.At(2).Product, "Z19014");
 }

@@ -1,0 +1,138 @@
+// Names typed in the cells of the dialogs' tables: the codes of notches and the choices of a type 2
+// accessory.
+#include "tests/screens/acc02_fixture.h"
+#include "tests/screens/notches_fixture.h"
+#include "ui/controls/refused_look.h"
+
+namespace orvane::test {
+namespace {
+
+class TypedCodes : public NotchesTest {};
+
+std::string RefusalIn(FlexGrid& grid, int row, int column) {
+  return FromQt(grid.Model().RefusalOfCell(row, column));
+}
+
+TEST_F(TypedCodes, A_code_is_chosen_when_it_is_typed_in_full_or_one_is_left) {
+  ShowOne();
+  InDialog([this](QWidget& form) {
+    Click(form, 1, 1);
+    Keys("tr");
+    EXPECT_EQ(Cells(form).front().at(0), "");
+    Key(Qt::Key_Tab);
+    ExpectEditing(form, 1, 2, "");
+    EXPECT_EQ(Cells(form).front().at(0), "TR1");
+    for (const char* size : {"20", "30", "400"}) {
+      Keys(size);
+      Key(Qt::Key_Tab);
+    }
+    Click(form, 1, 1);
+    Keys("b2");
+    Ok(form);  // leaves the cell
+  });
+  EXPECT_EQ(Stored(), (std::vector<Texts>{{"B2", "20", "30", "400"}}));
+}
+
+TEST_F(TypedCodes, Enter_and_Tab_stay_and_Down_leaves_where_several_codes_fit) {
+  ShowOne(Three);
+  InDialog([this](QWidget& form) {
+    Click(form, 1, 1);
+    Keys("b");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
+      Key(key);
+      ExpectEditing(form, 1, 1, "TL1");
+      EXPECT_EQ(FromQt(Codes(form).toolTip()), "3 entries begin with \"b\"");
+    }
+    Key(Qt::Key_Down);
+    ExpectEditing(form, 2, 1, "B2");
+    EXPECT_FALSE(IsFieldRefused(Codes(form)));
+    EXPECT_EQ(RefusalIn(Grid(form), 1, 1), "3 entries begin with \"b\"");
+    EXPECT_EQ(Cells(form), ThreeTexts);
+    Keys("br");
+    Key(Qt::Key_Up);
+    ExpectEditing(form, 1, 1, "TL1");
+    EXPECT_EQ(Cells(form).at(1).at(0), "BR1");
+    EXPECT_EQ(RefusalIn(Grid(form), 1, 1), "");
+  });
+}
+
+TEST_F(TypedCodes, Escape_takes_the_letters_back_before_it_closes_the_dialog) {
+  ShowOne(Three);
+  InDialog([this](QWidget& form) {
+    Click(form, 1, 1);
+    Keys("bx");
+    EXPECT_TRUE(IsFieldRefused(Codes(form)));
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    ExpectEditing(form, 1, 1, "TL1");
+    EXPECT_FALSE(IsFieldRefused(Codes(form)));
+    EXPECT_EQ(Cells(form), ThreeTexts);
+  });
+}
+
+TEST_F(TypedCodes, A_row_that_goes_takes_its_letters_and_its_refusal_along) {
+  ShowOne(Three);
+  InDialog([this](QWidget& form) {
+    Click(form, 2, 1);
+    Keys("b");
+    Click(form, 1, 1);
+    ASSERT_NE(RefusalIn(Grid(form), 2, 1), "");
+    Keys("r3");
+    ClickButton(form, "cmdNotch(1)");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Cells(form), (std::vector<Texts>{ThreeTexts.at(1), ThreeTexts.at(2)}));
+    EXPECT_NE(RefusalIn(Grid(form), 1, 1), "");
+    EXPECT_EQ(RefusalIn(Grid(form), 2, 1), "");
+    ClickButton(form, "cmdNotch(2)");
+    EXPECT_EQ(RefusalIn(Grid(form), 1, 1), "");
+  });
+}
+
+class TypedChoices : public Acc02Test {
+ protected:
+  void SetUp() override {
+    Acc02Test::SetUp();
+    PutLine(SplicePlates, "A1", 1, {"Z14012", "2.0", "300"});
+    PutLine(SplicePlates, "A2", 2, {"Z17012", "3.0", "310"});
+  }
+};
+
+TEST_F(TypedChoices, A_choice_is_taken_by_Tab_by_Down_by_a_click_and_by_OK) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 4);
+    Keys("3");
+    EXPECT_EQ(Cells(form).at(0).at(3), "2.0");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Cells(form).at(0).at(3), "3.0");
+    Click(form, 1, 4);
+    Keys("2.0");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Cells(form).at(0).at(3), "2.0");
+    Keys("2.4");
+    Click(form, 1, 1);
+    EXPECT_EQ(Cells(form).at(1).at(3), "2.4");
+    Click(form, 2, 4);
+    Keys("3");
+    ClickButton(form, 0);
+  });
+  EXPECT_EQ(Stored(SplicePlates), (std::vector<Texts>{{"A1", "1", "Z14012", "2.0", "300"},
+                                                      {"A2", "2", "Z17012", "3.0", "310"}}));
+}
+
+TEST_F(TypedChoices, Letters_that_leave_the_choice_open_change_nothing) {
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 2, 4);
+    Keys("2.");
+    Key(Qt::Key_Return);
+    ExpectEditing(form, 2, 4, "3.0");
+    EXPECT_EQ(FromQt(Choices(form, 4).toolTip()), "2 entries begin with \"2.\"");
+    Click(form, 1, 1);
+    EXPECT_EQ(RefusalIn(Grid(form), 2, 4), "2 entries begin with \"2.\"");
+    EXPECT_EQ(Cells(form).at(1).at(3), "3.0");
+    ClickButton(form, 0);
+  });
+  EXPECT_EQ(Stored(SplicePlates).at(1), (Texts{"A2", "2", "Z17012", "3.0", "310"}));
+}
+
+}  // namespace
+}  // namespace orvane::test
