@@ -1,6 +1,7 @@
 #include "project/sections.h"
 
 #include <algorithm>
+#include <numeric>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -97,9 +98,17 @@ auto PatternHoles(const Item& item) {
 }
 
 template <class Field>
-void SortItemsBy(Field Item::*key) {
-  std::stable_sort(Items.begin(), Items.end(),
-                   [key](const Item& a, const Item& b) { return a.*key < b.*key; });
+std::vector<int> SortItemsBy(Field Item::*key) {
+  std::vector<int> rows(static_cast<std::size_t>(Items.UBound()));
+  std::iota(rows.begin(), rows.end(), 1);
+  std::stable_sort(rows.begin(), rows.end(),
+                   [key](int a, int b) { return Items.At(a).*key < Items.At(b).*key; });
+  Table<Item> sorted;
+  sorted.Reserve(Items.UBound());
+  sorted.At(0) = Items.At(0);
+  for (const int row : rows) sorted.Append(std::move(Items.At(row)));
+  Items = std::move(sorted);
+  return rows;
 }
 
 }  // namespace
@@ -165,17 +174,22 @@ void DeleteItemRow(std::int16_t ItemIndex) {
   Change(ChangeKind::Delete, ItemIndex, [&] { Items.Remove(ItemIndex); });
 }
 
-void SortItemRows(SortKey Key) {
-  Change(ChangeKind::Sort, 0, [Key] {
+std::vector<int> SortItemRows(SortKey Key) {
+  std::vector<int> formerRows;
+  Change(ChangeKind::Sort, 0, [&] {
     switch (Key) {
       case SortKey::Mark:
-        return SortItemsBy(&Item::Mark);
+        formerRows = SortItemsBy(&Item::Mark);
+        break;
       case SortKey::Product:
-        return SortItemsBy(&Item::Product);
+        formerRows = SortItemsBy(&Item::Product);
+        break;
       case SortKey::Length:
-        return SortItemsBy(&Item::Length);
+        formerRows = SortItemsBy(&Item::Length);
+        break;
     }
   });
+  return formerRows;
 }
 
 void NewProjectTables(const Date& today) {

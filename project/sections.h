@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "core/model.h"
 
@@ -38,8 +39,9 @@ enum class SortKey { Mark = 1, Product = 2, Length = 3 };
 
 // The table half of SortItems: sorts all rows by the key, texts by character code; rows of equal
 // keys keep their order. "Sort by Section" is the product, deliberately not the section letter.
+// Returns the row that each section stood in before, in the order in which they stand now.
 // ProjectDirty stays: the grid sets it where one of its texts changes.
-void SortItemRows(SortKey Key);
+std::vector<int> SortItemRows(SortKey Key);
 
 // The table half of NewProject: empties the sections, the accessory lines and the project details,
 // sets every flag of AccUsed false (keeping their number), CurrentItem 0, ProjectFileName empty and

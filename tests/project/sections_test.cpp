@@ -289,6 +289,14 @@ TEST_F(SectionsTest, Rows_of_equal_length_keep_their_order_and_move_whole) {
   EXPECT_EQ(PositionsOf(3), (Positions{30}));
 }
 
+TEST_F(SectionsTest, Sorting_tells_where_each_row_stood_before) {
+  Items.At(0).Mark = "blank";
+  for (const int length : {900, 400, 900, 100}) AddItem("M", Int16(length));
+  EXPECT_EQ(SortItemRows(SortKey::Length), (std::vector<int>{4, 2, 1, 3}));
+  EXPECT_EQ(SortItemRows(SortKey::Mark), (std::vector<int>{1, 2, 3, 4}));
+  EXPECT_EQ(Items.At(0).Mark, "blank");
+}
+
 TEST_F(SectionsTest, Rows_of_equal_keys_keep_their_order_in_a_long_table_too) {
   for (const SortKey key : {SortKey::Mark, SortKey::Product, SortKey::Length}) {
     Items.Clear();
