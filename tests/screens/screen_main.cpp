@@ -9,7 +9,5 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("Orvane Detailing System");
   QApplication::setQuitOnLastWindowClosed(false);
-  // Letters typed one behind the other are one word for a list, however slow the machine is.
-  QApplication::setKeyboardInputInterval(10000);
   return RUN_ALL_TESTS();
 }
