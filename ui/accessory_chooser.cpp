@@ -155,7 +155,7 @@ void AccessoryChooser::focusInEvent(QFocusEvent* event) {
   Guard([&] {
     QListWidget::focusInEvent(event);
     if (!IsUsersArrival(event->reason())) return;
-    if (!typed_.Pending()) AcceptField(*this);
+    if (!typed_.Pending()) Accept();
     // Deliberately whether anything is changed afterwards or not.
     Change(ChangeKind::AccessoryListEntered);
     // Whoever comes by the keyboard sees where he is.
@@ -178,7 +178,7 @@ void AccessoryChooser::ShowMenu(QPoint globalPos) {
 void AccessoryChooser::mousePressEvent(QMouseEvent* event) {
   Guard([&] {
     if (typed_.Pending()) EndSearch();
-    AcceptField(*this);
+    Accept();
     if (event->button() != Qt::RightButton) {
       QListWidget::mousePressEvent(event);
       return;
@@ -262,7 +262,7 @@ void AccessoryChooser::FollowLetters() {
   if (!typed_.Pending()) setCurrentRow(formerRow_);
   if (typed_.First() >= 0) setCurrentRow(typed_.First());
   if (lblTyped != nullptr) lblTyped->setText(typed_.Letters());
-  AcceptField(*this);
+  Accept();
   setAccessibleDescription(typed_.Letters());
   if (typed_.NothingFits()) RefuseField(*this, typed_.Reason());
 }
@@ -293,7 +293,25 @@ bool AccessoryChooser::SettleSearch() {
   typed_.Drop();
   FollowLetters();
   RefuseField(*this, reason);
+  undecided_ = true;
   return false;
+}
+
+void AccessoryChooser::Accept() {
+  undecided_ = false;
+  AcceptField(*this);
+}
+
+void AccessoryChooser::EnterUndecided() {
+  undecided_ = false;  // the look stays: whoever is led there sees why
+  setFocus(Qt::OtherFocusReason);
+}
+
+void AccessoryChooser::DropSearch() {
+  const bool pending = typed_.Pending();
+  typed_.Drop();
+  if (pending) FollowLetters();
+  Accept();
 }
 
 // The keys of the search; true when the key was one of them.

@@ -39,6 +39,12 @@ class AccessoryChooser : public QListWidget {
   // What leaving the list does to them. False when they leave open which name was meant: the former
   // selection is back, and the list has the refused look until it is next entered.
   bool SettleSearch();
+  // True from then until the list is next entered; and the focus put into it, with which it counts
+  // as entered.
+  bool IsUndecided() const { return undecided_; }
+  void EnterUndecided();
+  // The letters go and nothing is said of them, as another job takes the place of this one.
+  void DropSearch();
 
  protected:
   bool event(QEvent* event) override;
@@ -65,10 +71,12 @@ class AccessoryChooser : public QListWidget {
   bool HoldsCursor();
   void FollowLetters();
   void EndSearch();
+  void Accept();
 
   QMenu* mnuAccPU = nullptr;
   QLabel* lblTyped = nullptr;
   TypedLetters typed_;
+  bool undecided_ = false;
   int formerRow_ = -1;  // the selection before the first letter, counted from 0; -1 for none
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };

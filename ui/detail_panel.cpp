@@ -317,6 +317,16 @@ void DetailPanel::ForgetRow(int row) {
   }
 }
 
+void DetailPanel::MoveUndecided(const std::vector<int>& formerRows) {
+  for (WatchedList* watched : {&patterns_, &pitches_}) {
+    const auto former = std::exchange(watched->Undecided, {});
+    for (std::size_t at = 0; at < formerRows.size(); ++at) {
+      const auto found = former.find(formerRows[at]);
+      if (found != former.end()) watched->Undecided[static_cast<int>(at) + 1] = found->second;
+    }
+  }
+}
+
 void DetailPanel::RunOwn(const std::function<void()>& command) {
   Guard([&] {
     if (BeforeCommand) BeforeCommand();

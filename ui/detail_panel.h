@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "project/changes.h"
 #include "project/rules/section_details.h"
@@ -68,6 +69,8 @@ class DetailPanel : public QWidget {
   // All such rows, or the one that has gone: those behind it have moved up.
   void ForgetUndecided();
   void ForgetRow(int row);
+  // The rows stand in another order: row i is what was row formerRows[i - 1].
+  void MoveUndecided(const std::vector<int>& formerRows);
 
   // Run before a command of the panel's own: fields with typed letters are settled.
   std::function<void()> BeforeCommand;

@@ -41,6 +41,12 @@ bool IsOutput(Command command) {
   }
 }
 
+// Commands that take another job in place of this one, and its letters with it: they stay pending
+// as long as that can still be cancelled.
+bool ReplacesJob(Command command) {
+  return command == Command::New || command == Command::Open || command == Command::Recent;
+}
+
 constexpr int PaneMargin = 8;
 constexpr int LeastListLines = 2;  // of the accessory list
 constexpr int LeastSections = 3;   // rows in sight on the smallest window
@@ -178,7 +184,7 @@ int FrmMain::SelectedRow() const {
 
 // Each command checks for the row it needs; none of them is ever greyed.
 void FrmMain::Dispatch(Command command, int number) {
-  SettleFields();
+  if (!ReplacesJob(command)) SettleFields();
   if (IsOutput(command) && LeadsToUndecided()) return;
   switch (command) {
     case Command::Exit:
@@ -275,7 +281,11 @@ bool FrmMain::LeadsToUndecided() {
     return true;
   }
   const int row = detail_->UndecidedRow();
-  if (row == 0) return false;
+  if (row == 0) {
+    if (!accessories_->IsUndecided()) return false;
+    accessories_->EnterUndecided();
+    return true;
+  }
   if (row != SelectedRow()) sections_->GoTo(row, sections_->Grid().Col());
   // A refused cell keeps the cursor.
   if (row == SelectedRow()) detail_->EnterUndecided();
@@ -306,6 +316,7 @@ void FrmMain::EditSection(const std::function<void(std::int16_t)>& edit) {
 
 void FrmMain::ForgetEditors() {
   sections_->ForgetEditors();
+  accessories_->DropSearch();
 }
 
 void FrmMain::DisplayItems() {

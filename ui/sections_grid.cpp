@@ -160,9 +160,10 @@ void SectionsGrid::SortItems(SortKey Key) {
   const Busy busy(GridBusy_);
   const std::vector<std::string> former = ShownTexts(*grid_);
   ForgetEditors();
-  SortItemRows(Key);
-  // The rows stand for other sections now.
-  ForgetUndecided();
+  // What was left undecided goes with its section.
+  const std::vector<int> formerRows = SortItemRows(Key);
+  model_->MoveRefusals(formerRows);
+  detail_->MoveUndecided(formerRows);
   if (ShownTexts(*grid_) != former) Change(ChangeKind::GridTexts);
   ShowCurrentRow();
 }
@@ -209,7 +210,11 @@ void SectionsGrid::ShowCurrentRow() {
   bool drawn = false;
   Guard([&] { drawn = ShowRow(row); });
   grid_->EnsureVisible(row, grid_->Col());
+  const QString undecided = model_->RefusalOfCell(row, grid_->Col());
   GridEnterCell();
+  // Nobody came into the cell: it slid under the cursor.
+  if (!undecided.isEmpty()) model_->RefuseCell(row, grid_->Col(), undecided);
+  if (!undecided.isEmpty()) editor_.ShowRefusal(undecided);
   if (!drawn) Guard([&] { detail_->ShowHolesAsTheyStand(ItemRow(row)); });
 }
 
@@ -300,7 +305,7 @@ void SectionsGrid::GoTo(int row, int column) {
 }
 
 int SectionsGrid::UndecidedRow() const {
-  return model_->FirstRefusedRow();
+  return model_->FirstRefusedCell().first;
 }
 
 // A press beside the columns that are edited means the mark.

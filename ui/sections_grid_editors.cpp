@@ -162,12 +162,11 @@ void SectionsGrid::SettleProduct() {
 }
 
 void SectionsGrid::EnterUndecided() {
-  const int row = model_->FirstRefusedRow();
-  const QString reason = model_->RefusalOfCell(row, ProductColumn);
-  GoTo(row, ProductColumn);
-  model_->AcceptCell(row, ProductColumn);
-  // Whoever is led there sees why.
-  if (cboEdit_->hasFocus()) cboEdit_->ShowRefusal(reason);
+  const auto [row, column] = model_->FirstRefusedCell();
+  const QString reason = model_->RefusalOfCell(row, column);
+  GoTo(row, column);
+  // A refused cell keeps the cursor. Who is led to the product sees why.
+  if (row == editor_.EditRow() && column == editor_.EditCol()) editor_.ShowRefusal(reason);
 }
 
 bool SectionsGrid::SettleEditor() {

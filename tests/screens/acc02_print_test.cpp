@@ -4,6 +4,7 @@
 #include "core/runtime_error.h"
 #include "tests/screens/acc02_fixture.h"
 #include "tests/screens/preview_fixture.h"
+#include "ui/controls/refused_look.h"
 
 namespace orvane::test {
 namespace {
@@ -70,6 +71,27 @@ TEST_F(Acc02PrintTest, Print_takes_all_lines_as_they_stand_the_open_editor_inclu
     EXPECT_EQ(printed.find("1200"), std::string::npos);
     EXPECT_EQ(printed.find('|'), std::string::npos) << "more than one page";
   }
+}
+
+TEST_F(Acc02PrintTest, Print_goes_to_a_choice_left_open_and_starts_at_the_next_try) {
+  PutLine(SplicePlates, "A1", 1, {"Z14012", "2.0", "300"});
+  PrintInto("plates.pdf");
+  InDialog(SplicePlates, [this](FrmAcc02& form) {
+    Click(form, 1, 4);
+    Keys("2.");
+    Click(form, 1, 1);
+    ClickButton(form, 2);
+    EXPECT_EQ(asked, 0);
+    ExpectEditing(form, 1, 4, "2.0");
+    EXPECT_EQ(FromQt(RefusalOf(Choices(form, 4))), "2 entries begin with \"2.\"");
+    // Letters typed there are settled by the menu's entry too.
+    Keys("9");
+    Trigger(form, "mnuAcc(1)");
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(FromQt(RefusalOf(Choices(form, 4))), "No entry begins with \"9\"");
+    Trigger(form, "mnuAcc(1)");
+    EXPECT_EQ(asked, 1);
+  });
 }
 
 TEST_F(Acc02PrintTest, A_cancelled_print_says_nothing_and_a_failed_one_is_told) {

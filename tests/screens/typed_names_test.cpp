@@ -181,6 +181,70 @@ TEST_F(TypedNames, A_refusal_goes_with_its_row_and_its_project) {
   EXPECT_EQ(CellRefusal(2), "");
 }
 
+TEST_F(TypedNames, A_refusal_goes_with_its_section_when_the_rows_are_sorted) {
+  PutSection("Z", "Butt").Mark = "D1";
+  Put("Z", "C1", "Z14012", 6000);
+  Put("Z", "A1", "Z14012", 6000);
+  Show();
+  Pattern().setFocus(Qt::TabFocusReason);
+  Type("butt 1");
+  ClickCell(Sections(), 2, 2);
+  Type("z24");
+  Section(SortByMarkEntry);  // A1, C1, D1
+  Settle();
+  EXPECT_EQ(CellRefusal(1), "");
+  EXPECT_NE(CellRefusal(2), "");
+  // The cursor's cell is still the same section's, and nobody has come into it.
+  EXPECT_TRUE(CursorAt(2, 2, "Z14012"));
+  EXPECT_TRUE(IsFieldRefused(Products()));
+  ClickCell(Sections(), 1, 1);
+  EXPECT_FALSE(IsFieldRefused(Pattern()));
+  ClickCell(Sections(), 3, 1);
+  EXPECT_TRUE(IsFieldRefused(Pattern()));
+  Export();
+  EXPECT_TRUE(CursorAt(2, 2, "Z14012"));
+  Export();
+  EXPECT_EQ(Sections().Row(), 3);
+  EXPECT_EQ(Focus(), "cboPattern");
+  EXPECT_FALSE(ExportStarted());
+}
+
+TEST_F(TypedNames, A_refused_cell_keeps_the_cursor_and_the_export_still_goes_to_the_product) {
+  PutTwo();
+  Show(2, 2);
+  Type("z24");
+  ClickCell(Sections(), 1, 3);
+  Type("0");
+  dialogs.ExpectBox("Invalid length");
+  Export();
+  EXPECT_FALSE(ExportStarted());
+  EXPECT_TRUE(CursorAt(1, 3, "0"));
+  EXPECT_NE(CellRefusal(2), "");
+  Type("6000");
+  Export();
+  EXPECT_FALSE(ExportStarted());
+  EXPECT_TRUE(CursorAt(2, 2, "Z14012"));
+}
+
+TEST_F(TypedNames, New_drops_letters_once_it_can_no_longer_be_cancelled) {
+  PutTwo();
+  Show(1, 2);
+  ProjectDirty = True;
+  Type("z24520");
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::Cancel);
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  BackToMain();
+  EXPECT_EQ(Items.At(1).Product, "Z14012");
+  EXPECT_EQ(FromQt(Products().Typed().Letters()), "z24520");
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::No);
+  ExpectDetails();
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(Items.UBound(), 0);
+  EXPECT_FALSE(Products().Typed().Pending());
+}
+
 TEST_F(TypedNames, New_and_Open_drop_letters) {
   PutTwo();
   const std::string path = TempPath("two.ovd");
@@ -361,6 +425,33 @@ TEST_F(TypedNames, Letters_over_the_accessories_are_shown_and_open_none_while_se
   Press(Qt::Key_C, Qt::AltModifier);
   Settle();
   EXPECT_FALSE(IsFieldRefused(Accessories()));
+}
+
+TEST_F(TypedNames, An_accessory_left_open_stops_the_export_and_the_new_project_drops_its_letters) {
+  PutTwo();
+  Show(1, 1);
+  Press(Qt::Key_C, Qt::AltModifier);
+  Settle();
+  Type("eaves");
+  Export();
+  EXPECT_FALSE(ExportStarted());
+  EXPECT_EQ(Focus(), "lstAccessories");
+  EXPECT_TRUE(IsFieldRefused(Accessories()));
+  EXPECT_EQ(AccessoryTyped(), "");
+  Type("xyz");
+  ClickCell(Sections(), 1, 1);
+  Export();
+  EXPECT_FALSE(ExportStarted());
+  EXPECT_EQ(Focus(), "lstAccessories");
+  platform.Chosen.push_back(std::nullopt);
+  Export();
+  EXPECT_TRUE(ExportStarted());
+  Type("half");
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::No);
+  ExpectDetails();
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(AccessoryTyped(), "");
 }
 
 TEST_F(TypedNames, One_accessory_left_opens_by_Enter_and_an_arrow_takes_the_one_shown) {

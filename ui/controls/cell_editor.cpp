@@ -173,6 +173,10 @@ void CellEditor::SettleChoice() {
   if (openChoices_ != nullptr) openChoices_->Leave();
 }
 
+void CellEditor::ShowRefusal(const QString& reason) {
+  if (openChoices_ != nullptr) openChoices_->ShowRefusal(reason);
+}
+
 void CellEditor::Commit() {
   SettleChoice();
   WriteBack();

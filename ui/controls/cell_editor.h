@@ -67,6 +67,8 @@ class CellEditor : public QObject {
   void Open(int row, int column);
   // What is typed over the open list chooses or is dropped, as leaving the cell would have it.
   void SettleChoice();
+  // Gives the open list the look of one that was left undecided, for whoever leads a person there.
+  void ShowRefusal(const QString& reason);
   // Settles it, and tells the table what the open cell holds, if it is to be told on leaving and it
   // was changed.
   void Commit();

@@ -103,8 +103,8 @@ QString FlexGridModel::RefusalOfCell(int row, int column) const {
   return found == refused_.end() ? QString() : found->second;
 }
 
-int FlexGridModel::FirstRefusedRow() const {
-  return refused_.empty() ? 0 : refused_.begin()->first.first;
+std::pair<int, int> FlexGridModel::FirstRefusedCell() const {
+  return refused_.empty() ? std::pair(0, 0) : refused_.begin()->first;
 }
 
 void FlexGridModel::AcceptRow(int row) {
@@ -112,6 +112,15 @@ void FlexGridModel::AcceptRow(int row) {
   for (const auto& [cell, reason] : former) {
     if (cell.first == row) continue;
     refused_[{cell.first > row ? cell.first - 1 : cell.first, cell.second}] = reason;
+  }
+}
+
+void FlexGridModel::MoveRefusals(const std::vector<int>& formerRows) {
+  const auto former = std::exchange(refused_, {});
+  for (const auto& [cell, reason] : former) {
+    const auto found = std::find(formerRows.begin(), formerRows.end(), cell.first);
+    if (found == formerRows.end()) continue;
+    refused_[{static_cast<int>(found - formerRows.begin()) + 1, cell.second}] = reason;
   }
 }
 

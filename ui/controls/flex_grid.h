@@ -56,9 +56,11 @@ class FlexGridModel : public QAbstractTableModel {
   void AcceptCell(int row, int column);
   void AcceptAllCells();
   QString RefusalOfCell(int row, int column) const;  // the reason; empty for none
-  int FirstRefusedRow() const;                       // 0 for none
+  std::pair<int, int> FirstRefusedCell() const;      // row and column; {0, 0} for none
   // The row has gone, and those behind it have moved up.
   void AcceptRow(int row);
+  // The rows stand in another order: row i is what was row formerRows[i - 1].
+  void MoveRefusals(const std::vector<int>& formerRows);
 
   // The toolkit's side.
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -105,6 +105,16 @@ void TextTable::GoTo(int row, int column) {
   editor_.Open(row, column);
 }
 
+bool TextTable::LeadsToUndecided() {
+  Commit();
+  const auto [row, column] = texts_.FirstRefusedCell();
+  if (row == 0) return false;
+  const QString reason = texts_.RefusalOfCell(row, column);
+  GoTo(row, column);
+  editor_.ShowRefusal(reason);
+  return true;
+}
+
 void TextTable::ShowRow(int row) {
   Commit();
   CloseEditor();

@@ -53,6 +53,10 @@ class TextTable : public FlexGrid {
   // Has the open cell take what was typed. Whoever reads the rows does this first.
   void Commit() { editor_.Commit(); }
 
+  // True when a list was left undecided: the cursor is put there, once, with the reason. Who prints
+  // the rows asks first.
+  bool LeadsToUndecided();
+
   // Makes a cell the current one and opens it.
   void GoTo(int row, int column);
   // Makes a row the current one, without an open cell.

@@ -165,7 +165,7 @@ void FrmAcc02::ClearAll() {
 }
 
 void FrmAcc02::PrintAcc() {
-  table_->Commit();
+  if (table_->LeadsToUndecided()) return;
   PrintAccessorySheet(this, AccessoryType::Two, table_->Texts());
 }
 
