@@ -51,7 +51,7 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   setFocusPolicy(Qt::TabFocus);
   grid_->setObjectName("MSFlexGrid1");
   grid_->setAccessibleName(tr("Sections"));
-  grid_->SetColumnRatio(SectionsModel::WidthShares());
+  grid_->SetColumnRatio(SectionsModel::WidthShares(), SectionsModel::LeastFigures());
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(grid_);
@@ -70,13 +70,18 @@ void SectionsGrid::Follow(const ChangeNotice& change) {
     case ChangeKind::Duplicate:
     case ChangeKind::OppositeHand:
       // After an error too: the row stays as far as it came.
-      return model_->FollowAppended();
+      model_->FollowAppended();
+      return grid_->FitFigures();
     case ChangeKind::Delete:
     case ChangeKind::Sort:
       if (!change.Failed) DisplayItems(true);
       return;
     case ChangeKind::Product:
       return model_->ShowRecord(change.Row, ProductColumn);
+    case ChangeKind::Length:
+    case ChangeKind::Quantity:
+      model_->FollowFigures(change.Row);
+      return grid_->FitFigures();
     default:
       return;
   }
@@ -178,6 +183,7 @@ void SectionsGrid::DisplayItems(bool keepRow) {
   // Its row may stand for another section now.
   sheet_->Clear();
   model_->Refill();
+  grid_->FitFigures();
   grid_->SetCurrent(keepRow ? grid_->Row() : 0, keepRow ? grid_->Col() : 0);
 }
 

@@ -1,5 +1,7 @@
 #include "ui/sections_model.h"
 
+#include <algorithm>
+
 #include "core/model.h"
 #include "project/rules/section_columns.h"
 
@@ -17,11 +19,34 @@ std::vector<std::string> SectionHeadings() {
 
 }  // namespace
 
+void FigureLengths::Clear() {
+  lengths_.clear();
+  rows_ = {};
+}
+
+void FigureLengths::Set(int row, std::size_t length) {
+  const auto at = static_cast<std::size_t>(row) - 1;
+  if (at < lengths_.size()) {
+    --rows_.at(lengths_[at]);
+  } else {
+    lengths_.resize(at + 1);
+  }
+  lengths_[at] = std::min(length, rows_.size() - 1);
+  ++rows_.at(lengths_[at]);
+}
+
+int FigureLengths::Longest() const {
+  const auto longest =
+      std::find_if(rows_.rbegin(), rows_.rend(), [](int rows) { return rows > 0; });
+  return std::max(0, static_cast<int>(rows_.rend() - longest) - 1);
+}
+
 SectionsModel::SectionsModel(QObject* parent) : FlexGridModel(SectionHeadings(), parent) {
   SetFixedColumns(1);
   for (int column = 0; column < SectionColumns; ++column) {
     const bool right = SectionColumnAt(column).Side == CellSide::Right;
     SetAlignment(column, right ? Qt::AlignRight : Qt::AlignLeft);
+    if (SectionColumnAt(column).Width.Figures > 0) figures_[column];
   }
 }
 
@@ -31,6 +56,25 @@ std::vector<int> SectionsModel::WidthShares() {
     shares.push_back(SectionColumnAt(column).Width.Share);
   }
   return shares;
+}
+
+std::vector<int> SectionsModel::LeastFigures() {
+  std::vector<int> figures;
+  for (int column = 0; column < SectionColumns; ++column) {
+    figures.push_back(SectionColumnAt(column).Width.Figures);
+  }
+  return figures;
+}
+
+int SectionsModel::LongestFigure(int column) const {
+  const auto found = figures_.find(column);
+  return found == figures_.end() ? 0 : found->second.Longest();
+}
+
+void SectionsModel::FollowFigures(int row) {
+  for (auto& [column, figures] : figures_) {
+    figures.Set(row, ItemText(static_cast<std::int16_t>(row), column).size());
+  }
 }
 
 std::string SectionsModel::CellText(int row, int column) const {
@@ -61,7 +105,7 @@ void SectionsModel::FollowAppended() {
   const int rows = Items.UBound();
   if (rows <= rows_) return;
   beginInsertRows({}, rows_, rows - 1);
-  rows_ = rows;
+  while (rows_ < rows) FollowFigures(++rows_);
   endInsertRows();
 }
 
@@ -69,6 +113,8 @@ void SectionsModel::Refill() {
   beginResetModel();
   typed_.clear();
   rows_ = Items.UBound();
+  for (auto& [column, figures] : figures_) figures.Clear();
+  for (int row = 1; row <= rows_; ++row) FollowFigures(row);
   endResetModel();
 }
 

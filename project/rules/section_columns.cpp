@@ -107,13 +107,13 @@ using enum CellEdit;
 
 constexpr std::array Columns = {
     // clang-format off
-    //            heading        width             side   shows         edited  for               change                takes         refuses
-    SectionColumn{"",            WidthShare(350),  Left,  LetterText,   None,   nullptr,          std::nullopt,         nullptr,      nullptr},
-    SectionColumn{"Mark",        WidthShare(1000), Left,  MarkText,     Text,   nullptr,          ChangeKind::Mark,     TakeMark,     MarkRefusal},
-    SectionColumn{"Product",     WidthShare(1200), Left,  ProductText,  Choice, HasProductChoice, ChangeKind::Product,  TakeProduct,  nullptr},
-    SectionColumn{"Length (mm)", WidthShare(600),  Right, LengthText,   Digits, nullptr,          ChangeKind::Length,   TakeLength,   LengthRefusal},
-    SectionColumn{"Qty",         WidthShare(450),  Right, QuantityText, Digits, nullptr,          ChangeKind::Quantity, TakeQuantity, nullptr},
-    SectionColumn{"Notes",       WidthShare(2000), Left,  NotesText,    Text,   nullptr,          ChangeKind::Notes,    TakeNotes,    nullptr},
+    //            heading        width                side   shows         edited  for               change                takes         refuses
+    SectionColumn{"",            WidthShare(350),     Left,  LetterText,   None,   nullptr,          std::nullopt,         nullptr,      nullptr},
+    SectionColumn{"Mark",        WidthShare(1000),    Left,  MarkText,     Text,   nullptr,          ChangeKind::Mark,     TakeMark,     MarkRefusal},
+    SectionColumn{"Product",     WidthShare(1200),    Left,  ProductText,  Choice, HasProductChoice, ChangeKind::Product,  TakeProduct,  nullptr},
+    SectionColumn{"Length (mm)", WidthShare(600, 5),  Right, LengthText,   Digits, nullptr,          ChangeKind::Length,   TakeLength,   LengthRefusal},
+    SectionColumn{"Qty",         WidthShare(450, 4),  Right, QuantityText, Digits, nullptr,          ChangeKind::Quantity, TakeQuantity, nullptr},
+    SectionColumn{"Notes",       WidthShare(2000),    Left,  NotesText,    Text,   nullptr,          ChangeKind::Notes,    TakeNotes,    nullptr},
     // clang-format on
 };
 

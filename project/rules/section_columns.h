@@ -32,8 +32,9 @@ enum class CellSide { Left, Right };
 
 // A column's width as its share of all shares. It has no default, so that no column goes without.
 struct WidthShare {
-  explicit constexpr WidthShare(int share) : Share(share) {}
+  explicit constexpr WidthShare(int share, int figures = 0) : Share(share), Figures(figures) {}
   int Share;
+  int Figures;  // digits that the column has room for at least; 0 for a column of texts
 };
 
 // What became of a text.

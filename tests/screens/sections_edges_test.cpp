@@ -1,3 +1,4 @@
+#include <QHeaderView>
 #include <QScrollBar>
 
 #include "tests/screens/sections_fixture.h"
@@ -218,6 +219,71 @@ TEST_F(SectionsEdges, The_columns_share_the_width_in_their_ratio) {
       sum += Sections().columnWidth(column);
     }
     EXPECT_EQ(sum, whole);
+  }
+}
+
+TEST_F(SectionsEdges, A_length_and_a_quantity_are_never_cut_off) {
+  Put("Z", "P1", "Z14012", 32767, 1200);
+  Put("Z", "P2", "Z14012", 6000, 4);
+  Show();
+  for (const int points : {9, 10, 14}) {
+    SCOPED_TRACE(points);
+    QFont font = main->font();
+    font.setPointSize(points);
+    main->setFont(font);
+    main->resize(main->minimumSizeHint());
+    Settle();
+    EXPECT_TRUE(IsWhole(Sections(), 1, 3));
+    EXPECT_TRUE(IsWhole(Sections(), 1, 4));
+    // A longer one than there was room for, while it is typed and with the cursor elsewhere.
+    ClickCell(Sections(), 1, 4);
+    Retype("32767");
+    EXPECT_TRUE(IsWhole(Sections(), 1, 4));
+    EXPECT_EQ(OnScreen("sspEditText"), CellOnScreen(1, 4));
+    const int wide = Sections().columnWidth(4);
+    ClickCell(Sections(), 2, 4);
+    EXPECT_TRUE(IsWhole(Sections(), 1, 4));
+    // And the room comes back.
+    ClickCell(Sections(), 1, 4);
+    Retype("4");
+    EXPECT_LE(Sections().columnWidth(4), wide);
+    Retype("1200");
+  }
+}
+
+TEST_F(SectionsEdges, The_longest_quantity_counts_wherever_its_row_goes) {
+  Put("Z", "P1", "Z14012", 6000, 32767);
+  Put("Z", "P2", "Z14012", 6000, 4);
+  Show(2);
+  main->resize(main->minimumSizeHint());
+  Settle();
+  const int wide = Sections().columnWidth(4);
+  ASSERT_TRUE(IsWhole(Sections(), 1, 4));
+  Section(SortByMarkEntry);
+  EXPECT_EQ(Sections().columnWidth(4), wide);
+  ClickCell(Sections(), 1, 1);
+  dialogs.ExpectBox("Remove mark P1?", "", QMessageBox::Yes);
+  Section(DeleteEntry);
+  Settle();
+  ASSERT_EQ(Items.UBound(), 1);
+  EXPECT_LT(Sections().columnWidth(4), wide);
+}
+
+TEST_F(SectionsEdges, No_heading_of_the_grid_loses_a_letter_in_a_large_font) {
+  PutPurlins(1);
+  Show();
+  for (const int points : {9, 10, 14}) {
+    QFont font = main->font();
+    font.setPointSize(points);
+    main->setFont(font);
+    main->resize(main->minimumSizeHint());
+    Settle();
+    const QFontMetrics metrics = Sections().horizontalHeader()->fontMetrics();
+    const std::vector<const char*> words = {"", "Mark", "Product", "Length", "Qty", "Notes"};
+    for (int column = 0; column < 6; ++column) {
+      const char* word = words.at(static_cast<std::size_t>(column));
+      EXPECT_GT(Sections().columnWidth(column), metrics.horizontalAdvance(word)) << word;
+    }
   }
 }
 

@@ -5,8 +5,12 @@
 #include <QBrush>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
+#include <QPainter>
+#include <QPixmap>
 #include <QTimer>
+#include <QToolTip>
 #include <QWindow>
 #include <map>
 
@@ -183,6 +187,36 @@ QRect SectionsTest::CellOnScreen(int row, int column) {
 QRect SectionsTest::OnScreen(const std::string& name) {
   auto& widget = Find(name);
   return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+}
+
+::testing::AssertionResult SectionsTest::IsWhole(FlexGrid& grid, int row, int column) {
+  // Painted without an editor over it, in a place where all of it is in sight.
+  const auto painted = [&](Qt::TextElideMode mode) {
+    const QRect place(QPoint(0, 0), QSize(grid.columnWidth(column), grid.rowHeight(row - 1)));
+    QStyleOptionViewItem option;
+    option.initFrom(&grid);
+    option.rect = place.adjusted(0, 0, -1, -1);
+    option.font = grid.font();
+    option.textElideMode = mode;
+    option.state = QStyle::State_Enabled;
+    option.widget = &grid;
+    QPixmap picture(place.size());
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    grid.itemDelegate()->paint(&painter, option, grid.model()->index(row - 1, column));
+    return picture.toImage();
+  };
+  if (painted(Qt::ElideRight) == painted(Qt::ElideNone)) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure() << grid.TextMatrix(row, column) << " is cut off in "
+                                       << grid.columnWidth(column) << " pixels";
+}
+
+std::string SectionsTest::Tip(FlexGrid& grid, int row, int column) {
+  const QPoint place = grid.CellRect(row, column).center();
+  QHelpEvent rest(QEvent::ToolTip, place, grid.viewport()->mapToGlobal(place));
+  QCoreApplication::sendEvent(grid.viewport(), &rest);
+  // The toolkit lets the former tip fade behind the mouse.
+  return QToolTip::isVisible() ? FromQt(QToolTip::text()) : "";
 }
 
 std::uint32_t SectionsTest::Colour(int row, int column) {

@@ -65,6 +65,10 @@ class SectionsTest : public ScreenTest {
   // The cell where the grid shows it, in the coordinates of the screen.
   QRect CellOnScreen(int row, int column);
   QRect OnScreen(const std::string& name);
+  // Whether a cell's text is painted without its end cut off.
+  static ::testing::AssertionResult IsWhole(FlexGrid& grid, int row, int column);
+  // What a mouse that rests on a cell is told; empty for nothing.
+  static std::string Tip(FlexGrid& grid, int row, int column);
   // Background of a cell.
   std::uint32_t Colour(int row, int column);
 

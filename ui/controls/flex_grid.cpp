@@ -392,9 +392,8 @@ void FlexGrid::scrollContentsBy(int dx, int dy) {
 }
 
 bool FlexGrid::IsCut(const QModelIndex& cell) const {
-  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
   const QString text = cell.data(Qt::DisplayRole).toString();
-  return fontMetrics().horizontalAdvance(text) > visualRect(cell).width() - 1 - 2 * margin;
+  return CellWidth(text) > columnWidth(cell.column());
 }
 
 // A text that its cell cuts off is told whole to a resting mouse.

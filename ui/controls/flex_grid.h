@@ -141,12 +141,15 @@ class FlexGrid : public QTableView {
   // Column widths in this ratio over the whole width; the last column takes what is left over.
   // `leastFigures` are the characters of the figures that each column has room for at least, in the
   // font in use, and more where the model holds longer ones: a figure that is cut off reads as
-  // another. Columns that their share would make narrower take what they need, and the others
-  // share the rest; what doesn't fit even so can be scrolled to.
+  // another. Nor are the words of its heading cut. Columns that their share would make narrower
+  // take what they need, and the others share the rest; what doesn't fit even so can be scrolled
+  // to. A grid without `leastFigures` goes by the ratio alone.
   void SetColumnRatio(std::vector<int> ratio, std::vector<int> leastFigures = {});
   // Lays the columns out anew if a longer or shorter figure asks for it; to be called when the
   // texts have changed.
   void FitFigures();
+  // Width in which no column lacks room for its least figures, the frame and a scroll bar included.
+  int LeastWidth() const;
   // Column 0 as wide as given, each other one as its heading, but at least `least` wide
   // (device-independent pixels). What is too wide for the grid can be scrolled to.
   void SetColumnsByHeading(int narrow, int least);
@@ -184,8 +187,10 @@ class FlexGrid : public QTableView {
 
  private:
   void LayColumns();
-  int FigureWidth(int figures) const;
-  int NeededWidth(std::size_t column) const;
+  int CellWidth(const QString& text) const;
+  int HeadingWidth(int column) const;
+  int NeededWidth(std::size_t column, int figures) const;
+  std::vector<int> NeededWidths() const;
   std::vector<int> SharedWidths() const;
   bool IsCut(const QModelIndex& cell) const;
   void LayColumnsByRatio();
@@ -195,8 +200,8 @@ class FlexGrid : public QTableView {
 
   FlexGridModel* model_;
   std::vector<int> ratio_;
-  std::vector<int> leastFigures_;  // of columns in a ratio
-  std::vector<int> needed_;        // widths that the columns were laid out for
+  std::vector<int> leastFigures_;  // of columns in a ratio; none for a grid without figures
+  std::vector<int> needed_;        // widths that columns in a ratio were laid out for
   int narrowColumn_ = 0;           // of columns as wide as their headings; 0 for columns in a ratio
   int leastColumn_ = 0;
   int leastRow_ = 0;

@@ -2,6 +2,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -16,23 +17,31 @@ namespace {
 // Around a heading, device-independent pixels.
 constexpr int HeadingMargin = 3;
 
+int HeadingAir(const QHeaderView& header) {
+  const int margin = header.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
+  return std::max(HeadingMargin, margin);
+}
+
 }  // namespace
 
 void FlexGrid::SetColumnRatio(std::vector<int> ratio, std::vector<int> leastFigures) {
   ratio_ = std::move(ratio);
   leastFigures_ = std::move(leastFigures);
-  leastFigures_.resize(ratio_.size());
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   LayColumns();
 }
 
 void FlexGrid::FitFigures() {
-  std::vector<int> needed;
-  for (std::size_t column = 0; column < ratio_.size(); ++column) {
-    needed.push_back(NeededWidth(column));
+  if (NeededWidths() != needed_) LayColumns();
+}
+
+int FlexGrid::LeastWidth() const {
+  int width = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+  for (std::size_t column = 0; column < leastFigures_.size(); ++column) {
+    width += NeededWidth(column, leastFigures_[column]);
   }
-  if (needed != needed_) LayColumns();
+  return width;
 }
 
 void FlexGrid::SetColumnsByHeading(int narrow, int least) {
@@ -45,10 +54,7 @@ void FlexGrid::SetColumnsByHeading(int narrow, int least) {
 
 void FlexGrid::LayColumns() {
   if (ratio_.empty() && narrowColumn_ == 0) return;
-  needed_.clear();
-  for (std::size_t column = 0; column < ratio_.size(); ++column) {
-    needed_.push_back(NeededWidth(column));
-  }
+  needed_ = NeededWidths();
   if (narrowColumn_ > 0) {
     LayColumnsByHeading();
   } else {
@@ -58,28 +64,48 @@ void FlexGrid::LayColumns() {
   if (Scrolled) Guard([&] { Scrolled(); });
 }
 
+// The width of a heading that is broken at its blanks.
+int FlexGrid::HeadingWidth(int column) const {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  int width = 0;
+  for (const QString& word : ToQt(TextMatrix(0, column)).split(u' ', Qt::SkipEmptyParts)) {
+    width = std::max(width, metrics.horizontalAdvance(word));
+  }
+  return width == 0 ? 0 : width + 2 * HeadingAir(*horizontalHeader()) + 1;
+}
+
 void FlexGrid::LayColumnsByHeading() {
   const QFontMetrics metrics = horizontalHeader()->fontMetrics();
-  const int margin = std::max(
-      HeadingMargin, style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader()));
   setColumnWidth(0, narrowColumn_);
   for (int column = 1; column < Cols(); ++column) {
     const int heading = metrics.horizontalAdvance(ToQt(TextMatrix(0, column)));
-    setColumnWidth(column, std::max(leastColumn_, heading + 2 * margin + 1));
+    setColumnWidth(column,
+                   std::max(leastColumn_, heading + 2 * HeadingAir(*horizontalHeader()) + 1));
   }
 }
 
-// Digits are all of one width; points and signs are narrower.
-int FlexGrid::FigureWidth(int figures) const {
-  if (figures == 0) return 0;
+// The width of a cell that shows the text whole: with air on both sides and the line of the grid.
+// Letters are set at fractions of a pixel, and a text that lacks one is cut off.
+int FlexGrid::CellWidth(const QString& text) const {
   const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
   const int gridLine = 1;
-  return fontMetrics().horizontalAdvance(QString(figures, u'0')) + 2 * margin + gridLine;
+  const double width = QFontMetricsF(font()).horizontalAdvance(text);
+  return static_cast<int>(std::ceil(width)) + 2 * margin + gridLine;
 }
 
-int FlexGrid::NeededWidth(std::size_t column) const {
-  return FigureWidth(
-      std::max(leastFigures_.at(column), model_->LongestFigure(static_cast<int>(column))));
+// Digits are all of one width; points and signs are narrower.
+int FlexGrid::NeededWidth(std::size_t column, int figures) const {
+  const int heading = HeadingWidth(static_cast<int>(column));
+  return figures == 0 ? heading : std::max(heading, CellWidth(QString(figures, u'0')));
+}
+
+std::vector<int> FlexGrid::NeededWidths() const {
+  std::vector<int> widths;
+  for (std::size_t column = 0; column < leastFigures_.size(); ++column) {
+    const int longest = model_->LongestFigure(static_cast<int>(column));
+    widths.push_back(NeededWidth(column, std::max(leastFigures_[column], longest)));
+  }
+  return widths;
 }
 
 void FlexGrid::LayColumnsByRatio() {
@@ -97,10 +123,10 @@ std::vector<int> FlexGrid::SharedWidths() const {
   long long sum = std::accumulate(ratio_.begin(), ratio_.end(), 0LL);
   for (bool again = true; again;) {
     again = false;
-    for (std::size_t column = 0; column < ratio_.size(); ++column) {
-      if (!shares[column] || width * ratio_[column] >= sum * needed_.at(column)) continue;
+    for (std::size_t column = 0; column < needed_.size(); ++column) {
+      if (!shares[column] || width * ratio_[column] >= sum * needed_[column]) continue;
       shares[column] = false;
-      width = std::max(0LL, width - needed_.at(column));
+      width = std::max(0LL, width - needed_[column]);
       sum -= ratio_[column];
       again = true;
     }
@@ -110,7 +136,7 @@ std::vector<int> FlexGrid::SharedWidths() const {
   long long left = 0;
   for (std::size_t column = 0; column < ratio_.size(); ++column) {
     if (!shares[column]) {
-      widths.push_back(needed_.at(column));
+      widths.push_back(needed_[column]);
       continue;
     }
     passed += ratio_[column];
