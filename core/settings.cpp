@@ -26,6 +26,7 @@ constexpr std::string_view Drawings = "\\Settings\\Drawings";
 constexpr std::string_view MaxLengths = "\\Settings\\MaxDims";
 constexpr std::string_view Screen = "\\Settings\\Screen";
 constexpr std::string_view NormalWindow = "\\Settings\\NormalWindow";
+constexpr std::string_view Bars = "\\Settings\\Bars";
 constexpr std::string_view RecentFiles = "\\Settings\\RecentFiles";
 
 // Where a setting is held while the system runs: nowhere, in a value of the model, or in a row of
@@ -65,6 +66,9 @@ const std::vector<Setting>& Settings() {
         {NormalWindow, "Height",           std::nullopt, {}},
         {NormalWindow, "Top",              std::nullopt, {}},
         {NormalWindow, "Left",             std::nullopt, {}},
+        {Bars,         "GridPane",         "0",          {}},
+        {Bars,         "GridShare",        "0",          {}},
+        {Bars,         "PanelShare",       "0",          {}},
         {RecentFiles,  "Recent1",          "",           {}},
         {RecentFiles,  "Recent2",          "",           {}},
         {RecentFiles,  "Recent3",          "",           {}},
@@ -273,6 +277,13 @@ double NormalWindowNumber(std::string_view name, double presentValue) {
 }
 void StoreNormalWindow(std::string_view name, const std::string& text) {
   StoreText(SettingOf(NormalWindow, name), text);
+}
+
+double BarNumber(std::string_view name) {
+  return StoredNumber(SettingOf(Bars, name), 0);
+}
+void StoreBar(std::string_view name, const std::string& text) {
+  StoreText(SettingOf(Bars, name), text);
 }
 
 std::string RecentFile(int number) {

@@ -83,6 +83,12 @@ void StoreScreenSetting(std::string_view name, const std::string& text);
 double NormalWindowNumber(std::string_view name, double presentValue);
 void StoreNormalWindow(std::string_view name, const std::string& text);
 
+// The bars between the window's areas: "GridPane", the width of what stands left of the drawing in
+// device-independent pixels, and "GridShare" and "PanelShare", thousandths of its height that the
+// grid and the panel take. 0 for a bar that nobody has moved yet.
+double BarNumber(std::string_view name);
+void StoreBar(std::string_view name, const std::string& text);
+
 // The paths of the recent files, number 1 to 5; empty for none. Another number is an error of the
 // program.
 std::string RecentFile(int number);

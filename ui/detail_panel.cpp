@@ -133,6 +133,13 @@ void DetailPanel::LayParts() {
   }
 }
 
+int DetailPanel::WidthForFigures() const {
+  const int list = MSFlexGrid2->LeastWidth();
+  const int options =
+      std::max(list * OptionShare / HoleListShare, layout()->itemAt(0)->minimumSize().width());
+  return options + layout()->spacing() + list;
+}
+
 // Showing.
 
 std::int16_t DetailPanel::Row() const {

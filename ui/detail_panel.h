@@ -85,6 +85,9 @@ class DetailPanel : public QWidget {
   // is "Custom".
   void AddCustomHoles(std::int16_t Mode);
 
+  // Width at which the hole list stands beside the options with no figure out of sight.
+  int WidthForFigures() const;
+
   // The part of the screen that shows what the hole dialog changes; it opens beside it.
   std::function<QRect()> ElevationPlace;
 

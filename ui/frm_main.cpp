@@ -51,6 +51,11 @@ constexpr int PaneMargin = 8;
 constexpr int LeastListLines = 2;  // of the accessory list
 constexpr int LeastSections = 3;   // rows in sight on the smallest window
 
+// Parts of the height that the areas on the left leave free. The panel's goes to the hole list.
+constexpr int SectionsPart = 5;
+constexpr int DetailPart = 2;
+constexpr int AccessoriesPart = 2;
+
 }  // namespace
 
 FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
@@ -108,6 +113,7 @@ void FrmMain::BuildPanes() {
   SSSplitter1_->addWidget(SSPanel4_);
   SSSplitter1_->setStretchFactor(0, 0);
   SSSplitter1_->setStretchFactor(1, 1);
+  connect(SSSplitter1_, &QSplitter::splitterMoved, this, [this] { leftWidthMoved_ = true; });
 
   // They follow changes in this order: the grid, its panel, and the sheet last.
   sections_ = new SectionsGrid(SSPanel7_);
@@ -120,24 +126,7 @@ void FrmMain::BuildPanes() {
   connect(sections_, &SectionsGrid::MenuAsked, this,
           [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });
 
-  auto* left = new QVBoxLayout(SSPanel7_);
-  left->setContentsMargins(PaneMargin, PaneMargin, PaneMargin / 2, PaneMargin);
-  left->setSpacing(PaneMargin);
-  left->addWidget(sections_, 5);
-  left->addWidget(detail_);
-  auto* list = new QVBoxLayout;
-  list->setSpacing(PaneMargin / 2);
-  auto* caption = new QLabel("A&ccessories", SSPanel7_);
-  caption->setBuddy(accessories_);
-  auto* captionLine = new QHBoxLayout;
-  captionLine->addWidget(caption);
-  captionLine->addWidget(accessories_->NewLettersLabel(SSPanel7_), 1);
-  list->addLayout(captionLine);
-  list->addWidget(accessories_);
-  left->addLayout(list, 2);
-  // On a small screen the list gives way to the grid.
-  sections_->setMinimumHeight(sections_->Grid().HeightOf(LeastSections));
-  accessories_->setMinimumHeight(accessories_->fontMetrics().lineSpacing() * LeastListLines);
+  BuildLeftPane();
   auto* right = new QVBoxLayout(SSPanel4_);
   right->setContentsMargins(0, 0, 0, 0);
   right->setSpacing(0);
@@ -159,6 +148,34 @@ void FrmMain::BuildPanes() {
   areas->addLayout(line);
   areas->addWidget(SSPanel2_, 1);
   setCentralWidget(central);
+}
+
+// Grid, panel and accessory list one below the other, with a bar between each two.
+void FrmMain::BuildLeftPane() {
+  auto* list = new QWidget;
+  auto* column = new QVBoxLayout(list);
+  column->setContentsMargins({});
+  column->setSpacing(PaneMargin / 2);
+  auto* caption = new QLabel("A&ccessories", list);
+  caption->setBuddy(accessories_);
+  auto* captionLine = new QHBoxLayout;
+  captionLine->addWidget(caption);
+  captionLine->addWidget(accessories_->NewLettersLabel(list), 1);
+  column->addLayout(captionLine);
+  column->addWidget(accessories_);
+
+  leftSplitter_ = new AreaSplitter(SSPanel7_);
+  leftSplitter_->setObjectName("splitLeft");
+  leftSplitter_->setHandleWidth(PaneMargin);
+  leftSplitter_->AddArea(sections_, SectionsPart);
+  leftSplitter_->AddArea(detail_, DetailPart);
+  leftSplitter_->AddArea(list, AccessoriesPart);
+  auto* left = new QVBoxLayout(SSPanel7_);
+  left->setContentsMargins(PaneMargin, PaneMargin, PaneMargin / 2, PaneMargin);
+  left->addWidget(leftSplitter_);
+  // On a small screen the list gives way to the grid.
+  sections_->setMinimumHeight(sections_->Grid().HeightOf(LeastSections));
+  accessories_->setMinimumHeight(accessories_->fontMetrics().lineSpacing() * LeastListLines);
 }
 
 // Keeps its room while it is hidden, so that the sheet doesn't jump.

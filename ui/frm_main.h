@@ -19,6 +19,7 @@
 #include "project/main_screen.h"
 #include "ui/accessory_chooser.h"
 #include "ui/commands.h"
+#include "ui/controls/area_splitter.h"
 #include "ui/controls/eliding_label.h"
 #include "ui/detail_panel.h"
 #include "ui/dialogs/frm_preview.h"
@@ -81,6 +82,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void BuildToolbar();
   void BuildFilePanel();
   void BuildPanes();
+  void BuildLeftPane();
   void BuildMirrorNote();
   void BuildMenus();
   void WatchFields();
@@ -113,6 +115,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void RestoreNormalPlace();
   void RestoreState(int state);
   void StoreWindow() const;
+  int FirstLeftWidth() const;
+  int LeftWidth() const;
+  void RestoreBars();
+  void StoreBars() const;
 
   // Output.
   void Print(const std::function<void()>& command);
@@ -125,6 +131,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   QWidget* SSPanel4_ = nullptr;
   QWidget* SSPanel7_ = nullptr;
   QSplitter* SSSplitter1_ = nullptr;
+  AreaSplitter* leftSplitter_ = nullptr;
+  bool leftWidthMoved_ = false;       // the bar beside the drawing was, since the start
   ElidingLabel* fileName_ = nullptr;  // lblFilename(1)
   std::array<QMenu*, 4> mnuBar_{};
   Actions mnuProject_, mnuSection_, mnuOutput_, mnuHelp_;

@@ -39,8 +39,14 @@ constexpr QSize GreatestFirstSize(1720, 1000);
 // What the frame around a window takes of the screen, about.
 constexpr QSize Frame(8, 36);
 
-// The grid's columns stand in it without crowding; the drawing takes what is left.
-constexpr int FirstGridWidth = 460;
+// The grid's columns stand in that without crowding, in wider fonts in that many letters; the
+// drawing takes what is left, and keeps its part of a small window.
+constexpr int LeastFirstGrid = 460;
+constexpr int FirstGridLetters = 70;
+constexpr int MostFirstGridPercent = 60;
+
+// No stored width is taken for more.
+constexpr int MostPixels = 32767;
 
 // What must be on a screen of the window's upper edge, so that it can be dragged.
 constexpr int TitleHeight = 24;
@@ -52,6 +58,10 @@ int NormalMeasure(std::string_view name, int present) {
 }
 int Measure(std::string_view name, int present) {
   return Whole(std::clamp(ScreenNumber(name, present), -32768.0, 32767.0));
+}
+
+int BarPlace(std::string_view name, int most) {
+  return Whole(std::clamp(BarNumber(name), 0.0, static_cast<double>(most)));
 }
 
 // The place of a window of that size in the middle of the free screen; a window that fills it
@@ -95,6 +105,7 @@ void FrmMain::Load() {
     const int state = Whole(std::clamp(ScreenNumber("State", NormalState), -1.0, 3.0));
     if (state == NormalState) RestoreGeometry();
     sheet_->ApplyMargins();
+    RestoreBars();
     RestoreState(state);
   });
 }
@@ -112,7 +123,43 @@ void FrmMain::TakeFirstSize() {
   resize(
       share.expandedTo(LeastFirstSize).boundedTo(GreatestFirstSize).boundedTo(free.size() - Frame));
   move(InTheMiddle(free, size().expandedTo(minimumSizeHint())).topLeft());
-  SSSplitter1_->setSizes({FirstGridWidth, width() - FirstGridWidth});
+  const int left = FirstLeftWidth();
+  SSSplitter1_->setSizes({left, width() - left});
+}
+
+// Wide enough that the columns stand without crowding and no figure of the hole list is out of
+// sight, as far as that leaves the drawing its part.
+int FrmMain::FirstLeftWidth() const {
+  const QMargins margins = SSPanel7_->layout()->contentsMargins();
+  const int holes = detail_->WidthForFigures() + margins.left() + margins.right();
+  const int wished =
+      std::max({LeastFirstGrid, FirstGridLetters * fontMetrics().averageCharWidth(), holes});
+  return std::min(wished, width() * MostFirstGridPercent / 100);
+}
+
+// Of the grid's side, also while the drawing has its room.
+int FrmMain::LeftWidth() const {
+  if (!drawingMaximized_) return SSSplitter1_->sizes().at(0);
+  const int bar = style()->pixelMetric(QStyle::PM_SplitterWidth, nullptr, SSSplitter1_);
+  return std::max(SSPanel2_->width() - bar - drawingWidth_, 1);
+}
+
+// A bar that nobody has moved stands where the window puts it.
+void FrmMain::RestoreBars() {
+  const int stored = BarPlace("GridPane", MostPixels);
+  const int left = stored > 0 ? stored : FirstLeftWidth();
+  SSSplitter1_->setSizes({left, std::max(width() - left, 1)});
+  const int grid = BarPlace("GridShare", AreaSplitter::WholeShare);
+  const int panel = BarPlace("PanelShare", AreaSplitter::WholeShare);
+  leftSplitter_->SetShares({grid, panel, AreaSplitter::WholeShare - grid - panel});
+}
+
+void FrmMain::StoreBars() const {
+  if (leftWidthMoved_) StoreBar("GridPane", DecimalText(LeftWidth()));
+  const QList<int>& shares = leftSplitter_->Shares();
+  if (shares.empty()) return;
+  StoreBar("GridShare", DecimalText(shares.at(0)));
+  StoreBar("PanelShare", DecimalText(shares.at(1)));
 }
 
 void FrmMain::RestoreGeometry() {
@@ -159,6 +206,7 @@ void FrmMain::StoreWindow() const {
   StoreScreenSetting("Height", DecimalText(height()));
   StoreScreenSetting("Top", DecimalText(y()));
   StoreScreenSetting("Left", DecimalText(x()));
+  StoreBars();
   if (!isMaximized()) return;
   const QRect normal = normalGeometry();
   StoreNormalWindow("Width", DecimalText(normal.width()));

@@ -135,6 +135,9 @@ const Trace LoadOfTheWindow = {
     "\\Settings\\Screen Height",
     "\\Settings\\Screen Top",
     "\\Settings\\Screen Left",
+    "\\Settings\\Bars GridPane",
+    "\\Settings\\Bars GridShare",
+    "\\Settings\\Bars PanelShare",
 };
 
 Trace operator+(Trace left, const Trace& right) {
