@@ -171,6 +171,12 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
   return true;
 }
 
+// A flag for each accessory, none of them set.
+void ClearUsedFlags() {
+  AccUsed.Clear();
+  AccUsed.Resize(AccType1Count + AccType2Count);
+}
+
 }  // namespace
 
 bool LoadSectionDims(const std::string& path) {
@@ -199,8 +205,7 @@ bool LoadAccessoryCatalogues() {
   AccType2Count = 0;
   const bool loaded =
       LoadAccessories1(ProgramPath(Accs1File)) && LoadAccessories2(ProgramPath(Accs2File));
-  AccUsed.Clear();
-  AccUsed.Resize(AccType1Count + AccType2Count);
+  ClearUsedFlags();
   return loaded;
 }
 
@@ -208,6 +213,19 @@ bool LoadSectionCatalogues() {
   const bool dims = LoadSectionDims(ProgramPath(DimsFile));
   const bool patterns = LoadPunchPatterns(ProgramPath(PunchFile));
   return dims && patterns;
+}
+
+CatalogueTables LoadedCatalogues() {
+  return {SectionDims, PunchPatterns, AccDefs, AccType1Count, AccType2Count};
+}
+
+void InstallCatalogues(const CatalogueTables& catalogues) {
+  SectionDims = catalogues.Dims;
+  PunchPatterns = catalogues.Patterns;
+  AccDefs = catalogues.Accessories;
+  AccType1Count = catalogues.Type1Count;
+  AccType2Count = catalogues.Type2Count;
+  ClearUsedFlags();
 }
 
 int FindSectionDim(std::string_view product) {

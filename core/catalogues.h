@@ -37,6 +37,20 @@ bool LoadAccessories2(const std::string& path);
 bool LoadAccessoryCatalogues();
 bool LoadSectionCatalogues();
 
+// All that the four files gave, kept while the tables are reset between two jobs.
+struct CatalogueTables {
+  Table<SectionDim> Dims;
+  Table<PunchPattern> Patterns;
+  Table<AccDef> Accessories;
+  std::int16_t Type1Count = 0;
+  std::int16_t Type2Count = 0;
+};
+
+// The tables as they stand, and the same put back over whatever stands there; AccUsed is sized for
+// them then, every flag false.
+CatalogueTables LoadedCatalogues();
+void InstallCatalogues(const CatalogueTables& catalogues);
+
 // The row of SectionDims that is the first of that product, compared exactly; 0 without one.
 int FindSectionDim(std::string_view product);
 

@@ -18,28 +18,15 @@ using namespace orvane;
 using fuzz::Succeeds;
 
 // The catalogues as they ship, read once.
-struct Catalogues {
-  Table<SectionDim> Dims;
-  Table<PunchPattern> Patterns;
-  Table<AccDef> Accessories;
-  std::int16_t Type1Count = 0;
-  std::int16_t Type2Count = 0;
-};
-
-Catalogues LoadedCatalogues() {
+CatalogueTables ShippedCatalogues() {
   ResetModel();
   if (!LoadAccessoryCatalogues() || !LoadSectionCatalogues()) fuzz::Fail("no catalogues");
-  return {SectionDims, PunchPatterns, AccDefs, AccType1Count, AccType2Count};
+  return LoadedCatalogues();
 }
 
-void StartAfresh(const Catalogues& catalogues) {
+void StartAfresh(const CatalogueTables& catalogues) {
   ResetModel();
-  SectionDims = catalogues.Dims;
-  PunchPatterns = catalogues.Patterns;
-  AccDefs = catalogues.Accessories;
-  AccType1Count = catalogues.Type1Count;
-  AccType2Count = catalogues.Type2Count;
-  AccUsed.Resize(AccDefs.UBound());
+  InstallCatalogues(catalogues);
   LoadPageSetup();
   LoadDrawingSettings();
 }
@@ -58,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   HeadlessDesktop desktop;
   InstallDesktop(desktop);
   ProgramFolder = ORVANE_CATALOGUE;
-  static const Catalogues catalogues = LoadedCatalogues();
+  static const CatalogueTables catalogues = ShippedCatalogues();
   StartAfresh(catalogues);
 
   const std::string path = fuzz::InputFile(data, size);

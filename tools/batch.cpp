@@ -42,15 +42,6 @@ std::string Absolute(const std::string& path) {
   throw SystemError(error.default_error_condition().value(), path);
 }
 
-// The catalogues, kept while the tables are reset between two jobs.
-struct Catalogues {
-  Table<SectionDim> Dims;
-  Table<PunchPattern> Patterns;
-  Table<AccDef> Accessories;
-  std::int16_t Type1Count = 0;
-  std::int16_t Type2Count = 0;
-};
-
 constexpr std::array<std::string_view, 4> CatalogueNames = {DimsFile, PunchFile, Accs1File,
                                                             Accs2File};
 
@@ -68,23 +59,18 @@ std::string OwnCatalogueFolder() {
 
 // Reads the catalogues as the start-up does; false if any was not read whole. The program would go
 // on with what it has, but a factory file made without its products and patterns is scrap.
-bool LoadCatalogues(Catalogues& loaded) {
+bool LoadCatalogues(CatalogueTables& loaded) {
   ResetModel();
   const bool accessories = LoadAccessoryCatalogues();
   const bool sections = LoadSectionCatalogues();
-  loaded = {SectionDims, PunchPatterns, AccDefs, AccType1Count, AccType2Count};
+  loaded = LoadedCatalogues();
   return accessories && sections;
 }
 
 // Tables and values as a fresh start has them, so that no job sees anything of the one before.
-void StartAfresh(const Catalogues& catalogues, std::int16_t drawingWidth) {
+void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth) {
   ResetModel();
-  SectionDims = catalogues.Dims;
-  PunchPatterns = catalogues.Patterns;
-  AccDefs = catalogues.Accessories;
-  AccType1Count = catalogues.Type1Count;
-  AccType2Count = catalogues.Type2Count;
-  AccUsed.Resize(AccType1Count + AccType2Count);
+  InstallCatalogues(catalogues);
   RequireStoredNumbers();
   LoadRegistration();
   LoadPageSetup();
@@ -212,7 +198,7 @@ int PrintJob(const Job& job, const BatchOptions& options, const Printer& printer
 // `resave` is the absolute path to write the job to, or empty; `writer` is null when nothing drawn
 // is asked for.
 int DoJob(const Job& job, const BatchOptions& options, const std::string& resave,
-          const Catalogues& catalogues, DocumentWriter* writer, BatchScreen& screen,
+          const CatalogueTables& catalogues, DocumentWriter* writer, BatchScreen& screen,
           BatchDesktop& desktop, Console& console) {
   desktop.BeginJob(CamFileName(job.Path));
   const std::string& settings = options.SettingsFile.empty() ? job.Name : options.SettingsFile;
@@ -352,7 +338,7 @@ int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console)
       !Try(console, options.SettingsFile, [&] { ReadWholeFile(settingsFile); })) {
     return ExitFault;
   }
-  Catalogues catalogues;
+  CatalogueTables catalogues;
   if (!LoadCatalogues(catalogues)) return ExitFault;
   const bool drawn = AsksForPages(options);
   if ((options.Cam || drawn) && !options.OutFolder.empty() &&

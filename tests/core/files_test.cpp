@@ -26,17 +26,7 @@ using namespace orvane;
 using orvane::test::AsOrdinaryUser;
 using orvane::test::BytesOf;
 using orvane::test::ErrorOf;
-
-// What an action ended with: the error's description, or "done".
-template <class Action>
-std::string Outcome(const Action& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Description();
-  }
-  return "done";
-}
+using orvane::test::OutcomeOf;
 
 class Files : public orvane::test::SystemTest {
  protected:
@@ -108,7 +98,7 @@ TEST_F(Files, What_cannot_be_read_raises_the_systems_description) {
 TEST_F(Files, A_file_without_the_right_to_read_it_is_Permission_denied) {
   const std::string file = TempFile("a.txt", "x");
   Mode(file, 0);
-  EXPECT_EQ(AsOrdinaryUser([&] { return Outcome([&] { ReadWholeFile(file); }); }),
+  EXPECT_EQ(AsOrdinaryUser([&] { return OutcomeOf([&] { ReadWholeFile(file); }); }),
             "Permission denied");
 }
 
@@ -153,9 +143,9 @@ TEST_F(Files, A_read_only_folder_or_file_is_Permission_denied) {
   const std::string folder = Folder("readonly", 0555);
   const std::string file = TempFile("readonly.txt", "old");
   Mode(file, 0444);
-  EXPECT_EQ(AsOrdinaryUser([&] { return Outcome([&] { WriteWholeFile(folder + "/a", "x"); }); }),
+  EXPECT_EQ(AsOrdinaryUser([&] { return OutcomeOf([&] { WriteWholeFile(folder + "/a", "x"); }); }),
             "Permission denied");
-  EXPECT_EQ(AsOrdinaryUser([&] { return Outcome([&] { WriteWholeFile(file, "x"); }); }),
+  EXPECT_EQ(AsOrdinaryUser([&] { return OutcomeOf([&] { WriteWholeFile(file, "x"); }); }),
             "Permission denied");
   EXPECT_EQ(BytesOf(file), "old");
   Mode(folder, 0755);
@@ -224,7 +214,7 @@ TEST_F(Files, ReplaceWholeFile_names_its_new_file_after_the_process_beside_the_o
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_FSIZE, &limit);
     setrlimit(RLIMIT_CORE, &noCore);
-    Outcome([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
+    OutcomeOf([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
     _exit(0);
   }
   int status = 0;
@@ -257,7 +247,7 @@ TEST_F(Files, ReplaceWholeFile_writes_a_pipe_and_never_takes_its_name) {
 
 TEST_F(Files, ReplaceWholeFile_tells_the_error_of_a_device) {
   // As an ordinary user, who couldn't harm the system's device if the replacement went wrong.
-  EXPECT_EQ(AsOrdinaryUser([] { return Outcome([] { ReplaceWholeFile("/dev/full", "x"); }); }),
+  EXPECT_EQ(AsOrdinaryUser([] { return OutcomeOf([] { ReplaceWholeFile("/dev/full", "x"); }); }),
             "Disk full");
 }
 
@@ -281,7 +271,7 @@ TEST_F(Files, A_replacement_that_runs_out_of_room_keeps_the_old_file) {
     (void)std::signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{1000, 1000};
     setrlimit(RLIMIT_FSIZE, &limit);
-    return Outcome([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
+    return OutcomeOf([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
   });
   EXPECT_EQ(outcome, std::strerror(EFBIG));
   EXPECT_EQ(BytesOf(path), "old");
@@ -297,7 +287,7 @@ TEST_F(Files, A_file_that_may_not_be_written_may_not_be_replaced) {
   Mode(inside, 0666);
   Mode(shut, 0555);
   for (const std::string& path : {locked, inside, shut + "/new.txt"}) {
-    EXPECT_EQ(AsOrdinaryUser([&] { return Outcome([&] { ReplaceWholeFile(path, "new"); }); }),
+    EXPECT_EQ(AsOrdinaryUser([&] { return OutcomeOf([&] { ReplaceWholeFile(path, "new"); }); }),
               "Permission denied")
         << path;
   }

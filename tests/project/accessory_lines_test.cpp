@@ -33,20 +33,12 @@ class AccessoryLinesTest : public test::SystemTest {
     AccLines2.Append(line);
   }
 
-  // "AccIndex/ParamIndex/Qty" and "AccIndex/Mark/NoOff" of each line.
+  // "AccIndex/ParamIndex/Qty" of each line.
   static std::vector<std::string> Lines1() {
     std::vector<std::string> lines;
     for (const AccLine1& line : AccLines1) {
       lines.push_back(std::to_string(line.AccIndex) + "/" + std::to_string(line.ParamIndex) + "/" +
                       std::to_string(line.Qty));
-    }
-    return lines;
-  }
-  static std::vector<std::string> Lines2() {
-    std::vector<std::string> lines;
-    for (const AccLine2& line : AccLines2) {
-      lines.push_back(std::to_string(line.AccIndex) + "/" + line.Mark + "/" +
-                      std::to_string(line.NoOff));
     }
     return lines;
   }
@@ -64,7 +56,7 @@ TEST_F(AccessoryLinesTest, ClearAccLines_takes_out_the_lines_of_one_type_1_acces
   Add2(2, "M", 1);  // the same number in the other list
   ClearAccLines(1, 2);
   EXPECT_EQ(Lines1(), (Lines{"1/1/11", "1/3/13"}));
-  EXPECT_EQ(Lines2(), (Lines{"2/M/1"}));
+  EXPECT_EQ(test::LinesOfType2(), (Lines{"2/M/1"}));
   EXPECT_EQ(Flags(), (std::vector<Boolean>{True, False, True, True, True}));
 }
 
@@ -75,7 +67,7 @@ TEST_F(AccessoryLinesTest, ClearAccLines_takes_out_the_lines_of_one_type_2_acces
   Add2(5, "B", 4);
   Add1(4, 1, 9);
   ClearAccLines(2, 4);
-  EXPECT_EQ(Lines2(), (Lines{"3/C/2", "5/B/4"}));
+  EXPECT_EQ(test::LinesOfType2(), (Lines{"3/C/2", "5/B/4"}));
   EXPECT_EQ(AccLines2.At(1).Values.At(1), "C!");
   EXPECT_EQ(AccLines2.At(2).Values.At(1), "B!");
   EXPECT_EQ(Lines1(), (Lines{"4/1/9"}));
@@ -132,7 +124,7 @@ TEST_F(AccessoryLinesTest, SortAccLines_orders_type_2_by_accessory_then_mark_in_
   Add2(3, "A9", 6);
   Add2(3, "", 7);
   SortAccLines(2);
-  EXPECT_EQ(Lines2(),
+  EXPECT_EQ(test::LinesOfType2(),
             (Lines{"3//7", "3/A10/4", "3/A9/6", "3/B1/3", "3/a1/2", "3/\xC3\xA9/5", "4/A1/1"}));
   EXPECT_EQ(AccLines2.At(2).Values.At(1), "A10!");  // the whole line moved
 }
@@ -158,10 +150,10 @@ TEST_F(AccessoryLinesTest, Each_type_sorts_its_own_list) {
   Add2(4, "A", 1);
   Add2(3, "A", 2);
   SortAccLines(1);
-  EXPECT_EQ(Lines2(), (Lines{"4/A/1", "3/A/2"}));
+  EXPECT_EQ(test::LinesOfType2(), (Lines{"4/A/1", "3/A/2"}));
   Add1(1, 0, 3);
   SortAccLines(2);
-  EXPECT_EQ(Lines2(), (Lines{"3/A/2", "4/A/1"}));
+  EXPECT_EQ(test::LinesOfType2(), (Lines{"3/A/2", "4/A/1"}));
   EXPECT_EQ(Lines1(), (Lines{"1/1/2", "2/1/1", "1/0/3"}));
 }
 
@@ -177,9 +169,9 @@ TEST_F(AccessoryLinesTest, Blank_lines_of_a_broken_file_sort_first_and_can_be_cl
   Add2(4, "B", 1);
   AccLines2.Resize(3);
   SortAccLines(2);
-  EXPECT_EQ(Lines2(), (Lines{"0//0", "0//0", "4/B/1"}));
+  EXPECT_EQ(test::LinesOfType2(), (Lines{"0//0", "0//0", "4/B/1"}));
   ClearAccLines(2, 4);
-  EXPECT_EQ(Lines2(), (Lines{"0//0", "0//0"}));
+  EXPECT_EQ(test::LinesOfType2(), (Lines{"0//0", "0//0"}));
   ClearAccLines(2, 0);
   EXPECT_EQ(AccLines2.UBound(), 0);
   EXPECT_EQ(Flags(), (std::vector<Boolean>{True, True, True, False, True}));

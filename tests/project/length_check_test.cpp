@@ -11,15 +11,6 @@ namespace {
 
 class LengthCheckTest : public test::SystemTest {
  protected:
-  static Item& AddItem(const std::string& mark, const std::string& letter, std::int16_t length) {
-    Item item;
-    item.Mark = mark;
-    item.SectionType = letter;
-    item.Product = letter + "-product";
-    item.Length = length;
-    return Items.Append(item);
-  }
-
   static void AddHole(Item& item, std::int16_t x) {
     Hole hole;
     hole.XPos = x;
@@ -29,15 +20,15 @@ class LengthCheckTest : public test::SystemTest {
 
 TEST_F(LengthCheckTest, Sections_that_hold_their_holes_raise_no_question) {
   EXPECT_TRUE(CheckLength());
-  AddItem("no holes", "Z", -1);
-  AddHole(AddItem("at the end", "Z", 3000), 3000);
+  test::AppendItem("no holes", "Z", -1);
+  AddHole(test::AppendItem("at the end", "Z", 3000), 3000);
   Items.At(2).Holes.At(0).XPos = 9000;  // the end sentinel is no hole
   EXPECT_TRUE(CheckLength());
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
 TEST_F(LengthCheckTest, A_section_shorter_than_its_last_hole_asks_whether_to_quit) {
-  Item& item = AddItem("P1", "Z", 2000);
+  Item& item = test::AppendItem("P1", "Z", 2000);
   AddHole(item, 2001);
   AddHole(item, 100);  // the greatest counts, wherever it stands
   desktop.Answers = {Answer::Yes, Answer::No};
@@ -53,9 +44,9 @@ TEST_F(LengthCheckTest, A_section_shorter_than_its_last_hole_asks_whether_to_qui
 }
 
 TEST_F(LengthCheckTest, Of_several_short_sections_only_the_last_is_told) {
-  AddHole(AddItem("P1", "Z", 2000), 2900);
-  AddHole(AddItem("P2", "C", 2000), 2001);
-  AddHole(AddItem("P3", "Z", 2000), 2000);
+  AddHole(test::AppendItem("P1", "Z", 2000), 2900);
+  AddHole(test::AppendItem("P2", "C", 2000), 2001);
+  AddHole(test::AppendItem("P3", "Z", 2000), 2000);
   desktop.Answers = {Answer::Yes};
   EXPECT_TRUE(CheckLength());
   ASSERT_EQ(desktop.Boxes.size(), 1U);
@@ -64,9 +55,9 @@ TEST_F(LengthCheckTest, Of_several_short_sections_only_the_last_is_told) {
 }
 
 TEST_F(LengthCheckTest, Positions_below_0_are_compared_as_they_are) {
-  AddHole(AddItem("P1", "Z", -10), -20);
+  AddHole(test::AppendItem("P1", "Z", -10), -20);
   EXPECT_TRUE(CheckLength());
-  AddHole(AddItem("P2", "Z", -10), -9);
+  AddHole(test::AppendItem("P2", "Z", -10), -9);
   desktop.Answers = {Answer::No};
   EXPECT_FALSE(CheckLength());
 }

@@ -18,21 +18,11 @@ using test::BytesOf;
 using test::ErrorOf;
 using test::First;
 using test::Joined;
+using test::OutcomeOf;
 using test::ProjectFileTest;
 using test::SmallProjectLines;
 using test::With;
 namespace line = test::line;
-
-// The description of the error that an action raises; empty if it raises none.
-template <class Action>
-std::string Outcome(const Action& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Description();
-  }
-  return "";
-}
 
 // --- Files cut off
 
@@ -42,7 +32,7 @@ TEST_F(ProjectFileTest, A_file_cut_behind_any_line_up_to_the_type_1_lines_raises
   for (int kept = 0; kept <= lines; ++kept) {
     FillEarlierProject();
     const std::string path = FreshFile(Joined(First(SmallProjectLines(), kept)));
-    const std::string outcome = Outcome([&] { ReadProjectFile(path); });
+    const std::string outcome = OutcomeOf([&] { ReadProjectFile(path); });
     EXPECT_EQ(outcome, kept < line::Lines1End ? "Input past end of file" : "") << kept;
 
     // What was read until then stays, and all behind it is as it was in the project before.
@@ -110,7 +100,7 @@ TEST_F(ProjectFileTest, A_file_cut_at_any_byte_raises_its_error_or_opens) {
   for (std::size_t size = 0; size <= whole.size(); ++size) {
     FillEarlierProject();
     const std::string path = FreshFile(whole.substr(0, size));
-    const std::string outcome = Outcome([&] { ReadProjectFile(path); });
+    const std::string outcome = OutcomeOf([&] { ReadProjectFile(path); });
     EXPECT_EQ(outcome, ExpectedOfCut(lines, size)) << "cut behind " << size << " bytes";
     EXPECT_EQ(outcome.empty(), size >= needed) << "cut behind " << size << " bytes";
   }
@@ -346,7 +336,7 @@ TEST_F(ProjectFileTest, Any_bytes_are_survived) {
       std::string bytes = whole;
       bytes.at(at) = byte;
       const std::string path = FreshFile(bytes);
-      const std::string outcome = Outcome([&] { ReadProjectFile(path); });
+      const std::string outcome = OutcomeOf([&] { ReadProjectFile(path); });
       EXPECT_TRUE(outcome.empty() || outcome == "Type mismatch" || outcome == "Overflow" ||
                   outcome == "Subscript out of range" || outcome == "Input past end of file")
           << outcome;

@@ -15,15 +15,6 @@ using Refusal = std::optional<std::string>;
 
 class SectionColumnsTest : public test::SystemTest {
  protected:
-  static Item& AddItem(const std::string& mark, const std::string& letter = "Z",
-                       std::int16_t length = 3000) {
-    Item item;
-    item.Mark = mark;
-    item.SectionType = letter;
-    item.Product = letter + "-product";
-    item.Length = length;
-    return Items.Append(item);
-  }
 };
 
 // The columns themselves.
@@ -48,7 +39,7 @@ const std::vector<ShownColumn> ShownColumns = {
 };
 
 TEST_F(SectionColumnsTest, The_six_columns_stand_in_their_order_with_their_widths_and_editors) {
-  AddItem("A", "T");
+  test::AppendItem("A", "T");
   ASSERT_EQ(SectionColumns, static_cast<int>(ShownColumns.size()));
   for (int column = 0; column < SectionColumns; ++column) {
     SCOPED_TRACE(column);
@@ -65,7 +56,7 @@ TEST_F(SectionColumnsTest, The_product_of_a_rail_is_edited_in_no_way_its_other_c
   for (const std::string letter : {"V", "R", "", "M"}) {
     SCOPED_TRACE(letter);
     Items.Clear();
-    AddItem("A", letter);
+    test::AppendItem("A", letter);
     for (int column = 0; column < SectionColumns; ++column) {
       const CellEdit shown = ShownColumns.at(static_cast<std::size_t>(column)).Edit;
       EXPECT_EQ(SectionCellEdit(1, column), column == ProductColumn ? CellEdit::None : shown);
@@ -74,7 +65,7 @@ TEST_F(SectionColumnsTest, The_product_of_a_rail_is_edited_in_no_way_its_other_c
 }
 
 TEST_F(SectionColumnsTest, Cells_that_are_not_there_are_not_edited) {
-  AddItem("A");
+  test::AppendItem("A");
   for (const std::int16_t row : {std::int16_t{-1}, std::int16_t{0}, std::int16_t{2}}) {
     EXPECT_EQ(SectionCellEdit(row, MarkColumn), CellEdit::None);
   }
@@ -87,8 +78,8 @@ TEST_F(SectionColumnsTest, Cells_that_are_not_there_are_not_edited) {
 // What the grid shows.
 
 TEST_F(SectionColumnsTest, Each_column_shows_its_field_with_numbers_in_plain_digits) {
-  AddItem("other");
-  Item& item = AddItem("P 1", "C", 12000);
+  test::AppendItem("other");
+  Item& item = test::AppendItem("P 1", "C", 12000);
   item.Product = "C20020";
   item.Quantity = -5;
   item.Notes = "both ends";
@@ -102,13 +93,13 @@ TEST_F(SectionColumnsTest, Each_column_shows_its_field_with_numbers_in_plain_dig
 }
 
 TEST_F(SectionColumnsTest, A_new_row_shows_its_zeros) {
-  AddItem("", "Z", 0);
+  test::AppendItem("", "Z", 0);
   EXPECT_EQ(ItemText(1, LengthColumn), "0");
   EXPECT_EQ(ItemText(1, QuantityColumn), "0");
 }
 
 TEST_F(SectionColumnsTest, Rows_and_columns_that_are_not_there_show_nothing) {
-  AddItem("A");
+  test::AppendItem("A");
   for (int column = LetterColumn; column < SectionColumns; ++column) {
     EXPECT_EQ(ItemText(0, column), "");
     EXPECT_EQ(ItemText(-1, column), "");
@@ -162,7 +153,7 @@ TEST_F(SectionColumnsTest, A_typed_length_is_taken_by_number_prefix_or_keeps_its
   for (const TypedNumber& typed : TypedNumbers) {
     SCOPED_TRACE(typed.Text);
     Items.Clear();
-    AddItem("A", "Z", 6000).Quantity = 3;
+    test::AppendItem("A", "Z", 6000).Quantity = 3;
     const Typed expected = typed.Taken ? Typed::Taken : Typed::Refused;
     EXPECT_EQ(TakeTypedText(1, LengthColumn, typed.Text), expected);
     EXPECT_EQ(Items.At(1).Length, typed.Value);
@@ -174,7 +165,7 @@ TEST_F(SectionColumnsTest, A_typed_quantity_is_taken_likewise_but_tells_its_over
   for (const TypedNumber& typed : TypedNumbers) {
     SCOPED_TRACE(typed.Text);
     Items.Clear();
-    AddItem("A", "Z", 3000).Quantity = 6000;
+    test::AppendItem("A", "Z", 3000).Quantity = 6000;
     const Typed expected = typed.Taken ? Typed::Taken : Typed::Overflow;
     EXPECT_EQ(TakeTypedText(1, QuantityColumn, typed.Text), expected);
     EXPECT_EQ(Items.At(1).Quantity, typed.Value);
@@ -183,7 +174,7 @@ TEST_F(SectionColumnsTest, A_typed_quantity_is_taken_likewise_but_tells_its_over
 }
 
 TEST_F(SectionColumnsTest, Typing_99999_leaves_9999_in_the_record) {
-  AddItem("A", "Z", 0);
+  test::AppendItem("A", "Z", 0);
   for (const std::string text : {"9", "99", "999", "9999"}) {
     EXPECT_EQ(TakeTypedText(1, LengthColumn, text), Typed::Taken);
   }
@@ -192,8 +183,8 @@ TEST_F(SectionColumnsTest, Typing_99999_leaves_9999_in_the_record) {
 }
 
 TEST_F(SectionColumnsTest, A_mark_and_a_note_are_taken_as_they_are_typed) {
-  AddItem("A");
-  AddItem("B").Notes = "stays";
+  test::AppendItem("A");
+  test::AppendItem("B").Notes = "stays";
   EXPECT_EQ(TakeTypedText(1, MarkColumn, " A1, \"x\" "), Typed::Taken);
   EXPECT_EQ(TakeTypedText(1, NotesColumn, "12 ø "), Typed::Taken);
   EXPECT_EQ(Items.At(1).Mark, " A1, \"x\" ");
@@ -203,14 +194,14 @@ TEST_F(SectionColumnsTest, A_mark_and_a_note_are_taken_as_they_are_typed) {
 }
 
 TEST_F(SectionColumnsTest, A_mark_that_is_a_duplicate_is_taken_all_the_same) {
-  AddItem("A");
-  AddItem("B");
+  test::AppendItem("A");
+  test::AppendItem("B");
   EXPECT_EQ(TakeTypedText(2, MarkColumn, "A"), Typed::Taken);
   EXPECT_EQ(Items.At(2).Mark, "A");
 }
 
 TEST_F(SectionColumnsTest, Other_columns_and_rows_take_nothing) {
-  AddItem("A");
+  test::AppendItem("A");
   for (const int column : {LetterColumn, ProductColumn, SectionColumns, -1}) {
     EXPECT_EQ(TakeTypedText(1, column, "7"), Typed::Taken);
   }
@@ -228,7 +219,7 @@ TEST_F(SectionColumnsTest, Other_columns_and_rows_take_nothing) {
 }
 
 TEST_F(SectionColumnsTest, Typing_leaves_the_flag_to_the_grid) {
-  AddItem("A");
+  test::AppendItem("A");
   TakeTypedText(1, MarkColumn, "B");
   TakeTypedText(1, LengthColumn, "1");
   EXPECT_EQ(ProjectDirty, False);
@@ -239,8 +230,8 @@ TEST_F(SectionColumnsTest, Typing_leaves_the_flag_to_the_grid) {
 TEST_F(SectionColumnsTest, A_chosen_product_reaches_the_record_once) {
   SectionDims.Append({"Z", "Z14012"});
   SectionDims.Append({"Z", "Z14014"});
-  AddItem("A").Product = "Z14012";
-  AddItem("B").Product = "Z14012";
+  test::AppendItem("A").Product = "Z14012";
+  test::AppendItem("B").Product = "Z14012";
   EXPECT_FALSE(TakeChosenText(1, ProductColumn, "Z14012"));
   EXPECT_TRUE(TakeChosenText(1, ProductColumn, "Z14014"));
   EXPECT_EQ(Items.At(1).Product, "Z14014");
@@ -251,7 +242,7 @@ TEST_F(SectionColumnsTest, A_chosen_product_reaches_the_record_once) {
 
 TEST_F(SectionColumnsTest, The_lists_own_text_takes_the_place_of_one_with_blanks_around_it) {
   SectionDims.Append({"Z", "Z14012"});
-  AddItem("A").Product = " Z14012 ";
+  test::AppendItem("A").Product = " Z14012 ";
   EXPECT_TRUE(TakeChosenText(1, ProductColumn, "Z14012"));
   EXPECT_EQ(Items.At(1).Product, "Z14012");
 }
@@ -260,8 +251,8 @@ TEST_F(SectionColumnsTest, What_no_list_has_and_cells_without_one_take_no_choice
   SectionDims.Append({"Z", "Z14012"});
   SectionDims.Append({"C", "C20020"});
   SectionDims.Append({"V", "VCR2"});
-  AddItem("A");
-  AddItem("V", "V").Product = "VCR";
+  test::AppendItem("A");
+  test::AppendItem("V", "V").Product = "VCR";
   for (const std::string text : {"C20020", "Z14013", "z14012", "", " "}) {
     EXPECT_FALSE(TakeChosenText(1, ProductColumn, text)) << text;
   }
@@ -299,19 +290,19 @@ TEST_F(SectionColumnsTest, A_mark_of_another_row_is_a_duplicate) {
     SCOPED_TRACE("[" + trial.Other + "] [" + trial.Text + "]");
     const Refusal expected = trial.Refused ? Refusal("Error - Duplicate Mark") : std::nullopt;
     Items.Clear();
-    AddItem(trial.Other);
-    AddItem("own");
+    test::AppendItem(trial.Other);
+    test::AppendItem("own");
     EXPECT_EQ(CellRefusal(2, MarkColumn, trial.Text), expected);
     Items.Clear();
-    AddItem("own");
-    AddItem(trial.Other);
+    test::AppendItem("own");
+    test::AppendItem(trial.Other);
     EXPECT_EQ(CellRefusal(1, MarkColumn, trial.Text), expected);
   }
 }
 
 TEST_F(SectionColumnsTest, A_row_is_no_duplicate_of_itself_and_its_record_is_not_looked_at) {
-  AddItem("A1");
-  AddItem("B1");
+  test::AppendItem("A1");
+  test::AppendItem("B1");
   EXPECT_EQ(CellRefusal(1, MarkColumn, "A1"), std::nullopt);
   // The record holds the duplicate already, the editor something else.
   Items.At(2).Mark = "A1";
@@ -320,7 +311,7 @@ TEST_F(SectionColumnsTest, A_row_is_no_duplicate_of_itself_and_its_record_is_not
 }
 
 TEST_F(SectionColumnsTest, A_length_must_be_above_0) {
-  AddItem("A");
+  test::AppendItem("A");
   MaxDims.At(1) = 12;
   for (const std::string text : {"", " ", "0", "0.0", "-5", "abc", "-0.1", "x12"}) {
     EXPECT_EQ(CellRefusal(1, LengthColumn, text), "Invalid length") << text;
@@ -351,21 +342,21 @@ TEST_F(SectionColumnsTest, A_length_may_equal_the_maximum_of_its_family_and_no_m
   for (const Case& trial : cases) {
     MaxDims.At(trial.Row) = trial.Maximum;
     Items.Clear();
-    AddItem("A", trial.Letter);
+    test::AppendItem("A", trial.Letter);
     EXPECT_EQ(CellRefusal(1, LengthColumn, trial.Equal), std::nullopt) << trial.Letter;
     EXPECT_EQ(CellRefusal(1, LengthColumn, trial.Above), trial.Message);
   }
 }
 
 TEST_F(SectionColumnsTest, A_section_of_no_family_has_no_maximum) {
-  AddItem("A", "Q");
+  test::AppendItem("A", "Q");
   EXPECT_EQ(CellRefusal(1, LengthColumn, "32767"), std::nullopt);
   EXPECT_EQ(CellRefusal(1, LengthColumn, "0"), "Invalid length");
 }
 
 TEST_F(SectionColumnsTest, Other_columns_are_not_refused) {
-  AddItem("0");
-  AddItem("B");
+  test::AppendItem("0");
+  test::AppendItem("B");
   for (const int column : {LetterColumn, ProductColumn, QuantityColumn, NotesColumn}) {
     EXPECT_EQ(CellRefusal(2, column, "0"), std::nullopt);
     EXPECT_EQ(CellRefusal(2, column, ""), std::nullopt);

@@ -142,7 +142,7 @@ TEST_F(Acc01Test, OK_leaves_the_lines_of_other_accessories) {
     ClickButton(form, 0);
   });
   EXPECT_EQ(Lines1(), (Texts{"1/1/5/0", "3/4/2/0", "5/2/6/0"}));
-  EXPECT_EQ(Lines2(), Texts{"6/A/3"});
+  EXPECT_EQ(LinesOfType2(), Texts{"6/A/3"});
 }
 
 TEST_F(Acc01Test, OK_with_all_numbers_empty_clears_the_accessory) {

@@ -90,20 +90,12 @@ class AccessoriesTest : public SectionsTest {
     AccUsed.At(accIndex) = True;
     main->SetAccUsage();
   }
-  // "AccIndex/ParamIndex/Qty/Param" and "AccIndex/Mark/NoOff" of each line.
+  // "AccIndex/ParamIndex/Qty/Param" of each line.
   static std::vector<std::string> Lines1() {
     std::vector<std::string> lines;
     for (const AccLine1& line : AccLines1) {
       lines.push_back(std::to_string(line.AccIndex) + "/" + std::to_string(line.ParamIndex) + "/" +
                       std::to_string(line.Qty) + "/" + std::to_string(line.Param));
-    }
-    return lines;
-  }
-  static std::vector<std::string> Lines2() {
-    std::vector<std::string> lines;
-    for (const AccLine2& line : AccLines2) {
-      lines.push_back(std::to_string(line.AccIndex) + "/" + line.Mark + "/" +
-                      std::to_string(line.NoOff));
     }
     return lines;
   }

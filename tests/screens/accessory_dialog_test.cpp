@@ -300,7 +300,7 @@ TEST_F(AccessoryDialogTest, Clear_takes_the_lines_of_a_type_1_accessory_at_once)
   ChooseFromPopup(1);
   Settle();
   EXPECT_EQ(Lines1(), (Texts{"1/1/4/0", "5/1/7/0"}));
-  EXPECT_EQ(Lines2(), Texts{"6/A/1"});
+  EXPECT_EQ(LinesOfType2(), Texts{"6/A/1"});
   EXPECT_EQ(AccUsed.At(Bolts), False);
   EXPECT_EQ(Marked(), (std::vector<int>{1, 2, 5, 6}));
   EXPECT_EQ(Entries().size(), 22U);
@@ -312,7 +312,7 @@ TEST_F(AccessoryDialogTest, Clear_takes_the_lines_of_a_type_2_accessory) {
   Put1(Bolts, 1, 5);
   RightClickEntry(PurlinSleeves);
   ChooseFromPopup(1);
-  EXPECT_EQ(Lines2(), Texts{"7/B/2"});
+  EXPECT_EQ(LinesOfType2(), Texts{"7/B/2"});
   EXPECT_EQ(Lines1(), Texts{"3/1/5/0"});
   EXPECT_EQ(Marked(), (std::vector<int>{Bolts, SplicePlates}));
 }
@@ -381,7 +381,7 @@ TEST_F(AccessoryDialogTest, A_missing_picture_stops_the_opening_with_the_systems
     EXPECT_EQ(Marked(), std::vector<int>{});
   }
   EXPECT_EQ(Lines1(), Texts{"1/1/4/0"});
-  EXPECT_EQ(Lines2(), Texts{"6/A/1"});
+  EXPECT_EQ(LinesOfType2(), Texts{"6/A/1"});
   // One without a picture opens all the same.
   InDialogOf(Bolts, Nothing);
 }
@@ -442,7 +442,7 @@ TEST_F(AccessoryDialogTest, An_opened_project_brings_its_lines_and_marks) {
   Settle();
   EXPECT_EQ(Marked(), (std::vector<int>{Bolts, SplicePlates}));
   EXPECT_EQ(Lines1(), Texts{"3/1/4/0"});
-  EXPECT_EQ(Lines2(), Texts{"7/A/1"});
+  EXPECT_EQ(LinesOfType2(), Texts{"7/A/1"});
 }
 
 TEST_F(AccessoryDialogTest, The_list_alone_with_the_focus_brings_the_save_prompt_at_the_exit) {

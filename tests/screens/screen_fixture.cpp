@@ -49,13 +49,7 @@ std::optional<std::string> TestDesktop::ShowSaveDialog(const FileDialog& dialog)
 
 std::optional<std::string> TestDesktop::NextFile() {
   if (AnyFile) return AnyFile();
-  if (Chosen.empty()) {
-    ADD_FAILURE() << "unforeseen file dialog";
-    return std::nullopt;
-  }
-  std::optional<std::string> file = Chosen.front();
-  Chosen.pop_front();
-  return file;
+  return NextChosen(Chosen);
 }
 
 DialogScript::DialogScript() {

@@ -74,6 +74,33 @@ std::string ErrorOf(const std::function<void()>& action) {
   return "";
 }
 
+std::string OutcomeOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeError& error) {
+    return error.Description();
+  }
+  return "";
+}
+
+Item& AppendItem(const std::string& mark, const std::string& letter, std::int16_t length) {
+  Item item;
+  item.Mark = mark;
+  item.SectionType = letter;
+  item.Product = letter + "-product";
+  item.Length = length;
+  return Items.Append(item);
+}
+
+std::vector<std::string> LinesOfType2() {
+  std::vector<std::string> lines;
+  for (const AccLine2& line : AccLines2) {
+    lines.push_back(std::to_string(line.AccIndex) + "/" + line.Mark + "/" +
+                    std::to_string(line.NoOff));
+  }
+  return lines;
+}
+
 std::string BytesOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file.is_open()) << path;

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/model.h"
 #include "tests/support/scripted_desktop.h"
@@ -37,6 +39,16 @@ class SystemTest : public ::testing::Test {
 // The description of the RuntimeError that the action raises; empty, with a failed test, if it
 // raises none.
 std::string ErrorOf(const std::function<void()>& action);
+
+// What the action ended with, where both may be: the error's description, empty without an error.
+std::string OutcomeOf(const std::function<void()>& action);
+
+// Adds a section of that family with a product of its own name, one of a kind.
+Item& AppendItem(const std::string& mark, const std::string& letter = "Z",
+                 std::int16_t length = 3000);
+
+// "AccIndex/Mark/NoOff" of each type 2 line.
+std::vector<std::string> LinesOfType2();
 
 // The whole content of a file.
 std::string BytesOf(const std::string& path);

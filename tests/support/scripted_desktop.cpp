@@ -19,12 +19,12 @@ Answer ScriptedDesktop::ShowMessageBox(const std::string& text, const std::strin
 
 std::optional<std::string> ScriptedDesktop::ShowOpenDialog(const FileDialog& dialog) {
   OpenDialogs.push_back(dialog);
-  return NextFile();
+  return NextChosen(Chosen);
 }
 
 std::optional<std::string> ScriptedDesktop::ShowSaveDialog(const FileDialog& dialog) {
   SaveDialogs.push_back(dialog);
-  return NextFile();
+  return NextChosen(Chosen);
 }
 
 std::string ScriptedDesktop::UserDataFolder() {
@@ -37,13 +37,13 @@ Moment ScriptedDesktop::Now() const {
   return Present;
 }
 
-std::optional<std::string> ScriptedDesktop::NextFile() {
-  if (Chosen.empty()) {
+std::optional<std::string> NextChosen(std::deque<std::optional<std::string>>& chosen) {
+  if (chosen.empty()) {
     ADD_FAILURE() << "unforeseen file dialog";
     return std::nullopt;
   }
-  std::optional<std::string> file = Chosen.front();
-  Chosen.pop_front();
+  std::optional<std::string> file = chosen.front();
+  chosen.pop_front();
   return file;
 }
 

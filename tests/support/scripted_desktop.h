@@ -18,6 +18,9 @@ struct ShownBox {
   Icon Sign = Icon::None;
 };
 
+// Takes the next file that a script's person chooses; fails the test if none was foreseen.
+std::optional<std::string> NextChosen(std::deque<std::optional<std::string>>& chosen);
+
 // A question that the script doesn't foresee fails the test and is answered by Cancel (or No).
 class ScriptedDesktop : public HeadlessDesktop {
  public:
@@ -48,9 +51,6 @@ class ScriptedDesktop : public HeadlessDesktop {
   std::string UserDataFolder() override;
   void ShowHelp(const std::string& file) override { HelpFiles.push_back(file); }
   Moment Now() const override;
-
- private:
-  std::optional<std::string> NextFile();
 };
 
 }  // namespace orvane::test
