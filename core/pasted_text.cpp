@@ -71,7 +71,7 @@ std::string PastedLine(std::string_view text) {
   return line;
 }
 
-PastedNumber NumberToPaste(std::string_view text, NumberField field) {
+PastedNumber NumberToPaste(std::string_view text, NumberForm form) {
   text = WithoutBlanks(text);
   const std::string_view number = WithoutUnit(text);
   if (number.empty()) return {};
@@ -87,8 +87,8 @@ PastedNumber NumberToPaste(std::string_view text, NumberField field) {
   if (whole.size() + fraction.size() == 0 || !AreDigits(whole) || !AreDigits(fraction)) {
     return Refusal(text, "it isn't a number");
   }
-  if (sign && field != NumberField::Signed) return Refusal(text, "no sign is taken here");
-  if (field != NumberField::Whole) return {std::string(number), ""};
+  if (sign && form != NumberForm::Signed) return Refusal(text, "no sign is taken here");
+  if (form != NumberForm::Whole) return {std::string(number), ""};
   if (point == std::string_view::npos) return {std::string(whole), ""};
   if (fraction.size() == ThousandsDigits) {
     return Refusal(text, "the point may divide thousands");

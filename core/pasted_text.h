@@ -13,7 +13,7 @@ namespace orvane {
 std::string PastedLine(std::string_view text);
 
 // What a field takes as a number.
-enum class NumberField {
+enum class NumberForm {
   Whole,     // digits alone, such as a length or a quantity
   Positive,  // digits and at most one point, such as the position of a hole
   Signed     // one sign besides, such as a mitre or the size of a notch
@@ -31,6 +31,6 @@ struct PastedNumber {
 // are left off. Refused is what could be read as another number than was meant: a comma, a point
 // before exactly three digits of a whole number (it may divide thousands), a fraction or a sign
 // where the field has none, and any other letter.
-PastedNumber NumberToPaste(std::string_view text, NumberField field);
+PastedNumber NumberToPaste(std::string_view text, NumberForm form);
 
 }  // namespace orvane

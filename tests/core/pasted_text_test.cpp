@@ -9,12 +9,12 @@ namespace orvane {
 
 namespace {
 
-std::string Taken(std::string_view text, NumberField field) {
+std::string Taken(std::string_view text, NumberForm field) {
   const PastedNumber pasted = NumberToPaste(text, field);
   EXPECT_EQ(pasted.Refusal, "") << text;
   return pasted.Text;
 }
-std::string Refusal(std::string_view text, NumberField field) {
+std::string Refusal(std::string_view text, NumberForm field) {
   const PastedNumber pasted = NumberToPaste(text, field);
   EXPECT_EQ(pasted.Text, "") << text;
   return pasted.Refusal;
@@ -44,69 +44,68 @@ TEST(PastedText, Blanks_and_letters_of_a_line_stay) {
 }
 
 TEST(PastedText, A_whole_number_is_taken_as_it_was_copied) {
-  EXPECT_EQ(Taken("6150", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken("0050", NumberField::Whole), "0050");
-  EXPECT_EQ(Taken("6150\r\n", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken("\t 6150 \t", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken("6150mm", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken(" 6150 mm ", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken("6150 MM", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken("mm 6150", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("6150", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken("0050", NumberForm::Whole), "0050");
+  EXPECT_EQ(Taken("6150\r\n", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken("\t 6150 \t", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken("6150mm", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken(" 6150 mm ", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken("6150 MM", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken("mm 6150", NumberForm::Whole), "6150");
   EXPECT_EQ(Taken("\xC2\xA0"
                   "6150\xE2\x80\xAFmm",
-                  NumberField::Whole),
+                  NumberForm::Whole),
             "6150");
 }
 
 TEST(PastedText, One_or_two_zeros_behind_the_point_are_a_spreadsheets_form_of_a_whole_number) {
-  EXPECT_EQ(Taken("6150.0", NumberField::Whole), "6150");
-  EXPECT_EQ(Taken("6150.00", NumberField::Whole), "6150");
+  EXPECT_EQ(Taken("6150.0", NumberForm::Whole), "6150");
+  EXPECT_EQ(Taken("6150.00", NumberForm::Whole), "6150");
 }
 
 TEST(PastedText, What_may_be_another_number_is_refused_with_its_reason) {
-  EXPECT_EQ(Refusal("3 pcs", NumberField::Whole), "\"3 pcs\" wasn't pasted: it isn't a number");
-  EXPECT_EQ(Refusal("-3.5", NumberField::Whole), "\"-3.5\" wasn't pasted: no sign is taken here");
-  EXPECT_EQ(Refusal("+3", NumberField::Whole), "\"+3\" wasn't pasted: no sign is taken here");
-  EXPECT_EQ(Refusal("6,150", NumberField::Whole),
+  EXPECT_EQ(Refusal("3 pcs", NumberForm::Whole), "\"3 pcs\" wasn't pasted: it isn't a number");
+  EXPECT_EQ(Refusal("-3.5", NumberForm::Whole), "\"-3.5\" wasn't pasted: no sign is taken here");
+  EXPECT_EQ(Refusal("+3", NumberForm::Whole), "\"+3\" wasn't pasted: no sign is taken here");
+  EXPECT_EQ(Refusal("6,150", NumberForm::Whole),
             "\"6,150\" wasn't pasted: a comma may divide thousands or a fraction");
-  EXPECT_EQ(Refusal("6.150", NumberField::Whole),
+  EXPECT_EQ(Refusal("6.150", NumberForm::Whole),
             "\"6.150\" wasn't pasted: the point may divide thousands");
-  EXPECT_EQ(Refusal("6150.000", NumberField::Whole),
+  EXPECT_EQ(Refusal("6150.000", NumberForm::Whole),
             "\"6150.000\" wasn't pasted: the point may divide thousands");
   for (const char* text : {"6150.5", "6150.", ".0", "6150.0000"}) {
-    EXPECT_EQ(Refusal(text, NumberField::Whole),
+    EXPECT_EQ(Refusal(text, NumberForm::Whole),
               "\"" + std::string(text) + "\" wasn't pasted: only whole numbers are taken here");
   }
   for (const char* text :
        {"6 150", "6150 m", "6.1.5", "6150 mm mm", "mm", "1e3", "0x10", "-", ".", "--3", "3-"}) {
-    EXPECT_EQ(Refusal(text, NumberField::Whole),
+    EXPECT_EQ(Refusal(text, NumberForm::Whole),
               "\"" + std::string(text) + "\" wasn't pasted: it isn't a number");
   }
 }
 
 TEST(PastedText, A_number_with_a_fraction_takes_one_point_and_a_signed_one_a_sign_besides) {
-  EXPECT_EQ(Taken("12.125", NumberField::Positive), "12.125");
-  EXPECT_EQ(Taken(".5", NumberField::Positive), ".5");
-  EXPECT_EQ(Taken("12. mm", NumberField::Positive), "12.");
-  EXPECT_EQ(Refusal("-3.5", NumberField::Positive),
-            "\"-3.5\" wasn't pasted: no sign is taken here");
-  EXPECT_EQ(Taken("-3.5", NumberField::Signed), "-3.5");
-  EXPECT_EQ(Taken("+22.5\n", NumberField::Signed), "+22.5");
-  EXPECT_EQ(Refusal("22,5", NumberField::Signed),
+  EXPECT_EQ(Taken("12.125", NumberForm::Positive), "12.125");
+  EXPECT_EQ(Taken(".5", NumberForm::Positive), ".5");
+  EXPECT_EQ(Taken("12. mm", NumberForm::Positive), "12.");
+  EXPECT_EQ(Refusal("-3.5", NumberForm::Positive), "\"-3.5\" wasn't pasted: no sign is taken here");
+  EXPECT_EQ(Taken("-3.5", NumberForm::Signed), "-3.5");
+  EXPECT_EQ(Taken("+22.5\n", NumberForm::Signed), "+22.5");
+  EXPECT_EQ(Refusal("22,5", NumberForm::Signed),
             "\"22,5\" wasn't pasted: a comma may divide thousands or a fraction");
-  EXPECT_EQ(Refusal("-2-2", NumberField::Signed), "\"-2-2\" wasn't pasted: it isn't a number");
+  EXPECT_EQ(Refusal("-2-2", NumberForm::Signed), "\"-2-2\" wasn't pasted: it isn't a number");
 }
 
 TEST(PastedText, A_paste_of_nothing_but_blanks_is_neither_taken_nor_refused) {
   for (const char* text : {"", " ", "\t\r\n"}) {
-    const PastedNumber pasted = NumberToPaste(text, NumberField::Whole);
+    const PastedNumber pasted = NumberToPaste(text, NumberForm::Whole);
     EXPECT_EQ(pasted.Text, "");
     EXPECT_EQ(pasted.Refusal, "");
   }
 }
 
 TEST(PastedText, A_reason_shows_the_beginning_of_a_long_text_on_one_line) {
-  EXPECT_EQ(Refusal("a first line\nand a second line of it", NumberField::Whole),
+  EXPECT_EQ(Refusal("a first line\nand a second line of it", NumberForm::Whole),
             "\"a first line and a s...\" wasn't pasted: it isn't a number");
 }
 
