@@ -19,6 +19,7 @@
 #include "holes/hole_list.h"
 #include "output/output_screen.h"
 #include "output/page_room.h"
+#include "project/changes.h"
 #include "project/rules/accessory_rules.h"
 
 namespace orvane {
@@ -75,7 +76,9 @@ const Item& SectionOfSheet(std::int16_t row, bool newRoom, RebuiltSections& rebu
 
 // A run leaves the holes that it has drawn in the tables, up to an error too.
 void Store(RebuiltSections& rebuilt) {
-  for (RebuiltSection& one : rebuilt) Items.At(one.Row) = std::move(one.Section);
+  Change(ChangeKind::PrintAll, 0, [&] {
+    for (RebuiltSection& one : rebuilt) Items.At(one.Row) = std::move(one.Section);
+  });
 }
 
 // Draws the sheets of all sections; false when the user calls the run off.

@@ -48,6 +48,7 @@ enum class ChangeKind {
   AccessoryListEntered,
   ProjectReplaced,
   ShowSection,
+  PrintAll,
   Export,
 };
 
@@ -84,7 +85,7 @@ struct ChangeRule {
 };
 
 // One row a kind, in their order.
-constexpr std::size_t ChangeKinds = 35;
+constexpr std::size_t ChangeKinds = 36;
 constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
     // clang-format off
     // Kind                            Name                 Subject                      ProjectDirty         holes   redraw  by
@@ -154,9 +155,10 @@ constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
     {ChangeKind::ProjectReplaced,     "Project",           ChangeSubject::Nothing,      Dirties::WhenDone,   false,  false,  ChangeBy::User},
 
     // Looks. A move of the cursor and the showing of a section make its pattern holes afresh and
-    // settle its sag bars; an export makes the holes of all sections afresh (row 0) and fills up
-    // values that an accessory's lines lack.
+    // settle its sag bars; a run over all sheets leaves the holes that it has drawn (row 0), and an
+    // export makes those of all sections afresh and fills up values that an accessory's lines lack.
     {ChangeKind::ShowSection,         "Show",              ChangeSubject::Section,      Dirties::No,         true,   true,   ChangeBy::Look},
+    {ChangeKind::PrintAll,            "Print all",         ChangeSubject::WholeJob,     Dirties::No,         true,   false,  ChangeBy::Look},
     {ChangeKind::Export,              "Export",            ChangeSubject::WholeJob,     Dirties::No,         true,   false,  ChangeBy::Look},
     // clang-format on
 }};

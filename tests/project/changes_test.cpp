@@ -94,6 +94,7 @@ constexpr Expected ExpectedFlags[] = {
     {ChangeKind::AccessoryListEntered, true,  false},
     {ChangeKind::ProjectReplaced,      true,  false},
     {ChangeKind::ShowSection,          false, false},
+    {ChangeKind::PrintAll,             false, false},
     {ChangeKind::Export,               false, false},
     // clang-format on
 };
