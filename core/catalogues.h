@@ -57,8 +57,8 @@ int FindSectionDim(std::string_view product);
 // A copy of that row; a blank record without one.
 SectionDim GetSectionDim(std::string_view product);
 
-// The row of the first pattern of that name, else 0. It deliberately doesn't look at the section
-// letter: two families that share a pattern name share the first row's sag-bar mark.
+// The row of the first pattern of that name, else 0. The section letter doesn't count: offices
+// write a pattern that two families share as one name, and mark its sag bars in its first row.
 std::int16_t FindPunchPattern(std::string_view name);
 
 // The place, from 0, of the first of a combo box's entries that equals the text, blanks trimmed on

@@ -46,8 +46,8 @@ bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& n
 // Each procedure reads or writes the values of one key in their fixed order. Numbers are stored in
 // the form "0" and read back by number prefix, margins then rounded to 16 bits. A stored number
 // that its field can't hold is told with its setting, and that setting alone gets its default: one
-// bad margin must not take the others off the paper. Storing MinHoleSep in the form "0" gives up
-// its fraction: deliberate.
+// bad margin must not take the others off the paper. MinHoleSep is typed in whole
+// millimetres, so the form "0" takes no fraction from it that a person entered.
 
 // Raises "Overflow" where a stored number is more than its value can hold; the others are loaded
 // then or not. For who works alone through the night: what the Load procedures below do, fall to

@@ -115,7 +115,7 @@ void DrawType1Table(const View& view, double top) {
   surface.TableAlignment(0, 1, CellAlignment::Centre);
   surface.TableAlignment(0, 2, CellAlignment::Centre);
   surface.TableAlignment(0, 3, CellAlignment::Right);
-  SetText(surface, 1, 1, "Descripton");  // deliberate
+  SetText(surface, 1, 1, "Descripton");  // as on all sheets that the works have on file
   SetText(surface, 1, 2, "Code");
   SetText(surface, 1, 3, "No. Off");
   int row = 1;

@@ -59,7 +59,7 @@ void DrawMitres(const Sheet& sheet) {
     if (!(mitre * line.Sign > 0)) continue;
     const double end = line.At == End::Left ? sheet.ElevationLeft : ElevationX(sheet, sheet.Length);
     const double offset = std::tan(DegToRad(mitre)) * height * sheet.LengthScale / CrossScale;
-    // The depth of the web also where the elevation shows another one, deliberately.
+    // The saw cuts the web, so the value is its depth's, also where the elevation shows another.
     const double value = std::tan(DegToRad(mitre)) * depth;
     const Point bottom = {end + line.BottomShare * offset, height + ViewTop};
     const Point top = {end + line.TopShare * offset, ViewTop};

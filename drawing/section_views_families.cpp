@@ -381,8 +381,8 @@ void DrawTopHatViews(const Sheet& sheet) {
                     {middle + tickX, lowerSide - tickY, middle - tickX, lowerSide + tickY},
                 });
 
-  // The last line deliberately measures by the lip of the elevation, though the view's lower lip
-  // was built from the upper one.
+  // The last line is the lower lip's own, from the catalogue. The view beside it takes the upper
+  // lip for both, since the two hardly differ at its scale.
   DrawElevation(
       sheet, ViewTop, SectionY(overall),
       {SectionY(dim.Dim7), SectionY(crown), SectionY(foot), SectionY(overall - dim.Dim8)});

@@ -129,8 +129,9 @@ void AdjustHoleSpacing(Item& item) {
   }
   if (!(shortfall > 0 && count > 0)) return;
 
-  // Each pays in proportion. A gap that falls below minGap by this is deliberately not widened
-  // again: there is one pass only. A widened gap is known by its DrawGap differing from its RelX.
+  // Each pays in proportion. A gap that falls below minGap by this is not widened again: a
+  // second pass would take from gaps that have paid already, and might never end. A widened gap is
+  // known by its DrawGap differing from its RelX.
   for (int row = 0; row <= last; ++row) {
     Hole& hole = holes.At(row);
     if (hole.DrawGap == hole.RelX) hole.DrawGap = hole.RelX - Divide(shortfall * hole.RelX, pool);

@@ -32,7 +32,8 @@ constexpr double ChannelHoleAllowance = 52;     // the same at one end, for the 
 constexpr int ChannelEndHole = 25;              // from either end, mm
 constexpr std::int16_t ChannelNotchSize = 62;   // where none was entered, mm
 constexpr std::string_view ChannelNotchWidth = "25";
-// "BR2" twice and no "TL1" is deliberate: four notches, the last two with one code.
+// "BR2" twice and no "TL1": four notches, the last two with one code, as the line's program for
+// this channel reads them.
 constexpr std::array<std::string_view, 4> ChannelNotchCodes = {"TR1", "BL1", "BR2", "BR2"};
 
 // Sleeves of fixed sizes.

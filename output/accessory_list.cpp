@@ -40,7 +40,8 @@ std::string QuantityText(std::int16_t quantity) {
   return FormatNumber(static_cast<double>(quantity), 0);
 }
 
-// Under the heading "Mark" stands the short code of the size: deliberate.
+// Under the heading "Mark" stands the short code of the size: these lines have no mark, and the
+// code is what is written on the part.
 void WriteLines1(FactoryWriter& out) {
   std::string_view lastName;
   for (const AccLine1& line : AccLines1) {

@@ -12,9 +12,9 @@ namespace orvane {
 // accessory is in use. Shows the description of any error itself. True unless there was one.
 bool ExportAccList(const std::string& camPath);
 
-// The list's file: the CAM file's whole path up to and including its first point, then "xac". A
-// folder name with a point in it cuts the name there: deliberate. Without any point, ".xac" is
-// added.
+// The list's file: the CAM file's whole path up to and including its first point, then "xac", which
+// is where the works look for it. So a folder name with a point in it cuts the name there. Without
+// any point, ".xac" is added.
 std::string AccListPath(const std::string& camPath);
 
 // The accessory list of the model as it stands. Empty second and third values of the accessory in

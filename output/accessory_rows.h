@@ -12,8 +12,8 @@ constexpr std::int16_t HalfSleeveRow = 5;
 
 // Type 2. The first value of a purlin sleeve is the product that it fits.
 constexpr std::int16_t PurlinSleeveRow = 6;
-// Asks for a CAM file although no block is ever written for it: deliberate, so that a job of these
-// alone still gives the line its header.
+// Asks for a CAM file although no block is ever written for it, so that a job of these alone still
+// gives the line its header.
 constexpr std::int16_t HeaderOnlyRow = 7;
 constexpr std::int16_t VcrAssemblyRow = 8;
 // Its first value joins the first column of the accessory list.

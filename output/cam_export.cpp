@@ -21,8 +21,8 @@ namespace orvane {
 
 namespace {
 
-// Whether the accessories alone call for a CAM file. Vertical cladding rails don't, and the
-// accessory of HeaderOnlyRow does: deliberate.
+// Whether the accessories alone call for a CAM file. Vertical cladding rails don't, as
+// the line doesn't make them; the accessory of HeaderOnlyRow does, for its header.
 bool ForcesCamFile() {
   const auto forces1 = [](const AccLine1& line) {
     return line.AccIndex == DeepSleeveRow || line.AccIndex == HalfSleeveRow;

@@ -41,7 +41,7 @@ void SaveBeforeItGoes() {
 }
 
 // The question before another project takes the place of this one; true when the action goes on.
-// The title is the same for both actions, deliberately.
+// The title is the same for both actions: what the user is asked is whether this project may go.
 bool MayReplaceProject() {
   if (ProjectDirty == False) return true;
   const Answer answer = AskToSave("New Project");
@@ -150,7 +150,8 @@ void OpenFile(const std::string& path) {
   TakeFileName(path);
   ShowFirstItem();
   AddRecent(path);
-  // Opening counts as a change, deliberately: leaving the project always brings the save prompt.
+  // Opening counts as a change, so that leaving the project always brings the save prompt: looking
+  // at a section already makes its holes afresh by the catalogue of today.
   Change(ChangeKind::ProjectReplaced);
 }
 

@@ -77,7 +77,7 @@ class ProjectReader {
  public:
   explicit ProjectReader(TextFile& file) : file_(file) {}
 
-  // A line no longer than the stamp leaves the number of the project before, deliberately.
+  // A line no longer than the stamp has no number to give, and leaves the one before.
   void OrvaneNumber(std::string& text) {
     const std::string_view line = file_.ReadField();
     if (CharCount(line) > VersionStampLength) {

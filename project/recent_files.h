@@ -11,7 +11,8 @@ namespace orvane {
 extern std::array<std::string, 5> RecentFiles;
 
 // Puts a path in front, stores the list and shows it; nothing at all if the path is the first entry
-// already. A path that stands lower in the list deliberately stands in it twice then.
+// already. A path that stands lower in the list stands in it twice then: the list tells in which
+// order jobs were worked on, and coming back to one is a place in it.
 void AddRecent(const std::string& path);
 
 // Reads the stored list and shows it.

@@ -49,8 +49,8 @@ struct MirroredCode {
   Position Size3;
 };
 
-// A corner notch has its position cleared, an end notch keeps it, a notch along the length is
-// mirrored: all three are deliberate.
+// A corner notch has its position cleared, since its code says where it is; an end notch keeps it,
+// which is its height in the web; a notch along the length is mirrored with the section.
 constexpr MirroredCode MirroredCodes[] = {
     {"TL1", "TR1", Position::Cleared}, {"TR1", "TL1", Position::Cleared},
     {"T2", "T2", Position::Mirrored},  {"L3", "R3", Position::Kept},

@@ -38,8 +38,8 @@ void DeleteItemRow(std::int16_t ItemIndex);
 enum class SortKey { Mark = 1, Product = 2, Length = 3 };
 
 // The table half of SortItems: sorts all rows by the key, texts by character code; rows of equal
-// keys keep their order. "Sort by Section" is the product, deliberately not the section letter.
-// Returns the row that each section stood in before, in the order in which they stand now.
+// keys keep their order. "Sort by Section" is the product, whose name begins with its family's
+// letters. Returns the row that each section stood in before, in the order in which they stand now.
 // ProjectDirty stays: the grid sets it where one of its texts changes.
 std::vector<int> SortItemRows(SortKey Key);
 

@@ -48,8 +48,8 @@ class AccessoryChooser : public QListWidget {
 
  protected:
   bool event(QEvent* event) override;
-  // The user's arrival counts as a change of the project, deliberately; the way back from a menu, a
-  // dialog or another program doesn't.
+  // The user's arrival counts as a change of the project, since whoever comes here means to change
+  // it; the way back from a menu, a dialog or another program doesn't.
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

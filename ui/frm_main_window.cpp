@@ -291,7 +291,8 @@ void FrmMain::Exit() {
   QCoreApplication::quit();
 }
 
-// After the exit command this asks a second time, deliberately, and closes whatever the answer is.
+// After the exit command this asks a second time and closes whatever the answer is: the command has
+// asked whether to save, this is the last chance to.
 void FrmMain::closeEvent(QCloseEvent* event) {
   event->ignore();
   bool consent = false;

@@ -372,7 +372,7 @@ TEST_F(Catalogues, GetSectionDim_gives_a_copy) {
 }
 
 TEST_F(Catalogues, FindPunchPattern_looks_at_the_name_alone) {
-  // The second family gets the first one's sag-bar mark. That is deliberate.
+  // The second family gets the first one's sag-bar mark.
   ASSERT_TRUE(LoadPunch("Z,Mid,D3,,\nC,Mid,D3,S,\nC,End,A0,,\n"));
   EXPECT_EQ(FindPunchPattern("Mid"), 1);
   EXPECT_EQ(PunchPatterns.At(FindPunchPattern("Mid")).HasSagBars, False);

@@ -3,7 +3,7 @@
 namespace orvane::test {
 namespace {
 
-// What changes the project, and what deliberately doesn't.
+// What sets the flag of a changed project, and what leaves it.
 class ChangedFlag : public SectionsTest {
  protected:
   void PutMixed() {
