@@ -6,7 +6,8 @@ namespace orvane {
 enum class CellEdit {
   None,    // not at all: keys and clicks pass it over
   Text,    // any text
-  Digits,  // of typed characters digits alone; what is pasted stands as it is
+  Digits,  // digits alone, typed or pasted
+  Number,  // any text typed, since it is read as far as it is a number; of what is pasted a number
   Choice   // an entry of a list
 };
 

@@ -12,6 +12,7 @@
 #include "core/desktop.h"
 #include "core/text.h"
 #include "holes/hole_list.h"
+#include "ui/controls/plain_field.h"
 #include "ui/controls/tab_stop.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -87,7 +88,9 @@ void DetailPanel::BuildPitch() {
 }
 
 void DetailPanel::BuildJointing() {
-  txtJointing = new QLineEdit(this);
+  auto* jointing = new PlainField(this);
+  jointing->TakePastedNumber(NumberForm::Whole);
+  txtJointing = jointing;
   txtJointing->setObjectName("txtJointing");
   lblJointing = NewLabel("lblJointing", "No. off jointing pieces", txtJointing, this);
   connect(txtJointing, &QLineEdit::textEdited, this, [this] { Guard([&] { JointingChanged(); }); });

@@ -2,6 +2,7 @@
 #include <QClipboard>
 
 #include "tests/screens/acc01_fixture.h"
+#include "ui/controls/refused_look.h"
 
 namespace orvane::test {
 namespace {
@@ -24,14 +25,17 @@ TEST_F(Acc01Test, A_field_takes_digits_alone) {
   });
 }
 
-TEST_F(Acc01Test, Of_what_is_pasted_the_digits_stay) {
+TEST_F(Acc01Test, A_quantity_is_pasted_as_it_was_copied_or_not_at_all) {
   InDialogOf(Bolts, [this](QWidget& form) {
     Type("19");
-    Press(Qt::Key_Left);
     QGuiApplication::clipboard()->setText("2 pcs, 3");
     Press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Qty(form, 1).text(), "1239");
-    EXPECT_EQ(Qty(form, 1).cursorPosition(), 3);
+    EXPECT_EQ(Qty(form, 1).text(), "19");
+    EXPECT_TRUE(IsFieldRefused(Qty(form, 1)));
+    QGuiApplication::clipboard()->setText("240\r\n");
+    Press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(Qty(form, 1).text(), "240");
+    EXPECT_FALSE(IsFieldRefused(Qty(form, 1)));
   });
 }
 

@@ -8,6 +8,7 @@
 
 #include "core/runtime_error.h"
 #include "tests/screens/acc02_fixture.h"
+#include "ui/controls/refused_look.h"
 
 namespace orvane::test {
 namespace {
@@ -248,10 +249,14 @@ TEST_F(Acc02EditingTest, Number_off_takes_digits_alone_and_the_other_columns_any
   });
 }
 
-TEST_F(Acc02EditingTest, A_pasted_number_off_is_no_typed_one) {
-  QApplication::clipboard()->setText("12 off");
+TEST_F(Acc02EditingTest, A_number_off_is_pasted_as_it_was_copied_or_not_at_all) {
   InDialog(SplicePlates, [this](FrmAcc02& form) {
     Click(form, 1, 2);
+    QApplication::clipboard()->setText("12 off");
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Text(form).text(), "1");
+    EXPECT_TRUE(IsFieldRefused(Text(form)));
+    QApplication::clipboard()->setText("12.0");
     Key(Qt::Key_V, Qt::ControlModifier);
     ClickButton(form, 0);
   });
@@ -268,12 +273,12 @@ TEST_F(Acc02EditingTest, Line_ends_of_a_pasted_text_do_not_reach_a_cell) {
     };
     paste(1, "A9\r\n");
     paste(3, "Z14012\nZ17012\r\n\r\n");
-    paste(5, "\n300\r310");
+    paste(5, "300\r310\t320");
     Click(form, 2, 1);
-    EXPECT_EQ(Cells(form).at(0), (Texts{"A9", "1", "Z14012 Z17012", "2.0", "300 310"}));
+    EXPECT_EQ(Cells(form).at(0), (Texts{"A9", "1", "Z14012 Z17012", "2.0", "300 310 320"}));
     ClickButton(form, 0);
   });
-  EXPECT_EQ(Stored(SplicePlates).at(2), (Texts{"A9", "1", "Z14012 Z17012", "2.0", "300 310"}));
+  EXPECT_EQ(Stored(SplicePlates).at(2), (Texts{"A9", "1", "Z14012 Z17012", "2.0", "300 310 320"}));
 }
 
 TEST_F(Acc02EditingTest, A_number_off_takes_no_letters_outside_the_first_plane_either) {

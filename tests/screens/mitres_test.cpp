@@ -344,5 +344,18 @@ TEST_F(MitresTest, The_steepest_cuts_may_cross_on_a_narrow_picture) {
   });
 }
 
+TEST_F(MitresTest, A_click_before_the_figures_replaces_them) {
+  ShowOne();
+  InDialog([](QWidget& form) {
+    QLineEdit& right = Angle(form, 1);
+    QTest::mouseClick(&right, Qt::LeftButton, Qt::NoModifier,
+                      QPoint(right.width() - 20, right.height() / 2));
+    QTest::keyClicks(&right, "10");
+    EXPECT_EQ(FromQt(right.text()), "10");
+    QTest::mouseClick(&Button(form, 0), Qt::LeftButton);
+  });
+  EXPECT_EQ(Items.At(1).MitreRight, 10);
+}
+
 }  // namespace
 }  // namespace orvane::test

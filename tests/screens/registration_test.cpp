@@ -9,6 +9,7 @@
 #include <array>
 
 #include "tests/screens/dialog_fixture.h"
+#include "ui/controls/refused_look.h"
 #include "ui/dialogs/frm_registration.h"
 
 namespace orvane {
@@ -120,17 +121,33 @@ TEST_F(Registration, A_swallowed_key_leaves_a_selection_and_the_cursor_alone) {
   EXPECT_EQ(Text1(form, 2).text(), "150");
 }
 
-TEST_F(Registration, Of_a_pasted_text_a_number_field_keeps_digits_and_blanks) {
+TEST_F(Registration, A_number_field_takes_a_pasted_number_whole_or_not_at_all) {
   FrmRegistration form;
   ShowActive(form);
-  QApplication::clipboard()->setText("a1.5 mm");
-  for (int index = 2; index <= 6; ++index) {
-    Retype(form, index, "78");
-    QTest::keyClick(&Text1(form, index), Qt::Key_Left);
+  const auto paste = [&form](int index, const char* text) {
+    QApplication::clipboard()->setText(text);
     QTest::keyClick(&Text1(form, index), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Text1(form, index).text(), "715 8") << index;
-    EXPECT_EQ(Text1(form, index).cursorPosition(), 4) << index;
+  };
+  for (int index = 2; index <= 6; ++index) {
+    Retype(form, index, "7");
+    paste(index, "a1.5 mm");
+    EXPECT_EQ(Text1(form, index).text(), "7") << index;
+    EXPECT_TRUE(IsFieldRefused(Text1(form, index))) << index;
+    paste(index, " 8 mm\n");
+    EXPECT_EQ(Text1(form, index).text(), "8") << index;
+    EXPECT_FALSE(IsFieldRefused(Text1(form, index))) << index;
   }
+}
+
+TEST_F(Registration, A_number_longer_than_its_field_is_not_pasted_cut_off) {
+  FrmRegistration form;
+  ShowActive(form);
+  const int longest = Text1(form, 2).maxLength();
+  Retype(form, 2, "7");
+  QApplication::clipboard()->setText(QString(longest + 1, '1'));
+  QTest::keyClick(&Text1(form, 2), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Text1(form, 2).text(), "7");
+  EXPECT_TRUE(IsFieldRefused(Text1(form, 2)));
 }
 
 TEST_F(Registration, The_company_fields_take_every_character) {

@@ -12,6 +12,7 @@
 
 #include "core/catalogues.h"
 #include "core/numbers.h"
+#include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -68,7 +69,7 @@ CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QSt
     : grid_(grid),
       home_(home),
       table_(std::move(table)),
-      txtEdit_(new QLineEdit),
+      txtEdit_(new PlainField),
       textPanel_(new CellFrame(*txtEdit_, grid.viewport())) {
   txtEdit_->setObjectName("txtEdit");
   txtEdit_->setFrame(false);
@@ -146,6 +147,8 @@ void CellEditor::Open(int row, int column) {
     control = openChoices_ = choices.List;
     openPanel_ = choices.Panel;
   } else {
+    AcceptField(*txtEdit_);  // what was refused was the former cell's
+    TakePastedAs(table_.EditOf(row, column));
     txtEdit_->setText(ToQt(text));
     txtEdit_->setAlignment(grid_.Model().AlignmentOf(column));
     txtEdit_->selectAll();
@@ -321,8 +324,13 @@ bool CellEditor::BeginsBy(const QKeyEvent& key) {
   return true;
 }
 
-// Of typed characters a cell may take digits alone. What edits the text passes, and so does what
-// comes from the clipboard.
+void CellEditor::TakePastedAs(CellEdit edit) {
+  if (edit == CellEdit::Digits) return txtEdit_->TakePastedNumber(NumberForm::Whole);
+  if (edit == CellEdit::Number) return txtEdit_->TakePastedNumber(NumberForm::Signed);
+  txtEdit_->TakePastedText();
+}
+
+// Of typed characters a cell may take digits alone. What edits the text passes.
 bool CellEditor::TakesCharacters(const QString& typed) const {
   if (table_.EditOf(grid_.Row(), grid_.Col()) != CellEdit::Digits) return true;
   return std::all_of(typed.begin(), typed.end(),

@@ -11,12 +11,12 @@
 #include "core/cell_edit.h"
 #include "ui/controls/flex_grid.h"
 #include "ui/controls/plain_combo.h"
+#include "ui/controls/plain_field.h"
 
 class QFocusEvent;
 class QFrame;
 class QInputMethodEvent;
 class QKeyEvent;
-class QLineEdit;
 
 namespace orvane {
 
@@ -95,6 +95,7 @@ class CellEditor : public QObject {
   bool MovesBy(const QKeyEvent& key);
   bool BeginsBy(const QKeyEvent& key);
   int NextEdited(int row, int column, int step) const;
+  void TakePastedAs(CellEdit edit);
   bool TakesCharacters(const QString& typed) const;
   bool DropsCharacter(const QKeyEvent& key) const;
   bool DropsComposed(const QInputMethodEvent& composed);
@@ -103,7 +104,7 @@ class CellEditor : public QObject {
   FlexGrid& grid_;
   QWidget& home_;
   const CellTable table_;
-  QLineEdit* txtEdit_;
+  PlainField* txtEdit_;
   QFrame* textPanel_;
   std::map<int, Choices> choices_;  // by column
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "ui/controls/plain_field.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -66,7 +67,9 @@ void DocumentView::BuildPageKeys() {
   connect(cmdNext_, &QToolButton::clicked, this,
           [this] { Guard([this] { pages_->GoTo(pages_->CurrentPage() + 1); }); });
   auto* caption = new QLabel("Pa&ge", this);
-  txtPage_ = new QLineEdit(this);
+  auto* page = new PlainField(this);
+  page->TakePastedNumber(NumberForm::Whole);
+  txtPage_ = page;
   txtPage_->setObjectName("txtPage");
   txtPage_->setAlignment(Qt::AlignRight);
   txtPage_->setMaxLength(5);

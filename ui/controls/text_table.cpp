@@ -81,7 +81,7 @@ CellTable TextTable::Cells(std::function<CellEdit(int column)> editOf, CellTakes
   CellTable cells;
   cells.EditOf = [editOf = std::move(editOf)](int, int column) { return editOf(column); };
   cells.Take = [this](int row, int column, const std::string& text) {
-    texts_.SetText(row, column, Taken(text));
+    texts_.SetText(row, column, text);
   };
   cells.TakesAtOnce = takes == CellTakes::AtOnce;
   cells.MoveTo = [this](int row, int column) { GoTo(row, column); };

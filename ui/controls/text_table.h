@@ -70,8 +70,6 @@ class TextTable : public FlexGrid {
 
  protected:
   CellEditor& Editor() { return editor_; }
-  // What becomes of a text before its cell takes it.
-  virtual std::string Taken(const std::string& text) const { return text; }
 
  private:
   CellTable Cells(std::function<CellEdit(int column)> editOf, CellTakes takes);

@@ -54,10 +54,6 @@ std::vector<std::string> GroupTitlesOf(std::int16_t AccIndex) {
   return titles;
 }
 
-bool IsLineEnd(char c) {
-  return c == '\r' || c == '\n';
-}
-
 // Options ends with the last parameter of the catalogue and has no row without one.
 bool HasChoices(const AccDef& accessory, int column) {
   return column <= accessory.Options.UBound() && accessory.Options.At(column).OptionCount() > 0;
@@ -101,23 +97,6 @@ void Acc02Table::FillChoices(int column, const Table<std::string>& texts) {
   PlainCombo* choices = Editor().ChoicesOf(column);
   if (choices == nullptr) throw RuntimeError(Failure::SubscriptOutOfRange);
   choices->Fill(texts);
-}
-
-// A cell holds one line: the line ends that a cell of a spreadsheet brings along are left out, and
-// those inside a text become a blank.
-std::string Acc02Table::Taken(const std::string& text) const {
-  std::string line;
-  bool broken = false;
-  for (const char c : text) {
-    if (IsLineEnd(c)) {
-      broken = true;
-      continue;
-    }
-    if (broken && !line.empty()) line += ' ';
-    broken = false;
-    line += c;
-  }
-  return line;
 }
 
 }  // namespace orvane

@@ -18,9 +18,6 @@ class Acc02Table : public TextTable {
 
   // Replaces the choices of a column; "Subscript out of range" for a column without any.
   void FillChoices(int column, const Table<std::string>& texts);
-
- protected:
-  std::string Taken(const std::string& text) const override;
 };
 
 }  // namespace orvane

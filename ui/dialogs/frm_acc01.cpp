@@ -166,13 +166,14 @@ bool TypesOtherThanDigits(const QKeyEvent& key) {
 
 // The field.
 
-NumberField::NumberField(QWidget* parent) : QLineEdit(parent) {
+NumberField::NumberField(QWidget* parent) : PlainField(parent) {
+  TakePastedNumber(NumberForm::Whole);
   setAlignment(Qt::AlignRight);
   setFixedWidth(fontMetrics().horizontalAdvance(WidestNumber) + fontMetrics().height());
   connect(this, &QLineEdit::textEdited, this, [this] { Guard([this] { KeepDigits(); }); });
 }
 
-// Of what came otherwise than by keys, pasted or dropped, the digits stay.
+// Of what came otherwise than by keys, from an input method say, the digits stay.
 void NumberField::KeepDigits() {
   QString digits;
   int cursor = 0;
@@ -193,7 +194,7 @@ void NumberField::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (TypesOtherThanDigits(*event)) return;
-  QLineEdit::keyPressEvent(event);
+  PlainField::keyPressEvent(event);
 }
 
 // The dialog.
@@ -254,7 +255,7 @@ QLayout* FrmAcc01::BuildButtons() {
   };
   constexpr std::array<NamedButton, 4> Buttons = {{
       {"&OK", &FrmAcc01::Store},
-      {"C&lea&r", &FrmAcc01::ClearFields},  // both marks, deliberately: the first is its key
+      {"C&lea&r", &FrmAcc01::ClearFields},  // of two marks the first is its key
       {"&Print", &FrmAcc01::Print},
       {"&Cancel", &FrmAcc01::reject},
   }};

@@ -1,18 +1,18 @@
 // "Type 1 Accessories": the sizes of an accessory, each with its number off, beside its picture.
 #pragma once
 
-#include <QLineEdit>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 #include "core/model.h"
+#include "ui/controls/plain_field.h"
 #include "ui/platform/plain_dialog.h"
 
 namespace orvane {
 
 // A field that takes digits alone. Enter leads to the next control, as Tab does.
-class NumberField : public QLineEdit {
+class NumberField : public PlainField {
  public:
   explicit NumberField(QWidget* parent);
 

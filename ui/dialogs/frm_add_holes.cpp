@@ -12,6 +12,7 @@
 #include "holes/hole_list.h"
 #include "project/changes.h"
 #include "ui/controls/picture_radio.h"
+#include "ui/controls/plain_field.h"
 #include "ui/controls/tab_stop.h"
 #include "ui/dialogs/hole_pictures.h"
 #include "ui/platform/guard.h"
@@ -49,8 +50,9 @@ constexpr int PicturesInALine = 7;
 constexpr int FieldCharacters = 12;
 constexpr float SmallDiameter = 14;  // mm; a hole of any other diameter shows as one of 18
 
-QLineEdit* NewHoleField(const char* name, QWidget* parent) {
-  auto* field = new QLineEdit(parent);
+QLineEdit* NewHoleField(const char* name, NumberForm pasted, QWidget* parent) {
+  auto* field = new PlainField(parent);
+  field->TakePastedNumber(pasted);
   field->setObjectName(name);
   field->setAlignment(Qt::AlignRight);
   field->setFixedWidth(field->fontMetrics().averageCharWidth() * FieldCharacters +
@@ -104,7 +106,7 @@ void FrmAddHoles::BuildParts() {
 }
 
 QHBoxLayout* FrmAddHoles::BuildPosition() {
-  txtXpos_ = NewHoleField("txtXpos", this);
+  txtXpos_ = NewHoleField("txtXpos", NumberForm::Whole, this);
   txtXpos_->installEventFilter(this);
   lblX_ = NewHoleLabel(TextsOfMode(mode_).Position, txtXpos_, this);
   lblX_->setObjectName("lblX");
@@ -148,7 +150,7 @@ void FrmAddHoles::BuildOffGauge() {
   SSPanelOffGauge_ = new QGroupBox("Single off-gauge hole details:", this);
   SSPanelOffGauge_->setObjectName("SSPanelOffGauge");
   auto* line = new QHBoxLayout(SSPanelOffGauge_);
-  txtYPos_ = NewHoleField("txtYPos", SSPanelOffGauge_);
+  txtYPos_ = NewHoleField("txtYPos", NumberForm::Whole, SSPanelOffGauge_);
   txtYPos_->installEventFilter(this);
   // For what comes by other roads than the keys, the mouse and the pop-up of the field.
   txtYPos_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]*"), txtYPos_));
@@ -193,7 +195,7 @@ QHBoxLayout* FrmAddHoles::BuildDetails() {
   }
   KeepTabAtChecked(*optDia_);
 
-  txtSlotLen_ = NewHoleField("txtSlotLen", this);
+  txtSlotLen_ = NewHoleField("txtSlotLen", NumberForm::Positive, this);
   chkCounterSunk_ = new QCheckBox("Countersunk", this);
   chkCounterSunk_->setObjectName("chkCounterSunk");
   txtSlotLen_->setText("0");

@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/settings.h"
 #include "project/changes.h"
+#include "ui/controls/plain_field.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -32,7 +33,8 @@ FrmMaxDims::FrmMaxDims(QWidget* parent) : PlainDialog(parent) {
 
   auto* form = new QFormLayout;
   for (std::size_t row = 1; row < txtMaxDims_.size(); ++row) {
-    auto* field = new QLineEdit(this);
+    auto* field = new PlainField(this);
+    field->TakePastedNumber(NumberForm::Whole);
     field->setObjectName(IndexedName("txtMaxDims", static_cast<int>(row)));
     field->setAlignment(Qt::AlignRight);
     field->setText(ToQt(FormatNumber(MaxDims.At(static_cast<int>(row)), 0)));

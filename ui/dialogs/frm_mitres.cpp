@@ -8,6 +8,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "drawing/primitives.h"
+#include "ui/controls/plain_field.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -80,7 +81,9 @@ FrmMitres::FrmMitres(std::int16_t ItemIndex, QWidget* parent)
   // Each box stands under its end of the beam.
   auto* boxes = new QHBoxLayout;
   for (std::size_t end = 0; end < txtAngle_.size(); ++end) {
-    auto* box = new QLineEdit(ToQt(MitreText(angles.at(end))), this);
+    auto* box = new PlainField(this);
+    box->TakePastedNumber(NumberForm::Signed);
+    box->setText(ToQt(MitreText(angles.at(end))));
     box->setObjectName(IndexedName("txtAngle", static_cast<int>(end)));
     box->setAlignment(Qt::AlignRight);
     box->setMaximumWidth(fontMetrics().averageCharWidth() * 14);

@@ -41,7 +41,7 @@ TextRowsModel* NewNotchesModel(std::int16_t ItemIndex) {
 }
 
 CellEdit NotchCellEdit(int column) {
-  return column == NotchCodeColumn ? CellEdit::Choice : CellEdit::Text;
+  return column == NotchCodeColumn ? CellEdit::Choice : CellEdit::Number;
 }
 
 }  // namespace

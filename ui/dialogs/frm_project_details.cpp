@@ -13,6 +13,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "project/changes.h"
+#include "ui/controls/plain_field.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -105,7 +106,7 @@ FrmProjectDetails::FrmProjectDetails(QWidget* parent) : PlainDialog(parent) {
 void FrmProjectDetails::AddFields() {
   const int width = fontMetrics().averageCharWidth() * 44;
   for (std::size_t at = 0; at < txtProject_.size(); ++at) {
-    auto* field = new QLineEdit(this);
+    auto* field = new PlainField(this);
     field->setObjectName(IndexedName("txtProject", static_cast<int>(at)));
     field->setMinimumWidth(width);
     connect(field, &QLineEdit::textEdited, this, [at](const QString& text) {

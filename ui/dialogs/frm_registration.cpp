@@ -14,6 +14,7 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "project/changes.h"
+#include "ui/controls/plain_field.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/qt_text.h"
@@ -42,8 +43,8 @@ bool TypesOtherThanNumber(const QKeyEvent& key) {
                      [](QChar letter) { return letter.isPrint() && !IsAllowedInNumber(letter); });
 }
 
-// Drops what a number field doesn't take from text that came in otherwise than by keys: pasted,
-// dropped, from an input method.
+// Drops what a number field doesn't take from text that came in otherwise than by keys, from an
+// input method say.
 void KeepNumber(QLineEdit& field) {
   const QString text = field.text();
   QString kept;
@@ -74,10 +75,11 @@ FrmRegistration::FrmRegistration(QWidget* parent) : PlainDialog(parent) {
   setWindowIcon(ProgramIcon());
 
   for (std::size_t at = 0; at < Text1_.size(); ++at) {
-    auto* field = new QLineEdit(this);
+    auto* field = new PlainField(this);
     field->setObjectName(IndexedName("Text1", static_cast<int>(at)));
     Text1_.at(at) = field;
     if (at < FirstNumber) continue;
+    field->TakePastedNumber(NumberForm::Whole);
     field->installEventFilter(this);
     field->setMaxLength(LongestNumber);
     field->setAlignment(Qt::AlignRight);
