@@ -135,7 +135,7 @@ class DetailPanel : public QWidget {
   void ShowHolesMenu(QPoint globalPos);
   void RunHoleCommand(Command command);
   void EditCustomHole();
-  void OpenHoleDialog(std::int16_t Mode, int CustomRow);
+  void OpenHoleDialog(std::int16_t Mode);
 
   const FlexGrid& sections_;
   WatchedList patterns_;
@@ -152,6 +152,7 @@ class DetailPanel : public QWidget {
   QWidget* SSpanelCustom = nullptr;
   TextGridModel* holes_ = nullptr;
   FlexGrid* MSFlexGrid2 = nullptr;
+  int markedHole_ = 0;  // row of the hole list, 0 for none
   QMenu* mnuCHPU = nullptr;
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };

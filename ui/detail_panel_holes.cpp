@@ -37,6 +37,9 @@ void DetailPanel::BuildHoleList() {
   MSFlexGrid2->setFocusPolicy(Qt::TabFocus);
   MSFlexGrid2->installEventFilter(this);
   MSFlexGrid2->CellPressed = [this](int row, int, Qt::MouseButton, QPoint) { MarkHole(row); };
+  MSFlexGrid2->CellDoubleClicked = [this](int, int) {
+    RunOwn([this] { RunHoleCommand(Command::EditHole); });
+  };
   // What the menu does to a hole, it must not do to one that isn't pointed at.
   MSFlexGrid2->SpacePressed = [this](Qt::MouseButton) { MarkHole(0); };
   MSFlexGrid2->MenuAsked = [this](QPoint globalPos) { ShowHolesMenu(globalPos); };
@@ -80,7 +83,7 @@ bool DetailPanel::IsHoleListShown() const {
 void DetailPanel::FillHoleGrid(std::int16_t ItemIndex) {
   holes_->SetRows(HoleGridRows(ItemIndex));
   MSFlexGrid2->FitFigures();
-  MarkHole(MSFlexGrid2->Row());
+  MarkHole(markedHole_);
 }
 
 void DetailPanel::EmptyHoleGrid() {
@@ -90,7 +93,8 @@ void DetailPanel::EmptyHoleGrid() {
 
 void DetailPanel::MarkHole(int row) {
   MSFlexGrid2->SetCurrent(row, 0);
-  holes_->SetGreyRow(MSFlexGrid2->Row());
+  markedHole_ = MSFlexGrid2->Row();
+  holes_->SetGreyRow(markedHole_);
 }
 
 void DetailPanel::ShowHolesMenu(QPoint globalPos) {
@@ -120,27 +124,29 @@ void DetailPanel::AddCustomHoles(std::int16_t Mode) {
     TheDesktop().Message("Punching pattern must be 'Custom'");
     return;
   }
-  OpenHoleDialog(Mode, 0);
+  OpenHoleDialog(Mode);
 }
 
 void DetailPanel::EditCustomHole() {
   // Nothing to edit without a hole of the list selected.
-  const int hole = MSFlexGrid2->Row();
-  if (CustomHoleRow(Row(), hole) > 0) OpenHoleDialog(EditHole, hole);
+  if (CustomHoleRow(Row(), markedHole_) > 0) OpenHoleDialog(EditHole);
 }
 
-void DetailPanel::OpenHoleDialog(std::int16_t Mode, int CustomRow) {
+void DetailPanel::OpenHoleDialog(std::int16_t Mode) {
   HoleDialogMode = Mode;
-  FrmAddHoles dialog(Row(), Mode, CustomRow, window());
+  FrmAddHoles dialog(Row(), Mode, markedHole_, window());
+  // The mark goes with its hole: what is done next must be done to the hole that was pointed at.
+  dialog.MarkedMoves = [this](int CustomRow) { markedHole_ = CustomRow; };
   if (ElevationPlace) KeepInSight(dialog, ElevationPlace());
   dialog.exec();
+  if (markedHole_ > 0) MSFlexGrid2->EnsureVisible(markedHole_, 0);
 }
 
 void DetailPanel::RunHoleCommand(Command command) {
   if (command == Command::HolesAbsolute) AddCustomHoles(AddAbsolute);
   if (command == Command::HolesRelative) AddCustomHoles(AddRelative);
   if (command == Command::EditHole) EditCustomHole();
-  if (command == Command::RemoveHole) DeleteCustomHole(Row(), MSFlexGrid2->Row());
+  if (command == Command::RemoveHole) DeleteCustomHole(Row(), markedHole_);
 }
 
 bool DetailPanel::HoleListKey(const QKeyEvent& key) {
@@ -156,9 +162,10 @@ bool DetailPanel::HoleListKey(const QKeyEvent& key) {
   };
   if (alone && key.key() == Qt::Key_Up) return mark(std::min(std::max(row - 1, 1), last));
   if (alone && key.key() == Qt::Key_Down) return mark(std::min(row + 1, last));
-  if (alone && key.key() == Qt::Key_Delete) {
+  const bool edits = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  if (alone && (edits || key.key() == Qt::Key_Delete)) {
     // Held down, it must not run through the holes.
-    if (!key.isAutoRepeat()) RunHoleCommand(Command::RemoveHole);
+    if (!key.isAutoRepeat()) RunHoleCommand(edits ? Command::EditHole : Command::RemoveHole);
     return true;
   }
   if (key.key() == Qt::Key_Menu || (key.key() == Qt::Key_F10 && held == Qt::ShiftModifier)) {

@@ -203,6 +203,21 @@ int CustomHoleRow(std::int16_t ItemIndex, int CustomRow) {
   return 0;
 }
 
+int SortedCustomRow(std::int16_t ItemIndex, int CustomRow) {
+  const int own = CustomHoleRow(ItemIndex, CustomRow);
+  if (own == 0) return 0;
+  const Table<Hole>& holes = Items.At(ItemIndex).Holes;
+  int sorted = 1;
+  for (int row = 1; row <= holes.UBound(); ++row) {
+    if (row == own || holes.At(row).Kind != CustomKind) continue;
+    // Holes of one position keep their order.
+    const bool before = holes.At(row).XPos < holes.At(own).XPos ||
+                        (holes.At(row).XPos == holes.At(own).XPos && row < own);
+    if (before) ++sorted;
+  }
+  return sorted;
+}
+
 void AppendCustomHole(std::int16_t ItemIndex, Hole hole) {
   Item& item = Items.At(ItemIndex);
   Int16(item.Holes.UBound() + 1);  // one hole more than 16 bits count is refused

@@ -90,6 +90,10 @@ void CopyHoleLines(const Hole& from, Hole& to);
 // The row of Holes that the CustomRow-th hole of kind "C" has; 0 if there is none.
 int CustomHoleRow(std::int16_t ItemIndex, int CustomRow);
 
+// The CustomRow that the hole will have once the list has been sorted; 0 if there is none. For
+// whoever keeps a hole by its number while another is put in or it is moved itself.
+int SortedCustomRow(std::int16_t ItemIndex, int CustomRow);
+
 // Appends the hole behind the last row. The list must then be sorted and its gaps adjusted.
 void AppendCustomHole(std::int16_t ItemIndex, Hole hole);
 

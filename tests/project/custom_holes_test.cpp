@@ -394,6 +394,22 @@ TEST_F(CustomHolesTest, The_hole_to_edit_is_counted_among_the_custom_ones) {
   EXPECT_EQ(CustomHoleRow(0, 1), 0);
 }
 
+TEST_F(CustomHolesTest, A_hole_is_known_by_the_number_that_sorting_will_give_it) {
+  Put(700);
+  Put(300, PatternKind);
+  Put(500);
+  Put(700);
+  Put(100);
+  // 100, 500, 700 and 700 in their order; the pattern's hole isn't counted.
+  EXPECT_EQ(SortedCustomRow(1, 1), 3);
+  EXPECT_EQ(SortedCustomRow(1, 2), 2);
+  EXPECT_EQ(SortedCustomRow(1, 3), 4);
+  EXPECT_EQ(SortedCustomRow(1, 4), 1);
+  EXPECT_EQ(SortedCustomRow(1, 5), 0);
+  EXPECT_EQ(SortedCustomRow(1, 0), 0);
+  EXPECT_EQ(SortedCustomRow(0, 1), 0);
+}
+
 TEST_F(CustomHolesTest, An_edited_hole_replaces_its_row_and_the_counts_stay) {
   Put(100, PatternKind);
   Put(200);

@@ -262,5 +262,114 @@ TEST_F(EditHoleTest, Shift_F10_on_the_list_leads_to_Edit_by_the_keyboard) {
   Settle();
 }
 
+TEST_F(EditHoleTest, Enter_on_the_list_edits_the_marked_hole_and_leads_back_to_it) {
+  ShowSection("Z", {500, 900, 1300});
+  HoleList().setFocus(Qt::TabFocusReason);
+  Press(Qt::Key_Down);
+  for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+    InDialog([&] { Press(enter, enter == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier); },
+             [&](FrmAddHoles& dialog) {
+               EXPECT_EQ(HoleDialogMode, 1);
+               EXPECT_EQ(FromQt(X(dialog).text()), "900");
+               QTest::keyClick(&dialog, Qt::Key_Escape);
+             });
+    EXPECT_EQ(Focus(), "MSFlexGrid2");
+    EXPECT_EQ(HoleList().Row(), 2);
+  }
+}
+
+TEST_F(EditHoleTest, Enter_does_nothing_held_down_or_without_a_hole) {
+  ShowSection("Z", {500});
+  HoleList().setFocus(Qt::TabFocusReason);
+  QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+  QCoreApplication::sendEvent(&HoleList(), &again);
+  Press(Qt::Key_Delete);
+  ASSERT_EQ(Items.At(1).HoleCount(), 0);
+  Press(Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(HoleDialogMode, 0);
+}
+
+TEST_F(EditHoleTest, A_double_click_edits_the_hole_under_it) {
+  ShowSection("Z", {500, 900, 1300});
+  const auto doubleClick = [this](Qt::MouseButton button, QPoint place) {
+    QWidget* view = HoleList().viewport();
+    QTest::mouseClick(view, button, Qt::NoModifier, place);
+    QTest::mouseDClick(view, button, Qt::NoModifier, place);
+  };
+  InDialog([&] { doubleClick(Qt::LeftButton, HoleList().CellRect(3, 4).center()); },
+           [&](FrmAddHoles& dialog) {
+             EXPECT_EQ(FromQt(X(dialog).text()), "1300");
+             Store(dialog, "700");
+           });
+  EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"500", "700", "900"}));
+  EXPECT_EQ(HoleList().Row(), 2);
+  // The cursor stays with the section.
+  EXPECT_EQ(Focus(), "txtEdit");
+  doubleClick(Qt::LeftButton, QPoint(5, HoleList().CellRect(3, 0).bottom() + 5));
+  Settle();
+  EXPECT_EQ(HoleList().Row(), 0);
+}
+
+// The mark.
+
+TEST_F(EditHoleTest, The_mark_goes_with_the_hole_that_an_edit_moves) {
+  ShowSection("Z", {500, 900, 1300});
+  HoleList().setFocus(Qt::TabFocusReason);
+  InDialog([this] { Press(Qt::Key_Return); }, [&](FrmAddHoles& dialog) { Store(dialog, "1600"); });
+  EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"900", "1300", "1600"}));
+  EXPECT_EQ(HoleList().Row(), 3);
+  EXPECT_EQ(HoleList().Model().GreyRow(), 3);
+  // So the next key acts on it, and on no other.
+  InDialog([this] { Press(Qt::Key_Return); }, [&](FrmAddHoles& dialog) { Store(dialog, "100"); });
+  EXPECT_EQ(HoleList().Row(), 1);
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(HolesOf(1), (std::vector<int>{900, 1300}));
+}
+
+TEST_F(EditHoleTest, The_mark_stays_on_its_hole_when_others_come_before_it) {
+  ShowSection("Z", {500, 900, 1300});
+  ClickCell(HoleList(), 2, 0);
+  InAbsolute([&](FrmAddHoles& dialog) {
+    Store(dialog, "300");
+    EXPECT_EQ(HoleList().Row(), 3);
+    Store(dialog, "1600");
+    EXPECT_EQ(HoleList().Row(), 3);
+    Store(dialog, "700");
+    EXPECT_EQ(HoleList().Row(), 4);
+  });
+  EXPECT_EQ(HoleTexts(4).front(), "900");
+  EXPECT_EQ(HoleList().Model().GreyRow(), 4);
+  // Without a mark there is none afterwards.
+  HoleList().SpacePressed(Qt::LeftButton);
+  InAbsolute([&](FrmAddHoles& dialog) { Store(dialog, "100"); });
+  EXPECT_EQ(HoleList().Row(), 0);
+}
+
+TEST_F(EditHoleTest, A_marked_hole_that_an_edit_takes_far_down_is_in_sight) {
+  std::vector<std::int16_t> positions;
+  for (int x = 100; x <= 2800; x += 100) positions.push_back(Int16(x));
+  ShowSection("Z", positions);
+  ClickCell(HoleList(), 1, 0);
+  InDialog([this] { Entry("mnuCHPUI(2)").trigger(); },
+           [&](FrmAddHoles& dialog) { Store(dialog, "2900"); });
+  EXPECT_EQ(HoleList().Row(), 28);
+  EXPECT_TRUE(HoleList().viewport()->rect().contains(HoleList().CellRect(28, 0)));
+}
+
+TEST_F(EditHoleTest, The_mark_goes_with_a_hole_whose_gaps_failed) {
+  // Every gap is too short but that of 0 between two holes, which can't pay for the others.
+  ShowSection("Z", {200, 250, 250}).Length = 400;
+  MinHoleSep = 50;
+  ClickCell(HoleList(), 1, 0);
+  InDialog([this] { Entry("mnuCHPUI(2)").trigger(); },
+           [&](FrmAddHoles& dialog) {
+             dialogs.ExpectBox("Division by zero");
+             Store(dialog, "300");
+           });
+  EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"250", "250", "300"}));
+  EXPECT_EQ(HoleList().Row(), 3);
+}
+
 }  // namespace
 }  // namespace orvane::test

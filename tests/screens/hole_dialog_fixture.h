@@ -28,6 +28,8 @@ class HoleDialogTest : public DetailTest {
   void InAbsolute(const std::function<void(FrmAddHoles&)>& action);
   void InRelative(const std::function<void(FrmAddHoles&)>& action);
   void InEdit(int customRow, const std::function<void(FrmAddHoles&)>& action);
+  // The same, opened by any other hand.
+  void InDialog(const std::function<void()>& open, std::function<void(FrmAddHoles&)> action);
 
   // Controls of the dialog.
   static QLineEdit& X(FrmAddHoles& dialog) { return Find<QLineEdit>(dialog, "txtXpos"); }
@@ -52,9 +54,6 @@ class HoleDialogTest : public DetailTest {
   void StoreRefused(FrmAddHoles& dialog, const std::string& x);
 
   static std::string LinesOf(const Hole& hole);
-
- private:
-  void InDialog(const std::function<void()>& open, std::function<void(FrmAddHoles&)> action);
 };
 
 }  // namespace orvane::test

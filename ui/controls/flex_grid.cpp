@@ -346,6 +346,9 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
   mousePressEvent(event);
+  const QModelIndex cell = indexAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || !cell.isValid() || !CellDoubleClicked) return;
+  Guard([&] { CellDoubleClicked(cell.row() + 1, cell.column()); });
 }
 
 // A drag selects nothing, and a release ends nothing.

@@ -159,6 +159,8 @@ class FlexGrid : public QTableView {
   // A mouse button pressed on a data row (its column 0 included); never for the heading or the
   // empty space. Double clicks come as a second press.
   std::function<void(int row, int column, Qt::MouseButton button, QPoint globalPos)> CellPressed;
+  // The left button pressed twice on a data row, after the second press.
+  std::function<void(int row, int column)> CellDoubleClicked;
   // A mouse button pressed beside the rows.
   std::function<void(Qt::MouseButton button)> SpacePressed;
   // The right button pressed, after CellPressed if it hit a cell.

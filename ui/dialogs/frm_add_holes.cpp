@@ -361,6 +361,8 @@ bool FrmAddHoles::StoreAt(std::int16_t XPos, const HoleEntry& entry) {
         AppendCustomHole(itemIndex_, std::move(hole));
       }
       stored = true;
+      customRow_ = SortedCustomRow(itemIndex_, customRow_);
+      if (MarkedMoves) MarkedMoves(customRow_);
       Guard([&] {
         SortHoles(itemIndex_);
         AdjustHoleSpacing(itemIndex_);

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "core/section_families.h"
@@ -18,11 +19,14 @@
 namespace orvane {
 
 // Works on a row of Items in the mode EditHole, AddAbsolute or AddRelative. `CustomRow` counts the
-// custom holes of the section and matters for editing alone; there must be such a hole then. Each
-// hole stored is a change of its own.
+// custom holes of the section: the one that is marked, 0 for none. It is the one that is edited,
+// and there must be such a hole then. Each hole stored is a change of its own.
 class FrmAddHoles : public PlainDialog {
  public:
   FrmAddHoles(std::int16_t ItemIndex, std::int16_t Mode, int CustomRow, QWidget* parent = nullptr);
+
+  // The marked hole will stand at that CustomRow when the change under way is over.
+  std::function<void(int CustomRow)> MarkedMoves;
 
   // The code of the selected button in the set of the section's letter; NoLines if none is.
   std::int16_t FindPattern() const;
@@ -52,7 +56,7 @@ class FrmAddHoles : public PlainDialog {
 
   const std::int16_t itemIndex_;
   const std::int16_t mode_;
-  const int customRow_;
+  int customRow_;
   // Editing a hole whose lines no button stands for.
   bool openedWithoutLines_ = false;
 
