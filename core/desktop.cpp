@@ -24,12 +24,16 @@ Desktop& TheDesktop() {
   return *installedDesktop;
 }
 
-bool Tell(const std::function<void()>& action) {
+void TellInMessageBox(const std::string& description) {
+  TheDesktop().Message(description);
+}
+
+bool Tell(const std::function<void()>& action, const Teller& tell) {
   try {
     action();
     return true;
   } catch (const std::exception& error) {
-    TheDesktop().Message(error.what());
+    tell(error.what());
     return false;
   }
 }

@@ -65,8 +65,13 @@ void InstallDesktop(Desktop& desktop);
 void UninstallDesktop();
 Desktop& TheDesktop();
 
-// Runs the action; an error shows its description in a plain message box, and the state stays as
-// the action left it. True when none was raised.
-bool Tell(const std::function<void()>& action);
+// Takes the description of an error.
+using Teller = std::function<void(const std::string& description)>;
+// Shows it in a plain message box, as everything on the thread of the windows does.
+void TellInMessageBox(const std::string& description);
+
+// Runs the action; an error's description is told, in a plain message box unless somebody else
+// takes it, and the state stays as the action left it. True when none was raised.
+bool Tell(const std::function<void()>& action, const Teller& tell = TellInMessageBox);
 
 }  // namespace orvane

@@ -34,9 +34,10 @@ void DrawPage(PrintSurface& surface, const SheetSource& source, const Item& sect
 }  // namespace
 
 void DrawSection(PrintSurface& surface, std::int16_t ItemIndex, bool openDocument,
-                 bool closeDocument) {
+                 bool closeDocument, const Teller& tell) {
   if (ItemIndex < 1) return;
-  const SheetSource source = PresentSource();
+  SheetSource source = PresentSource();
+  source.Tell = tell;
   if (openDocument) StartSheets(surface, source.Margins);
   DrawPage(surface, source, Items.At(ItemIndex), closeDocument, Room::Left);
 }

@@ -12,9 +12,10 @@ namespace orvane {
 // Draws the sheet of a row of Items; nothing for a row below 1. `openDocument` starts a new
 // document, `closeDocument` ends it; a sheet of a longer document has neither or one. Leaves the
 // room for the elevation in DrawingWidth, where the hole engine reads it. Lets no events run: who
-// keeps a window alive does that behind each sheet.
+// keeps a window alive does that behind each sheet. `tell` takes the errors that leave the sheet
+// going on.
 void DrawSection(PrintSurface& surface, std::int16_t ItemIndex, bool openDocument,
-                 bool closeDocument);
+                 bool closeDocument, const Teller& tell = TellInMessageBox);
 
 // The same sheet of any section, in the table or not, from what the source holds. Reads the
 // catalogue beside it, changes no value of the system, and may run on any thread as long as the

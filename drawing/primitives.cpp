@@ -110,10 +110,6 @@ void DrawDimension(PrintSurface& surface, double x1, double y1, double x2, doubl
   DrawDimension(surface, x1, y1, x2, y2, ShortestText(value));
 }
 
-void TellInMessageBox(const std::string& description) {
-  TheDesktop().Message(description);
-}
-
 void DrawDashedLine(PrintSurface& surface, double x1, double y1, double x2, double y2, double dash,
                     const Teller& tell) {
   try {

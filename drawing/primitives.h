@@ -2,10 +2,10 @@
 // otherwise.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
+#include "core/desktop.h"
 #include "core/model.h"
 #include "drawing/print_surface.h"
 
@@ -45,11 +45,6 @@ void DrawCentredText(PrintSurface& surface, std::string_view text, double x, dou
 void DrawDimension(PrintSurface& surface, double x1, double y1, double x2, double y2,
                    std::string_view value);
 void DrawDimension(PrintSurface& surface, double x1, double y1, double x2, double y2, double value);
-
-// Takes the description of an error.
-using Teller = std::function<void(const std::string& description)>;
-// Shows it in a plain message box, as everything on the thread of the windows does.
-void TellInMessageBox(const std::string& description);
 
 // Dashes and gaps of equal length, all five in twips. An error in it, such as that of a line
 // without length, is told, and the sheet goes on.

@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "core/dates.h"
+#include "core/desktop.h"
 #include "drawing/document.h"
-#include "drawing/primitives.h"
 
 namespace orvane {
 

@@ -49,6 +49,15 @@ Table<std::string> GridRow(const Hole& hole) {
   return cells;
 }
 
+// `run` runs one step of the sequence.
+template <class Run>
+void RunSteps(Item& item, std::string_view patternName, const Run& run) {
+  run([&] { RemoveStandardHoles(item); });
+  run([&] { ExpandPattern(patternName, item); });
+  run([&] { SortHoles(item); });
+  run([&] { AdjustHoleSpacing(item); });
+}
+
 }  // namespace
 
 void RemoveStandardHoles(std::int16_t ItemIndex) {
@@ -138,22 +147,16 @@ void AdjustHoleSpacing(Item& item) {
   }
 }
 
-void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName, StepErrors errors) {
-  RebuildHoles(Items.At(ItemIndex), PatternName, errors);
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName) {
+  RebuildHoles(Items.At(ItemIndex), PatternName);
 }
 
-void RebuildHoles(Item& item, std::string_view PatternName, StepErrors errors) {
-  const auto run = [errors](const auto& step) {
-    if (errors == StepErrors::Stop) {
-      step();
-    } else {
-      Tell(step);
-    }
-  };
-  run([&] { RemoveStandardHoles(item); });
-  run([&] { ExpandPattern(PatternName, item); });
-  run([&] { SortHoles(item); });
-  run([&] { AdjustHoleSpacing(item); });
+void RebuildHoles(Item& item, std::string_view PatternName) {
+  RunSteps(item, PatternName, [](const auto& step) { step(); });
+}
+
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName, const Teller& tell) {
+  RunSteps(Items.At(ItemIndex), PatternName, [&tell](const auto& step) { Tell(step, tell); });
 }
 
 bool DeleteCustomHoleRow(std::int16_t ItemIndex, int CustomRow) {

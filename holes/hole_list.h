@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/desktop.h"
 #include "core/model.h"
 
 namespace orvane {
@@ -27,17 +28,12 @@ void SortHoles(Item& item);
 void AdjustHoleSpacing(std::int16_t ItemIndex);
 void AdjustHoleSpacing(Item& item);
 
-// What becomes of an error in one step of a rebuild.
-enum class StepErrors {
-  Stop,        // it ends the rebuild and is raised
-  TellAndGoOn  // its box is shown, and the next step goes on with the list as it then stands
-};
-
 // The sequence by which a section's holes are made afresh: RemoveStandardHoles, ExpandPattern,
-// SortHoles, AdjustHoleSpacing.
-void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName,
-                  StepErrors errors = StepErrors::Stop);
-void RebuildHoles(Item& item, std::string_view PatternName, StepErrors errors = StepErrors::Stop);
+// SortHoles, AdjustHoleSpacing. An error ends it and is raised.
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName);
+void RebuildHoles(Item& item, std::string_view PatternName);
+// The same, but an error of a step is told, and the next goes on with the list as it then stands.
+void RebuildHoles(std::int16_t ItemIndex, std::string_view PatternName, const Teller& tell);
 
 // The table half of DeleteCustomHole: takes out the CustomRow-th hole of kind "C" and adjusts the
 // gaps. Does nothing if either argument is below 1 or there is no such hole; true when a hole went.

@@ -399,7 +399,7 @@ void DetailPanel::ApplyPattern(std::int16_t ItemIndex, ShownHoles holes) {
     SetSagBarsOfPattern(ItemIndex, pattern);
     if (choice) ShowSagBars(*choice);
   });
-  if (holes == ShownHoles::Afresh) RebuildHoles(ItemIndex, pattern, StepErrors::TellAndGoOn);
+  if (holes == ShownHoles::Afresh) RebuildHoles(ItemIndex, pattern, TellInMessageBox);
 }
 
 void DetailPanel::SagBarsSelected(int option) {
@@ -407,7 +407,7 @@ void DetailPanel::SagBarsSelected(int option) {
   if (row < 1) return;
   Change(ChangeKind::SagBars, row, [&] {
     Guard([&] { SetSagBars(row, option); });
-    RebuildHoles(row, ShownPattern(), StepErrors::TellAndGoOn);
+    RebuildHoles(row, ShownPattern(), TellInMessageBox);
   });
 }
 

@@ -232,7 +232,7 @@ TEST_F(HoleListTest, The_rebuild_stops_at_the_first_step_that_fails_or_tells_and
   EXPECT_EQ(test::ErrorOf([] { RebuildHoles(1, "End"); }), "Overflow");
   EXPECT_EQ(PositionsNow(), (Positions{500, 300}));
   EXPECT_TRUE(desktop.Boxes.empty());
-  RebuildHoles(1, "End", StepErrors::TellAndGoOn);
+  RebuildHoles(1, "End", TellInMessageBox);
   EXPECT_EQ(PositionsNow(), (Positions{300, 500}));
   ASSERT_EQ(desktop.Boxes.size(), 1U);
   EXPECT_EQ(desktop.Boxes[0].Text, "Overflow");
