@@ -40,6 +40,10 @@ RuntimeError::RuntimeError(Failure failure, const std::string& description)
 RuntimeError::RuntimeError(int number, const std::string& description)
     : std::runtime_error(description), number_(number) {}
 
+RuntimeError NamedError(const std::string& name, const RuntimeError& error) {
+  return RuntimeError(error.Number(), name + ": " + error.Description());
+}
+
 RuntimeError SystemError(int code, const std::string& path) {
   switch (code) {
     case ENOENT: {

@@ -6,6 +6,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "output/accessory_rows.h"
+#include "project/error_names.h"
 
 namespace orvane {
 
@@ -89,8 +90,8 @@ void WriteVcrBlocks(FactoryWriter& out, const AccLine2& line) {
   if (!asDrawn && !oppositeHand) return;
 
   const std::int16_t length = Whole(Val(values.At(3)) - Val(values.At(4)) - Val(values.At(5)));
-  const int start = VcrInset(values.At(6), values.At(5), line.Mark);
-  const int end = VcrInset(values.At(7), values.At(4), line.Mark);
+  const int start = VcrInset(values.At(6), values.At(5));
+  const int end = VcrInset(values.At(7), values.At(4));
   if (asDrawn) {
     WriteVcrBlock(out, line.Mark, values.At(1), length, {start, length - end});
   }
@@ -141,6 +142,10 @@ void WriteSleeveBlock(FactoryWriter& out, std::string_view mark, std::string_vie
   out.Line();
 }
 
+void WritePurlinSleeveBlock(FactoryWriter& out, const AccLine2& line) {
+  WriteSleeveBlock(out, line.Mark, line.Values.At(1), line.NoOff);
+}
+
 void WriteFixedSleeveBlock(FactoryWriter& out, const AccLine1& line) {
   for (const FixedSleeve& sleeve : FixedSleeves) {
     if (sleeve.AccIndex == line.AccIndex && sleeve.ParamIndex == line.ParamIndex) {
@@ -149,32 +154,32 @@ void WriteFixedSleeveBlock(FactoryWriter& out, const AccLine1& line) {
   }
 }
 
+// The blocks of all lines of one accessory. An error names the accessory and the line's mark.
+void WriteBlocks2(FactoryWriter& out, std::int16_t accessory,
+                  void (*write)(FactoryWriter& out, const AccLine2& line)) {
+  for (const AccLine2& line : AccLines2) {
+    if (line.AccIndex != accessory) continue;
+    InNameOfAccessory(accessory, line.Mark, [&] { write(out, line); });
+  }
+}
+
 }  // namespace
 
-std::int16_t VcrInset(const std::string& cleatCode, const std::string& allowance,
-                      const std::string& mark) {
+std::int16_t VcrInset(const std::string& cleatCode, const std::string& allowance) {
   for (const Cleat& cleat : Cleats) {
     if (cleat.Code == cleatCode) return Whole(cleat.HoleDistance - Val(allowance));
   }
-  throw RuntimeError(Failure::TypeMismatch, mark + ": unknown cleat code \"" + cleatCode + "\"");
+  throw RuntimeError(Failure::TypeMismatch, "unknown cleat code \"" + cleatCode + "\"");
 }
 
 void WriteAccessoryBlocks(FactoryWriter& out) {
-  for (const AccLine2& line : AccLines2) {
-    if (line.AccIndex == VcrAssemblyRow) WriteVcrBlocks(out, line);
-  }
-  for (const AccLine2& line : AccLines2) {
-    if (line.AccIndex == CChannelRow) WriteChannelBlock(out, line);
-  }
-  for (const AccLine2& line : AccLines2) {
-    if (line.AccIndex != PurlinSleeveRow) continue;
-    WriteSleeveBlock(out, line.Mark, line.Values.At(1), line.NoOff);
-  }
-  for (const AccLine1& line : AccLines1) {
-    if (line.AccIndex == DeepSleeveRow) WriteFixedSleeveBlock(out, line);
-  }
-  for (const AccLine1& line : AccLines1) {
-    if (line.AccIndex == HalfSleeveRow) WriteFixedSleeveBlock(out, line);
+  WriteBlocks2(out, VcrAssemblyRow, WriteVcrBlocks);
+  WriteBlocks2(out, CChannelRow, WriteChannelBlock);
+  WriteBlocks2(out, PurlinSleeveRow, WritePurlinSleeveBlock);
+  for (const std::int16_t accessory : {DeepSleeveRow, HalfSleeveRow}) {
+    for (const AccLine1& line : AccLines1) {
+      if (line.AccIndex == accessory) WriteFixedSleeveBlock(out, line);
+    }
   }
 }
 

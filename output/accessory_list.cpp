@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "output/accessory_rows.h"
 #include "project/changes.h"
+#include "project/error_names.h"
 
 namespace orvane {
 
@@ -46,16 +47,18 @@ void WriteLines1(FactoryWriter& out) {
   std::string_view lastName;
   for (const AccLine1& line : AccLines1) {
     if (line.Qty <= 0) continue;
-    const AccDef& accessory = AccDefs.At(line.AccIndex);
-    if (accessory.Name != lastName) {
-      BeginHeading(out, accessory);
+    InNameOfAccessory(line.AccIndex, {}, [&] {
+      const AccDef& accessory = AccDefs.At(line.AccIndex);
+      if (accessory.Name != lastName) {
+        BeginHeading(out, accessory);
+        out.EndLine();
+      }
+      out.Column(accessory.ParamTexts.At(line.ParamIndex), FirstWidth);
+      out.Column(accessory.ParamNames.At(line.ParamIndex), OtherWidth);
+      out.Column(QuantityText(line.Qty), OtherWidth);
       out.EndLine();
-    }
-    out.Column(accessory.ParamTexts.At(line.ParamIndex), FirstWidth);
-    out.Column(accessory.ParamNames.At(line.ParamIndex), OtherWidth);
-    out.Column(QuantityText(line.Qty), OtherWidth);
-    out.EndLine();
-    lastName = accessory.Name;
+      lastName = accessory.Name;
+    });
   }
 }
 
@@ -100,13 +103,15 @@ void WriteLines2(FactoryWriter& out) {
   std::string_view lastName;
   for (AccLine2& line : AccLines2) {
     if (line.NoOff <= 0) continue;
-    const AccDef& accessory = AccDefs.At(line.AccIndex);
-    if (accessory.Name != lastName) WriteHeading2(out, line, accessory);
-    if (line.AccIndex == JoinedColumnRow) {
-      Change(ChangeKind::Export, 0, [&] { FillJoinedColumnValues(line); });
-    }
-    WriteLine2(out, line, accessory);
-    lastName = accessory.Name;
+    InNameOfAccessory(line.AccIndex, line.Mark, [&] {
+      const AccDef& accessory = AccDefs.At(line.AccIndex);
+      if (accessory.Name != lastName) WriteHeading2(out, line, accessory);
+      if (line.AccIndex == JoinedColumnRow) {
+        Change(ChangeKind::Export, 0, [&] { FillJoinedColumnValues(line); });
+      }
+      WriteLine2(out, line, accessory);
+      lastName = accessory.Name;
+    });
   }
 }
 

@@ -16,6 +16,7 @@
 #include "output/section_blocks.h"
 #include "output/validation.h"
 #include "project/changes.h"
+#include "project/error_names.h"
 
 namespace orvane {
 
@@ -49,7 +50,7 @@ std::optional<std::string> AskForFile() {
 void RebuildPatternHoles() {
   for (int row = 1; row <= Items.UBound(); ++row) {
     if (Items.At(row).PatternName == CustomPattern) continue;
-    RebuildHoles(Int16(row), Items.At(row).PatternName);
+    InNameOfSection(Int16(row), [row] { RebuildHoles(Int16(row), Items.At(row).PatternName); });
   }
 }
 
@@ -105,7 +106,9 @@ FactoryFile CamFile(const Moment& created) {
     out.Line("*");
     WriteCreatedLine(out, "* ", created);
     out.Line();
-    for (const Item& item : Items) WriteSectionBlock(out, item);
+    for (int row = 1; row <= Items.UBound(); ++row) {
+      InNameOfSection(Int16(row), [&] { WriteSectionBlock(out, Items.At(row)); });
+    }
     WriteAccessoryBlocks(out);
   });
 }

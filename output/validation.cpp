@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "core/section_families.h"
 #include "output/accessory_rows.h"
+#include "project/error_names.h"
 
 namespace orvane {
 
@@ -32,7 +33,10 @@ bool NeedsSleeves(const Item& item) {
 // Sleeves count whatever their number.
 bool HasSleeves(const std::string& product) {
   return std::any_of(AccLines2.begin(), AccLines2.end(), [&product](const AccLine2& line) {
-    return line.AccIndex == PurlinSleeveRow && line.Values.At(1) == product;
+    if (line.AccIndex != PurlinSleeveRow) return false;
+    bool fits = false;
+    InNameOfAccessory(PurlinSleeveRow, line.Mark, [&] { fits = line.Values.At(1) == product; });
+    return fits;
   });
 }
 

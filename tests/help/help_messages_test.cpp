@@ -53,7 +53,7 @@ const std::multiset<std::string> Messages = {
     "Item 3: P3 Zero quantity",
     "Item 3: P3 No sleeves",
     "CAM export complete",
-    "VA1: unknown cleat code \"KT50\"",
+    "VCR Assembly VA1: unknown cleat code \"KT50\"",
     // Sheets.
     "File not found: /opt/lintaro/Drawings/drg015.wmf",
     "Invalid picture: /opt/lintaro/Drawings/drg015.wmf",

@@ -122,14 +122,14 @@ TEST_F(AccessoryBlocksTest, A_number_off_with_words_cuts_the_file_in_its_quantit
   AccLines2.Append(MakeLine2(6, "S1", 4, {"Z20018"}));
   const Broken broken = BrokenBlocks();
   EXPECT_EQ(broken.Blocks, RailBlock("V0", "1", "80", "2860") + Lines({"VCR", "V1", "VCR"}));
-  EXPECT_EQ(broken.Description, "Type mismatch");
+  EXPECT_EQ(broken.Description, "Accessory 8 V1: Type mismatch");
 }
 
 TEST_F(AccessoryBlocksTest, A_faulty_number_of_opposite_hand_leaves_the_block_as_drawn_whole) {
   AccLines2.Append(MakeLine2(8, "V1", 3, {"3", "2 off", "3000", "10", "20.5", "KT31", "KT39"}));
   const Broken broken = BrokenBlocks();
   EXPECT_EQ(broken.Blocks, RailBlock("V1", "3", "80", "2860") + Lines({"VCR", "V1X", "VCR"}));
-  EXPECT_EQ(broken.Description, "Type mismatch");
+  EXPECT_EQ(broken.Description, "Accessory 8 V1: Type mismatch");
 }
 
 TEST_F(AccessoryBlocksTest, The_other_values_of_a_rail_are_read_by_their_leading_number) {
@@ -158,14 +158,14 @@ TEST_F(AccessoryBlocksTest, VcrInset_knows_five_cleats_and_rounds_halves_to_even
       {"KT39", "5 mm", 115}, {"KT31", "", 100},    {"KT31", "150", -50}, {"KT31", "-10", 110},
   };
   for (const Case& one : cases) {
-    EXPECT_EQ(VcrInset(one.Cleat, one.Allowance, "V1"), one.Inset) << one.Cleat;
+    EXPECT_EQ(VcrInset(one.Cleat, one.Allowance), one.Inset) << one.Cleat;
   }
 }
 
-TEST_F(AccessoryBlocksTest, VcrInset_of_an_unknown_cleat_names_the_mark_and_the_code) {
+TEST_F(AccessoryBlocksTest, VcrInset_of_an_unknown_cleat_names_the_code) {
   for (const char* cleat : {"KT99", "", "kt31", "KT31 "}) {
-    EXPECT_EQ(ErrorOf([cleat] { VcrInset(cleat, "10", "V7"); }),
-              "V7: unknown cleat code \"" + std::string(cleat) + "\"");
+    EXPECT_EQ(ErrorOf([cleat] { VcrInset(cleat, "10"); }),
+              "unknown cleat code \"" + std::string(cleat) + "\"");
   }
 }
 
@@ -174,19 +174,19 @@ TEST_F(AccessoryBlocksTest, An_unknown_cleat_stops_the_file_before_a_line_of_its
   AccLines2.Append(MakeLine2(8, "V1", 1, {"1", "1", "3000", "10", "20.5", "KT31", "KT99"}));
   const Broken second = BrokenBlocks();
   EXPECT_EQ(second.Blocks, RailBlock("V0", "1", "80", "2860"));
-  EXPECT_EQ(second.Description, "V1: unknown cleat code \"KT99\"");
+  EXPECT_EQ(second.Description, "Accessory 8 V1: unknown cleat code \"KT99\"");
 
   AccLines2.At(2) = MakeLine2(8, "V2", 1, {"0", "1", "3000", "10", "20.5", "", "KT39"});
   const Broken first = BrokenBlocks();
   EXPECT_EQ(first.Blocks, RailBlock("V0", "1", "80", "2860"));
-  EXPECT_EQ(first.Description, "V2: unknown cleat code \"\"");
+  EXPECT_EQ(first.Description, "Accessory 8 V2: unknown cleat code \"\"");
 }
 
 TEST_F(AccessoryBlocksTest, An_unknown_cleat_comes_before_a_faulty_number_off) {
   AccLines2.Append(MakeLine2(8, "V1", 1, {"3 off", "0", "3000", "10", "20.5", "KT99", "KT39"}));
   const Broken broken = BrokenBlocks();
   EXPECT_EQ(broken.Blocks, "");
-  EXPECT_EQ(broken.Description, "V1: unknown cleat code \"KT99\"");
+  EXPECT_EQ(broken.Description, "Accessory 8 V1: unknown cleat code \"KT99\"");
 }
 
 TEST_F(AccessoryBlocksTest, A_rail_of_which_none_is_wanted_needs_no_cleats) {
@@ -198,7 +198,7 @@ TEST_F(AccessoryBlocksTest, A_rail_beyond_16_bits_overflows_before_a_line_of_its
   AccLines2.Append(MakeLine2(8, "V1", 1, {"1", "0", "40000", "0", "0", "KT31", "KT39"}));
   const Broken broken = BrokenBlocks();
   EXPECT_EQ(broken.Blocks, "");
-  EXPECT_EQ(broken.Description, "Overflow");
+  EXPECT_EQ(broken.Description, "Accessory 8 V1: Overflow");
 }
 
 TEST_F(AccessoryBlocksTest, A_line_that_lacks_a_value_stops_the_file_before_a_line_of_its_block) {
@@ -215,7 +215,9 @@ TEST_F(AccessoryBlocksTest, A_line_that_lacks_a_value_stops_the_file_before_a_li
       AccLines2.Append(MakeLine2(one.AccIndex, "M1", 1, values));
       const Broken broken = BrokenBlocks();
       EXPECT_EQ(broken.Blocks, "") << one.AccIndex << " with " << count;
-      EXPECT_EQ(broken.Description, "Subscript out of range") << one.AccIndex << " with " << count;
+      EXPECT_EQ(broken.Description,
+                "Accessory " + std::to_string(one.AccIndex) + " M1: Subscript out of range")
+          << count;
     }
   }
 }
@@ -285,7 +287,7 @@ TEST_F(AccessoryBlocksTest, A_channel_beyond_16_bits_overflows_before_a_line_of_
   AccLines2.Append(MakeLine2(21, "CH1", 1, {"1200", "", "", "", "40000", ""}));
   const Broken broken = BrokenBlocks();
   EXPECT_EQ(broken.Blocks, "");
-  EXPECT_EQ(broken.Description, "Overflow");
+  EXPECT_EQ(broken.Description, "Accessory 21 CH1: Overflow");
 }
 
 TEST_F(AccessoryBlocksTest, A_purlin_sleeve_is_written_with_its_product_as_it_stands) {

@@ -303,7 +303,7 @@ TEST_F(AccessoryListTest, Row_9_without_its_second_or_third_value_stops_the_list
     const Broken broken = BrokenList();
     EXPECT_EQ(broken.Lines,
               Lines({"", ListRow({"Accessory 9", "Mark", "Quantity", "B", "C", "D", "E"})}));
-    EXPECT_EQ(broken.Description, "Subscript out of range");
+    EXPECT_EQ(broken.Description, "Accessory 9 B1: Subscript out of range");
   }
 }
 
@@ -318,14 +318,15 @@ TEST_F(AccessoryListTest, A_line_outside_the_catalogue_stops_the_list_behind_wha
     AccLines1.Append(MakeLine1(2, 1, 1));
     const Broken broken = BrokenList();
     EXPECT_EQ(broken.Lines, good);
-    EXPECT_EQ(broken.Description, "Subscript out of range");
+    EXPECT_EQ(broken.Description,
+              "Accessory " + std::to_string(accIndex) + ": Subscript out of range");
   }
   AccLines1.Clear();
   AccLines1.Append(MakeLine1(1, 1, 1));
   AccLines2.Append(MakeLine2(23, "M", 1, {}));
   const Broken broken = BrokenList();
   EXPECT_EQ(broken.Lines, good);
-  EXPECT_EQ(broken.Description, "Subscript out of range");
+  EXPECT_EQ(broken.Description, "Accessory 23 M: Subscript out of range");
 }
 
 TEST_F(AccessoryListTest, A_size_outside_the_accessory_stops_the_list_behind_the_heading) {
@@ -334,7 +335,7 @@ TEST_F(AccessoryListTest, A_size_outside_the_accessory_stops_the_list_behind_the
     AccLines1.Append(MakeLine1(1, size, 1));
     const Broken broken = BrokenList();
     EXPECT_EQ(broken.Lines, Heading1("Accessory 1"));
-    EXPECT_EQ(broken.Description, "Subscript out of range");
+    EXPECT_EQ(broken.Description, "Accessory 1: Subscript out of range");
   }
 }
 
@@ -355,7 +356,7 @@ TEST_F(AccessoryListTest, A_missing_value_stops_the_list_before_its_line) {
   const Broken broken = BrokenList();
   EXPECT_EQ(broken.Lines, Heading2("Accessory 10") +
                               Lines({ListRow({"Text 10", "M1", "1", "1", "2", "3", "4", "5"})}));
-  EXPECT_EQ(broken.Description, "Subscript out of range");
+  EXPECT_EQ(broken.Description, "Accessory 10 M2: Subscript out of range");
 }
 
 // The file.
@@ -427,7 +428,7 @@ TEST_F(AccessoryListTest, A_faulty_line_leaves_the_part_written_on_the_disk) {
   AccUsed.At(1) = True;
   EXPECT_FALSE(ExportAccList(TempPath("a.xov")));
   ASSERT_EQ(desktop.Boxes.size(), 1U);
-  EXPECT_EQ(desktop.Boxes[0].Text, "Subscript out of range");
+  EXPECT_EQ(desktop.Boxes[0].Text, "Accessory 99: Subscript out of range");
   EXPECT_EQ(BytesOf(TempPath("a.xac")),
             ListHeader + Heading1("Accessory 1") + Lines({ListRow({"Size One", "SOne", "1"})}));
 }

@@ -16,7 +16,7 @@ TEST_F(ExportRunTest, A_faulty_number_off_leaves_the_part_written_and_no_list) {
   AccUsed.At(8) = True;
   const std::string path = TempFile("a.xov", std::string(10000, 'x'));
   EXPECT_EQ(Export(path), ExportOutcome::Failed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: Type mismatch"}));
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Accessory 8 V1: Type mismatch"}));
   EXPECT_EQ(BytesOf(path), CamHeader + ChannelBlock + Lines({"VCR", "V1", "VCR"}));
   EXPECT_EQ(Files(), TextList{"a.xov"});
 }
@@ -26,7 +26,7 @@ TEST_F(ExportRunTest, An_unknown_cleat_says_where_it_stands) {
   AccLines2.Append(MakeLine2(8, "V1", 3, {"3", "0", "3000", "10", "10", "", "KT31"}));
   AccUsed.At(8) = True;
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Failed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: V1: unknown cleat code \"\""}));
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Accessory 8 V1: unknown cleat code \"\""}));
   EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader + ChannelBlock);
   EXPECT_EQ(Files(), TextList{"a.xov"});
 }
@@ -88,7 +88,8 @@ TEST_F(ExportRunTest, A_faulty_line_of_the_list_shows_its_error_and_the_export_i
   AddListedAccessory();
   AccLines1.Append(MakeLine1(99, 1, 1));
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::ListFailed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: Subscript out of range", Complete}));
+  EXPECT_EQ(trace,
+            (TextList{"open dialog", "message: Accessory 99: Subscript out of range", Complete}));
   EXPECT_EQ(BytesOf(TempPath("a.xac")), ListHeader + ListBlock);
 }
 
@@ -99,7 +100,7 @@ TEST_F(ExportRunTest, An_error_of_the_check_is_shown_and_ends_the_export) {
   AccLines2.Append(MakeLine2(6, "S1", 1, {}));
   trace.clear();
   EXPECT_EQ(RunExport(), ExportOutcome::Failed);
-  EXPECT_EQ(trace, TextList{"message: Subscript out of range"});
+  EXPECT_EQ(trace, TextList{"message: Accessory 6 S1: Subscript out of range"});
 }
 
 TEST_F(ExportRunTest, The_list_is_named_by_the_first_point_of_the_whole_path) {

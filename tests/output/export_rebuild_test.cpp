@@ -144,7 +144,7 @@ TEST_F(RebuildTest, Gaps_that_cant_be_adjusted_end_the_export_before_any_file_is
   DrawingWidth = 180;
   const std::string path = TempFile("a.xov", "the old file");
   EXPECT_EQ(Export(path), ExportOutcome::Failed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: Division by zero"}));
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: P1: Division by zero"}));
   EXPECT_EQ(BytesOf(path), "the old file");
   EXPECT_EQ(Files(), TextList{"a.xov"});
   EXPECT_NE(CamDirectorySetting(), "not stored");
@@ -156,7 +156,7 @@ TEST_F(RebuildTest, A_hole_beyond_16_bits_ends_the_export_before_any_file_is_mad
   item.PatternName = "Ends";
   Items.Append(item);
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Failed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: Overflow"}));
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: P1: Overflow"}));
   EXPECT_EQ(Files(), TextList{});
 }
 

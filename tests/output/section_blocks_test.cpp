@@ -399,7 +399,7 @@ TEST_F(SectionBlockTest, Notches_that_16_bits_can_t_count_cut_the_file_before_th
   EXPECT_EQ(file.Text,
             CamHeader + Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0"}));
   ASSERT_TRUE(file.Error);
-  EXPECT_EQ(file.Error->Description(), "Overflow");
+  EXPECT_EQ(file.Error->Description(), "C1: Overflow");
 }
 
 TEST_F(SectionBlockTest, A_figure_without_a_text_cuts_the_file_before_its_line) {
@@ -411,7 +411,7 @@ TEST_F(SectionBlockTest, A_figure_without_a_text_cuts_the_file_before_its_line) 
   EXPECT_EQ(file.Text, CamHeader + Lines({"C-SECTION", "C1", "X20018", "1", "900", "3",
                                           HoleLine("100       n y y n 18")}));
   ASSERT_TRUE(file.Error);
-  EXPECT_EQ(file.Error->Description(), "Overflow");
+  EXPECT_EQ(file.Error->Description(), "C1: Overflow");
 }
 
 TEST_F(SectionBlockTest, Texts_of_a_section_are_one_byte_a_character) {

@@ -164,7 +164,7 @@ TEST_F(ValidationTest, The_first_sleeve_line_that_fits_ends_the_search) {
   AccLines2.Append(MakeLine2(6, "S2", 5, {}));
   EXPECT_TRUE(CheckExportData());
   AccLines2.Remove(1);
-  EXPECT_EQ(ErrorOf([] { CheckExportData(); }), "Subscript out of range");
+  EXPECT_EQ(ErrorOf([] { CheckExportData(); }), "Accessory 6 S2: Subscript out of range");
 }
 
 TEST_F(ValidationTest, Yes_goes_on_and_the_question_comes_for_each_section) {

@@ -223,7 +223,7 @@ TEST_F(BatchExport, With_a_drawing_width_a_gap_that_cannot_be_widened_stops_the_
   File("a.ovd", CloseHoles());
   const Outcome outcome = Run({"--drawing-width", "180", "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_EQ(outcome.Err, "Division by zero\n");
+  EXPECT_EQ(outcome.Err, "P1: Division by zero\n");
   EXPECT_FALSE(Exists("a.xov"));
 }
 

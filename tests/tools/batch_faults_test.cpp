@@ -134,7 +134,7 @@ TEST_F(BatchFaults, A_job_whose_accessories_are_cut_off_is_told_of) {
   EXPECT_EQ(comma.Code, 3);
   EXPECT_EQ(comma.Err,
             "b.ovd: read, but accessory lines or marks may be missing at its end\n"
-            "Subscript out of range\n");
+            "Sleeves S1: Subscript out of range\n");
 }
 
 TEST_F(BatchFaults, An_out_folder_that_cannot_be_made_is_a_fault) {
@@ -199,7 +199,7 @@ TEST_F(BatchFaults, A_value_that_cannot_be_exported_leaves_the_file_as_far_as_it
                            " 0 ", " 0 ", " 0 ", " 0 ", " 0 ", "-1 "}));
   const Outcome outcome = Run({"--created", CreatedMoment, "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_EQ(outcome.Err, "Subscript out of range\n");
+  EXPECT_EQ(outcome.Err, "Sleeves S1: Subscript out of range\n");
   EXPECT_EQ(BytesOf(Path("a.xov")), Lines(CamHeader()));
 }
 

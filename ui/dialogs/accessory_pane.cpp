@@ -9,6 +9,7 @@
 #include "drawing/page_surface.h"
 #include "drawing/pictures.h"
 #include "output/reports.h"
+#include "project/error_names.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/page_painter.h"
 #include "ui/platform/printing.h"
@@ -91,7 +92,9 @@ bool HasPicture(std::int16_t AccIndex) {
 void PrintAccessorySheet(QWidget* parent, AccessoryType type, const TextRows& rows) {
   PageSurface VSPrinter2(SheetMetrics());
   PreparePreview(VSPrinter2);
-  DrawAccessorySheet(VSPrinter2, AccDefs.At(CurrentAcc), type, rows, true, true);
+  InNameOfAccessory(CurrentAcc, {}, [&] {
+    DrawAccessorySheet(VSPrinter2, AccDefs.At(CurrentAcc), type, rows, true, true);
+  });
   PrintDocument(VSPrinter2.Result(), parent, ToQt(AccDefs.At(CurrentAcc).Name));
 }
 
