@@ -20,7 +20,9 @@
 #include "output/output_screen.h"
 #include "output/page_room.h"
 #include "project/changes.h"
+#include "project/error_names.h"
 #include "project/rules/accessory_rules.h"
+#include "project/section_look.h"
 
 namespace orvane {
 
@@ -30,13 +32,40 @@ constexpr double HeaderPoints = 10;
 constexpr double FooterPoints = 7;
 constexpr double TextPoints = 9;
 
+// What left sheets going on, such as a notch without width. A run of hundreds of sheets isn't held
+// up by a box at each of them: it tells once, before its preview, what wasn't said of the sections
+// yet.
+class SheetErrors {
+ public:
+  // Takes the errors of that section from now on.
+  Teller Of(std::int16_t row) {
+    errors_.push_back({NameOfSection(row), {}});
+    return [&errors = errors_.back()](const std::string& description) { errors.Add(description); };
+  }
+
+  void Say() const {
+    std::string text;
+    for (const SectionErrors& errors : errors_) {
+      const std::string lines = ErrorsNotYetSaid(errors);
+      if (!text.empty() && !lines.empty()) text += '\r';
+      text += lines;
+    }
+    if (!text.empty()) TheDesktop().Message(text);
+  }
+
+ private:
+  std::deque<SectionErrors> errors_;  // its elements stay where they are
+};
+
 // What an error leaves of a document is not shown, and the next command begins a new one.
-void DrawOnPreview(const std::function<void(PrintSurface& surface)>& draw) {
+void DrawOnPreview(const std::function<void(PrintSurface& surface, SheetErrors& errors)>& draw) {
   OutputScreen& screen = TheOutputScreen();
+  SheetErrors errors;
   try {
-    draw(screen.PreviewSurface());
+    draw(screen.PreviewSurface(), errors);
   } catch (...) {
     screen.DropPreview();
+    errors.Say();
     throw;
   }
 }
@@ -50,13 +79,6 @@ struct RebuiltSection {
 };
 // What a run has made afresh so far; its elements stay where they are.
 using RebuiltSections = std::deque<RebuiltSection>;
-
-// Lets the window's events run behind a sheet, so that a long run keeps the screen alive.
-void DrawSheet(PrintSurface& surface, const SheetSource& source, const Item& section,
-               bool openDocument, bool closeDocument) {
-  DrawSection(surface, source, section, openDocument, closeDocument);
-  TheDesktop().ProcessEvents();
-}
 
 // The section as its sheet shows it: with the holes of its pattern made afresh, or with those
 // placed by hand. What that changes is a copy, so that a run that is called off has touched no
@@ -82,16 +104,22 @@ void Store(RebuiltSections& rebuilt) {
 }
 
 // Draws the sheets of all sections; false when the user calls the run off.
-bool DrawAllSheets(PrintSurface& surface, bool newRoom, RebuiltSections& rebuilt) {
-  const SheetSource source = PresentSource();
+bool DrawAllSheets(PrintSurface& surface, bool newRoom, RebuiltSections& rebuilt,
+                   SheetErrors& errors) {
+  SheetSource source = PresentSource();
   const std::int16_t last = Int16(Items.UBound());
   for (std::int16_t row = 1; row <= last; ++row) {
-    const Item& section = SectionOfSheet(row, newRoom, rebuilt);
-    // The last comes first: a project of a single section only closes its document; its sheet
-    // stands on the page that a fresh surface makes by itself.
-    const bool close = row == last;
-    const bool open = !close && row == 1;
-    DrawSheet(surface, source, section, open, close);
+    source.Tell = errors.Of(row);
+    InNameOfSection(row, [&] {
+      const Item& section = SectionOfSheet(row, newRoom, rebuilt);
+      // The last comes first: a project of a single section only closes its document; its sheet
+      // stands on the page that a fresh surface makes by itself.
+      const bool close = row == last;
+      const bool open = !close && row == 1;
+      DrawSection(surface, source, section, open, close);
+    });
+    // So that a long run keeps the screen alive.
+    TheDesktop().ProcessEvents();
     if (!TheOutputScreen().GoesOn(row, last)) return false;
   }
   return true;
@@ -123,11 +151,13 @@ bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>&
   int done = 0;
   for (const std::int16_t row : accessories) {
     CurrentAcc = row;
-    const AccessoryType type = IsType1Accessory(row) ? AccessoryType::One : AccessoryType::Two;
-    const TextRows rows = SheetRows(row);
-    const bool first = done == 0;
-    if (!first) surface.NewPage();
-    DrawAccessorySheet(surface, AccDefs.At(row), type, rows, first, false);
+    InNameOfAccessory(row, {}, [&] {
+      const AccessoryType type = IsType1Accessory(row) ? AccessoryType::One : AccessoryType::Two;
+      const TextRows rows = SheetRows(row);
+      const bool first = done == 0;
+      if (!first) surface.NewPage();
+      DrawAccessorySheet(surface, AccDefs.At(row), type, rows, first, false);
+    });
     if (!TheOutputScreen().GoesOn(++done, count)) return false;
   }
   return true;
@@ -249,9 +279,11 @@ void DrawType1Table(PrintSurface& surface) {
   std::vector<ReportRow> rows;
   for (const AccLine1& line : AccLines1) {
     if (line.Qty <= 0) continue;
-    const AccDef& accessory = AccDefs.At(line.AccIndex);
-    rows.push_back({accessory.Name, accessory.ParamTexts.At(line.ParamIndex),
-                    accessory.ParamNames.At(line.ParamIndex), ShortestText(line.Qty)});
+    InNameOfAccessory(line.AccIndex, {}, [&] {
+      const AccDef& accessory = AccDefs.At(line.AccIndex);
+      rows.push_back({accessory.Name, accessory.ParamTexts.At(line.ParamIndex),
+                      accessory.ParamNames.At(line.ParamIndex), ShortestText(line.Qty)});
+    });
   }
   DrawReportTable(surface,
                   {
@@ -298,7 +330,7 @@ void DrawType2Tables(PrintSurface& surface) {
   const auto drawTable = [&] {
     if (lines.empty()) return;
     surface.Paragraph("");
-    DrawType2Table(surface, lines);
+    InNameOfAccessory(lines.front()->AccIndex, {}, [&] { DrawType2Table(surface, lines); });
     lines.clear();
   };
   for (const AccLine2& line : AccLines2) {
@@ -320,28 +352,37 @@ void PreparePreview(PageSurface& surface) {
 
 void PrintCurrentDrawing(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
-  DrawOnPreview([&](PrintSurface& surface) {
+  DrawOnPreview([&](PrintSurface& surface, SheetErrors& errors) {
     PageRoom room(surface);
-    if (room.IsNew()) AdjustHoleSpacing(ItemIndex);
-    DrawSheet(surface, PresentSource(), Items.At(ItemIndex), true, true);
+    SheetSource source = PresentSource();
+    source.Tell = errors.Of(ItemIndex);
+    InNameOfSection(ItemIndex, [&] {
+      if (room.IsNew()) AdjustHoleSpacing(ItemIndex);
+      DrawSection(surface, source, Items.At(ItemIndex), true, true);
+    });
+    TheDesktop().ProcessEvents();
     room.Keep();
+    errors.Say();
     TheOutputScreen().ShowPreview();
   });
 }
 
 void PrintAllDrawings() {
   if (Items.Empty()) return;
-  DrawOnPreview([](PrintSurface& surface) {
+  DrawOnPreview([](PrintSurface& surface, SheetErrors& errors) {
     PageRoom room(surface);
     RebuiltSections rebuilt;
     try {
-      if (!DrawAllSheets(surface, room.IsNew(), rebuilt)) return TheOutputScreen().DropPreview();
+      if (!DrawAllSheets(surface, room.IsNew(), rebuilt, errors)) {
+        return TheOutputScreen().DropPreview();
+      }
     } catch (...) {
       Store(rebuilt);
       throw;
     }
     Store(rebuilt);
     room.Keep();
+    errors.Say();
     TheOutputScreen().ShowPreview();
   });
 }
@@ -349,7 +390,7 @@ void PrintAllDrawings() {
 void PrintAllAccessorySheets() {
   const std::vector<std::int16_t> accessories = AccessoriesInUse();
   if (accessories.empty()) return TheDesktop().Message("Nothing to print");
-  DrawOnPreview([&](PrintSurface& surface) {
+  DrawOnPreview([&](PrintSurface& surface, SheetErrors&) {
     const std::int16_t formerAcc = CurrentAcc;
     if (DrawAccessorySheets(surface, accessories)) {
       surface.EndDoc();
@@ -362,7 +403,7 @@ void PrintAllAccessorySheets() {
 
 void PrintContractSummary() {
   if (Items.Empty()) return;
-  DrawOnPreview([](PrintSurface& surface) {
+  DrawOnPreview([](PrintSurface& surface, SheetErrors&) {
     surface.StartDoc();
     SetUpSummaryPages(surface);
     DrawProjectTable(surface);
@@ -372,7 +413,7 @@ void PrintContractSummary() {
 }
 
 void PrintAccessoryReport() {
-  DrawOnPreview([](PrintSurface& surface) {
+  DrawOnPreview([](PrintSurface& surface, SheetErrors&) {
     surface.FontSize(TextPoints);
     WriteTitle(surface, "Accessories:");
     if (!AccLines1.Empty()) DrawType1Table(surface);

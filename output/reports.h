@@ -1,4 +1,6 @@
-// The printing commands: each builds a document on the preview's surface and shows it.
+// The printing commands: each builds a document on the preview's surface and shows it. An error
+// that stops one has the section's mark or the accessory's name in front; what leaves a sheet going
+// on is said once, before the preview, unless it was said before.
 #pragma once
 
 #include <cstdint>

@@ -38,6 +38,9 @@ class MainScreen {
   // Shows RecentFiles in the project menu, with the separator in front if there is any.
   virtual void ShowRecentFiles() = 0;
 
+  // Shows what is wrong with the section looked at, in a line under its sheet; empty for nothing.
+  virtual void ShowSectionErrors(const std::string& line) = 0;
+
   // Empties the drawing surface.
   virtual void ClearDrawing() = 0;
 

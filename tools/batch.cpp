@@ -22,6 +22,7 @@
 #include "output/reports.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
+#include "project/section_look.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_options.h"
 #include "tools/batch_platform.h"
@@ -71,6 +72,7 @@ bool LoadCatalogues(CatalogueTables& loaded) {
 void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth) {
   ResetModel();
   InstallCatalogues(catalogues);
+  ForgetSaid();
   RequireStoredNumbers();
   LoadRegistration();
   LoadPageSetup();

@@ -6,12 +6,14 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <utility>
 
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/text.h"
 #include "holes/hole_list.h"
+#include "project/section_look.h"
 #include "ui/controls/plain_field.h"
 #include "ui/controls/tab_stop.h"
 #include "ui/platform/guard.h"
@@ -94,6 +96,8 @@ void DetailPanel::BuildJointing() {
   txtJointing->setObjectName("txtJointing");
   lblJointing = NewLabel("lblJointing", "No. off jointing pieces", txtJointing, this);
   connect(txtJointing, &QLineEdit::textEdited, this, [this] { Guard([&] { JointingChanged(); }); });
+  connect(txtJointing, &QLineEdit::editingFinished, this,
+          [] { Guard([] { ShowLater(ErrorsToSay()); }); });
 }
 
 void DetailPanel::BuildSagBars() {
@@ -211,7 +215,7 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
   if (index < 0) {
     ShowPart(*SSpanelCustom, false);
   } else {
-    Guard([&] {
+    LookAndSay(ItemIndex, [&] {
       Change(ChangeKind::ShowSection, ItemIndex, [&] {
         ApplyPattern(ItemIndex, holes);
         SettleSagBars(ItemIndex);
@@ -374,40 +378,45 @@ void DetailPanel::PatternChosen() {
     if (another) Change(ChangeKind::PatternText, row);
     return;
   }
-  Change(another ? ChangeKind::Pattern : ChangeKind::SamePattern, row, [&] {
-    if (dropsHoles) {
-      EmptyHoles(row);
-      EmptyHoleGrid();
-    }
-    TakePattern(row);
+  LookAndSay(row, [&] {
+    Change(another ? ChangeKind::Pattern : ChangeKind::SamePattern, row, [&] {
+      if (dropsHoles) {
+        EmptyHoles(row);
+        EmptyHoleGrid();
+      }
+      TakePattern(row);
+    });
   });
 }
 
-// The selected pattern goes into the record, and what follows from it. Each step shows its own
-// error, and the next goes on.
+// The selected pattern goes into the record, and what follows from it. An error of a step is the
+// look's, and the next goes on.
 void DetailPanel::TakePattern(std::int16_t ItemIndex) {
-  Guard([&] { SetPattern(ItemIndex, ShownPattern()); });
+  Tell([&] { SetPattern(ItemIndex, ShownPattern()); }, TakeLookError);
   ApplyPattern(ItemIndex, ShownHoles::Afresh);
 }
 
 // What follows from the pattern selected, for the user's choice and for showing a section alike.
 void DetailPanel::ApplyPattern(std::int16_t ItemIndex, ShownHoles holes) {
   const std::string pattern = ShownPattern();
-  Guard([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); });
-  Guard([&] {
+  Tell([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); }, TakeLookError);
+  const auto setSagBars = [&] {
     const auto choice = SagBarsOfPattern(ItemIndex, pattern);
     SetSagBarsOfPattern(ItemIndex, pattern);
     if (choice) ShowSagBars(*choice);
-  });
-  if (holes == ShownHoles::Afresh) RebuildHoles(ItemIndex, pattern, TellInMessageBox);
+  };
+  Tell(setSagBars, TakeLookError);
+  if (holes == ShownHoles::Afresh) RebuildHoles(ItemIndex, pattern, TakeLookError);
 }
 
 void DetailPanel::SagBarsSelected(int option) {
   const std::int16_t row = Row();
   if (row < 1) return;
-  Change(ChangeKind::SagBars, row, [&] {
-    Guard([&] { SetSagBars(row, option); });
-    RebuildHoles(row, ShownPattern(), TellInMessageBox);
+  LookAndSay(row, [&] {
+    Change(ChangeKind::SagBars, row, [&] {
+      Tell([&] { SetSagBars(row, option); }, TakeLookError);
+      RebuildHoles(row, ShownPattern(), TakeLookError);
+    });
   });
 }
 
@@ -415,8 +424,18 @@ void DetailPanel::PitchSelected() {
   SetPitch(Row(), cboPitch->Text());
 }
 
+// The sheet follows each letter; what is wrong with it is said when the field is left. A number too
+// large for the field is told at once.
 void DetailPanel::JointingChanged() {
-  SetJointingPieces(Row(), FromQt(txtJointing->text()));
+  std::exception_ptr refused;
+  LookAtSection(Row(), [&] {
+    try {
+      SetJointingPieces(Row(), FromQt(txtJointing->text()));
+    } catch (const std::exception&) {
+      refused = std::current_exception();
+    }
+  });
+  if (refused) std::rethrow_exception(refused);
 }
 
 }  // namespace orvane

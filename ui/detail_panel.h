@@ -54,9 +54,9 @@ class DetailPanel : public QWidget {
   // selection, and then the custom holes alone are left.
   std::string ShownPattern() const;
 
-  // Looks at the section, which its hole list and its sheet follow: its sag bars are settled, and
-  // the first makes its holes afresh by the pattern shown. An error stops it and reaches the
-  // caller.
+  // Change what the hole list and the sheet follow: the section's sag bars are settled, and the
+  // first makes its holes afresh by the pattern shown. An error stops it and reaches the caller,
+  // whose look it is.
   void RebuildShownHoles(std::int16_t ItemIndex);
   void ShowHolesAsTheyStand(std::int16_t ItemIndex);
 

@@ -11,6 +11,7 @@
 #include "core/desktop.h"
 #include "holes/hole_list.h"
 #include "project/rules/custom_holes.h"
+#include "project/section_look.h"
 #include "ui/detail_panel.h"
 #include "ui/dialogs/frm_add_holes.h"
 #include "ui/platform/guard.h"
@@ -106,17 +107,21 @@ void DetailPanel::ShowHolesMenu(QPoint globalPos) {
 
 void DetailPanel::ConvertToCustom(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
-  Change(ChangeKind::ConvertToCustom, ItemIndex, [&] {
-    ConvertHolesToCustom(ItemIndex);
-    cboPattern->SelectQuietly(0);
-    // By name: the list tells nothing when "Custom" was selected already.
-    TakePattern(ItemIndex);
+  LookAndSay(ItemIndex, [&] {
+    Change(ChangeKind::ConvertToCustom, ItemIndex, [&] {
+      ConvertHolesToCustom(ItemIndex);
+      cboPattern->SelectQuietly(0);
+      // By name: the list tells nothing when "Custom" was selected already.
+      TakePattern(ItemIndex);
+    });
   });
 }
 
 void DetailPanel::DeleteCustomHole(std::int16_t ItemIndex, int CustomRow) {
   if (CustomHoleRow(ItemIndex, CustomRow) == 0) return;
-  Change(ChangeKind::RemoveHole, ItemIndex, [&] { DeleteCustomHoleRow(ItemIndex, CustomRow); });
+  LookAndSay(ItemIndex, [&] {
+    Change(ChangeKind::RemoveHole, ItemIndex, [&] { DeleteCustomHoleRow(ItemIndex, CustomRow); });
+  });
 }
 
 void DetailPanel::AddCustomHoles(std::int16_t Mode) {

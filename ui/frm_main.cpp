@@ -131,8 +131,8 @@ void FrmMain::BuildPanes() {
   right->setContentsMargins(0, 0, 0, 0);
   right->setSpacing(0);
   right->addWidget(sheet_, 1);
-  BuildMirrorNote();
-  right->addWidget(mirrorNote_);
+  BuildNotes();
+  right->addWidget(notes_);
 
   auto* whole = new QVBoxLayout(SSPanel2_);
   whole->setContentsMargins(0, 0, 0, 0);
@@ -178,17 +178,33 @@ void FrmMain::BuildLeftPane() {
   accessories_->setMinimumHeight(accessories_->fontMetrics().lineSpacing() * LeastListLines);
 }
 
-// Keeps its room while it is hidden, so that the sheet doesn't jump.
-void FrmMain::BuildMirrorNote() {
-  mirrorNote_ = new QLabel("Punching stands mirrored until the next move.", SSPanel4_);
+// A line under the sheet. It keeps its room while there is nothing to tell, so that the sheet
+// doesn't jump.
+void FrmMain::BuildNotes() {
+  notes_ = new QWidget(SSPanel4_);
+  errors_ = new ElidingLabel(notes_);
+  errors_->setObjectName("lblErrors");
+  mirrorNote_ = new QLabel("Punching stands mirrored until the next move.", notes_);
   mirrorNote_->setObjectName("lblMirrored");
-  mirrorNote_->setIndent(PaneMargin);
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   policy.setRetainSizeWhenHidden(true);
   mirrorNote_->setSizePolicy(policy);
   mirrorNote_->setToolTip("Convert it to custom to keep it");
+  auto* line = new QHBoxLayout(notes_);
+  line->setContentsMargins(PaneMargin, 0, PaneMargin, 0);
+  line->addWidget(errors_, 2);
+  line->addWidget(mirrorNote_, 1);
+  errors_->hide();
   mirrorNote_->hide();
-  sheet_->Shown = [this] { mirrorNote_->setVisible(sections_->IsMirrorShown()); };
+  sheet_->Shown = [this] {
+    mirrorNote_->setVisible(sections_->IsMirrorShown());
+    if (sheet_->ShownRow() == 0) ShowSectionErrors({});
+  };
+}
+
+void FrmMain::ShowSectionErrors(const std::string& line) {
+  errors_->ShowText(ToQt(line));
+  errors_->setVisible(!line.empty());
 }
 
 void FrmMain::Run(Command command, int number) {

@@ -17,6 +17,7 @@
 #include "output/output_screen.h"
 #include "project/changes.h"
 #include "project/main_screen.h"
+#include "project/section_look.h"
 #include "ui/accessory_chooser.h"
 #include "ui/commands.h"
 #include "ui/controls/area_splitter.h"
@@ -57,6 +58,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void ClearAccUsage() override;
   void ShowFileName(const std::string& text) override;
   void ShowRecentFiles() override;
+  void ShowSectionErrors(const std::string& line) override;
   void ClearDrawing() override;
   void RefreshProjectDetails() override;
   void ShowProjectDetails() override;
@@ -83,7 +85,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void BuildFilePanel();
   void BuildPanes();
   void BuildLeftPane();
-  void BuildMirrorNote();
+  void BuildNotes();
   void BuildMenus();
   void WatchFields();
   void FillMenu(QMenu& menu, Place place, Actions& actions);
@@ -138,7 +140,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   Actions mnuProject_, mnuSection_, mnuOutput_, mnuHelp_;
 
   SheetView* sheet_ = nullptr;
-  QLabel* mirrorNote_ = nullptr;  // lblMirrored, under the sheet
+  QWidget* notes_ = nullptr;        // under the sheet
+  QLabel* mirrorNote_ = nullptr;    // lblMirrored
+  ElidingLabel* errors_ = nullptr;  // lblErrors
   SectionsGrid* sections_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryChooser* accessories_ = nullptr;
@@ -152,7 +156,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   bool asking_ = false;            // the questions of the exit are open
   bool Ending_ = false;            // the exit was consented to by its command
 
-  const ChangeFollower follower_{[this](const ChangeNotice&) { ShowTitle(); }};
+  const ChangeFollower follower_{[this](const ChangeNotice&) { ShowTitle(); },
+                                 [](const ChangeNotice& change) { ForgetSaid(change); }};
 };
 
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "output/reports.h"
 #include "project/changes.h"
+#include "project/section_look.h"
 #include "ui/dialogs/frm_errors.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
@@ -26,8 +27,8 @@ void FrmMain::Print(const std::function<void()>& command) {
 
 // The row that is being looked at, as it stands after what was done to all rows or to the sheets.
 void FrmMain::ShowSelectedRow() {
-  const int row = SelectedRow();
-  if (row >= 1) Change(ChangeKind::ShowSection, Int16(row));
+  const std::int16_t row = Int16(SelectedRow());
+  if (row >= 1) LookAndSay(row, [row] { Change(ChangeKind::ShowSection, row); });
 }
 
 void FrmMain::ShowExportErrors() {

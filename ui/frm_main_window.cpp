@@ -16,6 +16,7 @@
 #include "project/changes.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
+#include "project/section_look.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -101,6 +102,7 @@ void FrmMain::Load() {
     AccLines1.Clear();
     AccLines2.Clear();
     CountChangesFromHere();
+    ForgetSaid();
     ShowTitle();
     const int state = Whole(std::clamp(ScreenNumber("State", NormalState), -1.0, 3.0));
     if (state == NormalState) RestoreGeometry();

@@ -10,6 +10,7 @@
 #include "core/model.h"
 #include "project/rules/section_columns.h"
 #include "project/rules/section_details.h"
+#include "project/section_look.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -214,14 +215,14 @@ void SectionsGrid::ShowCurrentRow() {
   FillSectionCombo(EditSectionType_);
   detail_->FillPatternCombo(EditSectionType_);
   bool drawn = false;
-  Guard([&] { drawn = ShowRow(row); });
+  LookAndSay(ItemRow(row), [&] { drawn = ShowRow(row); });
   grid_->EnsureVisible(row, grid_->Col());
   const QString undecided = model_->RefusalOfCell(row, grid_->Col());
   GridEnterCell();
   // Nobody came into the cell: it slid under the cursor.
   if (!undecided.isEmpty()) model_->RefuseCell(row, grid_->Col(), undecided);
   if (!undecided.isEmpty()) editor_.ShowRefusal(undecided);
-  if (!drawn) Guard([&] { detail_->ShowHolesAsTheyStand(ItemRow(row)); });
+  if (!drawn) LookAndSay(ItemRow(row), [&] { detail_->ShowHolesAsTheyStand(ItemRow(row)); });
 }
 
 // The row that is worked on, and that a dialog opened next works on, bears the grey.
@@ -279,10 +280,13 @@ int SectionsGrid::PassOver(int row, int column) {
 // Makes a cell the current one and runs the row change.
 void SectionsGrid::Select(int row, int column, ShownHoles holes) {
   // What went wrong while the row now left was typed is told before it is out of sight.
-  if (row != grid_->Row()) Guard([&] { DrawTyped(); });
+  if (row != grid_->Row()) {
+    DrawTyped();
+    SayErrors();
+  }
   grid_->SetCurrent(row, column);
   grid_->EnsureVisible(row, column);
-  Guard([&] { GridRowChange(holes); });
+  LookAndSay(ItemRow(row), [&] { GridRowChange(holes); });
 }
 
 // The part of the row change behind the validation.

@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QTimer>
 #include <algorithm>
+#include <exception>
 #include <functional>
 
 #include "core/desktop.h"
@@ -11,6 +12,7 @@
 #include "holes/hole_list.h"
 #include "project/changes.h"
 #include "project/rules/section_columns.h"
+#include "project/section_look.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
 #include "ui/sections_grid.h"
@@ -96,31 +98,39 @@ bool SectionsGrid::focusNextPrevChild(bool next) {
 void SectionsGrid::TextTyped(int row, int column, const std::string& text) {
   EditError_ = false;
   Typed result = Typed::Taken;
-  bool taken = false;
-  try {
-    ChangeCell(row, column, [&] {
-      model_->SetTyped(row, column, text);
-      result = TakeTypedText(Int16(row), column, text);
-      if (result != Typed::Taken) {
-        model_->ShowRecord(row, column);
-        editor_.ShowText(grid_->TextMatrix(row, column));
-      }
-      typed_ = taken = true;
-      if (column == LengthColumn) RebuildHoles(Int16(row), detail_->ShownPattern());
-    });
-  } catch (const std::exception&) {
-    if (!taken) throw;
-    // A length half typed may be too short for its holes: the sheet keeps its last state, and
-    // leaving the cell draws again and tells.
-  }
+  std::exception_ptr refused;
+  // A length half typed may be too short for its holes: the sheet keeps its last state, and leaving
+  // the cell draws again and tells.
+  LookAtSection(Int16(row), [&] {
+    bool taken = false;
+    try {
+      ChangeCell(row, column, [&] {
+        model_->SetTyped(row, column, text);
+        result = TakeTypedText(Int16(row), column, text);
+        if (result != Typed::Taken) {
+          model_->ShowRecord(row, column);
+          editor_.ShowText(grid_->TextMatrix(row, column));
+        }
+        typed_ = taken = true;
+        if (column == LengthColumn) RebuildHoles(Int16(row), detail_->ShownPattern());
+      });
+    } catch (const std::exception&) {
+      if (taken) throw;
+      refused = std::current_exception();
+    }
+  });
+  if (refused) std::rethrow_exception(refused);
   if (result == Typed::Overflow) throw RuntimeError(Failure::Overflow);
 }
 
 void SectionsGrid::EntryChosen(int row, int column, const std::string& text) {
   if (ItemText(Int16(row), column) == text) return;
-  ChangeCell(row, column, [&] {
-    TakeChosenText(Int16(row), column, text);
-    RebuildHoles(Int16(row), detail_->ShownPattern());
+  // The cell goes on being edited: its leaving tells here too.
+  LookAtSection(Int16(row), [&] {
+    ChangeCell(row, column, [&] {
+      TakeChosenText(Int16(row), column, text);
+      RebuildHoles(Int16(row), detail_->ShownPattern());
+    });
   });
 }
 
@@ -178,18 +188,23 @@ bool SectionsGrid::SettleEditor() {
 void SectionsGrid::EditorLeft() {
   if (editor_.IsChoice()) {
     editor_.Hide();
+  } else if (LeaveCell()) {
+    DrawTyped();
+  } else {
     return;
   }
-  if (LeaveCell()) DrawTyped();
+  // A box in the middle of the change of focus would come while the mouse button is down.
+  ShowLater(ErrorsToSay());
 }
 
-// Holes and sheet of a row that was typed into, with its errors told.
+// Holes and sheet of a row that was typed into; who calls it says what is left to say.
 void SectionsGrid::DrawTyped() {
   if (!typed_) return;
   typed_ = false;
-  const int row = grid_->Row();
-  if (row < 1) return;
-  detail_->RebuildShownHoles(Int16(row));
+  const std::int16_t row = Int16(grid_->Row());
+  LookAtSection(row, [&] {
+    if (row >= 1) detail_->RebuildShownHoles(row);
+  });
 }
 
 }  // namespace orvane

@@ -9,6 +9,7 @@
 #include "drawing/sheet_frame.h"
 #include "drawing/sheet_layout.h"
 #include "output/page_room.h"
+#include "project/section_look.h"
 #include "ui/platform/qt_font_metrics.h"
 
 namespace orvane {
@@ -37,7 +38,7 @@ void SheetView::DrawSection(int ItemIndex) {
   try {
     const std::int16_t row = Int16(ItemIndex);
     FitHolesToPage(*spare_, row);
-    orvane::DrawSection(*spare_, row, true, true);
+    orvane::DrawSection(*spare_, row, true, true, TakeLookError);
   } catch (...) {
     // The sheet of another section would be taken for this one's.
     if (shownRow_ != ItemIndex) Clear();
@@ -53,7 +54,8 @@ void SheetView::DrawSection(int ItemIndex) {
 
 void SheetView::Follow(const ChangeNotice& change) {
   if (change.Kind == ChangeKind::Registration) ApplyMargins();
-  if (RuleOf(change.Kind).Redraws && !change.Failed) DrawSection(change.Row);
+  if (!RuleOf(change.Kind).Redraws || change.Failed) return;
+  LookAndSay(change.Row, [&] { DrawSection(change.Row); });
 }
 
 void SheetView::Clear() {

@@ -19,8 +19,8 @@ class SheetView : public PageView {
   // Shows the sheet of that row of Items as it stands now; does nothing for row 0. When the page
   // gives the elevation another room than the one stored (none at the start of the program), the
   // gaps between the row's holes are worked out anew first. An error of the drawing is raised; the
-  // view then keeps the sheet that it shows, if it is the same section's. Behind a sheet that is
-  // shown pending events run.
+  // view then keeps the sheet that it shows, if it is the same section's. One that leaves the sheet
+  // going on is the look's that is under way. Behind a sheet that is shown pending events run.
   void DrawSection(int ItemIndex);
   // Shows nothing.
   void Clear();

@@ -4,6 +4,7 @@
 
 #include "drawing/pictures.h"
 #include "output/reports.h"
+#include "project/section_look.h"
 
 namespace orvane::test {
 
@@ -23,6 +24,7 @@ void PagedScreen::ShowPreview() {
 PrintTest::PrintTest() : logo_(frmDrawings().imgLogo) {
   frmDrawings().imgLogo =
       std::make_shared<const Picture>(Picture{.Width = 60, .Height = 18, .Shapes = {}});
+  ForgetSaid();
   LeftMargin = RightMargin = TopMargin = BottomMargin = 10;
   MinHoleSep = 4;
   SectionDim dim;

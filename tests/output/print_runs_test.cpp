@@ -6,6 +6,7 @@
 #include "drawing/draw_section.h"
 #include "output/reports.h"
 #include "project/rules/accessory_rules.h"
+#include "project/section_look.h"
 #include "tests/output/print_fixture.h"
 
 namespace orvane {
@@ -85,7 +86,7 @@ TEST_F(PrintRunsTest, The_very_first_drawing_has_its_gaps) {
 
 TEST_F(PrintRunsTest, A_drawing_that_fails_is_dropped_and_its_error_goes_to_the_menu) {
   AddRailWithoutPicture();
-  EXPECT_NE(ErrorOf([] { PrintCurrentDrawing(1); }).find("File not found"), std::string::npos);
+  EXPECT_EQ(ErrorOf([] { PrintCurrentDrawing(1); }).rfind("R1: File not found", 0), 0U);
   EXPECT_EQ(screen.Shown, 0);
   EXPECT_EQ(screen.Dropped, 1);
 }
@@ -236,7 +237,7 @@ TEST_F(PrintRunsTest, A_run_that_fails_is_dropped_and_its_error_goes_to_the_menu
   AddRailWithoutPicture();
   AddPurlin("P3", 6000);
   DrawingWidth = 0;
-  EXPECT_NE(ErrorOf(PrintAllDrawings).find("File not found"), std::string::npos);
+  EXPECT_EQ(ErrorOf(PrintAllDrawings).rfind("R1: File not found", 0), 0U);
   EXPECT_EQ(screen.Shown, 0);
   EXPECT_EQ(screen.Dropped, 1);
   // Nothing is rolled back.
@@ -244,6 +245,38 @@ TEST_F(PrintRunsTest, A_run_that_fails_is_dropped_and_its_error_goes_to_the_menu
   EXPECT_EQ(HolesOf(3), std::vector<std::int16_t>{});
   // So that the next run works all gaps out.
   EXPECT_EQ(DrawingWidth, 0);
+}
+
+TEST_F(PrintRunsTest, Gaps_that_cant_be_adjusted_stop_a_run_by_the_sections_mark) {
+  AddPurlin("P1", 6000);
+  // The 30 mm behind its hole are too short for the paper, and the gap of 0 before it can't pay.
+  AddCustomPurlin("P2", 30, {0});
+  DrawingWidth = 0;
+  EXPECT_EQ(ErrorOf(PrintAllDrawings), "P2: Division by zero");
+}
+
+TEST_F(PrintRunsTest, What_leaves_the_sheets_going_on_is_told_once_before_the_preview) {
+  for (const char* mark : {"P1", "P2", "P3"}) {
+    AddPurlin(mark, 6000);
+    // A notch without width has two sides without length; that of P2 is in order.
+    const float width = std::string(mark) == "P2" ? 50.0F : 0.0F;
+    Items.At(Items.UBound()).Notches.Append({"T2", 20, width, 400});
+  }
+  const std::string first = "P1: Division by zero";
+  PrintCurrentDrawing(1);
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes[0].Text, first);
+  // What was said of P1 isn't said again.
+  PrintAllDrawings();
+  ASSERT_EQ(desktop.Boxes.size(), 2U);
+  EXPECT_EQ(desktop.Boxes[1].Text, "P3: Division by zero");
+  PrintAllDrawings();
+  EXPECT_EQ(desktop.Boxes.size(), 2U);
+  EXPECT_EQ(screen.Shown, 3);
+  ForgetSaid();
+  PrintAllDrawings();
+  ASSERT_EQ(desktop.Boxes.size(), 3U);
+  EXPECT_EQ(desktop.Boxes[2].Text, first + "\rP3: Division by zero");
 }
 
 // The accessories' sheets.
@@ -301,7 +334,7 @@ TEST_F(PrintRunsTest, A_number_off_of_a_size_that_the_catalogue_lost_stops_the_r
   EXPECT_EQ(screen.Shown, 1);
   for (const int size : {4, -1}) {
     AccLines1.Append(MakeLine1(2, size, 8));
-    EXPECT_EQ(ErrorOf(PrintAllAccessorySheets), "Subscript out of range") << size;
+    EXPECT_EQ(ErrorOf(PrintAllAccessorySheets), "Accessory 2: Subscript out of range") << size;
     AccLines1.Remove(AccLines1.UBound());
   }
   EXPECT_EQ(screen.Shown, 1);
@@ -355,7 +388,7 @@ TEST_F(PrintRunsTest, An_accessory_run_that_is_called_off_shows_nothing_and_chan
 TEST_F(PrintRunsTest, A_missing_accessory_picture_stops_the_run_unseen) {
   for (const int row : {1, 6}) UseAccessory(row);
   AccDefs.At(6).DrawingFile = "no-such-picture";
-  EXPECT_NE(ErrorOf(PrintAllAccessorySheets).find("File not found"), std::string::npos);
+  EXPECT_EQ(ErrorOf(PrintAllAccessorySheets).rfind("Accessory 6: File not found", 0), 0U);
   EXPECT_EQ(screen.Shown, 0);
   EXPECT_EQ(screen.Dropped, 1);
   EXPECT_TRUE(desktop.Boxes.empty());

@@ -123,7 +123,7 @@ TEST_F(ReportsTest, A_number_off_of_a_size_that_the_catalogue_lost_stops_the_rep
   AccLines1.Append(MakeLine1(1, 2, 3));
   for (const int size : {4, -1}) {
     AccLines1.Append(MakeLine1(1, size, 4));
-    EXPECT_EQ(ErrorOf(PrintAccessoryReport), "Subscript out of range") << size;
+    EXPECT_EQ(ErrorOf(PrintAccessoryReport), "Accessory 1: Subscript out of range") << size;
     EXPECT_EQ(screen.Shown, 0);
     AccLines1.Remove(2);
   }
@@ -214,7 +214,7 @@ TEST_F(ReportsTest, A_table_without_values_has_its_three_columns) {
 
 TEST_F(ReportsTest, An_accessory_that_is_not_in_the_catalogue_stops_the_report_unseen) {
   AccLines2.Append(MakeLine2(23, "A", 1, {"1"}));
-  EXPECT_EQ(ErrorOf(PrintAccessoryReport), "Subscript out of range");
+  EXPECT_EQ(ErrorOf(PrintAccessoryReport), "Accessory 23: Subscript out of range");
   EXPECT_EQ(screen.Shown, 0);
   EXPECT_EQ(screen.Dropped, 1);
 }

@@ -42,6 +42,9 @@ class ScriptedMainScreen : public MainScreen {
   void ClearAccUsage() override { log_.Add("ClearAccUsage"); }
   void ShowFileName(const std::string& text) override { log_.Add("ShowFileName " + text); }
   void ShowRecentFiles() override { log_.Add("ShowRecentFiles"); }
+  void ShowSectionErrors(const std::string& line) override {
+    log_.Add("ShowSectionErrors " + line);
+  }
   void ClearDrawing() override { log_.Add("ClearDrawing"); }
   void RefreshProjectDetails() override { log_.Add("RefreshProjectDetails"); }
   void ShowProjectDetails() override { log_.Add("ShowProjectDetails"); }

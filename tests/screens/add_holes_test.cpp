@@ -446,7 +446,7 @@ TEST_F(AddHolesTest, Gaps_that_fail_are_told_and_the_hole_stands) {
   InAbsolute([&](FrmAddHoles& dialog) {
     ClickOn(Picture(dialog, "Z", 13));
     // Three gaps: 24, 0 and 24; the 0 alone is to pay for the others.
-    dialogs.ExpectBox("Division by zero");
+    dialogs.ExpectBox("Z1: Division by zero");
     Store(dialog, "24");
     EXPECT_EQ(HolesOf(1), (std::vector<int>{24, 24}));
     EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"24", "24"}));

@@ -322,7 +322,7 @@ TEST_F(DetailPatternTest, An_error_of_a_choice_is_shown_and_the_next_step_goes_o
   Show();
   MinHoleSep = WideSeparation;
   const int draws = Sheet().DrawCount();
-  dialogs.ExpectBox("Division by zero");
+  dialogs.ExpectBox("Z1: Division by zero");
   Choose("cboPattern", "Custom");
   Settle();
   EXPECT_EQ(Items.At(1).PatternName, "Custom");
@@ -338,7 +338,7 @@ TEST_F(DetailPatternTest, An_error_of_a_sag_bar_choice_is_shown_and_the_next_ste
   Show();
   MinHoleSep = WideSeparation;
   const int draws = Sheet().DrawCount();
-  dialogs.ExpectBox("Division by zero");
+  dialogs.ExpectBox("Z1: Division by zero");
   QTest::mouseClick(&SagBarOption(0), Qt::LeftButton);
   Settle();
   EXPECT_EQ(Items.At(1).SagBarDia, 18);

@@ -315,7 +315,7 @@ TEST_F(HoleListTest, A_hole_that_went_isnt_listed_any_more_though_its_gaps_faile
   PutCustom({0, 100}).Length = 400;
   Show();
   MinHoleSep = 50;
-  dialogs.ExpectBox("Division by zero");
+  dialogs.ExpectBox("Z1: Division by zero");
   RightClickHole(2);
   ChooseRemove();
   Settle();

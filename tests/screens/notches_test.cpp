@@ -274,7 +274,7 @@ TEST_F(NotchesTest, OK_redraws_the_row_drops_rows_without_a_code_and_leaves_the_
     Key(Qt::Key_Tab);
     Keys("abc");
     // The sheet can't draw the one side of a notch without width.
-    dialogs.ExpectBox("Division by zero");
+    dialogs.ExpectBox("A1: Division by zero");
     Ok(form);
     EXPECT_FALSE(form.isVisible());
   });

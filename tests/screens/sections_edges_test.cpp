@@ -28,7 +28,7 @@ class SectionsEdges : public SectionsTest {
     Retype("32");
     Settle();
     EXPECT_TRUE(dialogs.Boxes().empty());
-    dialogs.ExpectBox("Division by zero");
+    dialogs.ExpectBox("M1: Division by zero");
     leave();
     Settle();
   }

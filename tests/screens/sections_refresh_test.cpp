@@ -124,7 +124,7 @@ TEST_F(SectionsRefresh, A_rebuild_that_fails_while_typing_is_told_on_leaving_onl
   EXPECT_EQ(Items.At(1).Length, 32);
   // The room is what this test takes it to be, whatever a drawing made of it.
   DrawingWidth = 180;
-  dialogs.ExpectBox("Division by zero");
+  dialogs.ExpectBox("A1: Division by zero");
   Press(Qt::Key_Tab);
   Settle();
   EXPECT_TRUE(CursorAt(1, 4, "1"));

@@ -205,7 +205,7 @@ TEST_F(SheetViewTest, A_deleted_sections_sheet_goes_though_the_next_one_cant_be_
   ProgramFolder = TempPath("nowhere");
   const std::string missing = PathText(NativePath(ProgramFolder) / "drawings" / "drg015.wmf");
   dialogs.ExpectBox("Remove mark P1?", "", QMessageBox::Yes);
-  dialogs.ExpectBox("File not found: " + missing);
+  dialogs.ExpectBox("R1: File not found: " + missing);
   main->Run(Command::Delete);
   Settle();
   EXPECT_EQ(Items.UBound(), 1);

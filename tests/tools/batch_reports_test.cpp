@@ -229,7 +229,7 @@ TEST_F(BatchReports, A_missing_picture_leaves_no_accessory_PDF_and_the_summary_i
   File("a-accessories.pdf", "former");
   const Outcome outcome = Run({"--accessory-sheets", "--summary", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_EQ(outcome.Err, "a.ovd: File not found: " + catalogue +
+  EXPECT_EQ(outcome.Err, "a.ovd: Bolts: File not found: " + catalogue +
                              "/Drawings/bolt.wmf\nContract summary complete\n");
   EXPECT_EQ(BytesOf(Path("a-accessories.pdf")), "former");
   EXPECT_EQ(Pages("a-summary.pdf"), "1");

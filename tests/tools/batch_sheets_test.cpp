@@ -168,7 +168,7 @@ TEST_F(BatchSheets, A_missing_picture_fails_the_job_and_leaves_no_PDF_and_the_ne
            BytesOf(TempPath("catalogue/dims.csv")) + "R,CLR,120,0,60,0,0,0,0,0,50,0,0,0\r\n");
   const Outcome outcome = Run({"--sheets", "a.ovd", "b.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_NE(outcome.Err.find("a.ovd: File not found: " + catalogue + "/drawings/drg015.wmf\n"),
+  EXPECT_NE(outcome.Err.find("a.ovd: R1: File not found: " + catalogue + "/drawings/drg015.wmf\n"),
             std::string::npos)
       << outcome.Err;
   EXPECT_FALSE(Exists("a-sheets.pdf"));

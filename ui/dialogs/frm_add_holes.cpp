@@ -11,6 +11,7 @@
 #include "core/section_families.h"
 #include "holes/hole_list.h"
 #include "project/changes.h"
+#include "project/section_look.h"
 #include "ui/controls/picture_radio.h"
 #include "ui/controls/plain_field.h"
 #include "ui/controls/tab_stop.h"
@@ -343,10 +344,11 @@ void FrmAddHoles::Store() {
   txtXpos_->setFocus();
 }
 
-// True when the hole stands, whatever comes of its gaps and of its sheet: each tells its own error.
+// True when the hole stands, whatever comes of its gaps and of its sheet: that is told of the
+// section.
 bool FrmAddHoles::StoreAt(std::int16_t XPos, const HoleEntry& entry) {
   bool stored = false;
-  Guard([&] {
+  LookAndSay(itemIndex_, [&] {
     Hole hole = CustomHole(entry, XPos);
     const bool edits = mode_ == EditHole;
     Change(edits ? ChangeKind::EditHole : ChangeKind::AddHole, itemIndex_, [&] {
@@ -363,10 +365,11 @@ bool FrmAddHoles::StoreAt(std::int16_t XPos, const HoleEntry& entry) {
       stored = true;
       customRow_ = SortedCustomRow(itemIndex_, customRow_);
       if (MarkedMoves) MarkedMoves(customRow_);
-      Guard([&] {
+      const auto space = [this] {
         SortHoles(itemIndex_);
         AdjustHoleSpacing(itemIndex_);
-      });
+      };
+      Tell(space, TakeLookError);
     });
   });
   return stored;

@@ -7,9 +7,13 @@
 namespace orvane {
 
 void ShowErrorLater(const std::exception& error) {
-  QTimer::singleShot(0, QCoreApplication::instance(), [text = std::string(error.what())] {
-    Guard([&text] { TheDesktop().Message(text); });
-  });
+  ShowLater(error.what());
+}
+
+void ShowLater(const std::string& text) {
+  if (text.empty()) return;
+  QTimer::singleShot(0, QCoreApplication::instance(),
+                     [text] { Guard([&text] { TheDesktop().Message(text); }); });
 }
 
 }  // namespace orvane

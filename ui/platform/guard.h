@@ -4,6 +4,7 @@
 
 #include <exception>
 #include <functional>
+#include <string>
 
 #include "core/desktop.h"
 
@@ -11,6 +12,10 @@ namespace orvane {
 
 // Shows an error's description in a plain message box when the event that is under way is over.
 void ShowErrorLater(const std::exception& error);
+
+// Shows a text in a plain message box when the event that is under way is over; nothing without
+// one.
+void ShowLater(const std::string& text);
 
 // Runs the action; an error shows its description, and the state stays as the action left it.
 template <class Action>
