@@ -348,6 +348,10 @@ void DetailPanel::RunOwn(const std::function<void()>& command) {
   });
 }
 
+QWidget* DetailPanel::PatternStop() const {
+  return SSPanelPunching->isVisibleTo(this) ? cboPattern : nullptr;
+}
+
 // Choices.
 
 void DetailPanel::PatternChosen() {

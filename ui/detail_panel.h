@@ -72,6 +72,10 @@ class DetailPanel : public QWidget {
   // The rows stand in another order: row i is what was row formerRows[i - 1].
   void MoveUndecided(const std::vector<int>& formerRows);
 
+  // What takes the focus of the panel, and of its hole list; none while that part doesn't show.
+  QWidget* PatternStop() const;
+  QWidget* HoleListStop() const;
+
   // Run before a command of the panel's own: fields with typed letters are settled.
   std::function<void()> BeforeCommand;
 

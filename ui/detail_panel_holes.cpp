@@ -103,6 +103,10 @@ void DetailPanel::ShowHolesMenu(QPoint globalPos) {
   if (!mnuCHPU->isVisible()) mnuCHPU->popup(globalPos);
 }
 
+QWidget* DetailPanel::HoleListStop() const {
+  return IsHoleListShown() ? MSFlexGrid2 : nullptr;
+}
+
 // Commands.
 
 void DetailPanel::ConvertToCustom(std::int16_t ItemIndex) {

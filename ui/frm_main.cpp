@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "core/desktop.h"
@@ -66,6 +67,7 @@ FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
   BuildFilePanel();
   BuildPanes();
   WatchFields();
+  BuildAreaKeys();
   TakeFirstSize();
   // A person's dialog belongs to this window on the desktop; its life is the start-up's.
   details_.setParent(this, details_.windowFlags());
@@ -209,6 +211,42 @@ void FrmMain::ShowSectionErrors(const std::string& line) {
 
 void FrmMain::Run(Command command, int number) {
   Guard([&] { Dispatch(command, number); });
+}
+
+void FrmMain::BuildAreaKeys() {
+  for (const int step : {1, -1}) {
+    auto* shortcut = new QShortcut(QKeySequence(step > 0 ? "F6" : "Shift+F6"), this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { Guard([&] { GoRound(step); }); });
+  }
+}
+
+// Grid, panel, hole list, sheet. The accessories stand outside: the cursor's arrival there counts
+// as a change of the project.
+void FrmMain::GoRound(int step) {
+  struct Area {
+    QWidget* Whole;  // of which the focus is a part
+    QWidget* Stop;   // what takes it; none for an area that shows nothing
+  };
+  QWidget* grid = Items.Empty() ? nullptr : sections_;
+  const std::array<Area, 4> areas = {{{sections_, grid},
+                                      {detail_, detail_->PatternStop()},
+                                      {detail_->HoleListStop(), detail_->HoleListStop()},
+                                      {sheet_, sheet_}}};
+  const int count = static_cast<int>(areas.size());
+  const QWidget* focus = focusWidget();
+  int at = step > 0 ? -1 : count;
+  for (int i = 0; i < count; ++i) {
+    const QWidget* whole = areas.at(static_cast<std::size_t>(i)).Whole;
+    // The hole list lies in the panel, and comes later.
+    if (whole != nullptr && (whole == focus || whole->isAncestorOf(focus))) at = i;
+  }
+  for (int turns = 0; turns < count; ++turns) {
+    at = (at + step + count) % count;
+    QWidget* stop = areas.at(static_cast<std::size_t>(at)).Stop;
+    if (stop == nullptr) continue;
+    stop->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return;
+  }
 }
 
 int FrmMain::SelectedRow() const {

@@ -103,6 +103,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void ToggleDrawingArea();
   void MaximizeDrawing();
   void RestoreDrawing();
+  // F6 and Shift+F6 go round the window's areas, past those that show nothing.
+  void BuildAreaKeys();
+  void GoRound(int step);
   // A cursor that comes to the grid's side, by a command or a key, brings that side back.
   void FocusMoved(const QWidget* now);
   int SelectedRow() const;

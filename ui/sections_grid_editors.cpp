@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <exception>
 #include <functional>
+#include <utility>
 
 #include "core/desktop.h"
 #include "core/model.h"
@@ -39,6 +40,7 @@ CellTable SectionsGrid::Cells() {
       TextTyped(row, column, text);
     }
   };
+  cells.GoesToEnds = true;
   cells.MoveTo = [this](int row, int column) {
     const Busy busy(GridBusy_);
     MoveTo(row, column);
@@ -69,6 +71,7 @@ void SectionsGrid::GridEnterCell() {
 void SectionsGrid::ForgetEditors() {
   editor_.Close();
   EditError_ = false;
+  refusing_ = false;
   typed_ = false;
 }
 
@@ -153,7 +156,13 @@ void SectionsGrid::Refuse(const std::string& message) {
   refusing_ = true;
   grid_->SetCurrent(editor_.EditRow(), editor_.EditCol());
   QTimer::singleShot(0, this, [this, message] {
-    refusing_ = false;
+    // A command that came in between has dropped the cell, or has opened a dialog, which the box
+    // would cover: then the cell is refused when it is left again.
+    if (!std::exchange(refusing_, false)) return;
+    if (QApplication::activeModalWidget() != nullptr) {
+      EditError_ = false;
+      return;
+    }
     // A list that the press opened would lie over the box.
     while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
     Guard([&] {

@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_registration.h"
+#include "ui/platform/alt_letters.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 
@@ -37,6 +38,7 @@ void PrepareApplication() {
   QApplication::setStyle(new PlainStyle);  // the application keeps it
   // The about box stands alone at first: closing it must not end the program.
   QApplication::setQuitOnLastWindowClosed(false);
+  KeepAltFromTyping();
 }
 
 void StartUp::LoadAccessories() {

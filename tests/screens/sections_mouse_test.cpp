@@ -75,6 +75,26 @@ TEST_F(SectionsMouse, Clicks_on_the_heading_and_below_the_rows_do_nothing) {
   EXPECT_TRUE(GridShowsItems());
 }
 
+TEST_F(SectionsMouse, A_right_click_on_the_edited_cell_opens_the_section_menu_as_on_other_cells) {
+  PutMixed();
+  Show();
+  const auto rightClick = [](QWidget& control) {
+    const QPoint at = control.rect().center();
+    QTest::mousePress(&control, Qt::RightButton, Qt::NoModifier, at);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, control.mapToGlobal(at));
+    QCoreApplication::sendEvent(&control, &event);
+    QTest::mouseRelease(&control, Qt::RightButton, Qt::NoModifier, at);
+  };
+  const auto other = MenusOpenedBy([this] { RightClickCell(3, 3); });
+  ASSERT_EQ(other.size(), 1U);
+  EXPECT_TRUE(CursorAt(3, 3, "2500"));
+  EXPECT_EQ(MenusOpenedBy([&] { rightClick(Editor()); }), other);
+  EXPECT_TRUE(CursorAt(3, 3, "2500"));
+  ClickCell(Sections(), 1, 2);
+  EXPECT_EQ(MenusOpenedBy([&] { rightClick(ProductBox()); }), other);
+  EXPECT_TRUE(CursorAt(1, 2, "Z14012"));
+}
+
 TEST_F(SectionsMouse, A_double_click_keeps_the_cursor_in_the_editor) {
   PutMixed();
   Show();

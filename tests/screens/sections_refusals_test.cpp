@@ -435,5 +435,40 @@ TEST_F(SectionsRefusals, A_refusal_is_a_plain_box) {
   EXPECT_TRUE(CursorAt(2, 3, "0"));
 }
 
+TEST_F(SectionsRefusals, A_refusal_never_comes_over_a_dialog_that_was_opened_before_its_box) {
+  Put("Z", "A1", "Z14012", 6000);
+  Put("Z", "A2", "Z14012", 6000);
+  Show(1, 3);
+  Retype("0");
+  // The keys come faster than the box.
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::Cancel);
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  BackToMain();
+  EXPECT_TRUE(CursorAt(1, 3, "0"));
+  // It was never told, so leaving the cell is refused again.
+  ExpectRefusal("Invalid length");
+  Press(Qt::Key_Tab);
+  Settle();
+
+  Retype("00");
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::No);
+  ExpectDetails();
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  EXPECT_TRUE(Items.Empty());
+  BackToMain();
+
+  Put("Z", "A1", "Z14012", 0);
+  Show(1, 3);
+  ExpectDetails();
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  EXPECT_TRUE(Items.Empty());
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -1,10 +1,12 @@
 #include "ui/controls/cell_editor.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QFrame>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -22,11 +24,11 @@ namespace {
 
 constexpr int FirstCell = 1;  // the column behind the fixed one
 
-// The frame of the text field: coloured while the cursor is in it, so that it tells whether typing
-// goes there.
+// The frame of the field or list: coloured while the cursor is in it, so that it tells whether
+// typing goes there.
 class CellFrame : public QFrame {
  public:
-  CellFrame(const QLineEdit& editor, QWidget* parent) : QFrame(parent), editor_(editor) {}
+  CellFrame(const QWidget& editor, QWidget* parent) : QFrame(parent), editor_(editor) {}
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -37,7 +39,7 @@ class CellFrame : public QFrame {
   }
 
  private:
-  const QLineEdit& editor_;
+  const QWidget& editor_;
 };
 
 // True while the toolkit takes the focus away only for a while: a menu or list is open, a box is
@@ -74,7 +76,7 @@ CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QSt
   txtEdit_->setObjectName("txtEdit");
   txtEdit_->setFrame(false);
   txtEdit_->setPalette(CellColours(txtEdit_->palette()));
-  Connect(*textPanel_, textPanel, *txtEdit_, 1);
+  Connect(*textPanel_, textPanel, *txtEdit_);
   // The quiet door is setText; only what a person types or pastes comes here.
   connect(txtEdit_, &QLineEdit::textEdited, this,
           [this](const QString& text) { Guard([&] { Changed(FromQt(text)); }); });
@@ -86,9 +88,8 @@ PlainCombo& CellEditor::AddChoices(int column, const QString& panel, const QStri
   auto* list = new PlainCombo;
   list->setObjectName(name);
   list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-  auto* frame = new QFrame(grid_.viewport());
-  frame->setFrameShape(QFrame::NoFrame);
-  Connect(*frame, panel, *list, 0);
+  auto* frame = new CellFrame(*list, grid_.viewport());
+  Connect(*frame, panel, *list);
   // An entry that is chosen again counts too: the cell may hold a text that the list hasn't.
   connect(list, &QComboBox::activated, this, [this, list] {
     chosen_ = true;
@@ -113,7 +114,8 @@ PlainCombo* CellEditor::ChoicesOf(int column) const {
 }
 
 // The control in its panel over the grid, hidden, its keys watched.
-void CellEditor::Connect(QFrame& panel, const QString& name, QWidget& control, int margin) {
+void CellEditor::Connect(QFrame& panel, const QString& name, QWidget& control) {
+  constexpr int margin = 1;  // shows the panel's frame
   panel.setObjectName(name);
   control.setParent(&panel);
   auto* layout = new QVBoxLayout(&panel);
@@ -223,10 +225,10 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
   bool taken = false;
   switch (event->type()) {
     case QEvent::FocusIn:
-      textPanel_->update();
+      if (openPanel_ != nullptr) openPanel_->update();
       break;
     case QEvent::FocusOut:
-      textPanel_->update();
+      if (openPanel_ != nullptr) openPanel_->update();
       // A box inside a change of focus would come while the mouse button is down.
       if (watched != &home_) {
         GuardFocusChange([&] { FocusLost(*static_cast<QFocusEvent*>(event)); });
@@ -234,6 +236,15 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::KeyPress:
       Guard([&] { taken = KeyPressed(watched, *static_cast<QKeyEvent*>(event)); });
+      break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      taken = OpensMenu(watched, *static_cast<QMouseEvent*>(event));
+      break;
+    case QEvent::ContextMenu:
+      // The press has opened the table's menu already. By its key the field's own opens.
+      taken = watched != &home_ && grid_.MenuAsked &&
+              static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse;
       break;
     case QEvent::InputMethod:
       if (watched == txtEdit_) {
@@ -256,8 +267,27 @@ bool CellEditor::KeyPressed(const QObject* watched, const QKeyEvent& key) {
   return watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key);
 }
 
+// The right button opens the menu of a table that has one, as on the cells around it.
+bool CellEditor::OpensMenu(const QObject* watched, const QMouseEvent& press) {
+  if (watched == &home_ || press.button() != Qt::RightButton || !grid_.MenuAsked) return false;
+  Guard([&] { grid_.MenuAsked(press.globalPosition().toPoint()); });
+  return true;
+}
+
+// Ctrl with Home and End: the first and the last row.
+bool CellEditor::MovesToEnd(const QKeyEvent& key) {
+  const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+  const bool first = key.key() == Qt::Key_Home;
+  if (!table_.GoesToEnds || held != Qt::ControlModifier) return false;
+  if (!first && key.key() != Qt::Key_End) return false;
+  const int row = first ? 1 : std::max(1, grid_.Rows() - 1);
+  if (row != grid_.Row()) table_.MoveTo(row, grid_.Col());
+  return true;
+}
+
 // The keys that move, the same in the field and in the lists; true when the key was one of them.
 bool CellEditor::MovesBy(const QKeyEvent& key) {
+  if (MovesToEnd(key)) return true;
   if (IsCommand(key)) return false;
   const int row = grid_.Row();
   const int column = grid_.Col();
@@ -338,7 +368,7 @@ bool CellEditor::TakesCharacters(const QString& typed) const {
 }
 
 bool CellEditor::DropsCharacter(const QKeyEvent& key) const {
-  // With Alt a letter is still typed into a field, and Ctrl with Alt types a third letter.
+  // Ctrl with Alt types a third letter.
   if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier) {
     return false;
   }

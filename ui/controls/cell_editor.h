@@ -17,6 +17,7 @@ class QFocusEvent;
 class QFrame;
 class QInputMethodEvent;
 class QKeyEvent;
+class QMouseEvent;
 
 namespace orvane {
 
@@ -28,6 +29,8 @@ struct CellTable {
   std::function<void(int row, int column, const std::string& text)> Take;
   // It is told at each stroke and choice; else once, when the cell is left and at Commit.
   bool TakesAtOnce = true;
+  // Ctrl with Home and with End leads to the first and to the last row.
+  bool GoesToEnds = false;
   // A key leads to another cell. The table makes it the current one and opens it, or refuses.
   std::function<void(int row, int column)> MoveTo;
   // A key leads from the table at rest into its current cell; false if there is none to open.
@@ -87,11 +90,13 @@ class CellEditor : public QObject {
     PlainCombo* List = nullptr;
   };
 
-  void Connect(QFrame& panel, const QString& name, QWidget& control, int margin);
+  void Connect(QFrame& panel, const QString& name, QWidget& control);
   void Place();
   void Changed(const std::string& text);
   void WriteBack();
   bool KeyPressed(const QObject* watched, const QKeyEvent& key);
+  bool OpensMenu(const QObject* watched, const QMouseEvent& press);
+  bool MovesToEnd(const QKeyEvent& key);
   bool MovesBy(const QKeyEvent& key);
   bool BeginsBy(const QKeyEvent& key);
   int NextEdited(int row, int column, int step) const;
