@@ -15,9 +15,11 @@ namespace orvane {
 
 namespace {
 
-// Of the window's frame.
+// Where a window stood: its own upper left corner, and the frame around it. The frame's corner
+// alone wouldn't do: window managers differ in what they take it for while they put a frame around
+// a window.
 struct DialogPlace {
-  QPoint Corner;  // upper left
+  QPoint Corner;
   QMargins Frame;
 };
 
@@ -87,52 +89,53 @@ class PlaceKeeper : public QObject {
   void Restore() {
     const auto found = Places.find(dialog_.objectName());
     if (found != Places.end()) {
-      const QRect outer(found->second.Corner, dialog_.size().grownBy(found->second.Frame));
+      const QMargins& frame = found->second.Frame;
+      const QRect outer = QRect(found->second.Corner, dialog_.size()).marginsAdded(frame);
       // The screen may be gone by now.
       const QScreen* screen = QGuiApplication::screenAt(outer.center());
       if (screen == nullptr) screen = dialog_.screen();
-      Put(MovedInto(screen->availableGeometry(), outer.topLeft(), outer.size()));
+      Put(MovedInto(screen->availableGeometry(), outer.topLeft(), outer.size()), frame);
       return;
     }
     if (dialog_.parentWidget() == nullptr) return;
     // Its frame will be like that of the window that it belongs to.
     const QWidget& owner = *dialog_.parentWidget()->window();
-    const QSize outer = dialog_.size().grownBy(FrameOf(owner));
+    const QMargins frame = FrameOf(owner);
+    const QSize outer = dialog_.size().grownBy(frame);
     const QRect room = dialog_.screen()->availableGeometry();
-    if (!inSight_.isEmpty()) return Put(PlaceBeside(inSight_, room, outer));
+    if (!inSight_.isEmpty()) return Put(PlaceBeside(inSight_, room, outer), frame);
     QRect place(QPoint(), outer);
     place.moveCenter(owner.frameGeometry().center());
-    Put(MovedInto(room, place.topLeft(), outer));
+    Put(MovedInto(room, place.topLeft(), outer), frame);
   }
 
-  // Brings the corner of the frame there. QWidget::move counts without the frame here, since the
-  // window system hasn't put it around the window yet.
-  void Put(const QPoint& corner) {
-    dialog_.move(corner);
-    dialog_.windowHandle()->setFramePosition(corner);
-    put_ = corner;
+  // Brings the window there with its frame, whose corner is given. The window system hasn't put the
+  // frame around it yet, so it is the window itself that is placed.
+  void Put(const QPoint& corner, const QMargins& frame) {
+    put_ = corner + QPoint(frame.left(), frame.top());
+    dialog_.setGeometry(QRect(*put_, dialog_.size()));
     dialog_.windowHandle()->installEventFilter(this);
   }
 
-  // Some window managers tell a new window a place that leaves out its frame. Asked once more for
-  // the same place they leave it where it is, and tell the right one.
+  // Some window managers put a new window's frame where the window was to be. Asked once more for
+  // the same place they bring it there.
   void Settle() {
     if (!put_ || !dialog_.windowHandle()->isExposed()) return;
     const QPoint corner = *put_;
     put_.reset();
-    dialog_.windowHandle()->setFramePosition(corner);
+    dialog_.windowHandle()->setPosition(corner);
   }
 
   void Remember() {
     const QWindow* window = dialog_.windowHandle();
     if (window == nullptr) return;
     put_.reset();
-    Places[dialog_.objectName()] = {window->framePosition(), window->frameMargins()};
+    Places[dialog_.objectName()] = {window->position(), window->frameMargins()};
   }
 
   QDialog& dialog_;
   QRect inSight_;
-  std::optional<QPoint> put_;  // where the window was put since it was last on the screen
+  std::optional<QPoint> put_;  // where the window was put, until it is on the screen
 };
 
 }  // namespace
