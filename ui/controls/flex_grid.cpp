@@ -399,14 +399,21 @@ bool FlexGrid::IsCut(const QModelIndex& cell) const {
   return CellWidth(text) > columnWidth(cell.column());
 }
 
-// A text that its cell cuts off is told whole to a resting mouse.
+// What a resting mouse is told: why the cell was refused, else a text that its cell cuts off.
+QString FlexGrid::TipOf(const QModelIndex& cell) const {
+  if (!cell.isValid()) return {};
+  const QString reason = cell.data(Qt::ToolTipRole).toString();
+  if (!reason.isEmpty() || !IsCut(cell)) return reason;
+  return cell.data(Qt::DisplayRole).toString();
+}
+
 bool FlexGrid::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const auto& help = static_cast<const QHelpEvent&>(*event);
     const QModelIndex cell = indexAt(help.pos());
-    if (cell.isValid() && IsCut(cell)) {
-      const std::string text = FromQt(cell.data(Qt::DisplayRole).toString());
-      QToolTip::showText(help.globalPos(), PlainTip(text), viewport(), visualRect(cell));
+    const QString told = TipOf(cell);
+    if (!told.isEmpty()) {
+      QToolTip::showText(help.globalPos(), PlainTip(FromQt(told)), viewport(), visualRect(cell));
     } else {
       QToolTip::hideText();
     }

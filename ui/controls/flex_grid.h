@@ -195,6 +195,7 @@ class FlexGrid : public QTableView {
   std::vector<int> NeededWidths() const;
   std::vector<int> SharedWidths() const;
   bool IsCut(const QModelIndex& cell) const;
+  QString TipOf(const QModelIndex& cell) const;
   void LayColumnsByRatio();
   void LayColumnsByHeading();
   void LayHeading();
