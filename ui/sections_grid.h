@@ -91,6 +91,7 @@ class SectionsGrid : public QWidget {
   CellTable Cells();
   void TextTyped(int row, int column, const std::string& text);
   void EntryChosen(int row, int column, const std::string& text);
+  void EntryPutBack(int row, int column, const std::string& text);
   bool LeaveCell();
   void Refuse(const std::string& message);
   void DrawTyped();

@@ -41,6 +41,9 @@ CellTable SectionsGrid::Cells() {
     }
   };
   cells.GoesToEnds = true;
+  cells.PutBack = [this](int row, int column, const std::string& text) {
+    EntryPutBack(row, column, text);
+  };
   cells.MoveTo = [this](int row, int column) {
     const Busy busy(GridBusy_);
     MoveTo(row, column);
@@ -65,7 +68,11 @@ void SectionsGrid::GridEnterCell() {
     return;
   }
   EditPrevCol_ = column;
-  editor_.Open(row, column);
+  if (EditError_) {
+    editor_.OpenAgain(row, column);
+  } else {
+    editor_.Open(row, column);
+  }
 }
 
 void SectionsGrid::ForgetEditors() {
@@ -134,6 +141,13 @@ void SectionsGrid::EntryChosen(int row, int column, const std::string& text) {
       TakeChosenText(Int16(row), column, text);
       RebuildHoles(Int16(row), detail_->ShownPattern());
     });
+  });
+}
+
+void SectionsGrid::EntryPutBack(int row, int column, const std::string& text) {
+  ChangeCell(row, column, [&] {
+    PutBackText(Int16(row), column, text);
+    RebuildHoles(Int16(row), detail_->ShownPattern());
   });
 }
 

@@ -238,6 +238,10 @@ bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text) {
   return ItemText(ItemIndex, column) != former;
 }
 
+void PutBackText(std::int16_t ItemIndex, int column, std::string_view text) {
+  if (column == ProductColumn) Items.At(ItemIndex).Product = text;
+}
+
 std::optional<std::string> CellRefusal(std::int16_t ItemIndex, int column, std::string_view text) {
   if (!IsColumn(column) || SectionColumnAt(column).Refusal == nullptr) return std::nullopt;
   return SectionColumnAt(column).Refusal(Items.At(ItemIndex), text, MarksBeside(ItemIndex));

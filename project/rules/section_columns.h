@@ -89,6 +89,10 @@ Typed TakeTypedText(std::int16_t ItemIndex, int column, std::string_view text);
 // cell without a list, and a text that the list doesn't have, change nothing.
 bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text);
 
+// Gives a cell with a list back what it held before an entry was chosen: nothing, or a product that
+// the catalogue doesn't have. Another column changes nothing.
+void PutBackText(std::int16_t ItemIndex, int column, std::string_view text);
+
 // The refusal of a cell that is left, by the text of its editor; none if it may be left. Marks are
 // compared with all other rows, blanks at both ends apart, and an empty one is no duplicate; a
 // length must be above 0 and at most MaxDims of the section's family. Both look at the text, not at

@@ -145,9 +145,9 @@ void CellEditor::Open(int row, int column) {
   openChoices_ = nullptr;
   if (table_.EditOf(row, column) == CellEdit::Choice) {
     const Choices& choices = choices_.at(column);
-    choices.List->SelectQuietly(FindComboIndex(choices.List->Entries(), text));
     control = openChoices_ = choices.List;
     openPanel_ = choices.Panel;
+    ShowEntry(text);
   } else {
     AcceptField(*txtEdit_);  // what was refused was the former cell's
     TakePastedAs(table_.EditOf(row, column));
@@ -156,6 +156,7 @@ void CellEditor::Open(int row, int column) {
     txtEdit_->selectAll();
   }
   openedText_ = txtEdit_->text();
+  formerText_ = text;
   chosen_ = false;
   EditRow_ = row;
   EditCol_ = column;
@@ -166,6 +167,17 @@ void CellEditor::Open(int row, int column) {
   control->setFocus();
   // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
   if (former != nullptr && former != openPanel_) former->hide();
+}
+
+// A text that the open list hasn't selects nothing.
+void CellEditor::ShowEntry(const std::string& text) {
+  openChoices_->SelectQuietly(FindComboIndex(openChoices_->Entries(), text));
+}
+
+void CellEditor::OpenAgain(int row, int column) {
+  const std::string former = formerText_;
+  Open(row, column);
+  formerText_ = former;
 }
 
 // Keeps the control over its cell while the grid moves under it; out of sight it is parked there,
@@ -260,10 +272,11 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
 bool CellEditor::KeyPressed(const QObject* watched, const QKeyEvent& key) {
   if (table_.Ignores && table_.Ignores()) return true;
   if (watched == &home_) return BeginsBy(key);
+  if (key.key() == Qt::Key_Escape && !IsCommand(key)) return TakesBackBy(key);
   if (openChoices_ != nullptr && watched == openChoices_ && openChoices_->HoldsCursor(key)) {
     return true;
   }
-  if (MovesBy(key)) return true;
+  if (MovesBy(key) || EmptiesBy(key)) return true;
   return watched == txtEdit_ ? DropsCharacter(key) : PlainCombo::ChoosesByKey(key);
 }
 
@@ -318,6 +331,44 @@ bool CellEditor::MovesBy(const QKeyEvent& key) {
       return false;
   }
   if (toRow != row || toColumn != column) table_.MoveTo(toRow, toColumn);
+  return true;
+}
+
+// One press does one thing: it drops the letters that a list waits with, else it takes the cell
+// back, else it is for whoever stands around the table. A key held down does no second one.
+bool CellEditor::TakesBackBy(const QKeyEvent& key) {
+  if (key.isAutoRepeat()) return true;
+  if (openChoices_ != nullptr && openChoices_->Typed().Pending()) return false;
+  return TakesBack();
+}
+
+// False when the cell holds what it held.
+bool CellEditor::TakesBack() {
+  if (EditRow_ == 0) return false;
+  const std::string text = grid_.TextMatrix(EditRow_, EditCol_);
+  if (openChoices_ != nullptr) {
+    const bool another = std::exchange(chosen_, false) && Text() != formerText_;
+    if (!another && text == formerText_) return false;
+    ShowEntry(formerText_);
+    const auto& putBack = table_.PutBack ? table_.PutBack : table_.Take;
+    if (text != formerText_) putBack(EditRow_, EditCol_, formerText_);
+    return true;
+  }
+  if (Text() == formerText_) return false;
+  txtEdit_->setText(ToQt(formerText_));
+  txtEdit_->selectAll();
+  Changed(formerText_);
+  WriteBack();
+  return true;
+}
+
+bool CellEditor::EmptiesBy(const QKeyEvent& key) {
+  if (!table_.DeleteEmpties || openChoices_ == nullptr || EditRow_ == 0) return false;
+  if (key.key() != Qt::Key_Delete || IsCommand(key)) return false;
+  openChoices_->SelectQuietly(-1);
+  grid_.Model().AcceptCell(EditRow_, EditCol_);
+  chosen_ = true;
+  Changed({});
   return true;
 }
 

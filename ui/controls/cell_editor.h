@@ -27,10 +27,15 @@ struct CellTable {
   std::function<CellEdit(int row, int column)> EditOf;
   // The user has given a cell this text, by typing, pasting or choosing.
   std::function<void(int row, int column, const std::string& text)> Take;
+  // Esc gives a list's cell back what it held, which the list may not have. May be missing: then
+  // Take does it too.
+  std::function<void(int row, int column, const std::string& text)> PutBack;
   // It is told at each stroke and choice; else once, when the cell is left and at Commit.
   bool TakesAtOnce = true;
   // Ctrl with Home and with End leads to the first and to the last row.
   bool GoesToEnds = false;
+  // Delete empties a closed list's cell.
+  bool DeleteEmpties = false;
   // A key leads to another cell. The table makes it the current one and opens it, or refuses.
   std::function<void(int row, int column)> MoveTo;
   // A key leads from the table at rest into its current cell; false if there is none to open.
@@ -46,8 +51,10 @@ struct CellTable {
 // txtEdit.
 class CellEditor : public QObject {
  public:
-  // While no cell is edited the focus rests on `home`, which is the grid or stands around it. From
-  // there Enter, F2, Up, Down and typing lead into the current cell.
+  // Esc in an open cell takes it back to what it held when the cursor came to it; where nothing is
+  // to be taken back the key goes on. While no cell is edited the focus rests on `home`, which is
+  // the grid or stands around it. From there Enter, F2, Up, Down and typing lead into the current
+  // cell.
   CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QString& textPanel);
 
   // The list for a column, in a panel of its own; to be filled by the table.
@@ -68,6 +75,8 @@ class CellEditor : public QObject {
   // Opens a cell with its text selected, or its entry chosen in the list, and takes the focus. The
   // cell opened before is committed.
   void Open(int row, int column);
+  // The same for the open cell, which was refused: Esc still leads to what it held before.
+  void OpenAgain(int row, int column);
   // What is typed over the open list chooses or is dropped, as leaving the cell would have it.
   void SettleChoice();
   // Gives the open list the look of one that was left undecided, for whoever leads a person there.
@@ -92,12 +101,16 @@ class CellEditor : public QObject {
 
   void Connect(QFrame& panel, const QString& name, QWidget& control);
   void Place();
+  void ShowEntry(const std::string& text);
   void Changed(const std::string& text);
   void WriteBack();
   bool KeyPressed(const QObject* watched, const QKeyEvent& key);
   bool OpensMenu(const QObject* watched, const QMouseEvent& press);
   bool MovesToEnd(const QKeyEvent& key);
   bool MovesBy(const QKeyEvent& key);
+  bool TakesBackBy(const QKeyEvent& key);
+  bool TakesBack();
+  bool EmptiesBy(const QKeyEvent& key);
   bool BeginsBy(const QKeyEvent& key);
   int NextEdited(int row, int column, int step) const;
   void TakePastedAs(CellEdit edit);
@@ -118,6 +131,7 @@ class CellEditor : public QObject {
   QFrame* openPanel_ = nullptr;        // of the control opened last
   PlainCombo* openChoices_ = nullptr;  // that control, if it is a list
   QString openedText_;                 // what the field was opened with
+  std::string formerText_;             // what the cell held when the cursor came to it
   bool chosen_ = false;                // the user chose an entry of the open list
 };
 

@@ -243,6 +243,8 @@ bool PlainCombo::TypingKey(const QKeyEvent& key) {
     return true;
   }
   if (key.key() == Qt::Key_Escape && !IsHeld(key)) {
+    // One held down since the list was closed by it has done its one thing.
+    if (key.isAutoRepeat()) return true;
     typed_.Drop();
     FollowLetters();
     return true;
