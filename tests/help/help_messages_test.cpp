@@ -38,6 +38,8 @@ const std::multiset<std::string> Messages = {
     "Maximum length for VCR section is 3050",
     "Tubular apex ties only suitable if pitch <= 25deg",
     "Please enter EITHER purlin OR rail centres",
+    // Leaving them, or the notches, by Escape or the frame.
+    "Discard the changes?",
     // New, open, exit.
     "Save changes to current project?",
     "P1 : Z24520 Length shorter than last hole position \nQuit anyway?",

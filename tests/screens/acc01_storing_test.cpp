@@ -256,12 +256,35 @@ TEST_F(Acc01Test, Clear_followed_by_Cancel_changes_nothing) {
   InDialogOf(Bolts, [](QWidget& form) { EXPECT_EQ(Quantities(form).at(0), "5"); });
 }
 
+TEST_F(Acc01Test, Nothing_is_asked_where_nothing_was_changed_and_No_goes_back_to_the_fields) {
+  Put1(Bolts, 1, 5);
+  InDialogOf(Bolts, [this](QWidget& form) {
+    Enter(form, 1, "77");
+    dialogs.ExpectBox("Discard the changes?", "", QMessageBox::No);
+    Press(Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(Quantities(form).at(0), "77");
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
+    Enter(form, 1, "5");
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+  });
+  EXPECT_EQ(Lines1(), Texts{"3/1/5/0"});
+}
+
 TEST_F(Acc01Test, Every_way_out_but_OK_is_Cancel) {
   Put1(Bolts, 1, 5);
   const std::vector<std::function<void(QWidget&)>> ways = {
       [](QWidget& form) { ClickButton(form, 3); },
-      [this](QWidget&) { Press(Qt::Key_Escape); },
-      [](QWidget& form) { form.close(); },
+      [this](QWidget&) {
+        dialogs.ExpectBox("Discard the changes?", "", QMessageBox::Yes);
+        Press(Qt::Key_Escape);
+      },
+      [this](QWidget& form) {
+        dialogs.ExpectBox("Discard the changes?", "", QMessageBox::Yes);
+        form.close();
+      },
       [](QWidget& form) { QTest::keyClick(&form, Qt::Key_C, Qt::AltModifier); },
   };
   for (const auto& way : ways) {

@@ -358,8 +358,14 @@ TEST_F(Acc02CommandsTest, Every_other_way_out_is_Cancelled_and_changes_nothing) 
       [](QWidget& form) { ClickButton(form, 3); },
       [](QWidget&) { Key(Qt::Key_C, Qt::AltModifier); },
       [](QWidget& form) { Trigger(form, "mnuAcc(2)"); },
-      [](QWidget&) { Key(Qt::Key_Escape); },
-      [](QWidget& form) { form.close(); },
+      [this](QWidget&) {
+        dialogs.ExpectBox("Discard the changes?", "", QMessageBox::Yes);
+        Key(Qt::Key_Escape);
+      },
+      [this](QWidget& form) {
+        dialogs.ExpectBox("Discard the changes?", "", QMessageBox::Yes);
+        form.close();
+      },
   };
   for (const auto& leave : ways) {
     AccDialogResult = "OK";

@@ -52,7 +52,7 @@ void Acc02Test::InDialog(std::int16_t accIndex, const std::function<void(FrmAcc0
     WaitUntilActive(window);
     action(dynamic_cast<FrmAcc02&>(window));
     RunQueued();
-    if (window.isVisible()) QTest::keyClick(&window, Qt::Key_Escape);
+    if (window.isVisible()) Button(window, 3).click();  // "&Cancel"
   });
   FrmAcc02 dialog(accIndex);
   dialog.exec();

@@ -38,7 +38,7 @@ class Acc02Test : public DialogTest {
   static AccDef& Reshape(std::int16_t accIndex, const Texts& columns);
   static void GiveChoices(AccDef& accessory, int column, const Texts& texts);
 
-  // Opens the dialog and runs the action in it; one that leaves it open is followed by Escape.
+  // Opens the dialog and runs the action in it; one that leaves it open is cancelled.
   void InDialog(std::int16_t accIndex, const std::function<void(FrmAcc02&)>& action);
 
   static FlexGrid& Grid(QWidget& form) { return Find<FlexGrid>(form, "MSFlexGrid1"); }

@@ -292,7 +292,7 @@ TEST_F(Acc02OpeningTest, Values_without_a_column_are_skipped_and_missing_ones_st
             (std::vector<Texts>{{"A1", "1", "Z14012", "600"}, {"A2", "2", "Z17012", ""}}));
 }
 
-TEST_F(Acc02OpeningTest, The_first_data_row_and_column_1_are_current_with_one_heading_row_or_two) {
+TEST_F(Acc02OpeningTest, The_first_cell_is_being_edited_with_one_heading_row_or_two) {
   for (const std::int16_t accessory : {SplicePlates, VcrAssemblies}) {
     PutLine(accessory, "A1", 1, {});
     PutLine(accessory, "A2", 2, {});
@@ -300,8 +300,7 @@ TEST_F(Acc02OpeningTest, The_first_data_row_and_column_1_are_current_with_one_he
       EXPECT_EQ(Grid(form).Row(), 1);
       EXPECT_EQ(Grid(form).Col(), 1);
       EXPECT_EQ(Grid(form).TextMatrix(Grid(form).Row(), 1), "A1");
-      EXPECT_EQ(Focus(), "MSFlexGrid1");
-      ExpectNoEditor(form);
+      ExpectEditing(form, 1, 1, "A1");
     });
   }
 }

@@ -100,8 +100,8 @@ class AccessoriesTest : public SectionsTest {
     return lines;
   }
 
-  // Runs `open`, and the action in the dialog that it opens. One that is left open is followed by
-  // Escape.
+  // Runs `open`, and the action in the dialog that it opens. One that is left open is
+  // cancelled.
   void InDialog(const std::string& name, const std::function<void()>& open,
                 const std::function<void(QWidget&)>& action) {
     bool ran = false;
@@ -110,7 +110,10 @@ class AccessoriesTest : public SectionsTest {
       form.activateWindow();
       EXPECT_TRUE(QTest::qWaitFor([&form] { return QApplication::activeWindow() == &form; }));
       action(form);
-      if (form.isVisible()) QTest::keyClick(&form, Qt::Key_Escape);
+      for (const char* cancel : {"SSCommand2(3)", "cmdButton(3)"}) {
+        auto* button = form.findChild<QPushButton*>(cancel);
+        if (form.isVisible() && button != nullptr) button->click();
+      }
     });
     open();
     Settle();

@@ -279,13 +279,33 @@ TEST_F(AddHolesTest, Enter_elsewhere_stores_nothing) {
   ShowSection("Z");
   InAbsolute([&](FrmAddHoles& dialog) {
     X(dialog).setText("1000");
-    for (const char* name : {"txtSlotLen", "rbnZ(0)", "optDia(0)", "chkCounterSunk"}) {
+    for (const char* name : {"txtSlotLen", "optDia(0)", "chkCounterSunk"}) {
       Find<QWidget>(dialog, name).setFocus();
       Press(Qt::Key_Return);
       EXPECT_TRUE(dialog.isVisible()) << name;
       EXPECT_EQ(Items.At(1).HoleCount(), 0) << name;
     }
   });
+}
+
+TEST_F(AddHolesTest, Enter_on_a_picture_presses_Add) {
+  ShowSection("Z");
+  InAbsolute([&](FrmAddHoles&) {
+    int position = 1000;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      Type(std::to_string(position));
+      Press(Qt::Key_Tab);
+      Press(Qt::Key_Right);
+      QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, "\r", true);
+      QCoreApplication::sendEvent(QApplication::focusWidget(), &held);
+      Press(key);
+      EXPECT_EQ(Focus(), "txtXpos");
+      position += 500;
+    }
+  });
+  EXPECT_EQ(HolesOf(1), (std::vector<int>{1000, 1500}));
+  EXPECT_EQ(LinesOf(Items.At(1).Holes.At(1)), "y|y|y|y");  // the second picture
+  EXPECT_EQ(LinesOf(Items.At(1).Holes.At(2)), "y|n|n|y");  // the third
 }
 
 TEST_F(AddHolesTest, The_Y_position_takes_digits_and_Backspace_and_Enter_goes_on) {

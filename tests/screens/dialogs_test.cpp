@@ -270,14 +270,20 @@ TEST_F(ProjectDetails, Each_showing_starts_in_the_job_number_with_what_the_model
   EXPECT_EQ(Picker(form).text(), "01/12/2023");
 }
 
-TEST_F(ProjectDetails, Enter_in_a_field_presses_nothing) {
+TEST_F(ProjectDetails, Enter_presses_Close_from_any_field_but_not_when_it_is_held_down) {
   FrmProjectDetails form;
-  ShowActive(form);
-  for (const std::string name : {"txtProject(1)", "txtProject(0)", "DTPicker1"}) {
-    Find<QWidget>(form, name).setFocus();
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Enter);
-    EXPECT_TRUE(form.isVisible()) << name;
+  for (const std::string name : {"txtProject(1)", "txtProject(2)", "txtProject(3)", "txtProject(4)",
+                                 "txtProject(0)", "DTPicker1"}) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      SCOPED_TRACE(name);
+      ShowActive(form);
+      Find<QWidget>(form, name).setFocus();
+      QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, "\r", true);
+      QCoreApplication::sendEvent(QApplication::focusWidget(), &held);
+      EXPECT_TRUE(form.isVisible());
+      Press(key);
+      EXPECT_FALSE(form.isVisible());
+    }
   }
 }
 

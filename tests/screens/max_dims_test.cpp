@@ -222,17 +222,23 @@ TEST_F(MaxLengths, Every_way_of_cancelling_changes_nothing_and_says_nothing) {
   }
 }
 
-TEST_F(MaxLengths, Enter_presses_the_button_that_has_the_focus_and_nothing_from_a_field) {
+TEST_F(MaxLengths, Enter_presses_the_button_that_has_the_focus_and_OK_from_any_field) {
   SetLimits();
+  for (int index = 1; index <= 6; ++index) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      SCOPED_TRACE(index);
+      FrmMaxDims form;
+      ShowActive(form);
+      const int length = 7000 + index + (key == Qt::Key_Enter ? 100 : 0);
+      Field(form, index).setText(QString::number(length));
+      Field(form, index).setFocus();
+      Press(key);
+      EXPECT_FALSE(form.isVisible());
+      EXPECT_EQ(MaxDims.At(index), length);
+    }
+  }
   FrmMaxDims form;
   ShowActive(form);
-  for (int index = 1; index <= 6; ++index) {
-    Field(form, index).setFocus();
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Enter);
-    EXPECT_TRUE(form.isVisible()) << index;
-    EXPECT_EQ(FromQt(Field(form, index).text()), std::to_string(1000 * index));
-  }
   Button(form, 0).setFocus();
   Press(Qt::Key_Return);
   EXPECT_EQ(Texts(form), DefaultTexts);

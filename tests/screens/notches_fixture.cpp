@@ -17,7 +17,7 @@ void NotchesTest::InDialog(const std::function<void(QWidget&)>& action) {
     ASSERT_TRUE(QTest::qWaitFor([&form] { return QApplication::activeWindow() == &form; }));
     action(form);
     RunQueued();
-    if (form.isVisible()) QTest::keyClick(&form, Qt::Key_Escape);
+    if (form.isVisible()) Find<QPushButton>(form, "SSCommand2(1)").click();  // "&Cancel"
   });
   Section(NotchesEntry);
   Settle();

@@ -22,7 +22,7 @@ class NotchesTest : public SectionsTest {
   Item& ShowOne(const std::vector<Notch>& notches = {});
 
   // Opens the dialog by its menu entry, runs the action in it, and comes back to the main window.
-  // An action that leaves it open is followed by Escape.
+  // An action that leaves it open is cancelled.
   void InDialog(const std::function<void(QWidget&)>& action);
 
   static FlexGrid& Grid(QWidget& form) { return Find<FlexGrid>(form, "MSFlexGrid1"); }

@@ -81,6 +81,7 @@ TEST_F(NotchesTest, Page_Up_and_Page_Down_move_by_the_rows_in_sight_and_stop_at_
 TEST_F(NotchesTest, Typing_begins_the_current_cell_of_the_table_at_rest) {
   ShowOne(Three);
   InDialog([this](QWidget& form) {
+    Grid(form).setFocus();
     ASSERT_EQ(Focus(), "MSFlexGrid1");
     for (const char* letter : {"r", "3"}) Keys(letter);
     ExpectEditing(form, 1, 1, "TL1");
@@ -132,6 +133,7 @@ TEST_F(NotchesTest, A_buttons_key_acts_before_what_is_typed_behind_it) {
 TEST_F(NotchesTest, From_the_grid_itself_a_key_leads_into_its_current_cell) {
   ShowOne(Three);
   InDialog([this](QWidget& form) {
+    Grid(form).setFocus();
     EXPECT_EQ(Focus(), "MSFlexGrid1");
     Key(Qt::Key_Return);
     ExpectEditing(form, 1, 1, "TL1");
@@ -212,7 +214,8 @@ TEST_F(NotchesTest, A_turn_of_the_wheel_over_the_list_of_codes_chooses_none) {
 
 TEST_F(NotchesTest, Without_an_editor_Tab_goes_round_the_table_and_the_buttons) {
   ShowOne(Three);
-  InDialog([](QWidget&) {
+  InDialog([](QWidget& form) {
+    ClickButton(form, "cmdNotch(1)");
     Texts stops;
     for (int i = 0; i < 7; ++i) {
       stops.push_back(Focus());

@@ -39,7 +39,7 @@ TEST_F(NotchesTest, The_dialog_has_its_headings_list_and_buttons) {
     for (int column = 1; column <= 4; ++column) {
       EXPECT_NEAR(Grid(form).columnWidth(column), whole * 1000 / 4180, 1);
     }
-    ExpectNoEditor(form);
+    ExpectEditing(form, 1, 1, "");
   });
 }
 
@@ -131,9 +131,9 @@ TEST_F(NotchesTest, Heading_and_column_0_take_no_editing) {
   ShowOne(Three);
   InDialog([this](QWidget& form) {
     Click(form, 2, 0);
-    ExpectNoEditor(form);
+    ExpectEditing(form, 1, 1, "TL1");
     QTest::mouseClick(Grid(form).horizontalHeader(), Qt::LeftButton);
-    ExpectNoEditor(form);
+    ExpectEditing(form, 1, 1, "TL1");
   });
 }
 
@@ -283,13 +283,35 @@ TEST_F(NotchesTest, OK_redraws_the_row_drops_rows_without_a_code_and_leaves_the_
   EXPECT_EQ(Sheet().DrawCount(), drawn + 1);
 }
 
+TEST_F(NotchesTest, It_opens_with_its_first_cell_being_edited_and_no_key_is_lost) {
+  ShowOne();
+  InDialog([this](QWidget& form) {
+    ExpectEditing(form, 1, 1, "");
+    for (const char* text : {"tl1", "20", "30"}) {
+      Keys(text);
+      Key(Qt::Key_Tab);
+    }
+    ExpectEditing(form, 1, 4, "");
+    Ok(form);
+  });
+  EXPECT_EQ(Stored(), (std::vector<Texts>{{"TL1", "20", "30", "0"}}));
+}
+
 TEST_F(NotchesTest, Every_other_way_out_changes_nothing_and_redraws_the_row_all_the_same) {
   ShowOne(Three);
   const std::vector<std::function<void(QWidget&)>> ways = {
       [](QWidget& form) { ClickButton(form, "SSCommand2(1)"); },
       [](QWidget&) { Key(Qt::Key_C, Qt::AltModifier); },
-      [](QWidget&) { Key(Qt::Key_Escape); },
-      [](QWidget& form) { form.close(); },
+      [this](QWidget& form) {
+        Key(Qt::Key_Escape);  // takes the cell back, and nothing is changed any more
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(Cells(form), ThreeTexts);
+        Key(Qt::Key_Escape);
+      },
+      [this](QWidget& form) {
+        dialogs.ExpectBox("Discard the changes?", "", QMessageBox::Yes);
+        form.close();
+      },
   };
   for (const auto& leave : ways) {
     const int drawn = Sheet().DrawCount();
@@ -337,7 +359,12 @@ TEST_F(NotchesTest, A_size_beyond_all_numbers_shows_its_error_and_keeps_the_dial
     dialogs.ExpectBox("Overflow");
     Ok(form);
     EXPECT_TRUE(form.isVisible());
-    QTest::keyClick(&form, Qt::Key_Escape);
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
+    Click(form, 1, 3);
+    dialogs.ExpectBox("Discard the changes?", "", QMessageBox::Yes);
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
   });
   Section(NotchesEntry);
   Settle();

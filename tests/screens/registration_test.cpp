@@ -303,14 +303,21 @@ TEST_F(Registration, Escape_and_the_frame_store_nothing) {
   }
 }
 
-TEST_F(Registration, Enter_in_a_field_presses_nothing) {
-  FrmRegistration form;
-  ShowActive(form);
+TEST_F(Registration, Enter_presses_Continue_from_any_field) {
   for (int index = 0; index < 7; ++index) {
-    Text1(form, index).setFocus();
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Enter);
-    EXPECT_TRUE(form.isVisible()) << index;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      SCOPED_TRACE(index);
+      FrmRegistration form;
+      ShowActive(form);
+      const std::string name = "Steel " + std::to_string(index) + std::to_string(key);
+      Retype(form, 0, name);
+      Retype(form, 6, "99");
+      Text1(form, index).setFocus();
+      Press(key);
+      EXPECT_FALSE(form.isVisible());
+      EXPECT_EQ(CompanyName, name);
+      EXPECT_EQ(MinHoleSep, 9);
+    }
   }
 }
 

@@ -61,12 +61,20 @@ Table<std::string> TextRowsModel::BlankRow() const {
   return row;
 }
 
+bool SameTexts(const TextRows& one, const TextRows& other) {
+  return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                    [](const Table<std::string>& row, const Table<std::string>& with) {
+                      return std::equal(row.begin(), row.end(), with.begin(), with.end());
+                    });
+}
+
 // The table.
 
 TextTable::TextTable(TextRowsModel* model, std::function<CellEdit(int column)> editOf,
                      CellTakes takes, const QString& textPanel, QWidget* parent)
     : FlexGrid(model, parent),
       texts_(*model),
+      madeWith_(model->Texts()),
       editor_(*this, *this, Cells(std::move(editOf), takes), textPanel) {
   model->setParent(this);
   // The keys rest here while no cell is edited.
@@ -84,6 +92,7 @@ CellTable TextTable::Cells(std::function<CellEdit(int column)> editOf, CellTakes
     texts_.SetText(row, column, text);
   };
   cells.TakesAtOnce = takes == CellTakes::AtOnce;
+  cells.DeleteEmpties = true;
   cells.MoveTo = [this](int row, int column) { GoTo(row, column); };
   cells.Enter = [this] {
     if (texts_.DataRows() == 0) return false;
@@ -103,6 +112,15 @@ void TextTable::GoTo(int row, int column) {
   MakeCurrent(row, column);
   EnsureVisible(row, column);
   editor_.Open(row, column);
+}
+
+void TextTable::GoToFirst() {
+  GoTo(1, FirstTextColumn);
+}
+
+bool TextTable::HasChanges() {
+  Commit();
+  return !SameTexts(madeWith_, Texts());
 }
 
 bool TextTable::LeadsToUndecided() {

@@ -38,6 +38,9 @@ class TextRowsModel : public FlexGridModel {
   TextRows rows_;
 };
 
+// Whether two tables hold the same texts.
+bool SameTexts(const TextRows& one, const TextRows& other);
+
 // When a cell takes what is typed into it.
 enum class CellTakes { AtOnce, OnLeaving };
 
@@ -53,12 +56,16 @@ class TextTable : public FlexGrid {
   // Has the open cell take what was typed. Whoever reads the rows does this first.
   void Commit() { editor_.Commit(); }
 
+  // Whether the rows, with what an open cell takes now, differ from those that the table was made
+  // with.
+  bool HasChanges();
   // True when a list was left undecided: the cursor is put there, once, with the reason. Who prints
   // the rows asks first.
   bool LeadsToUndecided();
 
   // Makes a cell the current one and opens it.
   void GoTo(int row, int column);
+  void GoToFirst();
   // Makes a row the current one, without an open cell.
   void ShowRow(int row);
 
@@ -77,6 +84,7 @@ class TextTable : public FlexGrid {
   void CloseEditor();
 
   TextRowsModel& texts_;
+  const TextRows madeWith_;
   CellEditor editor_;
 };
 

@@ -10,6 +10,7 @@
 #include <array>
 
 #include "project/rules/accessory_rules.h"
+#include "ui/controls/text_table.h"
 #include "ui/dialogs/accessory_pane.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
@@ -257,7 +258,7 @@ QLayout* FrmAcc01::BuildButtons() {
       {"&OK", &FrmAcc01::Store},
       {"C&lea&r", &FrmAcc01::ClearFields},  // of two marks the first is its key
       {"&Print", &FrmAcc01::Print},
-      {"&Cancel", &FrmAcc01::reject},
+      {"&Cancel", &FrmAcc01::Cancel},
   }};
   auto* row = new QHBoxLayout;
   row->addStretch();
@@ -278,6 +279,11 @@ void FrmAcc01::FillRows() {
     txtQty_.at(at)->setText(ToQt(row.At(1)));
     if (hasParam_) txtParam_.at(at)->setText(ToQt(row.At(2)));
   }
+  openedWith_ = ShownRows();
+}
+
+bool FrmAcc01::HasChanges() {
+  return !SameTexts(openedWith_, ShownRows());
 }
 
 TextRows FrmAcc01::ShownRows() const {

@@ -29,6 +29,9 @@ class FrmAcc01 : public PlainDialog {
  public:
   explicit FrmAcc01(std::int16_t AccIndex, QWidget* parent = nullptr);
 
+ protected:
+  bool HasChanges() override;
+
  private:
   QWidget* BuildRows();
   NumberField* NewField(std::string_view array, int index, std::string_view heading);
@@ -45,6 +48,7 @@ class FrmAcc01 : public PlainDialog {
   const bool hasTexts_;  // the column of descriptions is shown
   const bool hasParam_;  // and that of values
 
+  TextRows openedWith_;  // what the fields showed first
   // One for each size, in their order.
   std::vector<NumberField*> txtQty_;
   std::vector<NumberField*> txtParam_;

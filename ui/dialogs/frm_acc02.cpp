@@ -43,6 +43,7 @@ bool IsAddKey(const QKeyEvent& key) {
 
 FrmAcc02::FrmAcc02(std::int16_t AccIndex, QWidget* parent)
     : PlainDialog(parent), accIndex_(AccIndex) {
+  // Whatever way the dialog is left, but for OK.
   AccDialogResult = "Cancelled";
   setObjectName("frmAcc02");
   setWindowTitle(ToQt(AccDefs.At(accIndex_).Name));
@@ -55,7 +56,7 @@ FrmAcc02::FrmAcc02(std::int16_t AccIndex, QWidget* parent)
   const QScreen& shownOn = parent != nullptr ? *parent->screen() : *screen();
   const QSize first = sizeHint() + QSize(0, FirstLines * fontMetrics().height());
   resize(first.boundedTo(shownOn.availableSize() - RoomForFrame));
-  table_->setFocus();
+  table_->GoToFirst();
 }
 
 void FrmAcc02::BuildMenus() {
@@ -73,7 +74,7 @@ void FrmAcc02::BuildMenus() {
        "&Accessory",
        {{{"&Update and close", &FrmAcc02::Ok},
          {"&Print", &FrmAcc02::PrintAcc},
-         {"&Close without updating", &FrmAcc02::reject}}}},
+         {"&Close without updating", &FrmAcc02::Cancel}}}},
       {"mnuLine",
        "&Line",
        {{{"&Add", &FrmAcc02::AddLine},
@@ -106,7 +107,7 @@ void FrmAcc02::BuildLayout() {
   const std::array<NamedButton, 6> named = {{{"&OK", &FrmAcc02::Ok},
                                              {"Clea&r", &FrmAcc02::ClearAll},
                                              {"&Print", &FrmAcc02::PrintAcc},
-                                             {"&Cancel", &FrmAcc02::reject},
+                                             {"&Cancel", &FrmAcc02::Cancel},
                                              {"&Add", &FrmAcc02::AddLine},
                                              {"&Delete", &FrmAcc02::DeleteLine}}};
   const auto add = [&](QBoxLayout& layout, int index) {
@@ -177,9 +178,8 @@ void FrmAcc02::DeleteLine() {
   table_->RemoveRow();
 }
 
-void FrmAcc02::reject() {
-  AccDialogResult = "Cancelled";
-  PlainDialog::reject();
+bool FrmAcc02::HasChanges() {
+  return table_->HasChanges();
 }
 
 void FrmAcc02::FillVCRCleatCombo(int column, int firstEndMark, int secondEndMark) {

@@ -29,9 +29,8 @@ class FrmAcc02 : public PlainDialog {
   // the columns their choices, so that nothing calls it.
   void FillVCRCleatCombo(int column, int firstEndMark, int secondEndMark);
 
-  void reject() override;
-
  protected:
+  bool HasChanges() override;
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -299,6 +299,16 @@ bool FrmAddHoles::eventFilter(QObject* watched, QEvent* event) {
   return handled || PlainDialog::eventFilter(watched, event);
 }
 
+// Enter on a picture adds the hole that it shows; the blank chooses it.
+void FrmAddHoles::keyPressEvent(QKeyEvent* event) {
+  const int row = FamilyNumber(Items.At(itemIndex_).SectionType);
+  auto* picture = qobject_cast<QAbstractButton*>(focusWidget());
+  const bool onPicture = row > 0 && picture != nullptr &&
+                         sets_.at(static_cast<std::size_t>(row) - 1)->buttons().contains(picture);
+  if (!onPicture || !IsEnter(*event)) return PlainDialog::keyPressEvent(event);
+  if (!event->isAutoRepeat()) SSCommand2_.at(0)->click();
+}
+
 // Digits alone, and the keys that bear no character.
 bool FrmAddHoles::TakeYPosKey(const QKeyEvent& key) {
   if (IsEnter(key)) {

@@ -35,6 +35,7 @@ class FrmAddHoles : public PlainDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void BuildParts();

@@ -53,6 +53,7 @@ FrmMaxDims::FrmMaxDims(QWidget* parent) : PlainDialog(parent) {
   connect(SSCommand2_.at(0), &QPushButton::clicked, this,
           [this] { Guard([this] { ApplyDefaults(); }); });
   connect(SSCommand2_.at(1), &QPushButton::clicked, this, [this] { Guard([this] { Store(); }); });
+  PressByEnter(*SSCommand2_.at(1));
   connect(SSCommand2_.at(2), &QPushButton::clicked, this, [this] { Guard([this] { reject(); }); });
 
   auto* buttons = new QHBoxLayout;

@@ -138,13 +138,17 @@ FrmNotches::FrmNotches(std::int16_t ItemIndex, QWidget* parent)
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   add(*buttons, "SSCommand2(0)", "&OK", [this] { Store(); });
-  add(*buttons, "SSCommand2(1)", "&Cancel", [this] { reject(); });
+  add(*buttons, "SSCommand2(1)", "&Cancel", [this] { Cancel(); });
 
   QVBoxLayout* layout = AddLayout();
   layout->addWidget(new NotchPicture(this));
   layout->addLayout(table, 1);
   layout->addLayout(buttons);
-  MSFlexGrid1_->setFocus();
+  MSFlexGrid1_->GoToFirst();
+}
+
+bool FrmNotches::HasChanges() {
+  return MSFlexGrid1_->HasChanges();
 }
 
 void FrmNotches::ClearAll() {

@@ -42,6 +42,9 @@ class FrmNotches : public PlainDialog {
   // Leaves one blank row.
   void ClearAll();
 
+ protected:
+  bool HasChanges() override;
+
  private:
   void Store();
 

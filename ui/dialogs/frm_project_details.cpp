@@ -79,6 +79,7 @@ FrmProjectDetails::FrmProjectDetails(QWidget* parent) : PlainDialog(parent) {
   AddPicker();
   QPushButton* SSCommand1 = AddButton("SSCommand1", "&Close");
   connect(SSCommand1, &QPushButton::clicked, this, [this] { Guard([this] { accept(); }); });
+  PressByEnter(*SSCommand1);
 
   auto* form = new QFormLayout;
   form->addRow("Job No.", txtProject_.at(1));

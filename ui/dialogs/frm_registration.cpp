@@ -88,6 +88,7 @@ FrmRegistration::FrmRegistration(QWidget* parent) : PlainDialog(parent) {
   }
   SSCommand1_ = AddButton("SSCommand1", "Continue");
   connect(SSCommand1_, &QPushButton::clicked, this, [this] { Guard([this] { Continue(); }); });
+  PressByEnter(*SSCommand1_);
 
   auto* intro = new QLabel(
       "Please enter your company details. These will appear on the drawings and reports:");

@@ -1,4 +1,4 @@
-// A dialog without a default button: Enter in a field presses nothing.
+// What all dialogs share: their buttons, what Enter and Escape do in them, and where they stand.
 #pragma once
 
 #include <QDialog>
@@ -7,7 +7,9 @@
 #include <QShortcutEvent>
 #include <QVBoxLayout>
 
+#include "core/desktop.h"
 #include "ui/platform/dialog_place.h"
+#include "ui/platform/guard.h"
 
 namespace orvane {
 
@@ -31,9 +33,18 @@ class PlainButton : public QPushButton {
 };
 
 // Enter presses the button that has the focus, as the blank does, but not when it is held down, be
-// it since a field before; Escape closes the dialog. Its buttons are made by AddButton, so that
+// it since a field before; from any other field it presses the one button that goes on, where the
+// dialog has one. Escape and the frame's button close the dialog, after a question if something was
+// changed in it that closing would lose. Its buttons are made by AddButton, so that
 // none becomes the default by itself. It comes back where it was left.
 class PlainDialog : public QDialog {
+ public:
+  void reject() override {
+    bool closes = false;
+    Guard([&] { closes = !HasChanges() || MayDiscard(); });
+    if (closes) Cancel();
+  }
+
  protected:
   explicit PlainDialog(QWidget* parent) : QDialog(parent) { KeepPlace(*this); }
 
@@ -54,15 +65,38 @@ class PlainDialog : public QDialog {
     return layout;
   }
 
+  // The one button that goes on. Without one, Enter in a field presses nothing.
+  void PressByEnter(QPushButton& button) {
+    goesOn_ = &button;
+    button.setDefault(true);
+  }
+
+  // Whether something was changed that closing the dialog would lose.
+  virtual bool HasChanges() { return false; }
+  // Closes without a question, as the button of that name does.
+  void Cancel() { QDialog::reject(); }
+
   void keyPressEvent(QKeyEvent* event) override {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool held = event->modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
     auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (button == nullptr && !held) button = goesOn_;
     if (enter && button != nullptr) {
       if (!event->isAutoRepeat()) button->click();
       return;
     }
+    // One that has just closed a list or taken a cell back does no second thing while it is held.
+    if (event->key() == Qt::Key_Escape && event->isAutoRepeat()) return;
     QDialog::keyPressEvent(event);
   }
+
+ private:
+  static bool MayDiscard() {
+    return TheDesktop().ShowMessageBox("Discard the changes?", "", Buttons::YesNo, Icon::None) ==
+           Answer::Yes;
+  }
+
+  QPushButton* goesOn_ = nullptr;
 };
 
 }  // namespace orvane
