@@ -311,6 +311,16 @@ TEST_F(TypedListTest, Letters_lead_in_the_open_list_too) {
   EXPECT_EQ(chosen, std::vector<std::string>{"Z24520"});
 }
 
+TEST_F(TypedListTest, A_refused_list_keeps_its_look_when_it_is_opened) {
+  Type("z24");
+  Press(Qt::Key_Return);
+  Press(Qt::Key_F4);
+  QAbstractItemView& view = Opened();
+  EXPECT_EQ(view.currentIndex().row(), 3);
+  EXPECT_TRUE(IsFieldRefused(list));
+  QTest::keyClick(&view, Qt::Key_Escape);
+}
+
 TEST_F(TypedListTest, The_mouse_chooses_in_the_open_list_whatever_is_typed) {
   Type("z24");
   Press(Qt::Key_F4);

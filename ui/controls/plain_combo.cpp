@@ -227,11 +227,15 @@ bool PlainCombo::TypeLetter(const QKeyEvent& key) {
 void PlainCombo::FollowLetters() {
   EndRefusal();
   if (typed_.NothingFits()) RefuseField(*this, typed_.Reason());
-  if (view()->isVisible() && typed_.First() >= 0) {
-    view()->setCurrentIndex(model()->index(typed_.First(), modelColumn(), rootModelIndex()));
-  }
+  MarkFirst();
   update();
   TellValue();
+}
+
+// In the open list, the entry that the box shows.
+void PlainCombo::MarkFirst() {
+  if (!view()->isVisible() || typed_.First() < 0) return;
+  view()->setCurrentIndex(model()->index(typed_.First(), modelColumn(), rootModelIndex()));
 }
 
 // The keys of the closed list while letters are typed; true when the key was one of them.
@@ -347,7 +351,7 @@ void PlainCombo::showPopup() {
   const int least = view()->sizeHintForColumn(0) + bar + 2 * view()->frameWidth();
   view()->setMinimumWidth(std::max(least, width()));
   QComboBox::showPopup();
-  if (typed_.First() >= 0) FollowLetters();
+  MarkFirst();
 }
 
 // The letters as typed and a cursor behind them, then the rest of the first entry that fits, marked

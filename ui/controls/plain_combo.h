@@ -77,6 +77,7 @@ class PlainCombo : public QComboBox {
   bool ListKey(QKeyEvent& key);
   bool TypeLetter(const QKeyEvent& key);
   void FollowLetters();
+  void MarkFirst();
   void Choose(int index);
   void TellPosted();
   void EndRefusal();
