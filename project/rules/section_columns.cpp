@@ -107,13 +107,13 @@ using enum CellEdit;
 
 constexpr std::array Columns = {
     // clang-format off
-    //            heading        width                side   shows         edited  for               change                takes         refuses
-    SectionColumn{"",            WidthShare(350),     Left,  LetterText,   None,   nullptr,          std::nullopt,         nullptr,      nullptr},
-    SectionColumn{"Mark",        WidthShare(1000),    Left,  MarkText,     Text,   nullptr,          ChangeKind::Mark,     TakeMark,     MarkRefusal},
-    SectionColumn{"Product",     WidthShare(1200),    Left,  ProductText,  Choice, HasProductChoice, ChangeKind::Product,  TakeProduct,  nullptr},
-    SectionColumn{"Length (mm)", WidthShare(600, 5),  Right, LengthText,   Digits, nullptr,          ChangeKind::Length,   TakeLength,   LengthRefusal},
-    SectionColumn{"Qty",         WidthShare(450, 4),  Right, QuantityText, Digits, nullptr,          ChangeKind::Quantity, TakeQuantity, nullptr},
-    SectionColumn{"Notes",       WidthShare(2000),    Left,  NotesText,    Text,   nullptr,          ChangeKind::Notes,    TakeNotes,    nullptr},
+    //            heading        width                side   shows         edited  for               change                takes         refuses        missing
+    SectionColumn{"",            WidthShare(350),     Left,  LetterText,   None,   nullptr,          std::nullopt,         nullptr,      nullptr,       ""},
+    SectionColumn{"Mark",        WidthShare(1000),    Left,  MarkText,     Text,   nullptr,          ChangeKind::Mark,     TakeMark,     MarkRefusal,   "No mark"},
+    SectionColumn{"Product",     WidthShare(1200),    Left,  ProductText,  Choice, HasProductChoice, ChangeKind::Product,  TakeProduct,  nullptr,       "No product"},
+    SectionColumn{"Length (mm)", WidthShare(600, 5),  Right, LengthText,   Digits, nullptr,          ChangeKind::Length,   TakeLength,   LengthRefusal, ""},
+    SectionColumn{"Qty",         WidthShare(450, 4),  Right, QuantityText, Digits, nullptr,          ChangeKind::Quantity, TakeQuantity, nullptr,       "Invalid quantity"},
+    SectionColumn{"Notes",       WidthShare(2000),    Left,  NotesText,    Text,   nullptr,          ChangeKind::Notes,    TakeNotes,    nullptr,       ""},
     // clang-format on
 };
 
@@ -240,6 +240,18 @@ bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text) {
 
 void PutBackText(std::int16_t ItemIndex, int column, std::string_view text) {
   if (column == ProductColumn) Items.At(ItemIndex).Product = text;
+}
+
+std::optional<std::string> CellFault(const Item& item, int column, const MarkInUse& inUse) {
+  if (!IsColumn(column)) return std::nullopt;
+  const SectionColumn& own = SectionColumnAt(column);
+  const std::string text = own.Text(item);
+  if (own.Refusal != nullptr) {
+    if (std::optional<std::string> refusal = own.Refusal(item, text, inUse)) return refusal;
+  }
+  const bool empty = own.Edit == Digits ? Val(text) <= 0 : Trim(text).empty();
+  if (!empty || own.Missing.empty()) return std::nullopt;
+  return std::string(own.Missing);
 }
 
 std::optional<std::string> CellRefusal(std::int16_t ItemIndex, int column, std::string_view text) {

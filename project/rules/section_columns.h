@@ -64,6 +64,9 @@ struct SectionColumn {
   // Why the cell may not be left with that text; no procedure for a column that may always be left.
   std::optional<std::string> (*Refusal)(const Item& item, std::string_view text,
                                         const MarkInUse& inUse);
+  // What a section lacks whose cell is empty, or 0; empty for a column that may stay so, and for
+  // one whose refusal says it.
+  std::string_view Missing;
 };
 
 // The row of a column, 0 to SectionColumns - 1; "Subscript out of range" beyond.
@@ -92,6 +95,12 @@ bool TakeChosenText(std::int16_t ItemIndex, int column, std::string_view text);
 // Gives a cell with a list back what it held before an entry was chosen: nothing, or a product that
 // the catalogue doesn't have. Another column changes nothing.
 void PutBackText(std::int16_t ItemIndex, int column, std::string_view text);
+
+// Why a section can't go to the factory with what its cell holds: what the cell may not be left
+// with, and what it may be left with as long as the section isn't finished, an empty mark, no
+// product, a quantity of 0 or less. None for a cell that is in order, and for a column that isn't
+// there.
+std::optional<std::string> CellFault(const Item& item, int column, const MarkInUse& inUse);
 
 // The refusal of a cell that is left, by the text of its editor; none if it may be left. Marks are
 // compared with all other rows, blanks at both ends apart, and an empty one is no duplicate; a
