@@ -78,11 +78,15 @@ void SectionsGrid::Follow(const ChangeNotice& change) {
       if (!change.Failed) DisplayItems(true);
       return;
     case ChangeKind::Product:
+      model_->FollowRow(change.Row);
       return model_->ShowRecord(change.Row, ProductColumn);
+    case ChangeKind::Mark:
     case ChangeKind::Length:
     case ChangeKind::Quantity:
-      model_->FollowFigures(change.Row);
+      model_->FollowRow(change.Row);
       return grid_->FitFigures();
+    case ChangeKind::MaxDims:
+      return model_->FollowLimits();
     default:
       return;
   }
@@ -227,6 +231,8 @@ void SectionsGrid::ShowCurrentRow() {
 
 // The row that is worked on, and that a dialog opened next works on, bears the grey.
 void SectionsGrid::MakeCurrent(std::int16_t row) {
+  // Both rows are painted afresh: the one that is left bears its signs.
+  model_->EnterRow(row);
   model_->SetGreyRow(row);
   CurrentItem = row;
 }

@@ -71,6 +71,29 @@ int SectionsModel::LongestFigure(int column) const {
   return found == figures_.end() ? 0 : found->second.Longest();
 }
 
+std::string SectionsModel::FaultOf(int row, int column) const {
+  return row > rows_ ? std::string() : faults_.Of(row, column).value_or("");
+}
+
+void SectionsModel::FollowRow(int row) {
+  FollowFigures(row);
+  const SectionFaults::Moved moved = faults_.Changed(row);
+  if (moved.Own) RowChanged(row);
+  if (moved.Others) ColumnChanged(MarkColumn);
+}
+
+void SectionsModel::EnterRow(int row) {
+  if (faults_.Enter(row).Others) ColumnChanged(MarkColumn);
+}
+
+void SectionsModel::FollowLimits() {
+  ColumnChanged(LengthColumn);
+}
+
+void SectionsModel::ColumnChanged(int column) {
+  if (rows_ > 0) emit dataChanged(index(0, column), index(rows_ - 1, column));
+}
+
 void SectionsModel::FollowFigures(int row) {
   for (auto& [column, figures] : figures_) {
     figures.Set(row, ItemText(static_cast<std::int16_t>(row), column).size());
@@ -115,6 +138,7 @@ void SectionsModel::Refill() {
   rows_ = Items.UBound();
   for (auto& [column, figures] : figures_) figures.Clear();
   for (int row = 1; row <= rows_; ++row) FollowFigures(row);
+  faults_.Refill();
   endResetModel();
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "project/rules/section_faults.h"
 #include "ui/controls/flex_grid.h"
 
 namespace orvane {
@@ -41,22 +42,31 @@ class SectionsModel : public FlexGridModel {
   std::string CellText(int row, int column) const override;
   int DataRows() const override { return rows_; }
   int LongestFigure(int column) const override;
+  std::string FaultOf(int row, int column) const override;
 
   // The cell shows this typed text.
   void SetTyped(int row, int column, const std::string& text);
   // The cell shows its record again, which has changed.
   void ShowRecord(int row, int column);
 
-  // A number of that row is another.
-  void FollowFigures(int row);
+  // A value of that row is another.
+  void FollowRow(int row);
+  // The cursor is on that row now, 0 for none.
+  void EnterRow(int row);
+  // The rule for lengths is another.
+  void FollowLimits();
   // Follows rows appended to Items, and shows them.
   void FollowAppended();
   // Shows Items afresh.
   void Refill();
 
  private:
+  void FollowFigures(int row);
+  void ColumnChanged(int column);
+
   std::map<std::pair<int, int>, std::string> typed_;
   std::map<int, FigureLengths> figures_;  // of the columns that hold numbers
+  SectionFaults faults_;
   int rows_ = 0;
 };
 

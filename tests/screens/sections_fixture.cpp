@@ -213,9 +213,12 @@ QRect SectionsTest::OnScreen(const std::string& name) {
 
 std::string SectionsTest::Tip(FlexGrid& grid, int row, int column) {
   const QPoint place = grid.CellRect(row, column).center();
+  // The toolkit lets a former tip fade behind the mouse.
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->inherits("QTipLabel")) window->hide();
+  }
   QHelpEvent rest(QEvent::ToolTip, place, grid.viewport()->mapToGlobal(place));
   QCoreApplication::sendEvent(grid.viewport(), &rest);
-  // The toolkit lets the former tip fade behind the mouse.
   return QToolTip::isVisible() ? FromQt(QToolTip::text()) : "";
 }
 

@@ -14,6 +14,7 @@
 
 #include "core/catalogues.h"
 #include "core/numbers.h"
+#include "ui/controls/fault_sign.h"
 #include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -72,7 +73,8 @@ CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QSt
       home_(home),
       table_(std::move(table)),
       txtEdit_(new PlainField),
-      textPanel_(new CellFrame(*txtEdit_, grid.viewport())) {
+      textPanel_(new CellFrame(*txtEdit_, grid.viewport())),
+      faultSign_(new FaultSign(grid.viewport())) {
   txtEdit_->setObjectName("txtEdit");
   txtEdit_->setFrame(false);
   txtEdit_->setPalette(CellColours(txtEdit_->palette()));
@@ -82,6 +84,7 @@ CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QSt
           [this](const QString& text) { Guard([&] { Changed(FromQt(text)); }); });
   home.installEventFilter(this);
   grid.Scrolled = [this] { Place(); };
+  connect(&grid.Model(), &QAbstractItemModel::dataChanged, this, [this] { ShowFault(); });
 }
 
 PlainCombo& CellEditor::AddChoices(int column, const QString& panel, const QString& name) {
@@ -164,6 +167,7 @@ void CellEditor::Open(int row, int column) {
   Place();
   openPanel_->show();
   openPanel_->raise();
+  ShowFault();
   control->setFocus();
   // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
   if (former != nullptr && former != openPanel_) former->hide();
@@ -183,7 +187,20 @@ void CellEditor::OpenAgain(int row, int column) {
 // Keeps the control over its cell while the grid moves under it; out of sight it is parked there,
 // with its focus and its text.
 void CellEditor::Place() {
-  if (EditRow_ > 0) openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
+  if (EditRow_ == 0) return;
+  openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
+  ShowFault();
+}
+
+// The control covers the sign of its cell and catches the mouse that would be told the reason.
+void CellEditor::ShowFault() {
+  const std::string reason = EditRow_ > 0 ? grid_.Model().FaultOf(EditRow_, EditCol_) : "";
+  if (openPanel_ != nullptr) openPanel_->setToolTip(ToQt(reason));
+  if (reason.empty()) {
+    faultSign_->hide();
+  } else {
+    faultSign_->ShowOver(grid_.CellRect(EditRow_, EditCol_));
+  }
 }
 
 void CellEditor::SettleChoice() {
@@ -230,6 +247,7 @@ void CellEditor::Close() {
 }
 
 void CellEditor::Hide() {
+  faultSign_->hide();
   if (openPanel_ != nullptr) openPanel_->hide();
 }
 

@@ -21,6 +21,8 @@ class QMouseEvent;
 
 namespace orvane {
 
+class FaultSign;
+
 // What a table tells its editor, and is told by it. Rows count from 1, column 0 is fixed.
 struct CellTable {
   // How a cell is edited. The keys pass over one that isn't.
@@ -102,6 +104,7 @@ class CellEditor : public QObject {
   void Connect(QFrame& panel, const QString& name, QWidget& control);
   void Place();
   void ShowEntry(const std::string& text);
+  void ShowFault();
   void Changed(const std::string& text);
   void WriteBack();
   bool KeyPressed(const QObject* watched, const QKeyEvent& key);
@@ -125,6 +128,7 @@ class CellEditor : public QObject {
   PlainField* txtEdit_;
   QFrame* textPanel_;
   std::map<int, Choices> choices_;  // by column
+  FaultSign* faultSign_;            // of the cell under the control
 
   int EditRow_ = 0;
   int EditCol_ = 0;

@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "core/text.h"
+#include "ui/controls/fault_sign.h"
 #include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -32,7 +33,7 @@ constexpr int RowPadding = 5;
 
 constexpr int FewRows = 4;
 
-// Gives a refused cell its look.
+// Gives a refused cell its look, and a faulty one its sign.
 class CellDelegate : public QStyledItemDelegate {
  public:
   CellDelegate(const FlexGridModel& model, QObject* parent)
@@ -41,7 +42,12 @@ class CellDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     QStyledItemDelegate::paint(painter, option, index);
-    if (model_.RefusalOfCell(index.row() + 1, index.column()).isEmpty()) return;
+    const int row = index.row() + 1;
+    if (!model_.FaultOf(row, index.column()).empty()) {
+      painter->setFont(option.font);
+      PaintFaultSign(*painter, option.rect);
+    }
+    if (model_.RefusalOfCell(row, index.column()).isEmpty()) return;
     PaintRefusedLook(*painter, option.rect, QColor(WhiteCell));
   }
 
@@ -148,7 +154,8 @@ QVariant FlexGridModel::data(const QModelIndex& index, int role) const {
       return fixed ? QVariant(Qt::AlignCenter) : QVariant(AlignmentOf(index.column()));
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole: {
-      const QString reason = RefusalOfCell(index.row() + 1, index.column());
+      QString reason = RefusalOfCell(index.row() + 1, index.column());
+      if (reason.isEmpty()) reason = ToQt(FaultOf(index.row() + 1, index.column()));
       return reason.isEmpty() ? QVariant() : QVariant(reason);
     }
     default:
@@ -399,27 +406,26 @@ bool FlexGrid::IsCut(const QModelIndex& cell) const {
   return CellWidth(text) > columnWidth(cell.column());
 }
 
-// What a resting mouse is told: why the cell was refused, else a text that its cell cuts off.
+// What a resting mouse is told: a text that its cell cuts off, and what is wrong with the cell.
 QString FlexGrid::TipOf(const QModelIndex& cell) const {
-  if (!cell.isValid()) return {};
-  const QString reason = cell.data(Qt::ToolTipRole).toString();
-  if (!reason.isEmpty() || !IsCut(cell)) return reason;
-  return cell.data(Qt::DisplayRole).toString();
+  QStringList lines;
+  if (IsCut(cell)) lines << PlainTip(FromQt(cell.data(Qt::DisplayRole).toString()));
+  const std::string reason = FromQt(cell.data(Qt::ToolTipRole).toString());
+  if (!reason.empty()) lines << PlainTip(reason);
+  return lines.join("<br>");
 }
 
 bool FlexGrid::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const auto& help = static_cast<const QHelpEvent&>(*event);
-    const QModelIndex cell = indexAt(help.pos());
-    const QString told = TipOf(cell);
-    if (!told.isEmpty()) {
-      QToolTip::showText(help.globalPos(), PlainTip(FromQt(told)), viewport(), visualRect(cell));
-    } else {
-      QToolTip::hideText();
-    }
-    return true;
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+  const auto& help = static_cast<const QHelpEvent&>(*event);
+  const QModelIndex cell = indexAt(help.pos());
+  const QString tip = cell.isValid() ? TipOf(cell) : QString();
+  if (tip.isEmpty()) {
+    QToolTip::hideText();
+  } else {
+    QToolTip::showText(help.globalPos(), tip, viewport(), visualRect(cell));
   }
-  return QTableView::viewportEvent(event);
+  return true;
 }
 
 void FlexGrid::LayRows() {

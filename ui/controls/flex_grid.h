@@ -33,6 +33,10 @@ class FlexGridModel : public QAbstractTableModel {
   // none is to be kept whole.
   virtual int LongestFigure(int) const { return 0; }
 
+  // Why the cell's value can't stay as it is; empty for a cell that is in order. It bears a sign in
+  // its corner then, with the reason as its tip.
+  virtual std::string FaultOf(int, int) const { return {}; }
+
   // The row marked by the background 0xE0E0E0; 0 for none. Columns left of `firstColumn` stay.
   void SetGreyRow(int row);
   int GreyRow() const { return greyRow_; }
