@@ -14,6 +14,7 @@
 #include "output/reports.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
+#include "ui/controls/content_area.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_max_dims.h"
 #include "ui/dialogs/frm_mitres.h"
@@ -149,7 +150,7 @@ void FrmMain::BuildPanes() {
   areas->setSpacing(0);
   areas->addLayout(line);
   areas->addWidget(SSPanel2_, 1);
-  setCentralWidget(central);
+  setCentralWidget(new ContentArea(*central, this));
 }
 
 // Grid, panel and accessory list one below the other, with a bar between each two.

@@ -17,6 +17,7 @@
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "project/section_look.h"
+#include "ui/controls/content_area.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -37,8 +38,7 @@ constexpr int FirstHeightPercent = 92;
 constexpr QSize LeastFirstSize(1024, 660);
 constexpr QSize GreatestFirstSize(1720, 1000);
 
-// What the frame around a window takes of the screen, about.
-constexpr QSize Frame(8, 36);
+constexpr QSize Frame = WindowFrame;
 
 // The grid's columns stand in that without crowding, in wider fonts in that many letters; the
 // drawing takes what is left, and keeps its part of a small window.
@@ -229,9 +229,10 @@ void FrmMain::changeEvent(QEvent* event) {
 
 // While the window is minimized its areas keep their places.
 void FrmMain::LayOut() {
-  if (centralWidget() == nullptr) return;
-  centralWidget()->layout()->setEnabled(!isMinimized());
-  if (!isMinimized()) centralWidget()->layout()->activate();
+  if (SSPanel2_ == nullptr) return;
+  QLayout* areas = SSPanel2_->parentWidget()->layout();
+  areas->setEnabled(!isMinimized());
+  if (!isMinimized()) areas->activate();
 }
 
 void FrmMain::ToggleDrawingArea() {

@@ -2,6 +2,9 @@
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "core/program_folder.h"
 #include "core/runtime_error.h"
@@ -432,6 +435,36 @@ TEST_F(ShellTest, The_window_speaks_for_the_program_as_long_as_it_lives) {
   main.reset();
   EXPECT_THROW(TheMainScreen(), std::logic_error);
   EXPECT_THROW(TheOutputScreen(), std::logic_error);
+}
+
+// What a small laptop shows of large letters.
+TEST_F(ShellTest, A_screen_too_small_for_the_letters_scrolls_the_window) {
+  QFont font = main->font();
+  font.setPointSizeF(font.pointSizeF() * 2.5);
+  main->setFont(font);
+  Settle();
+  const QSize room = main->screen()->availableSize();
+  ASSERT_GT(Find("SSPanelToolbar").width(), room.width());
+  EXPECT_LE(main->minimumSizeHint().width(), room.width());
+  EXPECT_LE(main->minimumSizeHint().height(), room.height());
+  main->resize(main->minimumSizeHint());
+  Settle();
+  auto& area = dynamic_cast<QScrollArea&>(*main->centralWidget());
+  EXPECT_GT(area.horizontalScrollBar()->maximum(), 0);
+  // The drawing's edge is out of sight until the bar brings it.
+  EXPECT_FALSE(area.viewport()->rect().contains(
+      Find("VSPrinter1").mapTo(area.viewport(), QPoint(Find("VSPrinter1").width() - 1, 0))));
+  area.horizontalScrollBar()->setValue(area.horizontalScrollBar()->maximum());
+  EXPECT_TRUE(area.viewport()->rect().contains(
+      Find("VSPrinter1").mapTo(area.viewport(), QPoint(Find("VSPrinter1").width() - 1, 0))));
+}
+
+TEST_F(ShellTest, A_screen_with_room_shows_the_whole_window) {
+  main->resize(main->minimumSizeHint());
+  Settle();
+  auto& area = dynamic_cast<QScrollArea&>(*main->centralWidget());
+  EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(area.verticalScrollBar()->maximum(), 0);
 }
 
 }  // namespace orvane::test
