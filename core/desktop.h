@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "core/dates.h"
-#include "core/settings.h"
+#include "core/settings_store.h"
 
 namespace orvane {
 

@@ -183,4 +183,24 @@ std::string FolderOfPath(std::string_view path) {
   return last == std::string_view::npos ? std::string() : std::string(path.substr(0, last + 1));
 }
 
+RuntimeError SystemError(int code, const std::string& path) {
+  switch (code) {
+    case ENOENT: {
+      const std::filesystem::path folder = NativePath(path).parent_path();
+      std::error_code ignored;
+      const bool folderMissing = !folder.empty() && !std::filesystem::is_directory(folder, ignored);
+      return RuntimeError(folderMissing ? Failure::PathNotFound : Failure::FileNotFound);
+    }
+    case ENOTDIR:
+      return RuntimeError(Failure::PathNotFound);
+    case EACCES:
+    case EPERM:
+      return RuntimeError(Failure::PermissionDenied);
+    case ENOSPC:
+      return RuntimeError(Failure::DiskFull);
+    default:
+      return RuntimeError(SystemErrorBase + code, std::generic_category().message(code));
+  }
+}
+
 }  // namespace orvane

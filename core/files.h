@@ -6,11 +6,19 @@
 #include <string>
 #include <string_view>
 
+#include "core/runtime_error.h"
+
 namespace orvane {
 
 // The system's paths are UTF-8 text; these are the two doors to the platform's own type.
 std::filesystem::path NativePath(const std::string& path);
 std::string PathText(const std::filesystem::path& path);
+
+// The error for the code that a failed call of the C library left in errno: the fixed descriptions
+// where they fit, the operating system's text otherwise. A missing file and a missing folder share
+// one code, so `path` is looked at to tell "File not found" from "Path not found"; with an empty
+// path it is "File not found".
+RuntimeError SystemError(int code, const std::string& path);
 
 // All bytes of a file. One of more than 1 GiB, or a device that gives bytes without end, is refused
 // as too large.

@@ -1,11 +1,5 @@
 #include "core/runtime_error.h"
 
-#include <cerrno>
-#include <filesystem>
-#include <system_error>
-
-#include "core/files.h"
-
 namespace orvane {
 
 std::string DescriptionOf(Failure failure) {
@@ -42,26 +36,6 @@ RuntimeError::RuntimeError(int number, const std::string& description)
 
 RuntimeError NamedError(const std::string& name, const RuntimeError& error) {
   return RuntimeError(error.Number(), name + ": " + error.Description());
-}
-
-RuntimeError SystemError(int code, const std::string& path) {
-  switch (code) {
-    case ENOENT: {
-      const std::filesystem::path folder = NativePath(path).parent_path();
-      std::error_code ignored;
-      const bool folderMissing = !folder.empty() && !std::filesystem::is_directory(folder, ignored);
-      return RuntimeError(folderMissing ? Failure::PathNotFound : Failure::FileNotFound);
-    }
-    case ENOTDIR:
-      return RuntimeError(Failure::PathNotFound);
-    case EACCES:
-    case EPERM:
-      return RuntimeError(Failure::PermissionDenied);
-    case ENOSPC:
-      return RuntimeError(Failure::DiskFull);
-    default:
-      return RuntimeError(SystemErrorBase + code, std::generic_category().message(code));
-  }
 }
 
 }  // namespace orvane

@@ -43,10 +43,4 @@ class RuntimeError : public std::runtime_error {
 // The same failure with a name in front of its description: "P4: Division by zero".
 RuntimeError NamedError(const std::string& name, const RuntimeError& error);
 
-// The error for the code that a failed call of the C library left in errno: the fixed descriptions
-// where they fit, the operating system's text otherwise. A missing file and a missing folder share
-// one code, so `path` is looked at to tell "File not found" from "Path not found"; with an empty
-// path it is "File not found".
-RuntimeError SystemError(int code, const std::string& path);
-
 }  // namespace orvane

@@ -200,10 +200,6 @@ const Setting& RecentSetting(int number) {
 
 }  // namespace
 
-SettingsRoot TheSettingsRoot = SettingsRoot::LocalMachine;
-
-const std::string SettingsKey = "SOFTWARE\\Lintaro";
-
 std::string GetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
                         const std::string& defaultText) {
   return Guarded<std::string>(

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "core/settings.h"
+#include "core/settings_store.h"
 
 namespace orvane {
 

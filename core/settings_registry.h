@@ -1,7 +1,7 @@
 // The settings store of Windows: the system registry. Compiled there alone.
 #pragma once
 
-#include "core/settings.h"
+#include "core/settings_store.h"
 
 namespace orvane {
 

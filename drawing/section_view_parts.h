@@ -4,12 +4,17 @@
 #include <initializer_list>
 
 #include "drawing/print_surface.h"
-#include "drawing/section_views.h"
 #include "drawing/sheet.h"
 
 namespace orvane {
 
-// One edge of a cross-section, points in real millimetres, with its dimension.
+enum class EdgeSide { None, Left, Right, Top, Bottom };
+
+// One edge of the cross-section, points in real millimetres, with its dimension on that side at
+// that offset.
+void DrawSectionEdge(const Sheet& sheet, double x1, double y1, double x2, double y2, EdgeSide side,
+                     double offset, double value);
+// The same as a record.
 struct SectionEdge {
   double X1, Y1;
   double X2, Y2;

@@ -75,37 +75,6 @@ void DrawSectionViews(const Sheet& sheet) {
   DrawNotchesAndMitres(sheet);
 }
 
-void DrawSectionEdge(const Sheet& sheet, double x1, double y1, double x2, double y2, EdgeSide side,
-                     double offset, double value) {
-  PrintSurface& surface = sheet.Surface;
-  const double left = SectionX(sheet, x1);
-  const double right = SectionX(sheet, x2);
-  const double top = SectionY(y1);
-  const double bottom = SectionY(y2);
-  PenWidthMm(surface, ObjectPen);
-  DrawLineMm(surface, left, top, right, bottom);
-
-  PenWidthMm(surface, ThinPen);
-  if (side == EdgeSide::None) return;
-  const double outward = side == EdgeSide::Left || side == EdgeSide::Top ? -1 : 1;
-  // The dimension's first end is the top or left one, whichever way the edge runs.
-  if (side == EdgeSide::Left || side == EdgeSide::Right) {
-    const double outer = left + outward * (offset + UprightEdge.Outer);
-    const double inner = left + outward * (offset + UprightEdge.Inner);
-    const double x = left + outward * (offset + UprightEdge.Row);
-    DrawLineMm(surface, outer, top, inner, top);
-    DrawLineMm(surface, outer, bottom, inner, bottom);
-    DrawDimension(surface, x, std::min(top, bottom), x, std::max(top, bottom), value);
-  } else {
-    const double outer = top + outward * (offset + LevelEdge.Outer);
-    const double inner = top + outward * (offset + LevelEdge.Inner);
-    const double y = top + outward * (offset + LevelEdge.Row);
-    DrawLineMm(surface, left, outer, left, inner);
-    DrawLineMm(surface, right, outer, right, inner);
-    DrawDimension(surface, std::min(left, right), y, std::max(left, right), y, value);
-  }
-}
-
 void DrawKeyEdge(const Sheet& sheet, double x1, double y1, double x2, double y2) {
   const Point origin = KeyOrigin(sheet);
   PenWidthMm(sheet.Surface, ObjectPen);

@@ -10,13 +10,7 @@ namespace orvane {
 // without depth or length.
 void DrawSectionViews(const Sheet& sheet);
 
-enum class EdgeSide { None, Left, Right, Top, Bottom };
-
-// One edge of the cross-section, points in real millimetres, with its dimension on that side at
-// that offset.
-void DrawSectionEdge(const Sheet& sheet, double x1, double y1, double x2, double y2, EdgeSide side,
-                     double offset, double value);
-// The same edge in the key of off-gauge holes, without a dimension.
+// An edge of the cross-section in the key of off-gauge holes, points in real millimetres.
 void DrawKeyEdge(const Sheet& sheet, double x1, double y1, double x2, double y2);
 
 // The edges of the cross-section in that key: for Z as DrawSectionViews draws them, for C and E

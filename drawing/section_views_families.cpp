@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "drawing/primitives.h"
 #include "drawing/section_view_parts.h"
+#include "drawing/section_views.h"
 
 namespace orvane {
 

@@ -6,6 +6,7 @@
 #include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -74,6 +75,46 @@ Lines IncludesRunningBack(const Arrows& arrows, const std::string& file, const L
     if (other != folder && row->second.count(other) == 0) found.push_back(file + ": " + name);
   }
   return found;
+}
+
+// A header and its source are one unit, named without the ending.
+std::string UnitOf(const std::string& file) {
+  return file.substr(0, file.rfind('.'));
+}
+
+using Units = std::map<std::string, std::set<std::string>>;  // each with those that it includes
+
+void AddIncludes(Units& units, const std::string& file, const Lines& lines) {
+  constexpr std::string_view start = "#include \"";
+  std::set<std::string>& others = units[UnitOf(file)];
+  for (const std::string& line : lines) {
+    if (line.compare(0, start.size(), start) != 0) continue;
+    const std::string name = line.substr(start.size(), line.find('"', start.size()) - start.size());
+    if (UnitOf(name) != UnitOf(file)) others.insert(UnitOf(name));
+  }
+}
+
+// The units that lead back to themselves. Those that include nothing but what is left already are
+// taken away, again and again; the same from the other end, so that nothing is left beside circles
+// but what joins two of them.
+std::set<std::string> UnitsInCircles(Units units) {
+  for (bool fewer = true; fewer;) {
+    fewer = false;
+    std::set<std::string> included;
+    for (const auto& [unit, others] : units) included.insert(others.begin(), others.end());
+    for (auto at = units.begin(); at != units.end();) {
+      auto& others = at->second;
+      for (auto other = others.begin(); other != others.end();) {
+        other = units.count(*other) == 0 ? others.erase(other) : std::next(other);
+      }
+      const bool stays = !others.empty() && included.count(at->first) != 0;
+      if (!stays) fewer = true;
+      at = stays ? std::next(at) : units.erase(at);
+    }
+  }
+  std::set<std::string> left;
+  for (const auto& [unit, others] : units) left.insert(unit);
+  return left;
 }
 
 Lines LinesOf(const fs::path& path) {
@@ -184,6 +225,15 @@ TEST(Arrows, No_include_runs_back) {
   }
 }
 
+TEST(Arrows, No_file_includes_itself_by_way_of_others) {
+  Units units;
+  for (const std::string& file : Sources(TheArrows())) {
+    AddIncludes(units, file, LinesOf(fs::path(ORVANE_SOURCE_DIR) / file));
+  }
+  ASSERT_GT(units.size(), 120U);
+  EXPECT_EQ(UnitsInCircles(units), std::set<std::string>{});
+}
+
 TEST(Arrows, Each_row_is_a_folder) {
   for (const auto& [folder, named] : TheArrows().Named) {
     EXPECT_TRUE(fs::is_directory(fs::path(ORVANE_SOURCE_DIR) / folder)) << folder;
@@ -228,6 +278,18 @@ TEST(Arrows, An_include_that_runs_back_is_found) {
             (Lines{"core/x.cpp: holes/a.h", "core/x.cpp: drawing/b.h", "core/x.cpp: project/c.h"}));
   EXPECT_EQ(IncludesRunningBack(arrows, "core/more/x.cpp", lines),
             Lines{"core/more/x.cpp lies in a folder without a row"});
+}
+
+TEST(Arrows, A_circle_of_files_is_found) {
+  Units units;
+  AddIncludes(units, "core/a.h", {"#include <map>", "#include \"core/b.h\""});
+  AddIncludes(units, "core/a.cpp", {"#include \"core/a.h\""});
+  AddIncludes(units, "core/b.h", {"#include \"core/c.h\""});
+  AddIncludes(units, "core/c.h", {});
+  AddIncludes(units, "core/d.cpp", {"#include \"core/a.h\""});
+  EXPECT_EQ(UnitsInCircles(units), std::set<std::string>{});
+  AddIncludes(units, "core/c.cpp", {"#include \"core/a.h\""});
+  EXPECT_EQ(UnitsInCircles(units), (std::set<std::string>{"core/a", "core/b", "core/c"}));
 }
 
 TEST(Arrows, A_picture_is_read_by_its_columns) {

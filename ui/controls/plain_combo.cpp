@@ -14,7 +14,6 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "ui/controls/plain_combo_access.h"
 #include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"

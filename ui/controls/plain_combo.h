@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/table.h"
+#include "ui/controls/plain_combo_access.h"
 #include "ui/controls/typed_letters.h"
 
 namespace orvane {
@@ -17,7 +18,7 @@ namespace orvane {
 enum class ListLeft { Untouched, Chosen, Undecided };
 
 // The user's choice, by whatever way, is told by the toolkit's signal `activated`.
-class PlainCombo : public QComboBox {
+class PlainCombo : public QComboBox, public ListForReaders {
  public:
   explicit PlainCombo(QWidget* parent = nullptr);
 
@@ -35,7 +36,7 @@ class PlainCombo : public QComboBox {
   const TypedLetters& Typed() const { return typed_; }
   // What the closed box shows: the letters and the rest of the first entry that fits, else the
   // selection.
-  QString ShownText() const;
+  QString ShownText() const override;
   // Ends what is typed and the refused look; nothing is chosen or told.
   void DropLetters();
 
@@ -59,7 +60,7 @@ class PlainCombo : public QComboBox {
   // it, and letters search.
   static bool ChoosesByKey(const QKeyEvent& key);
 
-  bool IsOpen() const { return view()->isVisible(); }
+  bool IsOpen() const override { return view()->isVisible(); }
   // With a scroll bar, and no higher than half the screen.
   void showPopup() override;
 

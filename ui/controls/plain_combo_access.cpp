@@ -1,8 +1,8 @@
 #include "ui/controls/plain_combo_access.h"
 
 #include <QAccessibleWidget>
+#include <QComboBox>
 
-#include "ui/controls/plain_combo.h"
 #include "ui/controls/refused_look.h"
 
 namespace orvane {
@@ -11,11 +11,11 @@ namespace {
 
 class ListAccess : public QAccessibleWidget {
  public:
-  explicit ListAccess(PlainCombo* list)
-      : QAccessibleWidget(list, QAccessible::ComboBox), list_(*list) {}
+  ListAccess(QComboBox& list, const ListForReaders& told)
+      : QAccessibleWidget(&list, QAccessible::ComboBox), list_(list), told_(told) {}
 
   QString text(QAccessible::Text what) const override {
-    if (what == QAccessible::Value) return list_.ShownText();
+    if (what == QAccessible::Value) return told_.ShownText();
     if (what == QAccessible::Description && IsFieldRefused(list_)) return RefusalOf(list_);
     return QAccessibleWidget::text(what);
   }
@@ -24,8 +24,8 @@ class ListAccess : public QAccessibleWidget {
     QAccessible::State state = QAccessibleWidget::state();
     state.expandable = true;
     state.hasPopup = true;
-    state.expanded = list_.IsOpen();
-    state.collapsed = !list_.IsOpen();
+    state.expanded = told_.IsOpen();
+    state.collapsed = !told_.IsOpen();
     return state;
   }
 
@@ -36,7 +36,7 @@ class ListAccess : public QAccessibleWidget {
   void doAction(const QString& action) override {
     if (action != showMenuAction()) {
       QAccessibleWidget::doAction(action);
-    } else if (list_.IsOpen()) {
+    } else if (told_.IsOpen()) {
       list_.hidePopup();
     } else {
       list_.showPopup();
@@ -44,13 +44,16 @@ class ListAccess : public QAccessibleWidget {
   }
 
  private:
-  PlainCombo& list_;
+  QComboBox& list_;
+  const ListForReaders& told_;
 };
 
 // The toolkit asks for the class of an object and for each class under it; the object itself tells.
 QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
-  auto* list = dynamic_cast<PlainCombo*>(object);
-  return list == nullptr ? nullptr : new ListAccess(list);  // the toolkit keeps it
+  auto* list = qobject_cast<QComboBox*>(object);
+  const auto* told = dynamic_cast<const ListForReaders*>(object);
+  if (list == nullptr || told == nullptr) return nullptr;
+  return new ListAccess(*list, *told);  // the toolkit keeps it
 }
 
 }  // namespace
