@@ -364,7 +364,7 @@ TEST_F(EditHoleTest, The_mark_goes_with_a_hole_whose_gaps_failed) {
   ClickCell(HoleList(), 1, 0);
   InDialog([this] { Entry("mnuCHPUI(2)").trigger(); },
            [&](FrmAddHoles& dialog) {
-             dialogs.ExpectBox("Division by zero");
+             dialogs.ExpectBox("Z1: Division by zero");
              Store(dialog, "300");
            });
   EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"250", "250", "300"}));
