@@ -49,6 +49,7 @@ TEST_F(DialogPlaceTest, Every_dialog_comes_back_where_it_was_left_ten_times) {
   Show();
   const std::vector<PlacedDialog> others = {{"frmProjectDetails", "mnuProject(5)"},
                                             {"frmMaxDims", "mnuProject(7)"},
+                                            {"frmAbout", "mnuHelp(1)"},
                                             {"frmRegistration", "mnuHelp(3)"}};
   const QPoint place = Room().topLeft() + QPoint(37, 53);
   for (const PlacedDialog& placed : others) {

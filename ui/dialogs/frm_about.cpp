@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/platform/dialog_place.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 
@@ -24,6 +25,7 @@ QLabel* TextLine(const QString& name, const QString& text) {
 
 FrmAbout::FrmAbout(QWidget* parent) : QDialog(parent) {
   setObjectName("frmAbout");
+  KeepPlace(*this);
   setWindowTitle("About Orvane Detail System");
   setWindowIcon(ProgramIcon());
 
