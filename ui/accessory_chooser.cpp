@@ -92,10 +92,10 @@ AccessoryChooser::AccessoryChooser(QWidget* parent) : QListWidget(parent) {
 }
 
 void AccessoryChooser::BuildMenu() {
-  mnuAccPU = new QMenu("AccPopup", this);
-  mnuAccPU->setObjectName("mnuAccPU");
+  mnuAccPU_ = new QMenu("AccPopup", this);
+  mnuAccPU_->setObjectName("mnuAccPU");
   for (const CommandEntry& entry : CommandsOf(Place::mnuAccPUI)) {
-    QAction* action = mnuAccPU->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
+    QAction* action = mnuAccPU_->addAction(LineIcon(entry.Icon), ToQt(entry.Caption));
     action->setObjectName(IndexedName("mnuAccPUI", entry.Index));
     connect(action, &QAction::triggered, this,
             [this, command = entry.What] { Guard([&] { Run(command); }); });
@@ -172,7 +172,7 @@ void AccessoryChooser::SelectAt(QPoint place) {
 
 void AccessoryChooser::ShowMenu(QPoint globalPos) {
   // The menu key can come as a key and as the wish for a menu, one behind the other.
-  if (!mnuAccPU->isVisible()) mnuAccPU->popup(globalPos);
+  if (!mnuAccPU_->isVisible()) mnuAccPU_->popup(globalPos);
 }
 
 void AccessoryChooser::mousePressEvent(QMouseEvent* event) {
@@ -242,10 +242,10 @@ bool AccessoryChooser::ListKey(const QKeyEvent& key) {
 // Typed letters.
 
 QLabel* AccessoryChooser::NewLettersLabel(QWidget* parent) {
-  lblTyped = new QLabel(parent);
-  lblTyped->setObjectName("lblTyped");
-  lblTyped->setTextFormat(Qt::PlainText);
-  return lblTyped;
+  lblTyped_ = new QLabel(parent);
+  lblTyped_->setObjectName("lblTyped");
+  lblTyped_->setTextFormat(Qt::PlainText);
+  return lblTyped_;
 }
 
 void AccessoryChooser::keyboardSearch(const QString& typed) {
@@ -261,7 +261,7 @@ void AccessoryChooser::keyboardSearch(const QString& typed) {
 void AccessoryChooser::FollowLetters() {
   if (!typed_.Pending()) setCurrentRow(formerRow_);
   if (typed_.First() >= 0) setCurrentRow(typed_.First());
-  if (lblTyped != nullptr) lblTyped->setText(typed_.Letters());
+  if (lblTyped_ != nullptr) lblTyped_->setText(typed_.Letters());
   Accept();
   setAccessibleDescription(typed_.Letters());
   if (typed_.NothingFits()) RefuseField(*this, typed_.Reason());

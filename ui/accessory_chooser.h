@@ -73,8 +73,8 @@ class AccessoryChooser : public QListWidget {
   void EndSearch();
   void Accept();
 
-  QMenu* mnuAccPU = nullptr;
-  QLabel* lblTyped = nullptr;
+  QMenu* mnuAccPU_ = nullptr;
+  QLabel* lblTyped_ = nullptr;
   TypedLetters typed_;
   bool undecided_ = false;
   int formerRow_ = -1;  // the selection before the first letter, counted from 0; -1 for none

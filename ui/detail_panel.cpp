@@ -71,77 +71,78 @@ DetailPanel::DetailPanel(const FlexGrid& sections, QWidget* parent)
 }
 
 void DetailPanel::BuildPunching() {
-  SSPanelPunching = new QWidget(this);
-  SSPanelPunching->setObjectName("SSPanelPunching");
-  cboPattern = NewList("cboPattern", SSPanelPunching);
-  auto* column = new QVBoxLayout(SSPanelPunching);
+  SSPanelPunching_ = new QWidget(this);
+  SSPanelPunching_->setObjectName("SSPanelPunching");
+  cboPattern_ = NewList("cboPattern", SSPanelPunching_);
+  auto* column = new QVBoxLayout(SSPanelPunching_);
   column->setContentsMargins({});
-  column->addWidget(NewLabel("lblPunching", "Pu&nching", cboPattern, SSPanelPunching));
-  column->addWidget(cboPattern);
-  connect(cboPattern, &QComboBox::activated, this, [this] { Guard([&] { PatternChosen(); }); });
-  WatchList(patterns_, cboPattern);
+  column->addWidget(NewLabel("lblPunching", "Pu&nching", cboPattern_, SSPanelPunching_));
+  column->addWidget(cboPattern_);
+  connect(cboPattern_, &QComboBox::activated, this, [this] { Guard([&] { PatternChosen(); }); });
+  WatchList(patterns_, cboPattern_);
 }
 
 void DetailPanel::BuildPitch() {
-  cboPitch = NewList("cboPitch", this);
-  lblPitch = NewLabel("lblPitch", "Pitch", cboPitch, this);
-  connect(cboPitch, &QComboBox::activated, this, [this] { Guard([&] { PitchSelected(); }); });
-  WatchList(pitches_, cboPitch);
+  cboPitch_ = NewList("cboPitch", this);
+  lblPitch_ = NewLabel("lblPitch", "Pitch", cboPitch_, this);
+  connect(cboPitch_, &QComboBox::activated, this, [this] { Guard([&] { PitchSelected(); }); });
+  WatchList(pitches_, cboPitch_);
 }
 
 void DetailPanel::BuildJointing() {
   auto* jointing = new PlainField(this);
   jointing->TakePastedNumber(NumberForm::Whole);
-  txtJointing = jointing;
-  txtJointing->setObjectName("txtJointing");
-  lblJointing = NewLabel("lblJointing", "No. off jointing pieces", txtJointing, this);
-  connect(txtJointing, &QLineEdit::textEdited, this, [this] { Guard([&] { JointingChanged(); }); });
-  connect(txtJointing, &QLineEdit::editingFinished, this,
+  txtJointing_ = jointing;
+  txtJointing_->setObjectName("txtJointing");
+  lblJointing_ = NewLabel("lblJointing", "No. off jointing pieces", txtJointing_, this);
+  connect(txtJointing_, &QLineEdit::textEdited, this,
+          [this] { Guard([&] { JointingChanged(); }); });
+  connect(txtJointing_, &QLineEdit::editingFinished, this,
           [] { Guard([] { ShowLater(ErrorsToSay()); }); });
 }
 
 void DetailPanel::BuildSagBars() {
-  fraSagBars = new QGroupBox("Sag bars", this);
-  fraSagBars->setObjectName("fraSagBars");
-  optSagBars = new QButtonGroup(this);
-  auto* column = new QVBoxLayout(fraSagBars);
+  fraSagBars_ = new QGroupBox("Sag bars", this);
+  fraSagBars_->setObjectName("fraSagBars");
+  optSagBars_ = new QButtonGroup(this);
+  auto* column = new QVBoxLayout(fraSagBars_);
   const std::array captions = {"Spring Fix (18mm)", "Threaded (14mm)"};
   for (std::size_t option = 0; option < captions.size(); ++option) {
-    auto* button = new QRadioButton(captions.at(option), fraSagBars);
+    auto* button = new QRadioButton(captions.at(option), fraSagBars_);
     button->setObjectName(IndexedName("optSagBars", static_cast<int>(option)));
-    optSagBars->addButton(button, static_cast<int>(option));
+    optSagBars_->addButton(button, static_cast<int>(option));
     column->addWidget(button);
   }
-  KeepTabAtChecked(*optSagBars);
+  KeepTabAtChecked(*optSagBars_);
   // The user's click alone: a change of the pair by code isn't a choice.
-  connect(optSagBars, &QButtonGroup::idClicked, this,
+  connect(optSagBars_, &QButtonGroup::idClicked, this,
           [this](int option) { Guard([&] { SagBarsSelected(option); }); });
 }
 
 void DetailPanel::LayParts() {
   // Pitch and jointing pieces share one place, since no section has both.
   auto* options = new QGridLayout;
-  options->addWidget(SSPanelPunching, PunchingPlace, 0);
-  options->addWidget(lblPitch, LabelPlace, 0);
-  options->addWidget(cboPitch, FieldPlace, 0);
-  options->addWidget(lblJointing, LabelPlace, 0);
-  options->addWidget(txtJointing, FieldPlace, 0);
-  options->addWidget(fraSagBars, SagBarsPlace, 0);
+  options->addWidget(SSPanelPunching_, PunchingPlace, 0);
+  options->addWidget(lblPitch_, LabelPlace, 0);
+  options->addWidget(cboPitch_, FieldPlace, 0);
+  options->addWidget(lblJointing_, LabelPlace, 0);
+  options->addWidget(txtJointing_, FieldPlace, 0);
+  options->addWidget(fraSagBars_, SagBarsPlace, 0);
   options->setRowStretch(FreePlace, 1);
 
   auto* columns = new QHBoxLayout(this);
   columns->setContentsMargins({});
   columns->addLayout(options, OptionShare);
-  columns->addWidget(SSpanelCustom, HoleListShare);
-  for (QWidget* part : {SSPanelPunching, SSpanelCustom, static_cast<QWidget*>(fraSagBars),
-                        static_cast<QWidget*>(lblPitch), static_cast<QWidget*>(cboPitch),
-                        static_cast<QWidget*>(lblJointing), static_cast<QWidget*>(txtJointing)}) {
+  columns->addWidget(SSpanelCustom_, HoleListShare);
+  for (QWidget* part : {SSPanelPunching_, SSpanelCustom_, static_cast<QWidget*>(fraSagBars_),
+                        static_cast<QWidget*>(lblPitch_), static_cast<QWidget*>(cboPitch_),
+                        static_cast<QWidget*>(lblJointing_), static_cast<QWidget*>(txtJointing_)}) {
     KeepRoom(*part);
   }
 }
 
 int DetailPanel::WidthForFigures() const {
-  const int list = MSFlexGrid2->LeastWidth();
+  const int list = MSFlexGrid2_->LeastWidth();
   const int options =
       std::max(list * OptionShare / HoleListShare, layout()->itemAt(0)->minimumSize().width());
   return options + layout()->spacing() + list;
@@ -158,8 +159,8 @@ std::int16_t DetailPanel::Row() const {
 void DetailPanel::ShowPart(QWidget& part, bool shown) {
   QWidget* focus = window()->focusWidget();
   if (!shown && focus != nullptr && (&part == focus || part.isAncestorOf(focus))) {
-    if (&part != SSPanelPunching && SSPanelPunching->isVisible()) {
-      cboPattern->setFocus(Qt::OtherFocusReason);
+    if (&part != SSPanelPunching_ && SSPanelPunching_->isVisible()) {
+      cboPattern_->setFocus(Qt::OtherFocusReason);
     } else {
       focus->clearFocus();
     }
@@ -168,38 +169,38 @@ void DetailPanel::ShowPart(QWidget& part, bool shown) {
 }
 
 void DetailPanel::HideParts() {
-  ShowPart(*SSPanelPunching, false);
-  ShowPart(*SSpanelCustom, false);
-  ShowPart(*fraSagBars, false);
-  ShowPart(*lblPitch, false);
-  ShowPart(*cboPitch, false);
-  ShowPart(*lblJointing, false);
-  ShowPart(*txtJointing, false);
+  ShowPart(*SSPanelPunching_, false);
+  ShowPart(*SSpanelCustom_, false);
+  ShowPart(*fraSagBars_, false);
+  ShowPart(*lblPitch_, false);
+  ShowPart(*cboPitch_, false);
+  ShowPart(*lblJointing_, false);
+  ShowPart(*txtJointing_, false);
 }
 
 // What the section letter alone decides. Sag bars and the hole list follow the pattern.
 void DetailPanel::ShowParts(const std::string& letter) {
   const bool pitch = HasPitch(letter);
   const bool jointing = HasJointingPieces(letter);
-  ShowPart(*SSPanelPunching, true);
-  ShowPart(*lblPitch, pitch);
-  ShowPart(*cboPitch, pitch);
-  ShowPart(*lblJointing, jointing);
-  ShowPart(*txtJointing, jointing);
+  ShowPart(*SSPanelPunching_, true);
+  ShowPart(*lblPitch_, pitch);
+  ShowPart(*cboPitch_, pitch);
+  ShowPart(*lblJointing_, jointing);
+  ShowPart(*txtJointing_, jointing);
 }
 
 void DetailPanel::ShowSagBars(SagBars choice) {
-  if (choice == SagBars::SpringFix) optSagBars->button(0)->setChecked(true);
-  if (choice == SagBars::Threaded) optSagBars->button(1)->setChecked(true);
-  ShowPart(*fraSagBars, choice != SagBars::Hidden);
+  if (choice == SagBars::SpringFix) optSagBars_->button(0)->setChecked(true);
+  if (choice == SagBars::Threaded) optSagBars_->button(1)->setChecked(true);
+  ShowPart(*fraSagBars_, choice != SagBars::Hidden);
 }
 
 void DetailPanel::FillPitches() {
-  cboPitch->Fill(Pitches);
+  cboPitch_->Fill(Pitches);
 }
 
 void DetailPanel::FillPatternCombo(const std::string& Letter) {
-  cboPattern->Fill(PatternNames(Letter));
+  cboPattern_->Fill(PatternNames(Letter));
 }
 
 bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemIndex,
@@ -210,10 +211,10 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
 
   // A pattern that the catalogue no longer has stays in the record: looking at a section must not
   // erase it.
-  const int index = FindComboIndex(cboPattern->Entries(), Items.At(ItemIndex).PatternName);
-  cboPattern->SelectQuietly(index);
+  const int index = FindComboIndex(cboPattern_->Entries(), Items.At(ItemIndex).PatternName);
+  cboPattern_->SelectQuietly(index);
   if (index < 0) {
-    ShowPart(*SSpanelCustom, false);
+    ShowPart(*SSpanelCustom_, false);
   } else {
     LookAndSay(ItemIndex, [&] {
       Change(ChangeKind::ShowSection, ItemIndex, [&] {
@@ -229,28 +230,28 @@ bool DetailPanel::SetDetailPanel(const std::string& Letter, std::int16_t ItemInd
 }
 
 void DetailPanel::ClearDetailPanel() {
-  cboPattern->SelectQuietly(-1);
-  cboPitch->SelectQuietly(-1);
+  cboPattern_->SelectQuietly(-1);
+  cboPitch_->SelectQuietly(-1);
   EmptyHoleGrid();
-  txtJointing->clear();
+  txtJointing_->clear();
   if (Row() < 1) {
     HideParts();
   } else {
-    ShowPart(*SSpanelCustom, false);
+    ShowPart(*SSpanelCustom_, false);
   }
 }
 
 void DetailPanel::ShowPitch(std::int16_t ItemIndex) {
-  cboPitch->SelectQuietly(FindComboIndex(cboPitch->Entries(), Items.At(ItemIndex).Pitch));
+  cboPitch_->SelectQuietly(FindComboIndex(cboPitch_->Entries(), Items.At(ItemIndex).Pitch));
   ShowUndecided(pitches_, ItemIndex);
 }
 
 void DetailPanel::ShowJointingPieces(std::int16_t ItemIndex) {
-  txtJointing->setText(ToQt(ShortestText(Items.At(ItemIndex).JointingPieces)));
+  txtJointing_->setText(ToQt(ShortestText(Items.At(ItemIndex).JointingPieces)));
 }
 
 std::string DetailPanel::ShownPattern() const {
-  return cboPattern->Text();
+  return cboPattern_->Text();
 }
 
 void DetailPanel::RebuildShownHoles(std::int16_t ItemIndex) {
@@ -289,8 +290,8 @@ void DetailPanel::ShowUndecided(const WatchedList& watched, int row) {
 }
 
 void DetailPanel::SettleLists() {
-  cboPattern->Leave();
-  cboPitch->Leave();
+  cboPattern_->Leave();
+  cboPitch_->Leave();
 }
 
 int DetailPanel::UndecidedRow() const {
@@ -349,7 +350,7 @@ void DetailPanel::RunOwn(const std::function<void()>& command) {
 }
 
 QWidget* DetailPanel::PatternStop() const {
-  return SSPanelPunching->isVisibleTo(this) ? cboPattern : nullptr;
+  return SSPanelPunching_->isVisibleTo(this) ? cboPattern_ : nullptr;
 }
 
 // Choices.
@@ -358,7 +359,7 @@ void DetailPanel::PatternChosen() {
   const std::int16_t row = Row();
   if (row < 1) return;
   patterns_.Undecided.erase(row);
-  const int index = cboPattern->currentIndex();
+  const int index = cboPattern_->currentIndex();
   // The list tells of the choice of the entry that stood there already too.
   const bool another = Trim(ShownPattern()) != Trim(Items.At(row).PatternName);
   if (index < 0) {
@@ -378,7 +379,7 @@ void DetailPanel::PatternChosen() {
         Buttons::YesNo, Icon::None);
   });
   if (answer != Answer::Yes) {
-    cboPattern->SelectQuietly(0);
+    cboPattern_->SelectQuietly(0);
     if (another) Change(ChangeKind::PatternText, row);
     return;
   }
@@ -403,7 +404,7 @@ void DetailPanel::TakePattern(std::int16_t ItemIndex) {
 // What follows from the pattern selected, for the user's choice and for showing a section alike.
 void DetailPanel::ApplyPattern(std::int16_t ItemIndex, ShownHoles holes) {
   const std::string pattern = ShownPattern();
-  Tell([&] { ShowPart(*SSpanelCustom, cboPattern->currentIndex() == 0); }, TakeLookError);
+  Tell([&] { ShowPart(*SSpanelCustom_, cboPattern_->currentIndex() == 0); }, TakeLookError);
   const auto setSagBars = [&] {
     const auto choice = SagBarsOfPattern(ItemIndex, pattern);
     SetSagBarsOfPattern(ItemIndex, pattern);
@@ -425,7 +426,7 @@ void DetailPanel::SagBarsSelected(int option) {
 }
 
 void DetailPanel::PitchSelected() {
-  SetPitch(Row(), cboPitch->Text());
+  SetPitch(Row(), cboPitch_->Text());
 }
 
 // The sheet follows each letter; what is wrong with it is said when the field is left. A number too
@@ -434,7 +435,7 @@ void DetailPanel::JointingChanged() {
   std::exception_ptr refused;
   LookAtSection(Row(), [&] {
     try {
-      SetJointingPieces(Row(), FromQt(txtJointing->text()));
+      SetJointingPieces(Row(), FromQt(txtJointing_->text()));
     } catch (const std::exception&) {
       refused = std::current_exception();
     }

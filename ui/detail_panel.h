@@ -145,19 +145,19 @@ class DetailPanel : public QWidget {
   WatchedList patterns_;
   WatchedList pitches_;
 
-  QWidget* SSPanelPunching = nullptr;
-  PlainCombo* cboPattern = nullptr;
-  QGroupBox* fraSagBars = nullptr;
-  QButtonGroup* optSagBars = nullptr;
-  QLabel* lblPitch = nullptr;
-  PlainCombo* cboPitch = nullptr;
-  QLabel* lblJointing = nullptr;
-  QLineEdit* txtJointing = nullptr;
-  QWidget* SSpanelCustom = nullptr;
+  QWidget* SSPanelPunching_ = nullptr;
+  PlainCombo* cboPattern_ = nullptr;
+  QGroupBox* fraSagBars_ = nullptr;
+  QButtonGroup* optSagBars_ = nullptr;
+  QLabel* lblPitch_ = nullptr;
+  PlainCombo* cboPitch_ = nullptr;
+  QLabel* lblJointing_ = nullptr;
+  QLineEdit* txtJointing_ = nullptr;
+  QWidget* SSpanelCustom_ = nullptr;
   TextGridModel* holes_ = nullptr;
-  FlexGrid* MSFlexGrid2 = nullptr;
+  FlexGrid* MSFlexGrid2_ = nullptr;
   int markedHole_ = 0;  // row of the hole list, 0 for none
-  QMenu* mnuCHPU = nullptr;
+  QMenu* mnuCHPU_ = nullptr;
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 
