@@ -1,6 +1,7 @@
 #include "core/system_dates.h"
 
 #include <cctype>
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 
@@ -91,7 +92,8 @@ std::string PatternOfDateForm(std::string_view form) {
 }
 
 Moment LocalMoment() {
-  const std::time_t now = std::time(nullptr);
+  // The clock of whole seconds alone may still be in the second before.
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   std::tm local{};
 #ifdef _WIN32
   localtime_s(&local, &now);
