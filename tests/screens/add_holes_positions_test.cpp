@@ -97,5 +97,15 @@ TEST_F(HolePositionTest, After_a_refusal_the_position_is_ready_to_be_typed_again
   });
 }
 
+TEST_F(HolePositionTest, A_click_into_the_slot_length_replaces_its_nought) {
+  ShowSection("Z");
+  InAbsolute([](FrmAddHoles& dialog) {
+    QTest::mouseClick(&Slot(dialog), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(4, Slot(dialog).height() / 2));
+    QTest::keyClicks(&Slot(dialog), "28");
+    EXPECT_EQ(FromQt(Slot(dialog).text()), "28");
+  });
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -489,15 +489,5 @@ TEST_F(AddHolesTest, Info_tells_the_limits_and_the_lines) {
   EXPECT_EQ(Items.At(1).HoleCount(), 0);
 }
 
-TEST_F(AddHolesTest, A_click_into_the_slot_length_replaces_its_nought) {
-  ShowSection("Z");
-  InAbsolute([](FrmAddHoles& dialog) {
-    QTest::mouseClick(&Slot(dialog), Qt::LeftButton, Qt::NoModifier,
-                      QPoint(4, Slot(dialog).height() / 2));
-    QTest::keyClicks(&Slot(dialog), "28");
-    EXPECT_EQ(FromQt(Slot(dialog).text()), "28");
-  });
-}
-
 }  // namespace
 }  // namespace orvane::test
