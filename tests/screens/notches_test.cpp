@@ -285,7 +285,7 @@ TEST_F(NotchesTest, OK_redraws_the_row_drops_rows_without_a_code_and_leaves_the_
 
 TEST_F(NotchesTest, It_opens_with_its_first_cell_being_edited_and_no_key_is_lost) {
   ShowOne();
-  InDialog([this](QWidget& form) {
+  InDialog([](QWidget& form) {
     ExpectEditing(form, 1, 1, "");
     for (const char* text : {"tl1", "20", "30"}) {
       Keys(text);
