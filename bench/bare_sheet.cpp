@@ -38,10 +38,13 @@ struct StepPainter {
   }
   template <class Letters>
   auto operator()(const Letters& letters) const -> decltype(letters.Text, void()) {
-    if (letters.Angle == 0) return Device.drawText(letters.Base, letters.Text);
+    if (letters.Angle == 0 && letters.WidthScale == 1) {
+      return Device.drawText(letters.Base, letters.Text);
+    }
     const QTransform upright = Device.transform();
     Device.translate(letters.TopLeft);
     Device.rotate(-letters.Angle);
+    Device.scale(letters.WidthScale, 1);
     Device.drawText(letters.Base - letters.TopLeft, letters.Text);
     Device.setTransform(upright);
   }
@@ -139,7 +142,7 @@ void BareSheet::Add(const TextShape& text, const Frame& frame) {
   SetPen(QPen(ColorOf(text.Color)));
   const QPointF topLeft = frame.Of(text.TopLeft);
   steps_.emplace_back(Letters{topLeft + QPointF(0, text.Ascent * frame.Down), SheetText(text.Text),
-                              text.Angle, topLeft});
+                              text.WidthScale, text.Angle, topLeft});
 }
 
 void BareSheet::Add(const PictureShape& picture, const Frame& frame) {

@@ -32,6 +32,7 @@ class BareSheet {
   struct Letters {
     QPointF Base;
     QString Text;
+    double WidthScale = 1;
     double Angle = 0;  // degrees, counter-clockwise about TopLeft
     QPointF TopLeft;
   };

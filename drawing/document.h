@@ -115,6 +115,9 @@ struct TextShape {
   std::string Text;
   Font Type;
   Rgb Color = Black;
+  // What its letters and the room between them measure along its own line, of what the font gives
+  // them: above 0, below 1 for a text that is set narrower to get into its room.
+  double WidthScale = 1;
   double Angle = 0;   // degrees, counter-clockwise about the top left corner
   double Ascent = 0;  // mm from the top to the baseline
   bool Clipped = false;
@@ -122,7 +125,7 @@ struct TextShape {
   // The texts of pictures are read without a font to measure them by, and hang on a point of their
   // baseline: `TopLeft` is then below the text's middle or right end, which only the painter knows.
   TextSide Side = TextSide::Left;
-  Fill Behind;  // of the text's box, as wide as the text, from its ascent to its descent
+  Fill Behind;  // of the text's box, as wide as the text is set, from its ascent to its descent
 
   friend bool operator==(const TextShape&, const TextShape&) = default;
 };

@@ -64,6 +64,7 @@ struct ShapeCheck {
     CheckSize(text.Type.Size);
     CheckNumber(text.Ascent);
     CheckNumber(text.Angle);
+    CheckSize(text.WidthScale);
     if (text.Clipped) CheckBox(text.Clip);
   }
   void operator()(const PictureShape& picture) const {

@@ -58,6 +58,7 @@ struct Describer {
     if (text.Type.Bold) line += " bold";
     if (text.Type.Name != "Arial") line += " " + text.Type.Name;
     if (!(text.Color == Black)) line += " " + Color(text.Color);
+    if (text.WidthScale != 1) line += " narrowed " + Number(text.WidthScale);
     if (text.Angle != 0) line += " angle " + Number(text.Angle);
     if (text.Clipped) line += " clip " + Place(text.Clip);
     return line;

@@ -15,7 +15,8 @@ namespace orvane::test {
 //   rectangle | ellipse left top width height pen width [fill]
 //   arc left top width height from start span degrees pen width [fill]
 //   polygon x,y x,y ... pen width [fill]
-//   text "..." x y size [bold] [font name] [colour] [angle degrees] [clip left top width height]
+//   text "..." x y size [bold] [font name] [colour] [narrowed scale] [angle degrees]
+//       [clip left top width height]
 //   picture left top width height
 // Colours are named where they aren't black; a fill is "fill r,g,b".
 std::string Described(const Shape& shape);

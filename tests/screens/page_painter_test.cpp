@@ -198,6 +198,53 @@ TEST(PagePainter, A_painted_text_is_as_wide_as_it_was_measured) {
   EXPECT_NEAR(inked.right() - one.right(), (width - bar) * Scale, 1.01);
 }
 
+TEST(PagePainter, A_narrowed_text_keeps_its_height_and_its_left_end) {
+  TextShape text = TextOf("HHHH", {2, 4}, 12);
+  const QRect plain = Inked(Painted({text}));
+  text.WidthScale = 0.6;
+  for (const PaintDevice device : {PaintDevice::Screen, PaintDevice::Paper, PaintDevice::NoClips}) {
+    const QRect inked = Inked(Painted({text}, device));
+    EXPECT_NEAR(inked.right() - 20, 0.6 * (plain.right() - 20), 1.5);
+    EXPECT_NEAR(inked.left() - 20, 0.6 * (plain.left() - 20), 1.5);
+    EXPECT_EQ(inked.top(), plain.top());
+    EXPECT_EQ(inked.bottom(), plain.bottom());
+  }
+}
+
+TEST(PagePainter, A_turned_text_is_narrowed_along_its_own_line) {
+  TextShape text = TextOf("HHHH", {8, 19}, 10);
+  text.Angle = 90;
+  const QRect plain = Inked(Painted({text}));
+  text.WidthScale = 0.6;
+  const QRect inked = Inked(Painted({text}));
+  EXPECT_NEAR(inked.height(), 0.6 * plain.height(), 1.5);
+  EXPECT_EQ(inked.left(), plain.left());
+  EXPECT_EQ(inked.right(), plain.right());
+}
+
+TEST(PagePainter, A_narrowed_text_of_a_picture_hangs_on_its_middle_with_its_box_as_narrow) {
+  TextShape text = TextOf("HHHH", {10, 8}, 12);
+  text.Side = TextSide::Middle;
+  text.Behind = {true, {0, 255, 0}};
+  text.WidthScale = 0.6;
+  const double width = 0.6 * SheetMetrics().Width(text.Type, "HHHH") / 56.7 * Scale;
+  const QRect inked = Inked(Painted({text}));
+  EXPECT_NEAR(inked.left(), 100 - width / 2, 1);
+  EXPECT_NEAR(inked.width(), width, 2);
+}
+
+TEST(PagePainter, Where_nothing_clips_a_narrowed_text_loses_fewer_letters) {
+  TextShape text = TextOf("iiiiiiiiiiiiiiiiiiiiiiiiii", {5, 5}, 10);
+  text.Clipped = true;
+  text.Clip = {5, 5, 8, 5};
+  text.WidthScale = 0.6;
+  // An i is 0.783 mm, 0.47 mm of it at 0.6: seventeen of them fit into 8 mm.
+  TextShape seventeen = TextOf("iiiiiiiiiiiiiiiii", {5, 5}, 10);
+  seventeen.WidthScale = 0.6;
+  EXPECT_EQ(Inked(Painted({text}, PaintDevice::NoClips)),
+            Inked(Painted({seventeen}, PaintDevice::NoClips)));
+}
+
 TEST(PagePainter, Turned_text_reads_uphill_about_its_top_left_corner) {
   TextShape text = TextOf("HHHH", {8, 15}, 10);
   text.Angle = 90;

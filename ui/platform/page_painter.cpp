@@ -171,26 +171,32 @@ class Painting {
 
   void Paint(const TextShape& text) {
     const QString letters = SheetText(text.Text);
-    // Drawn upwards from the base line, which lies the ascent below the top.
-    const QPointF topLeft = TwipsOf(text.TopLeft);
-    const double ascent = text.Ascent * TwipsPerMm;
     const double shrink = SetFont(text.Type);
     SetTextColor(text.Color);
     const bool byPoint = text.Side != TextSide::Left || text.Behind.Visible;
     if (byPoint || (text.Clipped && text.Angle != 0)) {
       PaintByPoint(text, letters, shrink);
     } else if (text.Clipped) {
-      PaintClipped(text, letters, topLeft + QPointF(0, ascent));
-    } else if (text.Angle == 0 && shrink == 1) {
-      painter_.drawText(topLeft + QPointF(0, ascent), letters);
+      PaintClipped(text, letters, shrink);
     } else {
-      const QTransform upright = painter_.transform();
-      painter_.translate(topLeft);
-      painter_.rotate(-text.Angle);
-      painter_.scale(shrink, shrink);
-      painter_.drawText(QPointF(0, ascent), letters);
-      painter_.setTransform(upright);
+      PaintLetters(text, letters, shrink);
     }
+  }
+
+  // Drawn upwards from the base line, which lies the ascent below the top.
+  void PaintLetters(const TextShape& text, const QString& letters, double shrink) {
+    const QPointF topLeft = TwipsOf(text.TopLeft);
+    const QPointF base(0, text.Ascent * TwipsPerMm);
+    if (text.Angle == 0 && shrink == 1 && text.WidthScale == 1) {
+      painter_.drawText(topLeft + base, letters);
+      return;
+    }
+    const QTransform upright = painter_.transform();
+    painter_.translate(topLeft);
+    painter_.rotate(-text.Angle);
+    painter_.scale(shrink * text.WidthScale, shrink);
+    painter_.drawText(base, letters);
+    painter_.setTransform(upright);
   }
 
   // A text of a picture: it hangs on its point by its left end, its middle or its right end, and
@@ -208,7 +214,7 @@ class Painting {
     }
     painter_.translate(TwipsOf(text.TopLeft));
     painter_.rotate(-text.Angle);
-    painter_.scale(shrink, shrink);
+    painter_.scale(shrink * text.WidthScale, shrink);
     if (text.Behind.Visible) {
       painter_.fillRect(
           QRectF(left, base - metrics.Ascent(text.Type), width, metrics.Height(text.Type)),
@@ -218,23 +224,26 @@ class Painting {
     painter_.restore();
   }
 
-  void PaintClipped(const TextShape& text, QString letters, QPointF base) {
+  void PaintClipped(const TextShape& text, QString letters, double shrink) {
     const QRectF clip = TwipsOf(text.Clip);
-    const double top = TwipsOf(text.TopLeft).y();
+    const QPointF topLeft = TwipsOf(text.TopLeft);
     const FontMetrics& metrics = SheetMetrics();
-    const auto end = [&] { return base.x() + metrics.Width(text.Type, FromQt(letters)); };
-    const bool fits = base.x() >= clip.left() && end() <= clip.right() && top >= clip.top() &&
-                      top + metrics.Height(text.Type) <= clip.bottom();
+    const auto end = [&] {
+      return topLeft.x() + text.WidthScale * metrics.Width(text.Type, FromQt(letters));
+    };
+    const bool fits = topLeft.x() >= clip.left() && end() <= clip.right() &&
+                      topLeft.y() >= clip.top() &&
+                      topLeft.y() + metrics.Height(text.Type) <= clip.bottom();
     if (device_ == PaintDevice::NoClips) {
       while (!letters.isEmpty() && end() > clip.right()) letters.chop(1);
     }
     if (fits || device_ == PaintDevice::NoClips) {
-      painter_.drawText(base, letters);
+      PaintLetters(text, letters, shrink);
       return;
     }
     painter_.save();
     painter_.setClipRect(clip, Qt::IntersectClip);
-    painter_.drawText(base, letters);
+    PaintLetters(text, letters, shrink);
     painter_.restore();
   }
 
