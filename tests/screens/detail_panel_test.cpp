@@ -1,6 +1,9 @@
 // The detail panel: what shows for which section, pitch and jointing pieces, and that looking at a
 // section changes nothing.
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QSplitter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "tests/screens/detail_fixture.h"
@@ -442,6 +445,33 @@ TEST_F(DetailPanelTest, Tab_comes_to_the_sag_bars_that_the_section_has) {
     Press(Qt::Key_Tab);
     EXPECT_EQ(Focus(), row == 1 ? "optSagBars(1)" : "optSagBars(0)");
   }
+}
+
+TEST_F(DetailPanelTest, A_pattern_whose_name_is_cut_off_is_told_whole_to_a_resting_mouse) {
+  // An office may name its patterns as it likes.
+  const std::string name = "Sleeved both ends, holes for two rows of sag bars, staggered";
+  PunchPattern pattern = PunchPatterns.At(1);
+  pattern.SectionType = "Z";
+  pattern.Name = name;
+  PunchPatterns.Append(pattern);
+  PutSection("Z", name, 14);
+  PutSection("Z", "Butt");
+  const auto told = [this] {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->inherits("QTipLabel")) window->hide();
+    }
+    const QPoint place = Pattern().rect().center();
+    QHelpEvent rest(QEvent::ToolTip, place, Pattern().mapToGlobal(place));
+    QCoreApplication::sendEvent(&Pattern(), &rest);
+    return QToolTip::isVisible() ? FromQt(QToolTip::text()) : "";
+  };
+  Show(1);
+  main->resize(main->minimumSizeHint());
+  Find<QSplitter>("SSSplitter1").setSizes({1, 2000});
+  Settle();
+  EXPECT_EQ(told(), "<span>" + name + "</span>");
+  Show(2);
+  EXPECT_EQ(told(), "");
 }
 
 }  // namespace

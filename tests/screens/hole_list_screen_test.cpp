@@ -121,6 +121,12 @@ TEST_F(HoleListTest, A_resting_mouse_is_told_a_text_that_its_cell_cuts_off) {
   EXPECT_EQ(Tip(Sections(), 1, 5),
             "<span>Sleeved &lt;both&gt; ends &amp; packed apart, see drawing 4711 of the "
             "steelwork, revision C</span>");
+  // The cell's editor lies over it.
+  const std::string told = Tip(Sections(), 1, 5);
+  ClickCell(Sections(), 1, 5);
+  EXPECT_EQ(FromQt(Find("sspEditText").toolTip()), told);
+  Retype("Short");
+  EXPECT_EQ(FromQt(Find("sspEditText").toolTip()), "");
 }
 
 TEST_F(HoleListTest, A_longer_figure_widens_its_column_and_a_shorter_one_gives_the_room_back) {

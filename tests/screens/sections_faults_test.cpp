@@ -64,7 +64,7 @@ TEST_F(SectionsFaults, Mending_one_mark_of_a_duplicate_takes_both_signs_at_the_s
   ClickCell(Sections(), 1, 1);
   ASSERT_EQ(Focus(), "txtEdit");
   EXPECT_EQ(Signs(), (Cells{"1 Mark", "2 Mark"}));
-  EXPECT_EQ(FromQt(Find("sspEditText").toolTip()), "Error - Duplicate Mark");
+  EXPECT_EQ(FromQt(Find("sspEditText").toolTip()), "<span>Error - Duplicate Mark</span>");
   Press(Qt::Key_End);
   Type("A");
   EXPECT_EQ(Signs(), Cells{});
@@ -112,7 +112,8 @@ TEST_F(SectionsFaults, Each_cell_is_mended_by_itself) {
   // Too long now, where it was none, and never in order on the way.
   Paste("16000");
   EXPECT_EQ(Signs(), (Cells{"1 Length (mm)", "1 Qty"}));
-  EXPECT_EQ(FromQt(Find("sspEditText").toolTip()), "Length exceeds maximum for section (15000)");
+  EXPECT_EQ(FromQt(Find("sspEditText").toolTip()),
+            "<span>Length exceeds maximum for section (15000)</span>");
   Retype("6000");
   Press(Qt::Key_Tab);
   Retype("4");

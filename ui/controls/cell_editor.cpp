@@ -84,7 +84,7 @@ CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QSt
           [this](const QString& text) { Guard([&] { Changed(FromQt(text)); }); });
   home.installEventFilter(this);
   grid.Scrolled = [this] { Place(); };
-  connect(&grid.Model(), &QAbstractItemModel::dataChanged, this, [this] { ShowFault(); });
+  connect(&grid.Model(), &QAbstractItemModel::dataChanged, this, [this] { ShowCoveredCell(); });
 }
 
 PlainCombo& CellEditor::AddChoices(int column, const QString& panel, const QString& name) {
@@ -167,7 +167,7 @@ void CellEditor::Open(int row, int column) {
   Place();
   openPanel_->show();
   openPanel_->raise();
-  ShowFault();
+  ShowCoveredCell();
   control->setFocus();
   // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
   if (former != nullptr && former != openPanel_) former->hide();
@@ -189,14 +189,13 @@ void CellEditor::OpenAgain(int row, int column) {
 void CellEditor::Place() {
   if (EditRow_ == 0) return;
   openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
-  ShowFault();
+  ShowCoveredCell();
 }
 
-// The control covers the sign of its cell and catches the mouse that would be told the reason.
-void CellEditor::ShowFault() {
-  const std::string reason = EditRow_ > 0 ? grid_.Model().FaultOf(EditRow_, EditCol_) : "";
-  if (openPanel_ != nullptr) openPanel_->setToolTip(ToQt(reason));
-  if (reason.empty()) {
+// The control covers the sign of its cell and catches the mouse that would be told the cell's tip.
+void CellEditor::ShowCoveredCell() {
+  if (openPanel_ != nullptr) openPanel_->setToolTip(grid_.TipOf(EditRow_, EditCol_));
+  if (EditRow_ == 0 || grid_.Model().FaultOf(EditRow_, EditCol_).empty()) {
     faultSign_->hide();
   } else {
     faultSign_->ShowOver(grid_.CellRect(EditRow_, EditCol_));

@@ -104,7 +104,7 @@ class CellEditor : public QObject {
   void Connect(QFrame& panel, const QString& name, QWidget& control);
   void Place();
   void ShowEntry(const std::string& text);
-  void ShowFault();
+  void ShowCoveredCell();
   void Changed(const std::string& text);
   void WriteBack();
   bool KeyPressed(const QObject* watched, const QKeyEvent& key);

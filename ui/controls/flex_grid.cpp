@@ -406,9 +406,10 @@ bool FlexGrid::IsCut(const QModelIndex& cell) const {
   return CellWidth(text) > columnWidth(cell.column());
 }
 
-// What a resting mouse is told: a text that its cell cuts off, and what is wrong with the cell.
-QString FlexGrid::TipOf(const QModelIndex& cell) const {
+QString FlexGrid::TipOf(int row, int column) const {
+  const QModelIndex cell = model_->index(row - 1, column);
   QStringList lines;
+  if (!cell.isValid()) return {};
   if (IsCut(cell)) lines << PlainTip(FromQt(cell.data(Qt::DisplayRole).toString()));
   const std::string reason = FromQt(cell.data(Qt::ToolTipRole).toString());
   if (!reason.empty()) lines << PlainTip(reason);
@@ -419,7 +420,7 @@ bool FlexGrid::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
   const auto& help = static_cast<const QHelpEvent&>(*event);
   const QModelIndex cell = indexAt(help.pos());
-  const QString tip = cell.isValid() ? TipOf(cell) : QString();
+  const QString tip = TipOf(cell.row() + 1, cell.column());
   if (tip.isEmpty()) {
     QToolTip::hideText();
   } else {

@@ -138,6 +138,10 @@ class FlexGrid : public QTableView {
   // Text of a cell, the heading row 0 included; empty outside the grid.
   std::string TextMatrix(int row, int column) const;
 
+  // What a mouse that rests on the cell is told: a text that it cuts off, and what is wrong with
+  // it; empty for nothing.
+  QString TipOf(int row, int column) const;
+
   // Place of a cell in viewport coordinates, also when it is scrolled out of sight.
   QRect CellRect(int row, int column) const;
   void EnsureVisible(int row, int column);
@@ -199,7 +203,6 @@ class FlexGrid : public QTableView {
   std::vector<int> NeededWidths() const;
   std::vector<int> SharedWidths() const;
   bool IsCut(const QModelIndex& cell) const;
-  QString TipOf(const QModelIndex& cell) const;
   void LayColumnsByRatio();
   void LayColumnsByHeading();
   void LayHeading();

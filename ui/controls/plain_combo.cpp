@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QProxyStyle>
@@ -11,6 +12,7 @@
 #include <QSignalBlocker>
 #include <QStylePainter>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -291,9 +293,24 @@ bool PlainCombo::eventFilter(QObject* watched, QEvent* event) {
   return taken || QComboBox::eventFilter(watched, event);
 }
 
-// Tab never reaches the handler of keys.
+bool PlainCombo::IsCut() const {
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  const QRect field =
+      style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+  const int air = 1;  // on each side of the text
+  return fontMetrics().horizontalAdvance(ShownText()) > field.width() - 2 * air;
+}
+
+// Tab never reaches the handler of keys. A name that the closed box cuts off is told whole to a
+// resting mouse.
 bool PlainCombo::event(QEvent* event) {
   bool taken = false;
+  if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && IsCut()) {
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    QToolTip::showText(help.globalPos(), PlainTip(FromQt(ShownText())), this);
+    return true;
+  }
   if (event->type() == QEvent::KeyPress) {
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (IsPlainTab(key)) Guard([&] { taken = HoldsCursor(key); });

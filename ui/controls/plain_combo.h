@@ -81,6 +81,7 @@ class PlainCombo : public QComboBox, public ListForReaders {
   void MarkFirst();
   void Choose(int index);
   void TellPosted();
+  bool IsCut() const;
   void EndRefusal();
   void TellValue();
 
