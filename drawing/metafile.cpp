@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 
+#include "core/runtime_error.h"
 #include "drawing/metafile_player.h"
 #include "drawing/metafile_records.h"
 
@@ -69,7 +70,12 @@ Picture ReadMetafile(std::string_view bytes) {
   if (left.BeginsWith(PlaceableKey)) window = TakePlaceableHeader(left, picture);
   TakeHeader(left);
   if (!window) window = PlainWindow(left, picture);
-  MetafilePlayer(picture, *window).Play(left);
+  MetafilePlayer player(picture, *window);
+  player.Play(left);
+  // An empty place on the sheet would say that there is nothing to see.
+  if (picture.Shapes.empty() && player.HasPassedOver()) {
+    throw RuntimeError(Failure::TypeMismatch, "Nothing of the picture can be drawn");
+  }
   return picture;
 }
 

@@ -7,8 +7,10 @@
 
 namespace orvane {
 
-// The picture in the bytes of a metafile. Records that don't draw are passed over. Bytes that are
-// no metafile, or that end inside a record, raise a RuntimeError; nothing in them is trusted.
+// The picture in the bytes of a metafile. Records that don't draw are passed over; where nothing is
+// left of what they should have shown (a picture made of bitmaps alone), that raises a
+// RuntimeError. So do bytes that are no metafile, or that end inside a record; nothing in them is
+// trusted.
 Picture ReadMetafile(std::string_view bytes);
 
 }  // namespace orvane

@@ -23,6 +23,27 @@ constexpr double SizeOfPlainText = 10 / PointsToTheMm;  // mm, while no font is 
 
 constexpr double HatchSpacing = 1;  // mm
 
+// The dashes of a pen of that style and width in mm; none for a solid one. They grow with the pen,
+// so that the dots of a broad one don't flow together.
+DashPattern DashesOfPen(std::uint16_t style, double width) {
+  enum { Dashed = 1, Dotted = 2, DashDot = 3, DashDotDot = 4 };
+  const double dot = std::max(0.5, width);
+  const double gap = 2 * dot;
+  const double dash = 6 * dot;
+  switch (style) {
+    case Dashed:
+      return {dash, gap};
+    case Dotted:
+      return {dot, gap};
+    case DashDot:
+      return {dash, gap, dot, gap};
+    case DashDotDot:
+      return {dash, gap, dot, gap, dot, gap};
+    default:
+      return {};
+  }
+}
+
 constexpr std::size_t MostSavedStates = 256;
 
 // An extent beyond this is none of 16 bits, whatever it was scaled by.
@@ -57,8 +78,8 @@ void MetafilePlayer::PlayRecord(const MetafileBytes::Entry& entry) {
     std::uint16_t Function = 0;
     void (MetafilePlayer::*Play)(const MetafileRecord&) = nullptr;
   };
-  // What is not named here is passed over: bitmaps, single pixels, flood fills, excluded
-  // rectangles, the viewport, spacing of letters, palettes in use, escapes.
+  // What is not named here is passed over: excluded rectangles, the viewport, spacing of letters,
+  // palettes in use, escapes; and what would be seen, which is noted.
   static constexpr std::array Kinds = {
       Kind{0x001E, &MetafilePlayer::SaveState},
       Kind{0x0127, &MetafilePlayer::RestoreState},
@@ -72,6 +93,8 @@ void MetafilePlayer::PlayRecord(const MetafileBytes::Entry& entry) {
       Kind{0x020F, &MetafilePlayer::OffsetWindowOrigin},
       Kind{0x0410, &MetafilePlayer::ScaleWindowExtents},
       Kind{0x0416, &MetafilePlayer::IntersectClip},
+      Kind{0x0220, &MetafilePlayer::OffsetClip},
+      Kind{0x012C, &MetafilePlayer::SelectClip},
 
       Kind{0x02FA, &MetafilePlayer::CreatePen},
       Kind{0x02FC, &MetafilePlayer::CreateBrush},
@@ -101,7 +124,16 @@ void MetafilePlayer::PlayRecord(const MetafileBytes::Entry& entry) {
   const auto* kind = std::find_if(Kinds.begin(), Kinds.end(), [&](const Kind& candidate) {
     return candidate.Function == entry.Function;
   });
-  if (kind != Kinds.end()) (this->*kind->Play)(entry.Record);
+  if (kind != Kinds.end()) {
+    (this->*kind->Play)(entry.Record);
+    return;
+  }
+  // Bitmaps and blocks of them, single pixels, flood fills, regions.
+  static constexpr std::array<std::uint16_t, 14> Unseen = {
+      0x0922, 0x0B23, 0x0940, 0x0B41, 0x0F43, 0x0D33, 0x061D,
+      0x041F, 0x0419, 0x0548, 0x0228, 0x0429, 0x012A, 0x012B,
+  };
+  if (std::find(Unseen.begin(), Unseen.end(), entry.Function) != Unseen.end()) passedOver_ = true;
 }
 
 // The state.
@@ -183,13 +215,27 @@ void MetafilePlayer::IntersectClip(const MetafileRecord& record) {
   state_.Clip = state_.Clip ? CommonBox(*state_.Clip, box) : box;
 }
 
+// Moves the clip by so many units down and right.
+void MetafilePlayer::OffsetClip(const MetafileRecord& record) {
+  const Point offset = record.YX(0);
+  if (!state_.Clip) return;
+  state_.Clip->Left += offset.X * picture_.Width / state_.Window.Width;
+  state_.Clip->Top += offset.Y * picture_.Height / state_.Window.Height;
+}
+
+// 0 lifts the clip. Regions, which another number would name, aren't kept, so that the clip stays.
+void MetafilePlayer::SelectClip(const MetafileRecord& record) {
+  if (record.Word(0) == 0) state_.Clip.reset();
+}
+
 // Objects.
 
 // Style, width (and a height that says nothing), colour.
 void MetafilePlayer::CreatePen(const MetafileRecord& record) {
   constexpr int NoLine = 5;
-  Create(Pen{(record.Word(0) & 0xF) != NoLine, std::abs(static_cast<double>(record.Number(1))),
-             record.Color(3)});
+  const std::uint16_t style = record.Word(0) & 0xF;
+  Create(Pen{style != NoLine, std::abs(static_cast<double>(record.Number(1))), record.Color(3),
+             style});
 }
 
 // Style, colour, the kind of hatch.
@@ -432,6 +478,7 @@ std::vector<Point> MetafilePlayer::PointsMm(const MetafileRecord& record, std::s
 MetafileInk MetafilePlayer::Ink() const {
   MetafileInk ink;
   ink.Stroke = {MmWide(state_.Stroke.Width), state_.Stroke.Color, state_.Stroke.Visible};
+  ink.Dashes = DashesOfPen(state_.Stroke.Style, ink.Stroke.Width);
   const Brush& brush = state_.Inside;
   if (brush.Solid) ink.Inside = {true, brush.Color};
   if (!brush.Lines.empty()) {

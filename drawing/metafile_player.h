@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
@@ -31,13 +32,16 @@ class MetafilePlayer {
   // All records up to the one that ends the file.
   void Play(MetafileBytes bytes);
 
+  // Something was passed over that would have been seen: a bitmap, a pixel, a region.
+  bool HasPassedOver() const { return passedOver_; }
+
  private:
   // What drawing is done with. A slot of the table of objects keeps its number until it is deleted.
-  // Dashed pens draw solid lines.
   struct Pen {
     bool Visible = true;
     double Width = 0;  // in the file's units
     Rgb Color = Black;
+    std::uint16_t Style = 0;  // solid, dashed, dotted, dash and dot, dash and two dots
   };
   struct Brush {
     bool Solid = true;
@@ -87,6 +91,8 @@ class MetafilePlayer {
   void OffsetWindowOrigin(const MetafileRecord& record);
   void ScaleWindowExtents(const MetafileRecord& record);
   void IntersectClip(const MetafileRecord& record);
+  void OffsetClip(const MetafileRecord& record);
+  void SelectClip(const MetafileRecord& record);
 
   // Objects.
   void CreatePen(const MetafileRecord& record);
@@ -132,6 +138,7 @@ class MetafilePlayer {
   std::vector<State> saved_;
   std::vector<Object> objects_;
   std::set<std::size_t> free_;  // slots of deleted objects
+  bool passedOver_ = false;
 };
 
 }  // namespace orvane

@@ -77,6 +77,10 @@ void MetafileShapes::AddLine(const Point& from, const Point& to, const MetafileI
   if (!ink.Stroke.Visible) return;
   Spend(1);
   const std::vector<Point> points = {from, to};
+  if (!ink.Dashes.empty()) {
+    AddPieces(points, false, ink);
+    return;
+  }
   if (!ink.Clip || SideOf(BoundsOf(points), *ink.Clip) == ClipSide::Inside) {
     shapes_.emplace_back(LineShape{from, to, ink.Stroke});
     return;
@@ -158,10 +162,11 @@ void MetafileShapes::AddArc(const ArcShape& arc, const MetafileInk& ink) {
     AddArea(arc, arc.Place, pointsOf, ink);
   } else if (ink.Stroke.Visible) {
     Spend(1);
-    if (!ink.Clip || SideOf(arc.Place, *ink.Clip) == ClipSide::Inside) {
-      ArcShape whole = arc;
-      whole.Stroke = ink.Stroke;
-      shapes_.emplace_back(whole);
+    const bool whole = !ink.Clip || SideOf(arc.Place, *ink.Clip) == ClipSide::Inside;
+    if (whole && ink.Dashes.empty()) {
+      ArcShape stroked = arc;
+      stroked.Stroke = ink.Stroke;
+      shapes_.emplace_back(stroked);
     } else {
       AddPieces(pointsOf(arc).front(), false, ink);
     }
@@ -186,7 +191,8 @@ void MetafileShapes::AddArea(Area area, const Box& bounds, const OutlineOf& outl
   Spend(1);
   const ClipSide side = ink.Clip ? SideOf(bounds, *ink.Clip) : ClipSide::Inside;
   if (side == ClipSide::Outside) return;
-  if (side == ClipSide::Inside && ink.Hatches.empty()) {
+  const bool dashed = ink.Stroke.Visible && !ink.Dashes.empty();
+  if (side == ClipSide::Inside && ink.Hatches.empty() && !dashed) {
     SetInk(area, ink);
     shapes_.emplace_back(std::move(area));
     return;
@@ -216,7 +222,7 @@ void MetafileShapes::AddArea(Area area, const Box& bounds, const OutlineOf& outl
     HatchPolygon(shapes_, rings, ink.Winding, hatch);
   }
   if (!ink.Stroke.Visible) return;
-  if (side == ClipSide::Inside) {
+  if (side == ClipSide::Inside && !dashed) {
     SetInk(area, StrokeOnly(ink));
     shapes_.emplace_back(std::move(area));
     return;
@@ -224,13 +230,25 @@ void MetafileShapes::AddArea(Area area, const Box& bounds, const OutlineOf& outl
   for (const std::vector<Point>& ring : outline) AddPieces(ring, true, ink);
 }
 
+// A stroke, dashed where its pen is.
 void MetafileShapes::AddPieces(const std::vector<Point>& points, bool closed,
                                const MetafileInk& ink) {
+  if (ink.Dashes.empty()) {
+    AddChainPieces(points, closed, ink);
+    return;
+  }
+  Spend(DashesOf(points, closed, ink.Dashes));
+  for (const auto& dash : DashChain(points, closed, ink.Dashes)) AddChainPieces(dash, false, ink);
+}
+
+// A chain, cut where the clip rectangle cuts it.
+void MetafileShapes::AddChainPieces(const std::vector<Point>& points, bool closed,
+                                    const MetafileInk& ink) {
   Spend(1 + static_cast<double>(points.size()));
   const auto add = [&](std::vector<Point> chain) {
     PolygonShape piece;
     piece.Rings = {std::move(chain)};
-    piece.Closed = false;
+    piece.Closed = closed && !ink.Clip;
     piece.Stroke = ink.Stroke;
     shapes_.emplace_back(std::move(piece));
   };

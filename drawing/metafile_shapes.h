@@ -1,10 +1,11 @@
-// The shapes that a metafile's records draw: cut to the clip rectangle, hatched, and bounded in
-// number, since nothing in a file says how much a record may ask for.
+// The shapes that a metafile's records draw: cut to the clip rectangle, hatched and dashed, and
+// bounded in number, since nothing in a file says how much a record may ask for.
 #pragma once
 
 #include <optional>
 #include <vector>
 
+#include "drawing/dashes.h"
 #include "drawing/document.h"
 #include "drawing/hatch.h"
 
@@ -13,6 +14,7 @@ namespace orvane {
 // How a shape is to be drawn. All in mm.
 struct MetafileInk {
   Pen Stroke;
+  DashPattern Dashes;  // of the stroke
   Fill Inside;
   std::vector<Hatch> Hatches;  // over the inside
   bool Winding = false;
@@ -43,6 +45,7 @@ class MetafileShapes {
   template <typename Area, typename OutlineOf>
   void AddArea(Area area, const Box& bounds, const OutlineOf& outlineOf, const MetafileInk& ink);
   void AddPieces(const std::vector<Point>& points, bool closed, const MetafileInk& ink);
+  void AddChainPieces(const std::vector<Point>& points, bool closed, const MetafileInk& ink);
 
   std::vector<Shape>& shapes_;
   double work_ = 0;

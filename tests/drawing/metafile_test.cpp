@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/runtime_error.h"
 #include "tests/drawing/metafile_writer.h"
 #include "tests/drawing/page_fixture.h"
 
@@ -21,6 +22,8 @@ enum Function {
   OffsetWindowOrigin = 0x020F,
   ScaleWindowExtents = 0x0410,
   IntersectClip = 0x0416,
+  OffsetClip = 0x0220,
+  SelectClip = 0x012C,
   CreatePen = 0x02FA,
   CreateBrush = 0x02FC,
   CreatePatternBrush = 0x0142,
@@ -122,8 +125,47 @@ TEST(Metafile, Pens_have_width_and_colour_or_none) {
   file.Record(CreatePen, {5, 5, 0, 0, 0});     // none
   file.Record(CreatePen, {6, -20, 0, 0, 0});   // inside the frame
   for (const int slot : {0, 1, 2, 3}) draw(slot);
-  EXPECT_EQ(ShapesOf(file), (Lines{"line 0 0 1 0 pen 0.5 16,32,48", "line 0 0 1 0 pen 0 255,0,0",
+  EXPECT_EQ(ShapesOf(file), (Lines{"line 0 0 1 0 pen 0.5 16,32,48", "chain 0,0 1,0 pen 0 255,0,0",
                                    "line 0 0 1 0 pen 2"}));
+}
+
+// Dashes of 3 mm, dots of half a millimetre, gaps of 1; a pen broader than a dot stretches them
+// all.
+TEST(Metafile, Dashed_and_dotted_pens_draw_pieces) {
+  const auto line = [](int style, int width, int length) {
+    MetafileWriter file;
+    file.Record(CreatePen, {style, width, 0, 0, 0}).Record(SelectObject, {0});
+    file.Record(LineTo, {0, length});
+    return ShapesOf(file);
+  };
+  EXPECT_EQ(line(1, 0, 100),
+            (Lines{"chain 0,0 3,0 pen 0", "chain 4,0 7,0 pen 0", "chain 8,0 10,0 pen 0"}));
+  EXPECT_EQ(line(2, 0, 30), (Lines{"chain 0,0 0.5,0 pen 0", "chain 1.5,0 2,0 pen 0"}));
+  EXPECT_EQ(line(3, 0, 60),
+            (Lines{"chain 0,0 3,0 pen 0", "chain 4,0 4.5,0 pen 0", "chain 5.5,0 6,0 pen 0"}));
+  EXPECT_EQ(line(4, 0, 72), (Lines{"chain 0,0 3,0 pen 0", "chain 4,0 4.5,0 pen 0",
+                                   "chain 5.5,0 6,0 pen 0", "chain 7,0 7.2,0 pen 0"}));
+  EXPECT_EQ(line(1, 10, 100), (Lines{"chain 0,0 6,0 pen 1", "chain 8,0 10,0 pen 1"}));
+}
+
+TEST(Metafile, Dashes_run_on_around_corners_and_over_fillings_and_are_clipped) {
+  MetafileWriter file;
+  file.Record(CreatePen, {1, 0, 0, 0, 0}).Record(SelectObject, {0});
+  file.Record(Polyline, {3, 0, 0, 20, 0, 20, 40});
+  EXPECT_EQ(ShapesOf(file), (Lines{"chain 0,0 2,0 2,1 pen 0", "chain 2,2 2,4 pen 0"}));
+
+  MetafileWriter area;
+  area.Record(CreatePen, {1, 0, 0, 0, 0}).Record(SelectObject, {0});
+  area.Record(Rectangle, {20, 30, 0, 0});
+  // 10 mm around: three on, one off, from the upper left corner to the right.
+  EXPECT_EQ(ShapesOf(area),
+            (Lines{"polygon 0,0 3,0 3,2 0,2 no pen fill 255,255,255", "chain 0,0 3,0 pen 0",
+                   "chain 3,1 3,2 1,2 pen 0", "chain 0,2 0,0 pen 0"}));
+
+  MetafileWriter cut;
+  cut.Record(CreatePen, {1, 0, 0, 0, 0}).Record(SelectObject, {0});
+  cut.Record(IntersectClip, {10, 60, 0, 20}).Record(LineTo, {0, 100});
+  EXPECT_EQ(ShapesOf(cut), (Lines{"chain 2,0 3,0 pen 0", "chain 4,0 6,0 pen 0"}));
 }
 
 TEST(Metafile, What_is_set_at_the_start) {
@@ -308,6 +350,26 @@ TEST(Metafile, The_clip_rectangle_cuts_lines_and_chains) {
                    "chain 3,3 3,2 pen 0", "line 2 2.5 4 2.5 pen 0", "line 0 2 6 2 pen 0"}));
 }
 
+TEST(Metafile, The_clip_rectangle_may_be_moved_and_lifted) {
+  MetafileWriter file = LinesAlone();
+  const auto line = [&] { file.Record(MoveTo, {20, 0}).Record(LineTo, {20, 100}); };
+  file.Record(OffsetClip, {5, 5});
+  line();  // there is none yet
+  file.Record(IntersectClip, {30, 40, 10, 10}).Record(OffsetClip, {10, 20});
+  line();  // 3 to 6 across, 2 to 4 down
+  file.Record(SetWindowExtents, {-500, 1000}).Record(OffsetClip, {10, -10});
+  file.Record(SetWindowExtents, {500, 1000});
+  line();  // a millimetre back, and one up where the axis runs up
+  file.Record(OffsetClip, {20, 0});
+  line();  // 3 to 5 down
+  file.Record(SelectClip, {3});
+  line();  // a region, of which nothing is known
+  file.Record(SelectClip, {0});
+  line();
+  EXPECT_EQ(ShapesOf(file), (Lines{"line 0 2 10 2 pen 0", "line 3 2 6 2 pen 0",
+                                   "line 2 2 5 2 pen 0", "line 0 2 10 2 pen 0"}));
+}
+
 TEST(Metafile, The_clip_rectangle_cuts_areas_and_strokes_only_their_own_outline) {
   MetafileWriter file;
   file.Record(CreateBrush, {0, 0xFF, 0, 0}).Record(SelectObject, {0});
@@ -354,6 +416,22 @@ TEST(Metafile, Records_that_draw_nothing_here_are_passed_over) {
   file.Record(0x0626, {15, 4}, "abcd").Record(0x041F, {0, 0, 5, 5}).Record(0x7777, {});
   file.Record(LineTo, {0, 10});
   EXPECT_EQ(ShapesOf(file), Lines{"line 0 0 1 0 pen 0"});
+}
+
+TEST(Metafile, One_that_shows_bitmaps_alone_says_so) {
+  const auto errorOf = [](const MetafileWriter& file) -> std::string {
+    try {
+      ReadMetafile(file.Placeable());
+    } catch (const RuntimeError& error) {
+      return error.Description();
+    }
+    return "";
+  };
+  MetafileWriter bitmap;
+  bitmap.Record(StretchBitmap, {0x20, 0xCC, 0, 1, 1, 0, 0, 1, 1, 0, 0}, std::string(44, 'x'));
+  EXPECT_EQ(errorOf(bitmap), "Nothing of the picture can be drawn");
+  // An empty one has nothing to show.
+  EXPECT_EQ(errorOf(MetafileWriter().Record(SaveState, {}).Record(0x0626, {15, 4}, "abcd")), "");
 }
 
 }  // namespace
