@@ -2,6 +2,7 @@
 // for them; the floor is a copy of the same shapes.
 #include <benchmark/benchmark.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -91,7 +92,7 @@ void FillAccessories(int accessories) {
   }
 }
 
-void LayOut(benchmark::State& state, void (*command)()) {
+void LayOut(benchmark::State& state, const std::function<void()>& command) {
   BenchScreen screen;
   InstallOutputScreen(screen);
   for (auto _ : state) {
@@ -103,7 +104,7 @@ void LayOut(benchmark::State& state, void (*command)()) {
   UninstallOutputScreen();
 }
 
-void CopyShapes(benchmark::State& state, void (*command)()) {
+void CopyShapes(benchmark::State& state, const std::function<void()>& command) {
   BenchScreen screen;
   InstallOutputScreen(screen);
   command();

@@ -47,6 +47,11 @@ void SetBold(PrintSurface& surface, int row, int column) {
   surface.TableCell(TableSetting::Bold, row, column, 1);
 }
 
+// The catalogue names an accessory's picture, or says that there is none.
+bool HasPicture(const AccDef& accessory) {
+  return accessory.DrawingFile != "None";
+}
+
 // Loads the accessory's picture and places it in the middle between the margins; gives its height
 // on the page, mm.
 double PlacePicture(const View& view) {
@@ -201,9 +206,7 @@ void DrawType2Pages(const View& view, double top) {
     if (page == pages) break;
     view.Surface.NewPage();
     DrawSheetFrame(view.Surface, view.Source, view.Accessory);
-    // Even where there is none: an accessory without a picture has sheets of one page alone, and
-    // its second one fails with the error of a missing file.
-    PlacePicture(view);
+    if (HasPicture(view.Accessory)) PlacePicture(view);
   }
 }
 
@@ -211,7 +214,12 @@ void DrawType2Pages(const View& view, double top) {
 
 void DrawAccessorySheet(PrintSurface& surface, const AccDef& accessory, AccessoryType type,
                         const TextRows& rows, bool openDocument, bool closeDocument) {
-  const SheetSource source = PresentSource();
+  DrawAccessorySheet(surface, PresentSource(), accessory, type, rows, openDocument, closeDocument);
+}
+
+void DrawAccessorySheet(PrintSurface& surface, const SheetSource& source, const AccDef& accessory,
+                        AccessoryType type, const TextRows& rows, bool openDocument,
+                        bool closeDocument) {
   if (openDocument) {
     StartSheets(surface, source.Margins);
     surface.FontSize(8);
@@ -228,7 +236,7 @@ void DrawAccessoryDetail(PrintSurface& surface, const SheetSource& source, const
                          AccessoryType type, const TextRows& rows) {
   const View view{surface, source, accessory, rows};
   double top = accessory.Value3 + TableGap;
-  if (accessory.DrawingFile != "None") top = accessory.Value3 + PlacePicture(view) + TableGap;
+  if (HasPicture(accessory)) top = accessory.Value3 + PlacePicture(view) + TableGap;
   if (type == AccessoryType::One) {
     DrawType1Table(view, top);
   } else {

@@ -1,5 +1,6 @@
 #include "drawing/pictures.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -66,6 +67,31 @@ std::shared_ptr<const Picture> ReadDrawing(std::string_view suffix) {
     }
     throw RuntimeError(error.Number(), error.Description() + ": " + path);
   }
+}
+
+std::shared_ptr<const Picture> CrossedBox(std::string_view suffix) {
+  constexpr double width = 120;  // mm
+  constexpr double height = 80;
+  constexpr double mostPoints = 12;
+  constexpr double mmToThePoint = 25.4 / 72;
+  constexpr double widestLetter = 1.02;  // of Arial, as a part of its size
+  constexpr double ascent = 0.905;
+  const Pen pen{0.3, Black, true};
+  auto picture = std::make_shared<Picture>(Picture{width, height, {}});
+  picture->Shapes.emplace_back(RectangleShape{{0, 0, width, height}, pen, {}});
+  picture->Shapes.emplace_back(LineShape{{0, 0}, {width, height}, pen});
+  picture->Shapes.emplace_back(LineShape{{0, height}, {width, 0}, pen});
+  TextShape name;
+  name.Text = suffix.substr(suffix.find_last_of('\\') + 1);
+  const double letters = std::max<double>(1, static_cast<double>(name.Text.size()));
+  const double size = std::min(mostPoints * mmToThePoint, width / (letters * widestLetter));
+  name.Type.Size = size / mmToThePoint;
+  name.TopLeft = {width / 2, (height - size) / 2};
+  name.Ascent = ascent * size;
+  name.Side = TextSide::Middle;
+  name.Behind = {true, White};
+  picture->Shapes.emplace_back(name);
+  return picture;
 }
 
 }  // namespace orvane

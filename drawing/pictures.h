@@ -27,4 +27,8 @@ std::shared_ptr<const Picture> LoadDrawing(std::string_view suffix);
 // it.
 std::shared_ptr<const Picture> ReadDrawing(std::string_view suffix);
 
+// What stands in the place of a picture that can't be read: a crossed box with the name of its
+// file, the last part of that path.
+std::shared_ptr<const Picture> CrossedBox(std::string_view suffix);
+
 }  // namespace orvane

@@ -34,8 +34,4 @@ void FitAllHolesToPage(const PrintSurface& surface, bool always) {
   }
 }
 
-void ForgetPageRoom() {
-  DrawingWidth = 0;
-}
-
 }  // namespace orvane

@@ -33,11 +33,9 @@ class PageRoom {
 // Gaps that can't be worked out raise the error of AdjustHoleSpacing and leave the former room.
 void FitHolesToPage(const PrintSurface& surface, std::int16_t ItemIndex);
 
-// The same for all rows, whatever the room was, when `always` is set (another MinHoleSep, say). A
+// The same for all rows, whatever the room was, when `always` is set (another MinHoleSep,
+// a job just opened). A
 // row whose gaps can't be worked out keeps its former ones: that is told when it is looked at.
 void FitAllHolesToPage(const PrintSurface& surface, bool always);
-
-// Makes any page's room a new one. For a job whose holes were not yet spaced for any page.
-void ForgetPageRoom();
 
 }  // namespace orvane

@@ -19,10 +19,10 @@
 #include "holes/hole_list.h"
 #include "output/output_screen.h"
 #include "output/page_room.h"
+#include "output/sheet_errors.h"
 #include "project/changes.h"
 #include "project/error_names.h"
 #include "project/rules/accessory_rules.h"
-#include "project/section_look.h"
 
 namespace orvane {
 
@@ -31,31 +31,6 @@ namespace {
 constexpr double HeaderPoints = 10;
 constexpr double FooterPoints = 7;
 constexpr double TextPoints = 9;
-
-// What left sheets going on, such as a notch without width. A run of hundreds of sheets isn't held
-// up by a box at each of them: it tells once, before its preview, what wasn't said of the sections
-// yet.
-class SheetErrors {
- public:
-  // Takes the errors of that section from now on.
-  Teller Of(std::int16_t row) {
-    errors_.push_back({NameOfSection(row), {}});
-    return [&errors = errors_.back()](const std::string& description) { errors.Add(description); };
-  }
-
-  void Say() const {
-    std::string text;
-    for (const SectionErrors& errors : errors_) {
-      const std::string lines = ErrorsNotYetSaid(errors);
-      if (!text.empty() && !lines.empty()) text += '\r';
-      text += lines;
-    }
-    if (!text.empty()) TheDesktop().Message(text);
-  }
-
- private:
-  std::deque<SectionErrors> errors_;  // its elements stay where they are
-};
 
 // What an error leaves of a document is not shown, and the next command begins a new one.
 void DrawOnPreview(const std::function<void(PrintSurface& surface, SheetErrors& errors)>& draw) {
@@ -81,14 +56,12 @@ struct RebuiltSection {
 using RebuiltSections = std::deque<RebuiltSection>;
 
 // The section as its sheet shows it: with the holes of its pattern made afresh, or with those
-// placed by hand. What that changes is a copy, so that a run that is called off has touched no
-// table.
-const Item& SectionOfSheet(std::int16_t row, bool newRoom, RebuiltSections& rebuilt) {
-  const Item& inTable = Items.At(row);
-  const bool byHand = inTable.PatternName == CustomPattern;
-  if (byHand && !newRoom) return inTable;
-  Item& section = rebuilt.emplace_back(RebuiltSection{row, inTable}).Section;
-  if (byHand) {
+// placed by hand, their gaps worked out for the room and the separation that hold now, whatever
+// they were when the job was saved. What that changes is a copy, so that a run that is called off
+// has touched no table.
+const Item& SectionOfSheet(std::int16_t row, RebuiltSections& rebuilt) {
+  Item& section = rebuilt.emplace_back(RebuiltSection{row, Items.At(row)}).Section;
+  if (section.PatternName == CustomPattern) {
     AdjustHoleSpacing(section);
   } else {
     RebuildHoles(section, section.PatternName);
@@ -104,14 +77,15 @@ void Store(RebuiltSections& rebuilt) {
 }
 
 // Draws the sheets of all sections; false when the user calls the run off.
-bool DrawAllSheets(PrintSurface& surface, bool newRoom, RebuiltSections& rebuilt,
-                   SheetErrors& errors) {
-  SheetSource source = PresentSource();
+bool DrawAllSheets(PrintSurface& surface, RebuiltSections& rebuilt, SheetErrors& errors) {
+  const SheetSource present = PresentSource();
   const std::int16_t last = Int16(Items.UBound());
   for (std::int16_t row = 1; row <= last; ++row) {
+    SheetSource source = present;
     source.Tell = errors.Of(row);
+    if (last > 1) errors.CrossMissingPictures(source, NameOfSection(row));
     InNameOfSection(row, [&] {
-      const Item& section = SectionOfSheet(row, newRoom, rebuilt);
+      const Item& section = SectionOfSheet(row, rebuilt);
       // The last comes first: a project of a single section only closes its document; its sheet
       // stands on the page that a fresh surface makes by itself.
       const bool close = row == last;
@@ -146,17 +120,20 @@ TextRows SheetRows(std::int16_t accessory) {
 }
 
 // The same for the sheets of these accessories.
-bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>& accessories) {
+bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>& accessories,
+                         SheetErrors& errors) {
   const int count = static_cast<int>(accessories.size());
   int done = 0;
   for (const std::int16_t row : accessories) {
     CurrentAcc = row;
+    SheetSource source = PresentSource();
+    if (count > 1) errors.CrossMissingPictures(source, NameOfAccessory(row));
     InNameOfAccessory(row, {}, [&] {
       const AccessoryType type = IsType1Accessory(row) ? AccessoryType::One : AccessoryType::Two;
       const TextRows rows = SheetRows(row);
       const bool first = done == 0;
       if (!first) surface.NewPage();
-      DrawAccessorySheet(surface, AccDefs.At(row), type, rows, first, false);
+      DrawAccessorySheet(surface, source, AccDefs.At(row), type, rows, first, false);
     });
     if (!TheOutputScreen().GoesOn(++done, count)) return false;
   }
@@ -367,13 +344,14 @@ void PrintCurrentDrawing(std::int16_t ItemIndex) {
   });
 }
 
-void PrintAllDrawings() {
-  if (Items.Empty()) return;
-  DrawOnPreview([](PrintSurface& surface, SheetErrors& errors) {
+bool PrintAllDrawings() {
+  bool whole = true;
+  if (Items.Empty()) return whole;
+  DrawOnPreview([&](PrintSurface& surface, SheetErrors& errors) {
     PageRoom room(surface);
     RebuiltSections rebuilt;
     try {
-      if (!DrawAllSheets(surface, room.IsNew(), rebuilt, errors)) {
+      if (!DrawAllSheets(surface, rebuilt, errors)) {
         return TheOutputScreen().DropPreview();
       }
     } catch (...) {
@@ -382,23 +360,32 @@ void PrintAllDrawings() {
     }
     Store(rebuilt);
     room.Keep();
+    whole = !errors.HasMissingPictures();
     errors.Say();
     TheOutputScreen().ShowPreview();
   });
+  return whole;
 }
 
-void PrintAllAccessorySheets() {
+bool PrintAllAccessorySheets() {
+  bool whole = true;
   const std::vector<std::int16_t> accessories = AccessoriesInUse();
-  if (accessories.empty()) return TheDesktop().Message("Nothing to print");
-  DrawOnPreview([&](PrintSurface& surface, SheetErrors&) {
+  if (accessories.empty()) {
+    TheDesktop().Message("Nothing to print");
+    return whole;
+  }
+  DrawOnPreview([&](PrintSurface& surface, SheetErrors& errors) {
     const std::int16_t formerAcc = CurrentAcc;
-    if (DrawAccessorySheets(surface, accessories)) {
+    if (DrawAccessorySheets(surface, accessories, errors)) {
       surface.EndDoc();
+      whole = !errors.HasMissingPictures();
+      errors.Say();
       return TheOutputScreen().ShowPreview();
     }
     CurrentAcc = formerAcc;
     TheOutputScreen().DropPreview();
   });
+  return whole;
 }
 
 void PrintContractSummary() {

@@ -16,15 +16,16 @@ void PreparePreview(PageSurface& surface);
 // One section's sheet; the row is one of Items.
 void PrintCurrentDrawing(std::int16_t ItemIndex);
 
-// The sheets of all sections, their holes made afresh but for those placed by hand. Nothing for a
-// project without sections. A run that the user calls off shows nothing and leaves the tables as
-// they were.
-void PrintAllDrawings();
+// The sheets of all sections, their holes made afresh, or those placed by hand spaced afresh.
+// Nothing for a project without sections. A run that the user calls off shows nothing and leaves
+// the tables as they were. In a run of several sheets a picture that can't be read is a crossed
+// box, told before the preview; false if there was any.
+bool PrintAllDrawings();
 
 // The sheets of all accessories in use; "Nothing to print" without any. CurrentAcc is left at the
 // last one. A run that is called off shows nothing and changes nothing. "Subscript out of range"
-// for a number off of a size that the catalogue hasn't got.
-void PrintAllAccessorySheets();
+// for a number off of a size that the catalogue hasn't got. Missing pictures as above.
+bool PrintAllAccessorySheets();
 
 // The contract summary, up to the end of its sections table; nothing for a project without
 // sections. The document stays open for the report that is always printed behind it.

@@ -18,7 +18,6 @@
 #include "core/settings.h"
 #include "output/accessory_list.h"
 #include "output/cam_export.h"
-#include "output/page_room.h"
 #include "output/reports.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
@@ -153,47 +152,55 @@ void RemoveFormerSvgs(const std::string& job, int last) {
   }
 }
 
-void PrintSheets(const Job& job, const BatchOptions& options, const Printer& printer) {
-  if (Items.Empty()) return printer.Said.Say("No sheets: the job has no sections");
+// A document whose pictures are missing is written, but it isn't what was asked for.
+bool SayComplete(Console& console, const std::string& said, bool whole) {
+  console.Say(whole ? said : said + ", but for the missing pictures");
+  return whole;
+}
+
+bool PrintSheets(const Job& job, const BatchOptions& options, const Printer& printer) {
+  if (Items.Empty()) return SayComplete(printer.Said, "No sheets: the job has no sections", true);
   DocumentFiles files;
   files.Title = FileName(job.Name);
   if (options.Sheets) files.Pdf = SheetsFileName(job.Path);
   int last = 0;
   if (options.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, last = sheet); };
   printer.Screen.PreviewInto(printer.Writer, files);
-  ForgetPageRoom();  // whatever the export took: sheets take their page's own
-  PrintAllDrawings();
+  const bool whole = PrintAllDrawings();
   if (options.Svg) RemoveFormerSvgs(job.Path, last);
-  printer.Said.Say("Sheets complete");
+  return SayComplete(printer.Said, "Sheets complete", whole);
 }
 
-void PrintAccessories(const Job& job, const Printer& printer) {
+bool PrintAccessories(const Job& job, const Printer& printer) {
   if (!UsesAccessories()) {
-    return printer.Said.Say("No accessory sheets: none of the job's accessories is marked as used");
+    printer.Said.Say("No accessory sheets: none of the job's accessories is marked as used");
+    return true;
   }
   printer.Screen.PreviewInto(printer.Writer,
                              {FileName(job.Name), AccessoriesFileName(job.Path), nullptr});
-  PrintAllAccessorySheets();
-  printer.Said.Say("Accessory sheets complete");
+  const bool whole = PrintAllAccessorySheets();
+  return SayComplete(printer.Said, "Accessory sheets complete", whole);
 }
 
-void PrintSummary(const Job& job, const Printer& printer) {
+bool PrintSummary(const Job& job, const Printer& printer) {
   printer.Screen.PreviewInto(printer.Writer,
                              {FileName(job.Name), SummaryFileName(job.Path), nullptr});
   PrintContractSummary();
   PrintAccessoryReport();
-  printer.Said.Say("Contract summary complete");
+  return SayComplete(printer.Said, "Contract summary complete", true);
 }
 
 // Makes the documents that are asked for; one that fails doesn't keep the others back.
 int PrintJob(const Job& job, const BatchOptions& options, const Printer& printer) {
   bool done = true;
-  const auto print = [&](bool wanted, const std::function<void()>& document) {
-    if (wanted && !Try(printer.Said, job.Name, document)) done = false;
+  const auto print = [&](bool wanted, const std::function<bool()>& document) {
+    bool whole = false;
+    if (wanted && !(Try(printer.Said, job.Name, [&] { whole = document(); }) && whole))
+      done = false;
   };
-  print(options.Sheets || options.Svg, [&] { PrintSheets(job, options, printer); });
-  print(options.AccessorySheets, [&] { PrintAccessories(job, printer); });
-  print(options.Summary, [&] { PrintSummary(job, printer); });
+  print(options.Sheets || options.Svg, [&] { return PrintSheets(job, options, printer); });
+  print(options.AccessorySheets, [&] { return PrintAccessories(job, printer); });
+  print(options.Summary, [&] { return PrintSummary(job, printer); });
   return done ? ExitDone : ExitFault;
 }
 

@@ -54,6 +54,8 @@ void SheetView::DrawSection(int ItemIndex) {
 
 void SheetView::Follow(const ChangeNotice& change) {
   if (change.Kind == ChangeKind::Registration) ApplyMargins();
+  // A file has the gaps of the room and the separation that it was saved under.
+  if (change.Kind == ChangeKind::OpenProject) FitAllHolesToPage(*shown_, true);
   if (!RuleOf(change.Kind).Redraws || change.Failed) return;
   LookAndSay(change.Row, [&] { DrawSection(change.Row); });
 }

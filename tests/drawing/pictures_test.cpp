@@ -62,6 +62,25 @@ TEST_F(Pictures, A_missing_file_is_named_and_the_picture_stays) {
   EXPECT_EQ(frmDrawings().imgAcc, before);
 }
 
+TEST_F(Pictures, A_crossed_box_bears_the_name_of_the_file_in_its_middle) {
+  const auto box = CrossedBox("\\Drawings\\acc06.wmf");
+  EXPECT_EQ(box->Width, 120);
+  EXPECT_EQ(box->Height, 80);
+  ASSERT_EQ(box->Shapes.size(), 4U);
+  EXPECT_EQ(Described(box->Shapes[0]), "rectangle 0 0 120 80 pen 0.3");
+  EXPECT_EQ(Described(box->Shapes[1]), "line 0 0 120 80 pen 0.3");
+  EXPECT_EQ(Described(box->Shapes[2]), "line 0 80 120 0 pen 0.3");
+  const auto& name = std::get<TextShape>(box->Shapes[3]);
+  EXPECT_EQ(name.Text, "acc06.wmf");
+  EXPECT_DOUBLE_EQ(name.Type.Size, 12);
+  EXPECT_EQ(name.Side, TextSide::Middle);
+  EXPECT_EQ(name.TopLeft.X, 60);
+  EXPECT_TRUE(name.Behind.Visible);
+  // A long name stays in its box, were it all of the widest letters.
+  const auto wide = CrossedBox(std::string(100, 'W'));
+  EXPECT_LT(std::get<TextShape>(wide->Shapes[3]).Type.Size * 25.4 / 72 * 100, 120);
+}
+
 TEST_F(Pictures, A_file_that_is_no_picture_is_named_with_what_is_wrong) {
   Lay("bad.wmf", std::string(100, 'x'));
   EXPECT_EQ(ErrorOf([] { LoadDrawing("\\Drawings\\bad.wmf"); }),

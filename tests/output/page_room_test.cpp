@@ -101,12 +101,6 @@ TEST_F(PageRoomTest, A_row_that_cannot_be_fitted_keeps_no_other_back) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
-TEST_F(PageRoomTest, Every_room_is_new_after_the_last_one_was_forgotten) {
-  DrawingWidth = 228;
-  ForgetPageRoom();
-  EXPECT_TRUE(PageRoom(page).IsNew());
-}
-
 }  // namespace
 
 }  // namespace orvane::test

@@ -45,7 +45,7 @@ class PrintRunsTest : public PrintTest {
   }
 
   // The page on which all is laid out, by the preview of the program.
-  const std::vector<Page>& Pages(void (*command)()) {
+  const std::vector<Page>& Pages(const std::function<void()>& command) {
     InstallOutputScreen(pages);
     command();
     return pages.ShownDocument->Pages;
@@ -156,7 +156,7 @@ TEST_F(PrintRunsTest, The_page_of_a_single_section_is_that_of_its_current_drawin
   EXPECT_EQ(alone, Pages([] { PrintCurrentDrawing(1); }).front().Shapes);
 }
 
-TEST_F(PrintRunsTest, Holes_of_a_pattern_are_made_afresh_and_custom_ones_are_left) {
+TEST_F(PrintRunsTest, Holes_of_a_pattern_are_made_afresh_and_custom_ones_stay_in_their_order) {
   AddPurlin("P1", 6000);
   Hole stale = MakeHole(11, 18);
   stale.Kind = PatternKind;
@@ -167,7 +167,23 @@ TEST_F(PrintRunsTest, Holes_of_a_pattern_are_made_afresh_and_custom_ones_are_lef
   // C3: 35 mm to both sides of the middle.
   EXPECT_EQ(HolesOf(1), (std::vector<std::int16_t>{50, 2965, 3035}));
   EXPECT_EQ(HolesOf(2), (std::vector<std::int16_t>{3000, 100}));
-  EXPECT_EQ(Items.At(2).Holes.At(1).RelX, 0);
+  EXPECT_EQ(Items.At(2).Holes.At(1).RelX, 3000);
+}
+
+// A job saved under another least separation: 4 mm of paper are 4 / (228 / 6000) mm of a section of
+// 6 m, so that the 30 mm between its holes are drawn as 105.26. Nobody has looked at it since.
+TEST_F(PrintRunsTest, Holes_by_hand_are_drawn_by_the_separation_of_today_whatever_their_file_has) {
+  AddCustomPurlin("P1", 6000, {3000, 3030});
+  AddCustomPurlin("P2", 6000, {3000, 3030});
+  for (Item& item : Items) item.Holes.At(2).DrawGap = 30;
+  DrawingWidth = 228;
+  MinHoleSep = 4;
+  const std::vector<Page> run = Pages(PrintAllDrawings);
+  for (const Item& item : Items) {
+    EXPECT_DOUBLE_EQ(item.Holes.At(2).DrawGap, 4 * 6000 / 228.0);
+  }
+  ASSERT_EQ(run.size(), 2U);
+  EXPECT_EQ(run[1].Shapes, Pages([] { PrintCurrentDrawing(2); }).front().Shapes);
 }
 
 TEST_F(PrintRunsTest, The_turned_holes_of_an_opposite_hand_are_turned_back) {
@@ -234,10 +250,10 @@ TEST_F(PrintRunsTest, A_run_that_is_called_off_shows_nothing_and_leaves_the_tabl
 
 TEST_F(PrintRunsTest, A_run_that_fails_is_dropped_and_its_error_goes_to_the_menu) {
   AddPurlin("P1", 6000);
-  AddRailWithoutPicture();
+  AddCustomPurlin("P2", 30, {0});
   AddPurlin("P3", 6000);
   DrawingWidth = 0;
-  EXPECT_EQ(ErrorOf(PrintAllDrawings).rfind("R1: File not found", 0), 0U);
+  EXPECT_EQ(ErrorOf(PrintAllDrawings), "P2: Division by zero");
   EXPECT_EQ(screen.Shown, 0);
   EXPECT_EQ(screen.Dropped, 1);
   // Nothing is rolled back.
@@ -245,6 +261,21 @@ TEST_F(PrintRunsTest, A_run_that_fails_is_dropped_and_its_error_goes_to_the_menu
   EXPECT_EQ(HolesOf(3), std::vector<std::int16_t>{});
   // So that the next run works all gaps out.
   EXPECT_EQ(DrawingWidth, 0);
+}
+
+TEST_F(PrintRunsTest, A_missing_picture_of_a_run_is_a_crossed_box_and_is_told_once_for_all_sheets) {
+  AddRailWithoutPicture();
+  AddPurlin("P2", 6000);
+  AddRailWithoutPicture();
+  Items.At(3).Mark = "R3";
+  const std::vector<Page> run = Pages(PrintAllDrawings);
+  ASSERT_EQ(run.size(), 3U);
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes[0].Text,
+            "R1, R3: File not found: " + ProgramFolder + "/drawings/drg015.wmf");
+  // The run of one sheet stops.
+  Items.Resize(1);
+  EXPECT_EQ(ErrorOf(PrintAllDrawings).rfind("R1: File not found", 0), 0U);
 }
 
 TEST_F(PrintRunsTest, Gaps_that_cant_be_adjusted_stop_a_run_by_the_sections_mark) {
@@ -385,8 +416,18 @@ TEST_F(PrintRunsTest, An_accessory_run_that_is_called_off_shows_nothing_and_chan
   EXPECT_EQ(CountOf(Drawn(), "EndDoc"), 0U);
 }
 
-TEST_F(PrintRunsTest, A_missing_accessory_picture_stops_the_run_unseen) {
+TEST_F(PrintRunsTest, A_missing_accessory_picture_is_a_crossed_box_and_the_other_sheets_come) {
   for (const int row : {1, 6}) UseAccessory(row);
+  AccDefs.At(6).DrawingFile = "no-such-picture";
+  EXPECT_FALSE(PrintAllAccessorySheets());
+  EXPECT_EQ(screen.Shown, 1);
+  ASSERT_EQ(desktop.Boxes.size(), 1U);
+  EXPECT_EQ(desktop.Boxes[0].Text,
+            "Accessory 6: File not found: " + ProgramFolder + "/Drawings/no-such-picture.wmf");
+}
+
+TEST_F(PrintRunsTest, A_missing_accessory_picture_stops_a_run_of_one_sheet_unseen) {
+  UseAccessory(6);
   AccDefs.At(6).DrawingFile = "no-such-picture";
   EXPECT_EQ(ErrorOf(PrintAllAccessorySheets).rfind("Accessory 6: File not found", 0), 0U);
   EXPECT_EQ(screen.Shown, 0);

@@ -168,6 +168,22 @@ TEST_F(OpeningScreen, Rows_other_than_the_first_keep_their_holes_until_they_are_
   EXPECT_EQ(HolesOf(2), (std::vector<int>{32, 5968}));
 }
 
+// 4 mm of paper are 4 / (228 / 6000) mm of a section of 6 m. Who prints or converts a row that was
+// never visited finds the gaps of this page, not those of the office that saved the file.
+TEST_F(OpeningScreen, Gaps_of_all_rows_are_those_of_the_page_and_the_separation_of_today) {
+  for (const char* mark : {"A1", "B1"}) {
+    Item& item = Put("Z", mark, "Z14012", 6000);
+    item.PatternName = CustomPattern;
+    PutHole(item, 3000, "S");
+    PutHole(item, 3030, "S");
+    item.Holes.At(2).DrawGap = 30;
+  }
+  Open(FileOf("job.ovd", {}));
+  EXPECT_EQ(DrawingWidth, 228);
+  EXPECT_EQ(MinHoleSep, 4);
+  EXPECT_NEAR(Items.At(2).Holes.At(2).DrawGap, 4 * 6000 / 228.0, 1e-3);
+}
+
 TEST_F(OpeningScreen, A_file_cut_within_its_sections_tells_why_and_shows_what_was_read) {
   const std::string good = FileOf("good.ovd", {"G1"});
   const std::string bytes = BytesOf(FileOf("whole.ovd", {"A1", "B1", "C1"}));
