@@ -5,8 +5,8 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
 
+#include "ui/platform/icon_drawing.h"
 #include "ui/platform/qt_text.h"
 
 // The pictures lie in a library: without this call the linker would leave them out. It must stand
@@ -22,8 +22,8 @@ namespace {
 // The colours that the drawings are made in. Ink becomes the desktop's colour of text; the accent
 // reads well on light and dark grounds and stays there. Elsewhere all is ink: under the pointer the
 // ground may be the desktop's highlight, which is often of the accent's own colour.
-constexpr char Ink[] = "#202020";
-constexpr char Accent[] = "#2E86DE";
+constexpr QRgb Ink = qRgb(0x20, 0x20, 0x20);
+constexpr QRgb Accent = qRgb(0x2E, 0x86, 0xDE);
 
 // How much of the ink is left, the rest being ground, where nothing can be chosen.
 constexpr double DimmedInk = 0.4;
@@ -54,23 +54,20 @@ QColor InkOf(QIcon::Mode mode) {
   }
 }
 
-// The drawing in the colours of the moment.
-QByteArray Inked(QByteArray picture, QIcon::Mode mode) {
-  const QByteArray ink = InkOf(mode).name().toLatin1();
-  picture.replace(Ink, ink);
-  if (mode != QIcon::Normal) picture.replace(Accent, ink);
-  return picture;
+// A colour of the drawings in the colours of the moment.
+QColor Inked(const QColor& color, QIcon::Mode mode) {
+  const bool inked = color.rgb() == Ink || (color.rgb() == Accent && mode != QIcon::Normal);
+  return inked ? InkOf(mode) : color;
 }
 
 // Draws a picture afresh at the size, scaling and colours of the moment.
 class PictureEngine : public QIconEngine {
  public:
-  PictureEngine(QByteArray picture, bool inked) : picture_(std::move(picture)), inked_(inked) {}
+  PictureEngine(IconDrawing picture, bool inked) : picture_(std::move(picture)), inked_(inked) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    QSvgRenderer renderer(inked_ ? Inked(picture_, mode) : picture_);
-    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-    renderer.render(painter, QRectF(rect));
+    PaintIconDrawing(*painter, QRectF(rect), picture_,
+                     [&](const QColor& color) { return inked_ ? Inked(color, mode) : color; });
   }
 
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -84,13 +81,13 @@ class PictureEngine : public QIconEngine {
   QIconEngine* clone() const override { return new PictureEngine(*this); }
 
  private:
-  QByteArray picture_;
+  IconDrawing picture_;
   bool inked_;
 };
 
 QIcon MakeIcon(std::string_view name, bool inked) {
   const QByteArray picture = ReadPicture(name);
-  return picture.isEmpty() ? QIcon() : QIcon(new PictureEngine(picture, inked));
+  return picture.isEmpty() ? QIcon() : QIcon(new PictureEngine(ReadIconDrawing(picture), inked));
 }
 
 }  // namespace
