@@ -1,18 +1,17 @@
 #include "ui/platform/document_output.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QSaveFile>
-#include <QSvgGenerator>
 
 #include "core/files.h"
-#include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "drawing/svg_page.h"
 #include "ui/platform/page_painter.h"
+#include "ui/platform/qt_font_metrics.h"
 #include "ui/platform/qt_text.h"
 
 namespace orvane {
@@ -21,7 +20,6 @@ namespace {
 
 constexpr char Creator[] = "Orvane Detailing System";
 constexpr int PdfResolution = 1200;  // dots to the inch
-constexpr int SvgResolution = 1440;  // the same: a unit is a twip
 constexpr double MmPerInch = 25.4;
 
 [[noreturn]] void RaiseFor(const QFileDevice& file, const std::string& path) {
@@ -80,26 +78,7 @@ void PdfOutput::Finish() {
 }
 
 void WriteSvg(const std::string& path, const Page& page, const std::string& title) {
-  QBuffer buffer;
-  QSvgGenerator generator;
-  generator.setOutputDevice(&buffer);
-  generator.setResolution(SvgResolution);
-  const double unitsPerMm = SvgResolution / MmPerInch;
-  const QSizeF size(Nearest(page.Width * unitsPerMm), Nearest(page.Height * unitsPerMm));
-  generator.setSize(size.toSize());
-  generator.setViewBox(QRectF(QPointF(), size));
-  generator.setTitle(ToQt(title));
-  generator.setDescription(Creator);
-  {
-    QPainter painter(&generator);
-    painter.fillRect(QRectF(QPointF(), size), Qt::white);
-    PaintPage(painter, page, QPointF(0, 0), unitsPerMm, PaintDevice::NoClips);
-  }
-  // Who looks at it need not have the fonts that the program ships.
-  QByteArray text = buffer.data();
-  text.replace("font-family=\"Liberation Sans\"",
-               "font-family=\"Arial, 'Liberation Sans', sans-serif\"");
-  ReplaceWholeFile(path, text.toStdString());
+  ReplaceWholeFile(path, SvgOfPage(page, title, SheetMetrics()));
 }
 
 }  // namespace orvane

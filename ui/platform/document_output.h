@@ -1,5 +1,6 @@
 // Documents as files: PDF, written page by page as the pages come, and SVG, one file a page. Both
-// need the toolkit's application to be there. A file that can't be written raises a RuntimeError.
+// need the toolkit's application to be there: one is painted by it, the other's texts are measured
+// by it. A file that can't be written raises a RuntimeError.
 #pragma once
 
 #include <QFileDevice>
