@@ -38,7 +38,7 @@ class BenchScreen : public OutputScreen {
     }
     return *surface_;
   }
-  void ShowPreview() override {
+  void ShowPreview(const LayOutAgain&) override {
     Shown = surface_->TakeResult();
     surface_.reset();
   }

@@ -9,16 +9,11 @@
 
 #include "drawing/hatch.h"
 #include "drawing/page_tables.h"
+#include "drawing/papers.h"
 #include "drawing/print_surface.h"
 #include "drawing/table_grid.h"
 
 namespace orvane {
-
-// Paper, mm, in portrait.
-struct Paper {
-  double Width = 210;
-  double Height = 297;
-};
 
 // Text is measured through the metrics alone, so that screen, printer and PDF lay out alike. The
 // document has the states empty, open and closed: StartDoc always begins anew; what is drawn with

@@ -2,9 +2,15 @@
 // tests too.
 #pragma once
 
+#include <functional>
+
 #include "drawing/print_surface.h"
 
 namespace orvane {
+
+// Lays a document out anew, on a fresh surface that may have other paper. It works on copies: the
+// tables keep the gaps of the paper that is shown. False if the user called it off.
+using LayOutAgain = std::function<bool(PrintSurface& surface)>;
 
 class OutputScreen {
  public:
@@ -15,8 +21,9 @@ class OutputScreen {
   // The surface of a preview not shown yet; a fresh one (PreparePreview) for each command, made by
   // the first call and the same until it is shown or dropped.
   virtual PrintSurface& PreviewSurface() = 0;
-  // Shows the preview and waits until the user has closed it; the surface is gone then.
-  virtual void ShowPreview() = 0;
+  // Shows the preview and waits until the user has closed it; the surface is gone then. Until then
+  // `again` may be asked for the same document on other paper.
+  virtual void ShowPreview(const LayOutAgain& again) = 0;
   // Drops the surface unseen.
   virtual void DropPreview() = 0;
 

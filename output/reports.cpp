@@ -318,6 +318,24 @@ void DrawType2Tables(PrintSurface& surface) {
   drawTable();
 }
 
+// The report's two halves.
+
+void DrawContractSummary(PrintSurface& surface) {
+  surface.StartDoc();
+  SetUpSummaryPages(surface);
+  DrawProjectTable(surface);
+  WriteTitle(surface, "Sections:");
+  DrawSectionsTable(surface);
+}
+
+void DrawAccessoryReport(PrintSurface& surface) {
+  surface.FontSize(TextPoints);
+  WriteTitle(surface, "Accessories:");
+  if (!AccLines1.Empty()) DrawType1Table(surface);
+  if (!AccLines2.Empty()) DrawType2Tables(surface);
+  surface.EndDoc();
+}
+
 }  // namespace
 
 void PreparePreview(PageSurface& surface) {
@@ -329,18 +347,28 @@ void PreparePreview(PageSurface& surface) {
 
 void PrintCurrentDrawing(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return;
-  DrawOnPreview([&](PrintSurface& surface, SheetErrors& errors) {
-    PageRoom room(surface);
+  const auto draw = [&](PrintSurface& surface, Item& section, const PageRoom& room,
+                        SheetErrors& errors) {
     SheetSource source = PresentSource();
     source.Tell = errors.Of(ItemIndex);
     InNameOfSection(ItemIndex, [&] {
-      if (room.IsNew()) AdjustHoleSpacing(ItemIndex);
-      DrawSection(surface, source, Items.At(ItemIndex), true, true);
+      if (room.IsNew()) AdjustHoleSpacing(section);
+      DrawSection(surface, source, section, true, true);
     });
+  };
+  DrawOnPreview([&](PrintSurface& surface, SheetErrors& errors) {
+    PageRoom room(surface);
+    draw(surface, Items.At(ItemIndex), room, errors);
     TheDesktop().ProcessEvents();
     room.Keep();
     errors.Say();
-    TheOutputScreen().ShowPreview();
+    TheOutputScreen().ShowPreview([&](PrintSurface& other) {
+      const PageRoom otherRoom(other);
+      Item copy = Items.At(ItemIndex);
+      SheetErrors told;
+      draw(other, copy, otherRoom, told);
+      return true;
+    });
   });
 }
 
@@ -362,7 +390,12 @@ bool PrintAllDrawings() {
     room.Keep();
     whole = !errors.HasMissingPictures();
     errors.Say();
-    TheOutputScreen().ShowPreview();
+    TheOutputScreen().ShowPreview([](PrintSurface& other) {
+      const PageRoom otherRoom(other);
+      RebuiltSections copies;
+      SheetErrors told;
+      return DrawAllSheets(other, copies, told);
+    });
   });
   return whole;
 }
@@ -380,7 +413,13 @@ bool PrintAllAccessorySheets() {
       surface.EndDoc();
       whole = !errors.HasMissingPictures();
       errors.Say();
-      return TheOutputScreen().ShowPreview();
+      return TheOutputScreen().ShowPreview([&](PrintSurface& other) {
+        SheetErrors told;
+        const bool done = DrawAccessorySheets(other, accessories, told);
+        CurrentAcc = accessories.back();
+        if (done) other.EndDoc();
+        return done;
+      });
     }
     CurrentAcc = formerAcc;
     TheOutputScreen().DropPreview();
@@ -390,23 +429,17 @@ bool PrintAllAccessorySheets() {
 
 void PrintContractSummary() {
   if (Items.Empty()) return;
-  DrawOnPreview([](PrintSurface& surface, SheetErrors&) {
-    surface.StartDoc();
-    SetUpSummaryPages(surface);
-    DrawProjectTable(surface);
-    WriteTitle(surface, "Sections:");
-    DrawSectionsTable(surface);
-  });
+  DrawOnPreview([](PrintSurface& surface, SheetErrors&) { DrawContractSummary(surface); });
 }
 
 void PrintAccessoryReport() {
   DrawOnPreview([](PrintSurface& surface, SheetErrors&) {
-    surface.FontSize(TextPoints);
-    WriteTitle(surface, "Accessories:");
-    if (!AccLines1.Empty()) DrawType1Table(surface);
-    if (!AccLines2.Empty()) DrawType2Tables(surface);
-    surface.EndDoc();
-    TheOutputScreen().ShowPreview();
+    DrawAccessoryReport(surface);
+    TheOutputScreen().ShowPreview([](PrintSurface& other) {
+      if (!Items.Empty()) DrawContractSummary(other);
+      DrawAccessoryReport(other);
+      return true;
+    });
   });
 }
 

@@ -127,7 +127,7 @@ PrintSurface& BatchScreen::PreviewSurface() {
   return *surface_;
 }
 
-void BatchScreen::ShowPreview() {
+void BatchScreen::ShowPreview(const LayOutAgain&) {
   surface_ = nullptr;
   if (writer_ != nullptr) writer_->Finish();
 }

@@ -98,7 +98,7 @@ class BatchScreen : public OutputScreen {
 
   void ShowExportErrors() override;
   PrintSurface& PreviewSurface() override;
-  void ShowPreview() override;
+  void ShowPreview(const LayOutAgain& again) override;
   void DropPreview() override;
   bool GoesOn(int, int) override { return true; }
 

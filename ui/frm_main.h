@@ -66,7 +66,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // OutputScreen.
   void ShowExportErrors() override;
   PrintSurface& PreviewSurface() override;
-  void ShowPreview() override;
+  void ShowPreview(const LayOutAgain& again) override;
   void DropPreview() override;
   bool GoesOn(int done, int count) override;
 

@@ -45,11 +45,23 @@ PrintSurface& FrmMain::PreviewSurface() {
   return preview_->Surface();
 }
 
-void FrmMain::ShowPreview() {
+void FrmMain::ShowPreview(const LayOutAgain& again) {
   printRun_.reset();
   const std::unique_ptr<FrmPreview> shown = std::move(preview_);
   if (!shown) return;
   Guard([this] { ShowSelectedRow(); });
+  shown->Again = [&](PrintSurface& surface) {
+    // It takes the keys and clicks that could ask for a second one meanwhile.
+    printRun_ = std::make_unique<ProgressRun>(shown.get(), "Sheets drawn");
+    try {
+      const bool done = again(surface);
+      printRun_.reset();
+      return done;
+    } catch (...) {
+      printRun_.reset();
+      throw;
+    }
+  };
   shown->exec();
 }
 

@@ -16,7 +16,13 @@ PrintSurface& PagedScreen::PreviewSurface() {
   return *surface_;
 }
 
-void PagedScreen::ShowPreview() {
+void PagedScreen::ShowPreview(const LayOutAgain& again) {
+  if (OtherPaper) {
+    PageSurface other(metrics_, *OtherPaper);
+    PreparePreview(other);
+    OtherDocument.reset();
+    if (again(other)) OtherDocument = other.TakeResult();
+  }
   ShownDocument = surface_->TakeResult();
   surface_.reset();
 }

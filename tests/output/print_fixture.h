@@ -19,10 +19,13 @@ using TextList = std::vector<std::string>;
 class PagedScreen : public OutputScreen {
  public:
   std::optional<Document> ShownDocument;
+  // Lays each document out on that paper too, before it is closed.
+  std::optional<Paper> OtherPaper;
+  std::optional<Document> OtherDocument;
 
   void ShowExportErrors() override {}
   PrintSurface& PreviewSurface() override;
-  void ShowPreview() override;
+  void ShowPreview(const LayOutAgain& again) override;
   void DropPreview() override { surface_.reset(); }
   bool GoesOn(int, int) override { return true; }
 

@@ -4,6 +4,7 @@
 #include "core/program_folder.h"
 #include "drawing/accessory_sheet.h"
 #include "drawing/draw_section.h"
+#include "holes/hole_list.h"
 #include "output/reports.h"
 #include "project/rules/accessory_rules.h"
 #include "project/section_look.h"
@@ -184,6 +185,35 @@ TEST_F(PrintRunsTest, Holes_by_hand_are_drawn_by_the_separation_of_today_whateve
   }
   ASSERT_EQ(run.size(), 2U);
   EXPECT_EQ(run[1].Shapes, Pages([] { PrintCurrentDrawing(2); }).front().Shapes);
+}
+
+// A3 has 351 mm for the elevation: whole(420 * 56.7 / 56.7 - 55 - 10 - 4), so that 4 mm of its
+// paper are 68.4 mm of a section of 6 m.
+TEST_F(PrintRunsTest, On_other_paper_a_run_is_laid_out_anew_and_the_tables_keep_their_gaps) {
+  AddCustomPurlin("P1", 6000, {3000, 3030});
+  AddPurlin("P2", 4000);
+  pages.OtherPaper = Paper{297, 420};
+  for (const auto& command : {std::function<void()>(PrintAllDrawings),
+                              std::function<void()>([] { PrintCurrentDrawing(1); })}) {
+    const std::vector<Page> shown = Pages(command);
+    EXPECT_EQ(shown.front().Width, 297);
+    ASSERT_TRUE(pages.OtherDocument);
+    ASSERT_EQ(pages.OtherDocument->Pages.size(), shown.size());
+    EXPECT_EQ(pages.OtherDocument->Pages.front().Width, 420);
+    EXPECT_EQ(pages.OtherDocument->Pages.front().Height, 297);
+    EXPECT_EQ(DrawingWidth, 228);
+    EXPECT_DOUBLE_EQ(Items.At(1).Holes.At(2).DrawGap, 4 * 6000 / 228.0);
+  }
+  // The sheets of a job that was opened for that paper.
+  const std::vector<Shape> other = pages.OtherDocument->Pages.front().Shapes;
+  const PlainFontMetrics metrics;
+  PageSurface surface(metrics, {297, 420});
+  PreparePreview(surface);
+  DrawingWidth = 351;
+  AdjustHoleSpacing(1);
+  EXPECT_DOUBLE_EQ(Items.At(1).Holes.At(2).DrawGap, 4 * 6000 / 351.0);
+  DrawSection(surface, 1, true, true);
+  EXPECT_EQ(other, surface.Result().Pages.front().Shapes);
 }
 
 TEST_F(PrintRunsTest, The_turned_holes_of_an_opposite_hand_are_turned_back) {
@@ -402,6 +432,17 @@ TEST_F(PrintRunsTest, Accessory_sheets_have_a_page_each_landscape_with_frame_and
     EXPECT_EQ(CountOf(texts, titles[at]), 1U);
     EXPECT_EQ(CountOf(texts, "E-mail: sales@lintaro.example"), 1U);
   }
+}
+
+TEST_F(PrintRunsTest, On_other_paper_accessory_sheets_are_in_their_middle) {
+  for (const int row : {1, 6}) UseAccessory(row);
+  pages.OtherPaper = Paper{279.4, 431.8};
+  EXPECT_EQ(Pages(PrintAllAccessorySheets).size(), 2U);
+  ASSERT_TRUE(pages.OtherDocument);
+  ASSERT_EQ(pages.OtherDocument->Pages.size(), 2U);
+  EXPECT_EQ(pages.OtherDocument->Pages.front().Width, 431.8);
+  EXPECT_EQ(CountOf(TextsOn(pages.OtherDocument->Pages.back()), "Accessory 6"), 1U);
+  EXPECT_EQ(CurrentAcc, 6);
 }
 
 TEST_F(PrintRunsTest, An_accessory_run_that_is_called_off_shows_nothing_and_changes_nothing) {

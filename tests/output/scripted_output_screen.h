@@ -24,7 +24,7 @@ class ScriptedOutputScreen : public OutputScreen {
   std::vector<std::pair<int, int>> Steps;  // what was told of the progress
   int CalledOffAfter = -1;                 // the run is called off at that step; -1 for never
   PrintSurface& PreviewSurface() override { return Preview; }
-  void ShowPreview() override { ++Shown; }
+  void ShowPreview(const LayOutAgain&) override { ++Shown; }
   void DropPreview() override { ++Dropped; }
   bool GoesOn(int done, int count) override;
 };

@@ -60,6 +60,33 @@ TEST_F(Printing, The_dialog_is_asked_with_the_first_pages_paper_and_the_jobs_nam
   EXPECT_EQ(asked, 1);
 }
 
+TEST_F(Printing, The_paper_that_was_chosen_is_what_is_drawn_on) {
+  std::vector<Paper> asked;
+  const auto again = [&](const Paper& paper) {
+    asked.push_back(paper);
+    return std::optional<Document>(Document{
+        {NumberedPage(1, paper.Height, paper.Width), NumberedPage(2, paper.Height, paper.Width)}});
+  };
+  const auto print = [&](QPageSize::PageSizeId id) {
+    Choose([this, id](QPrinter& printer) {
+      printer.setOutputFileName(ToQt(path));
+      printer.setPageSize(QPageSize(id));
+      return true;
+    });
+    EXPECT_TRUE(PrintDocument(NumberedPages(1), nullptr, "Hall 7", again));
+    return PageSizesOf(path);
+  };
+  EXPECT_EQ(print(QPageSize::A3), (std::vector<std::string>{"1191 x 842", "1191 x 842"}));
+  EXPECT_EQ(print(QPageSize::Letter), (std::vector<std::string>{"792 x 612", "792 x 612"}));
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_NEAR(asked[0].Width, 297, 0.5);
+  EXPECT_NEAR(asked[1].Height, 279.4, 0.5);
+  // The page's own, and one that is too small for any sheet.
+  EXPECT_EQ(print(QPageSize::A4).size(), 1U);
+  EXPECT_EQ(print(QPageSize::A5).size(), 1U);
+  EXPECT_EQ(asked.size(), 2U);
+}
+
 TEST_F(Printing, A_cancelled_dialog_prints_nothing_and_says_nothing) {
   Choose([this](QPrinter& printer) {
     printer.setOutputFileName(ToQt(path));

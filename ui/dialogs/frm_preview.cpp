@@ -6,6 +6,7 @@
 #include <QShowEvent>
 
 #include "core/model.h"
+#include "output/reports.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 #include "ui/platform/printing.h"
@@ -81,7 +82,13 @@ void FrmPreview::showEvent(QShowEvent* event) {
 }
 
 void FrmPreview::Print() {
-  PrintDocument(surface_.Result(), this, JobTitle());
+  PrintDocument(surface_.Result(), this, JobTitle(), [this](const Paper& paper) {
+    PageSurface other(SheetMetrics(), paper);
+    PreparePreview(other);
+    std::optional<Document> document;
+    if (Again && Again(other)) document = other.TakeResult();
+    return document;
+  });
 }
 
 }  // namespace orvane

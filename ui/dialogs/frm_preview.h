@@ -5,6 +5,7 @@
 #include <QMenuBar>
 
 #include "drawing/page_surface.h"
+#include "output/output_screen.h"
 #include "ui/controls/document_view.h"
 #include "ui/platform/plain_dialog.h"
 
@@ -17,6 +18,9 @@ class FrmPreview : public PlainDialog {
   explicit FrmPreview(QWidget* parent = nullptr);
 
   PageSurface& Surface() { return surface_; }
+
+  // Lays the document out on other paper, where the user chooses that in the printer's dialog.
+  LayOutAgain Again;
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -7,6 +7,7 @@
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "core/runtime_error.h"
@@ -69,6 +70,22 @@ void SetUp(QPrinter& printer, const Document& document, const QString& title) {
   // All of them until the user says otherwise.
   printer.setFromTo(1, static_cast<int>(document.Pages.size()));
   printer.setPrintRange(QPrinter::AllPages);
+}
+
+bool IsSame(double one, double other) {
+  return std::fabs(one - other) <= SamePaper * other;
+}
+
+// The paper of the printer if it is another than the page's and large enough for sheets.
+std::optional<Paper> OtherPaper(const QPrinter& printer, const Page& page) {
+  const QSizeF size = printer.pageLayout().pageSize().size(QPageSize::Millimeter);
+  const Paper paper{std::min(size.width(), size.height()), std::max(size.width(), size.height())};
+  const bool same = IsSame(paper.Width, std::min(page.Width, page.Height)) &&
+                    IsSame(paper.Height, std::max(page.Width, page.Height));
+  const bool enough = paper.Width >= LeastPaper.Width * (1 - SamePaper) &&
+                      paper.Height >= LeastPaper.Height * (1 - SamePaper);
+  if (same || !enough) return {};
+  return paper;
 }
 
 [[noreturn]] void RaisePrinterFailed(const QPrinter& printer) {
@@ -150,13 +167,20 @@ bool PrintPages(QPrinter& printer, const Document& document, const std::vector<i
   return true;
 }
 
-bool PrintDocument(const Document& document, QWidget* parent, const QString& title) {
-  if (document.Pages.empty()) return false;
-  const int count = static_cast<int>(document.Pages.size());
+bool PrintDocument(const Document& shown, QWidget* parent, const QString& title,
+                   const LayOutOn& again) {
+  if (shown.Pages.empty()) return false;
   QPrinter printer(QPrinter::HighResolution);
-  SetUp(printer, document, title);
+  SetUp(printer, shown, title);
   if (!AskForPrinter(printer, parent)) return false;
-  const std::vector<int> pages = ChosenPages(printer, count);
+  std::optional<Document> other;
+  const std::optional<Paper> paper = OtherPaper(printer, shown.Pages.front());
+  if (again && paper) {
+    other = again(*paper);
+    if (!other) return false;
+  }
+  const Document& document = other ? *other : shown;
+  const std::vector<int> pages = ChosenPages(printer, static_cast<int>(document.Pages.size()));
   if (pages.empty()) throw RuntimeError(SystemErrorBase, "There are no such pages");
   ProgressRun run(parent, "Pages printed");
   const auto goesOn = [&](int done) { return run.GoesOn(done, static_cast<int>(pages.size())); };
