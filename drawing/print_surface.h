@@ -2,6 +2,8 @@
 // nothing of the device behind it.
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,6 +17,14 @@ namespace orvane {
 enum class Brush { Solid = 0, Transparent = 1, DiagonalHatch = 7 };
 
 enum class PageOrientation { Portrait = 0, Landscape = 1 };
+
+// The room that a sheet has for a text or a table beside what else stands there, mm of the page;
+// without an end where none is given.
+struct SheetRoom {
+  double Left = -std::numeric_limits<double>::infinity();
+  double Right = std::numeric_limits<double>::infinity();
+  double Bottom = std::numeric_limits<double>::infinity();
+};
 
 // Settings of a table or of its cells. A row or column of 0 means all of them.
 enum class TableSetting {
@@ -66,6 +76,13 @@ class PrintSurface {
   virtual void EndDoc() = 0;
   // What an accessory's sheet says behind the end of its document; nothing has to follow from it.
   virtual void Finish() {}
+
+  // What the operations that follow have for room, until it is told anew. It is no operation
+  // itself: a sheet asks for the same with it and without. A surface that lays out gets a text of
+  // Text() into it, from its left side on, and breaks a table that is wider into parts.
+  virtual void Within(const SheetRoom&) {}
+  // The blank at that place of the footer's text stands between two things, and is set as a comma.
+  virtual void FooterBreak(std::size_t) {}
 
   // Text.
   virtual void FontName(std::string_view name) = 0;
