@@ -129,10 +129,6 @@ constexpr std::array<TableRow, 3> TableRows = {{
 
 }  // namespace
 
-bool IsOffGauge(const Hole& hole) {
-  return Val(hole.BF) > 0 || Val(hole.TF) > 0 || Val(hole.W1) > 0;
-}
-
 void AddOffGauge(Table<OffGaugeHole>& list, const Hole& hole, double drawX) {
   if (list.Empty() || list.At(list.UBound()).XPos != hole.XPos) {
     OffGaugeHole row;
@@ -170,12 +166,12 @@ void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list) {
   if (list.Empty()) return;
   PrintSurface& surface = sheet.Surface;
   const PageMargins& margins = sheet.Source.Margins;
-  constexpr double columnWidth = 15;
-  constexpr double rowHeight = 5;
-  // With many letters the table begins left of the paper.
-  const double left = KeyOrigin(sheet).X - OffGaugeTableGap - columnWidth * list.UBound();
+  const SheetRoom room = OffGaugeRoom(sheet);
+  const double left = OffGaugeTableLeft(sheet, list.UBound());
+  surface.Within({.Left = room.Left, .Right = KeyOrigin(sheet).X - TextGap});
   WriteTextAt(surface, "Off-gauge hole Y dims.", left, margins.TopMargin + OffGaugeTitleDrop);
 
+  surface.Within(room);
   const int rows = PartsOf(sheet.Section.SectionType).TableRows;
   surface.CurrentY(Length::OfMm(margins.TopMargin + OffGaugeTableDrop));
   surface.StartTable();
@@ -183,8 +179,8 @@ void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list) {
   surface.TableOnOnePage();
   surface.TableCell(TableSetting::Columns, 0, 0, list.UBound() + 1);
   surface.TableCell(TableSetting::Rows, 0, 0, rows);
-  surface.TableCell(TableSetting::RowHeight, 0, 0, MmText(rowHeight));
-  surface.TableCell(TableSetting::ColumnWidth, 0, 0, MmText(columnWidth));
+  surface.TableCell(TableSetting::RowHeight, 0, 0, MmText(OffGaugeRowHeight));
+  surface.TableCell(TableSetting::ColumnWidth, 0, 0, MmText(OffGaugeColumnWidth));
   surface.TableAlignment(0, 0, CellAlignment::Centre);
   for (int column = 1; column <= list.UBound(); ++column) {
     surface.TableCell(TableSetting::CellText, 1, column + 1, OffGaugeLetter(column));
@@ -198,6 +194,7 @@ void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list) {
   }
   surface.TableBorder(AllTableLines);
   surface.EndTable();
+  surface.Within({});
 }
 
 }  // namespace orvane

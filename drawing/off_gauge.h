@@ -6,6 +6,7 @@
 
 #include "core/model.h"
 #include "core/table.h"
+#include "drawing/off_gauge_place.h"
 #include "drawing/sheet.h"
 
 namespace orvane {
@@ -19,9 +20,6 @@ struct OffGaugeHole {
   double Web1 = 0;
   double Web2 = 0;
 };
-
-// True if the hole has a distance on a flange or the first web row.
-bool IsOffGauge(const Hole& hole);
 
 // Adds the hole to the last row, or to a new one for a new position.
 void AddOffGauge(Table<OffGaugeHole>& list, const Hole& hole, double drawX);

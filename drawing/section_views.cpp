@@ -8,6 +8,7 @@
 #include "core/section_families.h"
 #include "core/text.h"
 #include "drawing/notches_and_mitres.h"
+#include "drawing/off_gauge_place.h"
 #include "drawing/primitives.h"
 #include "drawing/section_view_parts.h"
 
@@ -55,11 +56,16 @@ void DrawTextBlock(const Sheet& sheet, const FamilyViews* family) {
   surface.PenColor(Black);
   surface.FontName("Arial");
   surface.FontSize(12);
+  const double right = OffGaugeLeft(sheet);
+  const bool besideTable = right < sheet.PageWidth - margins.RightMargin;
+  const SheetRoom room{.Right = besideTable ? right - TextGap : right};
   double y = margins.TopMargin + TextBlockDrop;
   for (const Entry& entry : entries) {
     WriteTextAt(surface, entry.Label, margins.LeftMargin + LabelInset, y);
     surface.CurrentX(Length::OfMm(margins.LeftMargin + entry.Inset));
+    surface.Within(room);
     surface.Text(entry.Value);
+    surface.Within({});
     y += TextBlockStep;
   }
   surface.FontSize(7);  // of every dimension on the sheet
@@ -80,11 +86,6 @@ void DrawKeyEdge(const Sheet& sheet, double x1, double y1, double x2, double y2)
   PenWidthMm(sheet.Surface, ObjectPen);
   DrawLineMm(sheet.Surface, origin.X + CrossScale * x1, origin.Y + CrossScale * y1,
              origin.X + CrossScale * x2, origin.Y + CrossScale * y2);
-}
-
-Point KeyOrigin(const Sheet& sheet) {
-  const PageMargins& margins = sheet.Source.Margins;
-  return {sheet.PageWidth - margins.RightMargin - KeyInset, margins.TopMargin + KeyDrop};
 }
 
 void DrawLengthDimension(const Sheet& sheet, double length, double baseY) {

@@ -1,7 +1,6 @@
 // The two views of a section: its cross-section in true shape, and its elevation.
 #pragma once
 
-#include "drawing/document.h"
 #include "drawing/sheet.h"
 
 namespace orvane {
@@ -16,9 +15,6 @@ void DrawKeyEdge(const Sheet& sheet, double x1, double y1, double x2, double y2)
 // The edges of the cross-section in that key: for Z as DrawSectionViews draws them, for C and E
 // without a pitch; none for other letters.
 void DrawKeyEdges(const Sheet& sheet);
-
-// The origin of that key on the page, mm.
-Point KeyOrigin(const Sheet& sheet);
 
 // The section's length over the elevation.
 void DrawLengthDimension(const Sheet& sheet, double length, double baseY);

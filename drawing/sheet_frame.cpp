@@ -1,6 +1,7 @@
 #include "drawing/sheet_frame.h"
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -8,6 +9,7 @@
 #include "core/section_families.h"
 #include "core/text.h"
 #include "drawing/primitives.h"
+#include "drawing/sheet_layout.h"
 
 namespace orvane {
 
@@ -26,6 +28,7 @@ constexpr double RightsInset = 1;
 constexpr double RightsDrop = 7;
 constexpr double TitleInset = 60;
 constexpr double TitleDrop = 5;
+constexpr double JobLabelInset = 150;  // the job table's first column
 
 constexpr int LevelAlign = 6;     // TextAlign of every sheet, set once and never changed
 constexpr double FooterRise = 5;  // mm, of the footer's edge below the bottom margin's line
@@ -51,15 +54,15 @@ void DrawJobTable(PrintSurface& surface, const SheetSource& source) {
       {"Project Date", FullYearText(source.DTPicker1)},
       {"Orvane Job No.", source.txtProject.at(0)},
   }};
-  constexpr std::array<std::string_view, 3> widths = {"150mm", "32mm", "100mm"};
+  const std::array<std::string, 3> widths = {MmText(JobLabelInset), "32mm", "100mm"};
 
   surface.StartTable();
   surface.TableCell(TableSetting::Columns, 0, 0, static_cast<int>(widths.size()));
   surface.TableCell(TableSetting::Rows, 0, 0, static_cast<int>(fields.size()));
   surface.TableCell(TableSetting::RowHeight, 0, 0, "4.8mm");
   int column = 0;
-  for (const std::string_view width : widths) {
-    surface.TableCell(TableSetting::ColumnWidth, 0, ++column, std::string(width));
+  for (const std::string& width : widths) {
+    surface.TableCell(TableSetting::ColumnWidth, 0, ++column, width);
   }
   surface.TableCell(TableSetting::CellTextColor, orvaneRow, 2, Grey);
   surface.TableCell(TableSetting::CellTextColor, orvaneRow, 3, Grey);
@@ -93,7 +96,9 @@ void DrawFrame(PrintSurface& surface, const SheetSource& source, const std::stri
   WriteTextAt(surface, RightsLine, left + RightsInset, below + RightsDrop);
 
   surface.FontSize(14);
+  surface.Within({.Right = left + JobLabelInset - TextGap});
   if (!title.empty()) WriteTextAt(surface, title, left + TitleInset, below + TitleDrop);
+  surface.Within({});
 
   surface.TextColor(Black);
   surface.CurrentY(Length::OfMm(logoTop));
@@ -127,11 +132,15 @@ void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, const AccD
 void SetSheetFooter(PrintSurface& surface, const std::string& CompanyName,
                     const std::string& CompanyDetails) {
   std::string footer(ContactLine);
+  std::size_t betweenBoth = std::string::npos;
   if (!Trim(CompanyName).empty()) {
-    footer += "||Registered User: " + CompanyName + " " + CompanyDetails;
+    footer += "||Registered User: " + CompanyName;
+    if (!Trim(CompanyDetails).empty()) betweenBoth = footer.size();
+    footer += " " + CompanyDetails;
   }
   surface.HdrFontSize(7);
   surface.Footer(footer);
+  surface.FooterBreak(betweenBoth);
 }
 
 void ApplyPageMargins(PrintSurface& surface, const PageMargins& margins) {

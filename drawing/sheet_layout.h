@@ -67,9 +67,14 @@ constexpr double TextBlockStep = 5;
 constexpr double LabelInset = 5;
 constexpr double ValueInset = 25;
 constexpr double JointingValueInset = 55;
+// A text ends this far before what stands right of it. What the table of off-gauge holes leaves to
+// the block, from the left margin on, is as much as its longest line of fixed words takes.
+constexpr double TextGap = 3;
+constexpr double TextBlockLeastWidth = 62;
 
 // The key of off-gauge holes in the top right corner: its origin from the right margin and below
-// the top one. Their table ends half of its gap left of that, clear of the key's own dimensions.
+// the top one. Their table ends half of its gap left of that, clear of the key's own dimensions,
+// and where it takes more than one part they stand between its row and the list of slots.
 constexpr double KeyInset = 20;
 constexpr double KeyDrop = 20;
 constexpr double OffGaugeTitleDrop = 15;

@@ -1,5 +1,6 @@
 #include "drawing/section_views.h"
 
+#include "drawing/off_gauge_place.h"
 #include "drawing/section_view_parts.h"
 #include "tests/drawing/section_views_fixture.h"
 
