@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <limits>
 #include <utility>
 
 #include "core/numbers.h"
+#include "drawing/table_parts.h"
+#include "drawing/text_fit.h"
 #include "drawing/text_flow.h"
 
 namespace orvane {
@@ -16,6 +19,7 @@ constexpr double HeaderTop = 5;  // mm below the paper's upper edge
 // About what a sheet comes to, so that its shapes need not be moved while it is drawn.
 constexpr std::size_t UsualShapes = 512;
 constexpr double Tolerance = 1e-6;  // mm
+constexpr double BandGap = 5;       // mm between the parts of a header or footer, at least
 
 // The first two bars divide; further ones belong to the right part.
 std::array<std::string_view, 3> BandParts(std::string_view text) {
@@ -27,6 +31,23 @@ std::array<std::string_view, 3> BandParts(std::string_view text) {
     text.remove_prefix(bar + 1);
   }
   return parts;
+}
+
+using BandWidths = std::array<double, 3>;
+
+// What each part may take of the room that all have: the widest share what the others leave.
+BandWidths BandRooms(const BandWidths& widths, double room) {
+  std::array<std::size_t, 3> order{0, 1, 2};
+  std::sort(order.begin(), order.end(),
+            [&](std::size_t a, std::size_t b) { return widths.at(a) < widths.at(b); });
+  BandWidths rooms{};
+  std::size_t others = order.size();
+  for (const std::size_t part : order) {
+    rooms.at(part) = std::min(widths.at(part), room / static_cast<double>(others));
+    room -= rooms.at(part);
+    --others;
+  }
+  return rooms;
 }
 
 std::string WithPageNumber(std::string_view text, int number) {
@@ -99,6 +120,7 @@ void PageSurface::Clear() {
   furniture_ = {};
   moved_ = false;
   tableOpen_ = false;
+  room_ = {};
 }
 
 void PageSurface::StartDoc() {
@@ -134,6 +156,7 @@ void PageSurface::AddPage(std::vector<Shape> shapes) {
                              portrait ? paper_.Height : paper_.Width, std::move(shapes)});
   ++pageNumber_;
   furniture_ = {};
+  title_ = {};
 }
 
 void PageSurface::BeginPage(std::vector<Shape> shapes) {
@@ -165,23 +188,46 @@ void PageSurface::LayOutFurniture() {
   if (BeforeFooter) BeforeFooter();
   // Margins below 5 mm give a footer margin below 0.
   const double bottom = CurrentPage().Height - std::max(marginFooter_, 0.0);
-  AddBand(footer_, std::max(bottom - LineTwips(metrics_, headerFont_) / TwipsPerMm, 0.0));
+  std::string footer = footer_;
+  if (footerBreak_ < footer.size()) footer.replace(footerBreak_, 1, ", ");
+  AddBand(footer, std::max(bottom - LineTwips(metrics_, headerFont_) / TwipsPerMm, 0.0));
+}
+
+void PageSurface::Footer(std::string_view text) {
+  footer_ = text;
+  footerBreak_ = std::string::npos;
 }
 
 void PageSurface::AddBand(std::string_view text, double top) {
   const auto parts = BandParts(text);
-  const double right = CurrentPage().Width - marginRight_;
-  // The share of the free room that stands left of each part.
-  constexpr std::array<double, 3> shares{0, 0.5, 1};
+  std::array<TextShape, 3> shapes;
+  BandWidths widths{};
+  double gaps = -BandGap;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     if (parts.at(i).empty()) continue;
-    TextShape shape;
+    TextShape& shape = shapes.at(i);
     shape.Text = WithPageNumber(parts.at(i), pageNumber_);
     shape.Type = headerFont_;
+    shape.TopLeft.Y = top;
     shape.Ascent = metrics_.Ascent(headerFont_) / TwipsPerMm;
-    const double width = TextTwips(metrics_, headerFont_, shape.Text) / TwipsPerMm;
-    shape.TopLeft = {marginLeft_ + shares.at(i) * (right - marginLeft_ - width), top};
-    Shapes().emplace_back(std::move(shape));
+    widths.at(i) = TextTwips(metrics_, headerFont_, shape.Text) / TwipsPerMm;
+    gaps += BandGap;
+  }
+  const double right = CurrentPage().Width - marginRight_;
+  const BandWidths rooms = BandRooms(widths, right - marginLeft_ - std::max(gaps, 0.0));
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (!parts.at(i).empty()) widths.at(i) = FitText(shapes.at(i), metrics_, rooms.at(i));
+  }
+  const auto& [leftWidth, middleWidth, rightWidth] = widths;
+  shapes.at(0).TopLeft.X = marginLeft_;
+  shapes.at(2).TopLeft.X = right - rightWidth;
+  // In the middle of the page, unless a neighbour is as long as that.
+  const double least = leftWidth > 0 ? marginLeft_ + leftWidth + BandGap : marginLeft_;
+  const double most = (rightWidth > 0 ? right - rightWidth - BandGap : right) - middleWidth;
+  const double middle = marginLeft_ + (right - marginLeft_ - middleWidth) / 2;
+  shapes.at(1).TopLeft.X = std::max(std::min(middle, most), least);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (!parts.at(i).empty()) Shapes().emplace_back(std::move(shapes.at(i)));
   }
 }
 
@@ -195,13 +241,39 @@ void PageSurface::Settle() {
 
 FlowPage PageSurface::PresentFlow() {
   Page& page = CurrentPage();
-  return {&page.Shapes, marginTop_, page.Height - marginBottom_, page.Height};
+  return {&page.Shapes, marginTop_, page.Height - marginBottom_, page.Width - marginRight_,
+          page.Width,   page.Height};
 }
 
 FlowPage PageSurface::NextFlow() {
   EndPage();
   BeginPage();
   return PresentFlow();
+}
+
+// Whether the title is the last that was drawn, and there is more on its page than that.
+bool PageSurface::TitleStands() const {
+  if (title_.EndShape == title_.FirstShape || y_ != title_.Bottom) return false;
+  const Page& page = document_.Pages.back();
+  const double most = (page.Height - marginTop_ - marginBottom_) / 2;
+  return page.Shapes.size() == title_.EndShape && title_.Top > marginTop_ + Tolerance &&
+         title_.Bottom - title_.Top <= most;
+}
+
+// The next page, begun with the title that stands at the foot of this one.
+FlowPage PageSurface::NextFlowWithTitle() {
+  const Title title = title_;
+  std::vector<Shape>& shapes = Shapes();
+  const auto first = shapes.begin() + static_cast<std::ptrdiff_t>(title.FirstShape);
+  std::vector<Shape> lines(std::make_move_iterator(first), std::make_move_iterator(shapes.end()));
+  shapes.erase(first, shapes.end());
+  FlowPage page = NextFlow();
+  for (Shape& line : lines) {
+    std::get<TextShape>(line).TopLeft.Y += page.Top - title.Top;
+    page.Shapes->push_back(std::move(line));
+  }
+  page.Top += title.Bottom - title.Top;
+  return page;
 }
 
 // Text.
@@ -243,8 +315,9 @@ void PageSurface::CurrentY(const Length& y) {
 
 void PageSurface::Text(std::string_view text) {
   Settle();
-  AddText(text, {x_, y_}, 0);
-  x_ += TextWidth(text) / TwipsPerMm;
+  if (text.empty()) return;
+  x_ = std::max(x_, room_.Left);
+  x_ += AddText(text, {x_, y_}, 0, room_.Right - x_);
 }
 
 void PageSurface::Paragraph(std::string_view text) {
@@ -257,12 +330,18 @@ void PageSurface::Paragraph(std::string_view text) {
   AddWrappedLines(lines, metrics_, font_, line, (room + Tolerance) * TwipsPerMm);
   for (const std::string_view part : lines) {
     const FlowPage page = PresentFlow();
-    if (y_ + height > page.Bottom + Tolerance && y_ > page.Top + Tolerance) {
+    const bool fits = y_ + height <= page.Bottom + Tolerance || y_ <= page.Top + Tolerance;
+    if (!fits && !part.empty()) {
       NextFlow();
       Settle();
     }
-    AddText(part, {marginLeft_, y_}, 0);
+    const std::size_t shape = Shapes().size();
+    const bool goesOn =
+        title_.EndShape > title_.FirstShape && title_.EndShape == shape && title_.Bottom == y_;
+    if (!goesOn) title_ = {shape, shape, y_, y_};
+    AddText(part, {marginLeft_, y_}, 0, room);
     y_ += height;
+    if (goesOn || !part.empty()) title_ = {title_.FirstShape, Shapes().size(), title_.Top, y_};
   }
   x_ = marginLeft_;
 }
@@ -282,8 +361,9 @@ double PageSurface::TextHeight(std::string_view) {
   return lineHeight_;
 }
 
-void PageSurface::AddText(std::string_view text, Point topLeft, double angle) {
-  if (text.empty()) return;
+// How wide it is then, mm.
+double PageSurface::AddText(std::string_view text, Point topLeft, double angle, double room) {
+  if (text.empty()) return 0;
   MeasureFont();
   TextShape shape;
   shape.TopLeft = topLeft;
@@ -292,7 +372,9 @@ void PageSurface::AddText(std::string_view text, Point topLeft, double angle) {
   shape.Color = textColor_;
   shape.Angle = angle;
   shape.Ascent = ascent_;
+  const double width = FitText(shape, metrics_, room);
   Shapes().emplace_back(std::move(shape));
+  return width;
 }
 
 // Tables.
@@ -335,9 +417,19 @@ void PageSurface::EndTable() {
   const double left = marginLeft_ + tableIndent_;
   const double room = CurrentPage().Width - marginRight_ - left;
   const TableGrid grid = table_.Grid(tableFont_, tableColor_, left, room);
-  FlowPage page = PresentFlow();
-  if (tableOnOnePage_) page.Bottom = std::numeric_limits<double>::infinity();
-  y_ = LayOutTable(metrics_, grid, tableBorder_, y_, page, [this] { return NextFlow(); });
+  CurrentPage();
+  bool underTitle = TitleStands();
+  const auto nextPage = [&] {
+    const bool bare = std::exchange(underTitle, false) && Shapes().size() == title_.EndShape;
+    return bare ? NextFlowWithTitle() : NextFlow();
+  };
+  double y = y_;
+  for (const TableGrid& part : TableParts(grid, room_, y)) {
+    FlowPage page = PresentFlow();
+    if (tableOnOnePage_) page.Bottom = std::numeric_limits<double>::infinity();
+    y_ = LayOutTable(metrics_, part, tableBorder_, y, page, nextPage);
+    y = y_ + TablePartGap;
+  }
   x_ = marginLeft_;
   moved_ = true;
 }

@@ -22,10 +22,17 @@ namespace orvane {
 // A new surface is in landscape, has margins of 10 mm, the font Arial in 10 points, and draws thin
 // black lines without a fill. StartDoc and Clear change none of its settings.
 //
+// A text that is wider than its room is fitted into it (text_fit), a table that is wider broken
+// into parts (table_parts). The room of flowing text is between the margins. Left, middle and right
+// part of header and footer keep their own widths where all have room side by side; else the wider
+// ones share what the others leave.
+//
 // Flowing text and tables move with the left margin and go on at the top margin of a new page when
 // they reach the bottom margin. A footer's lower edge stands MarginFooter above the paper's, a
 // header 5 mm below the upper one; both reach from the left to the right margin, in black. What is
-// behind a second bar belongs to the right part.
+// behind a second bar belongs to the right part. Lines of flowing text that stand over a table go
+// to the next page with it where none of its rows has room below them; a blank line takes no new
+// page.
 //
 // A length that is no finite number raises "Overflow".
 class PageSurface : public PrintSurface {
@@ -58,13 +65,15 @@ class PageSurface : public PrintSurface {
   void HdrFontSize(double points) override { headerFont_.Size = points; }
   void HdrFontBold(bool bold) override { headerFont_.Bold = bold; }
   void Header(std::string_view text) override { header_ = text; }
-  void Footer(std::string_view text) override { footer_ = text; }
+  void Footer(std::string_view text) override;
   double PageWidth() const override;
   double PageHeight() const override;
   void Clear() override;
   void StartDoc() override;
   void NewPage() override;
   void EndDoc() override;
+  void Within(const SheetRoom& room) override { room_ = room; }
+  void FooterBreak(std::size_t at) override { footerBreak_ = at; }
   void FontName(std::string_view name) override;
   void FontSize(double points) override;
   void FontBold(bool bold) override;
@@ -113,6 +122,14 @@ class PageSurface : public PrintSurface {
     std::size_t Count = 0;
   };
 
+  // Lines of flowing text with nothing behind them, from the first one that isn't blank on.
+  struct Title {
+    std::size_t FirstShape = 0;
+    std::size_t EndShape = 0;
+    double Top = 0;  // mm
+    double Bottom = 0;
+  };
+
   // Pages.
   Page& CurrentPage();
   std::vector<Shape>& Shapes() { return CurrentPage().Shapes; }
@@ -124,10 +141,12 @@ class PageSurface : public PrintSurface {
   void Settle();
   FlowPage PresentFlow();
   FlowPage NextFlow();
+  bool TitleStands() const;
+  FlowPage NextFlowWithTitle();
 
   // Shapes.
   void MeasureFont();
-  void AddText(std::string_view text, Point topLeft, double angle);
+  double AddText(std::string_view text, Point topLeft, double angle, double room);
   void AddEllipse(const Box& place);
   void AddRectangle(const Box& place);
   void AddPolygon(std::vector<Point> corners);
@@ -150,6 +169,8 @@ class PageSurface : public PrintSurface {
   Font headerFont_;
   std::string header_;
   std::string footer_;
+  std::size_t footerBreak_ = std::string::npos;
+  SheetRoom room_;
 
   Font font_;
   bool fontMeasured_ = false;
@@ -165,6 +186,7 @@ class PageSurface : public PrintSurface {
   double x_ = 0;
   double y_ = 0;
   bool moved_ = false;
+  Title title_;
 
   bool tableOpen_ = false;
   TableSettings table_;

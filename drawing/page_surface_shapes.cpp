@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "core/model.h"
@@ -164,7 +165,7 @@ void PageSurface::TextBox(std::string_view text, const Length& left, const Lengt
                 {corner.X + along.X + down.X, corner.Y + along.Y + down.Y},
                 {corner.X + down.X, corner.Y + down.Y}});
   }
-  AddText(text, corner, degrees);
+  AddText(text, corner, degrees, std::numeric_limits<double>::infinity());
 }
 
 }  // namespace orvane

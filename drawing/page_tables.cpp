@@ -7,16 +7,24 @@
 #include <string_view>
 #include <utility>
 
+#include "drawing/text_fit.h"
 #include "drawing/text_flow.h"
 
 namespace orvane {
 
 namespace {
 
-constexpr double Padding = 0.5;    // mm, at the sides of a cell
 constexpr double LineWidth = 0.1;  // of borders, mm
 // Sums of heights and their products differ in the last digits.
 constexpr double Tolerance = 1e-6;
+
+// What a cell keeps free around its texts, mm.
+struct CellPadding {
+  double Sides = 0;
+  double Ends = 0;  // above and below
+};
+constexpr CellPadding SheetPadding{0.5, 0};
+constexpr CellPadding ReportPadding{1, 0.3};
 
 // A row, or a piece of one, on the present page.
 struct PlacedRow {
@@ -50,6 +58,7 @@ class TableLayout {
       : metrics_(metrics),
         grid_(grid),
         border_(border),
+        padding_(border == ReportTableBorder ? ReportPadding : SheetPadding),
         left_(grid.Columns.front().Left),
         y_(y),
         page_(page),
@@ -80,6 +89,7 @@ class TableLayout {
   void AddLines(const RowLines& lines, const CellLines& cell, std::size_t count, double height);
   void AddText(const RowLines& lines, const CellLines& cell, std::string_view text, double top,
                double rowHeight);
+  double RoomOf(std::size_t row, std::size_t column) const;
   void FinishPage();
   void AddUprights();
   void AddLevelLine(double y, double width);
@@ -87,6 +97,7 @@ class TableLayout {
   const FontMetrics& metrics_;
   const TableGrid& grid_;
   int border_;
+  CellPadding padding_;
   double left_;
   double y_;
   FlowPage page_;
@@ -149,7 +160,7 @@ void TableLayout::Measure(std::size_t row) {
     cellLines.Column = column;
     cellLines.Next = lines_.Lines.size();
     if (grows) {
-      const double room = grid_.WidthOf(row, column) - 2 * Padding;
+      const double room = grid_.WidthOf(row, column) - 2 * padding_.Sides;
       AddWrappedLines(lines_.Lines, metrics_, cell.Type, cell.Text,
                       (room + Tolerance) * TwipsPerMm);
     } else {
@@ -178,7 +189,7 @@ double TableLayout::HeightOf(std::size_t row) {
   for (const CellLines& cell : lines_.Cells) {
     height = std::max(height, static_cast<double>(cell.End - cell.Next) * cell.LineHeight);
   }
-  return height;
+  return height + 2 * padding_.Ends;
 }
 
 // A heading that would fill most of a page is not repeated.
@@ -218,6 +229,7 @@ void TableLayout::Split(std::size_t row) {
       if (count < left) last = false;
     }
     if (last || height > 0) {
+      height += 2 * padding_.Ends;
       for (std::size_t i = 0; i < lines.Cells.size(); ++i) {
         AddLines(lines, lines.Cells[i], counts[i], height);
         lines.Cells[i].Next += counts[i];
@@ -233,7 +245,7 @@ void TableLayout::Split(std::size_t row) {
 
 // Whole lines of the cell down to the bottom margin, none above it.
 double TableLayout::LinesThatFit(const CellLines& cell) const {
-  const double room = std::max(page_.Bottom - y_ + Tolerance, 0.0);
+  const double room = std::max(page_.Bottom - y_ - 2 * padding_.Ends + Tolerance, 0.0);
   return cell.LineHeight > 0 ? std::floor(room / cell.LineHeight)
                              : static_cast<double>(cell.End - cell.Next);
 }
@@ -273,35 +285,38 @@ void TableLayout::AddText(const RowLines& lines, const CellLines& cell, std::str
   if (text.empty()) return;
   const GridCell& look = grid_.At(lines.Row, cell.Column);
   const double cellLeft = grid_.Columns[cell.Column].Left;
-  const double cellWidth = grid_.WidthOf(lines.Row, cell.Column);
-  const double textWidth = TextTwips(metrics_, look.Type, text) / TwipsPerMm;
+  const double cellWidth = RoomOf(lines.Row, cell.Column);
   const bool grows = grid_.Rows[lines.Row].Height <= 0;
-  const bool mayReachOver = look.Type.Bold;
-  const double leftEdge = mayReachOver ? left_ : cellLeft;
-  const double rightEdge = mayReachOver ? grid_.Right : cellLeft + cellWidth;
-
-  // A text may use the padding to fit; one that doesn't fit all the same keeps its place.
-  const double slack = cellWidth - textWidth;
-  const double padding = slack < 0 ? Padding : std::min(slack, Padding);
-  double x = cellLeft + padding;
-  if (look.Alignment == CellAlignment::Centre) x = cellLeft + slack / 2;
-  if (look.Alignment == CellAlignment::Right) x = cellLeft + slack - padding;
-  // A centred figure too wide for its cell reaches over both edges: cut, it would read as another
-  // dimension. Of all else the beginning is what must be read.
-  const bool figure = look.Alignment == CellAlignment::Centre && !look.Type.Bold;
-  if (!figure && x < leftEdge) x = leftEdge + Padding;
 
   TextShape shape;
-  shape.TopLeft = {x, top};
+  shape.TopLeft.Y = top;
   shape.Text = text;
   shape.Type = look.Type;
   shape.Color = look.Color;
   shape.Ascent = cell.Ascent;
-  shape.Clipped =
-      !grows && !figure &&
-      (x + textWidth > rightEdge + Tolerance || cell.LineHeight > rowHeight + Tolerance);
-  if (shape.Clipped) shape.Clip = {leftEdge, y_, rightEdge - leftEdge, rowHeight};
+
+  // A text on one line may use the padding to fit; one that is fitted leaves it free again.
+  const double between = cellWidth - 2 * padding_.Sides;
+  double width = TextTwips(metrics_, look.Type, text) / TwipsPerMm;
+  if (width > (grows ? between : cellWidth) + Tolerance) {
+    width = FitText(shape, metrics_, between > 0 ? between : cellWidth);
+  }
+  const double slack = cellWidth - width;
+  const double padding = std::clamp(slack, 0.0, padding_.Sides);
+  shape.TopLeft.X = cellLeft + padding;
+  if (look.Alignment == CellAlignment::Centre) shape.TopLeft.X = cellLeft + slack / 2;
+  if (look.Alignment == CellAlignment::Right) shape.TopLeft.X = cellLeft + slack - padding;
+
+  shape.Clipped = !grows && cell.LineHeight > rowHeight + Tolerance;
+  if (shape.Clipped) shape.Clip = {cellLeft, y_, cellWidth, rowHeight};
   page_.Shapes->emplace_back(std::move(shape));
+}
+
+// The width that a cell has for its text, with the cells that it takes in.
+double TableLayout::RoomOf(std::size_t row, std::size_t column) const {
+  const double left = grid_.Columns[column].Left;
+  const double width = grid_.WidthOf(row, column);
+  return left + width > page_.PaperWidth ? page_.Right - left : width;
 }
 
 // The lines around what was placed on this page.

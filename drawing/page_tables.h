@@ -10,11 +10,14 @@
 
 namespace orvane {
 
-// The page that a table stands on, mm: where its flow begins and ends, and the paper's lower edge.
+// The page that a table stands on, mm: where its flow begins and ends, its right margin, and the
+// paper's own edges.
 struct FlowPage {
   std::vector<Shape>* Shapes = nullptr;
   double Top = 0;
   double Bottom = 0;
+  double Right = 0;
+  double PaperWidth = 0;
   double PaperHeight = 0;
 };
 
@@ -22,10 +25,12 @@ struct FlowPage {
 // and gives the next one.
 //
 // Text stands in the middle of its cell in height, with half a millimetre of padding at the sides
-// alone. A row with a height keeps it: its texts stand on one line, may use the padding to fit, and
-// else begin at their place and are cut off at the cell's edge, or at the table's if they are bold:
-// headings are often wider than the column that was measured without them. A row without a height
-// grows with its texts, which break into lines by words. A column of width 0 shows nothing.
+// alone; in a report a millimetre, and 0.3 above and below, so that figures don't run into the next
+// column. A row with a height keeps it: its texts stand on one line and may use the padding to fit.
+// A row without a height grows with its texts, which break into lines by words. What is wider all
+// the same, such a text or a single word, is fitted into its cell (text_fit); of a cell that
+// reaches over the edge of the paper the room ends at the right margin. A column of width 0 shows
+// nothing.
 //
 // A table whose rows all have a height stays whole where it fits on the paper, bottom margin or
 // not. Any other breaks between rows at the bottom margin and goes on at the top of the next page;

@@ -4,7 +4,6 @@
 #include <cstddef>
 
 #include "core/numbers.h"
-#include "core/text.h"
 
 namespace orvane {
 
@@ -20,27 +19,15 @@ std::string_view WithoutBlanksInFront(std::string_view text) {
   return text.substr(std::min(text.find_first_not_of(Blank), text.size()));
 }
 
-// Where the line that `text` begins with ends: behind the last word that fits, or 0 where the first
-// word doesn't.
+// Where the line that `text` begins with ends: behind the last word that fits, or behind the first
+// one where not even that does.
 std::size_t WholeWords(const FontMetrics& metrics, const Font& font, std::string_view text,
                        double room) {
   std::size_t end = 0;
   while (end < text.size()) {
     const std::size_t word = std::min(text.find_first_not_of(Blank, end), text.size());
     const std::size_t next = std::min(text.find(Blank, word), text.size());
-    if (TextTwips(metrics, font, text.substr(0, next)) > room) break;
-    end = next;
-  }
-  return end;
-}
-
-// The same in characters, one at least.
-std::size_t WholeCharacters(const FontMetrics& metrics, const Font& font, std::string_view text,
-                            double room) {
-  std::size_t end = FirstChars(text, 1).size();
-  while (end < text.size()) {
-    const std::size_t next = end + FirstChars(text.substr(end), 1).size();
-    if (TextTwips(metrics, font, text.substr(0, next)) > room) break;
+    if (end > 0 && TextTwips(metrics, font, text.substr(0, next)) > room) break;
     end = next;
   }
   return end;
@@ -71,15 +58,12 @@ double LineTwips(const FontMetrics& metrics, const Font& font) {
 void AddWrappedLines(std::vector<std::string_view>& lines, const FontMetrics& metrics,
                      const Font& font, std::string_view text, double room) {
   std::string_view rest = WithoutBlanksAtEnd(text);
-  do {
-    std::size_t end = rest.size();
-    if (end > 0 && TextTwips(metrics, font, rest) > room) {
-      end = WholeWords(metrics, font, rest, room);
-      if (end == 0) end = WholeCharacters(metrics, font, rest, room);
-    }
+  if (rest.empty() || TextTwips(metrics, font, rest) <= room) return lines.push_back(rest);
+  while (!rest.empty()) {
+    const std::size_t end = WholeWords(metrics, font, rest, room);
     lines.push_back(rest.substr(0, end));
     rest = WithoutBlanksInFront(rest.substr(end));
-  } while (!rest.empty());
+  }
 }
 
 }  // namespace orvane

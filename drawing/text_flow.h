@@ -16,9 +16,9 @@ std::string OneLine(std::string_view text);
 double TextTwips(const FontMetrics& metrics, const Font& font, std::string_view text);
 double LineTwips(const FontMetrics& metrics, const Font& font);
 
-// Adds the text in lines no wider than `room` twips: broken at blanks, which then vanish, and
-// inside a word only where it is wider than the room by itself. A line holds one character at
-// least. One empty line for an empty text. The lines are parts of `text`, which must stay.
+// Adds the text in lines no wider than `room` twips, broken at blanks, which then vanish. A word
+// that is wider than the room by itself is a line of its own, whole: it is for whoever places it to
+// get it in. One empty line for an empty text. The lines are parts of `text`, which must stay.
 void AddWrappedLines(std::vector<std::string_view>& lines, const FontMetrics& metrics,
                      const Font& font, std::string_view text, double room);
 

@@ -121,12 +121,12 @@ TEST_F(AccessoryPages, With_nothing_used_only_the_number_column_has_its_heading)
                                "line 142 35 142 40 pen 0.1", "line 162 35 162 40 pen 0.1"}));
 }
 
-TEST_F(AccessoryPages, A_heading_wider_than_its_texts_reaches_over_its_cell_from_the_tables_edge) {
+TEST_F(AccessoryPages, A_heading_wider_than_its_texts_is_narrowed_into_its_cell) {
   AddType1("Nuts", {{"Nut", "A"}});
-  // 170 and 57 twips of text: 7.998, 6.005 and 20 mm from 134.998 on. The heading's 10 mm begin
-  // half a millimetre in the table, in one line over the edge of their cell.
+  // 170 and 57 twips of text: 7.998, 6.005 and 20 mm from 134.998 on. The heading's 10 mm have the
+  // 6.998 mm between the paddings of their cell.
   const Look look = Detail(One, RowsOf({{"1"}}));
-  EXPECT_EQ(look.Texts.at(0), "text \"Descripton\" 135.498 35.269 11 bold");
+  EXPECT_EQ(look.Texts.at(0), "text \"Descripton\" 135.498 35.269 11 bold narrowed 0.7");
   EXPECT_EQ(look.Texts.at(1), "text \"Code\" 143.997 35.269 11 bold");
   EXPECT_EQ(look.Texts.size(), 6U);
 }

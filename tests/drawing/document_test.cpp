@@ -214,6 +214,59 @@ TEST_F(DocumentTest, Two_bars_put_a_footer_at_the_left_and_at_the_right) {
   EXPECT_NEAR(text.Ascent, 2.222, 0.001);  // 0.9 x 140 twips
 }
 
+// 277 mm between the margins less the 10.582 of "E-mail" and a gap of 5 are 261.418: 67.4 % of 220
+// characters, which are 388.007 mm long.
+TEST_F(DocumentTest, A_long_part_of_a_footer_has_what_the_others_leave) {
+  surface.HdrFontSize(10);
+  surface.Footer("E-mail||" + std::string(220, 'u'));
+  surface.StartDoc();
+  surface.EndDoc();
+  EXPECT_EQ(ShapesOf(1),
+            (Lines{
+                "text \"E-mail\" 10 200.944 10",
+                "text \"" + std::string(220, 'u') + "\" 25.582 200.944 10 narrowed 0.674",
+            }));
+}
+
+// 267 mm without the gaps are 89 a part, 50.5 % of 176.367: set in 60 % of the width and 8.4
+// points, 88.889 mm. Their baseline is 151.2 twips below the top, 0.508 mm less than the 180 of 10
+// points.
+TEST_F(DocumentTest, Parts_that_are_all_too_long_have_equal_shares) {
+  const std::string text(100, 't');
+  surface.Header(text + "|" + text + "|" + text);
+  surface.StartDoc();
+  surface.EndDoc();
+  EXPECT_EQ(ShapesOf(1), (Lines{
+                             "text \"" + text + "\" 10 5.508 8.4 narrowed 0.6",
+                             "text \"" + text + "\" 104.056 5.508 8.4 narrowed 0.6",
+                             "text \"" + text + "\" 198.111 5.508 8.4 narrowed 0.6",
+                         }));
+}
+
+// Ninety characters are 158.73 mm long: they begin at 128.27, and the middle part ends 5 mm before.
+TEST_F(DocumentTest, A_middle_part_makes_way_for_a_long_neighbour) {
+  surface.Header("L|" + std::string(10, 'c') + "|" + std::string(90, 'r'));
+  surface.StartDoc();
+  surface.EndDoc();
+  EXPECT_EQ(ShapesOf(1).at(1), "text \"cccccccccc\" 105.633 5 10");
+  surface.Header(std::string(90, 'l') + "|" + std::string(10, 'c'));
+  surface.StartDoc();
+  surface.EndDoc();
+  EXPECT_EQ(ShapesOf(1).at(1), "text \"cccccccccc\" 173.73 5 10");
+}
+
+TEST_F(DocumentTest, A_break_in_a_footer_shows_as_a_comma_until_the_next_footer) {
+  surface.Footer("||User: Hill Mill Lane");
+  surface.FooterBreak(12);
+  surface.StartDoc();
+  surface.EndDoc();
+  EXPECT_EQ(TextsOf(1), (Lines{"User: Hill, Mill Lane"}));
+  surface.Footer("||User: Hill Mill Lane");
+  surface.StartDoc();
+  surface.EndDoc();
+  EXPECT_EQ(TextsOf(1), (Lines{"User: Hill Mill Lane"}));
+}
+
 TEST_F(DocumentTest, Further_bars_belong_to_the_right_part_and_page_numbers_stand_everywhere) {
   struct Case {
     std::string Footer;
@@ -373,7 +426,7 @@ TEST_F(DocumentTest, A_paragraph_stands_at_the_left_margin_and_an_empty_one_leav
 }
 
 // 277 mm of room are 15705.9 twips: 157 characters of 100.
-TEST_F(DocumentTest, A_long_paragraph_breaks_between_words_and_a_long_word_between_characters) {
+TEST_F(DocumentTest, A_long_paragraph_breaks_between_words_and_a_long_word_is_fitted) {
   surface.StartDoc();
   const std::string sixty(60, 'a');
   const std::string tail(36, 'b');
@@ -381,18 +434,20 @@ TEST_F(DocumentTest, A_long_paragraph_breaks_between_words_and_a_long_word_betwe
   // 60 + 1 + 60 + 2 + 36 = 159 are too many; 121 are left of the blanks at which the line breaks.
   EXPECT_EQ(TextsOf(1), (Lines{sixty + " " + sixty, tail + " end"}));
   surface.StartDoc();
-  const std::string word(400, 'w');
-  surface.Paragraph("x " + word);
-  EXPECT_EQ(TextsOf(1), (Lines{"x", word.substr(0, 157), word.substr(0, 157), word.substr(0, 86)}));
+  const std::string word(200, 'w');  // 20000 twips, 352.734 mm, of which 277 are 78.5 %
+  surface.Paragraph("x " + word + " y");
+  EXPECT_EQ(ShapesOf(1), (Lines{
+                             "text \"x\" 10 10 10",
+                             "text \"" + word + "\" 10 14.056 10 narrowed 0.785",
+                             "text \"y\" 10 18.113 10",
+                         }));
   surface.StartDoc();
   surface.Paragraph("end  ");
   EXPECT_EQ(TextsOf(1), (Lines{"end"}));
   surface.StartDoc();
-  surface.MarginRight(Length::OfMm(290));  // no room at all: a character a line
-  surface.Paragraph(
-      "\xC2\xBA"
-      "b c");
-  EXPECT_EQ(TextsOf(1), (Lines{"\xC2\xBA", "b", "c"}));
+  surface.MarginRight(Length::OfMm(290));  // no room at all
+  surface.Paragraph("ab c");
+  EXPECT_EQ(TextsOf(1), (Lines{"\xE2\x80\xA6", "\xE2\x80\xA6"}));
 }
 
 // 190 mm between the margins: 46 lines of 4.056 mm end at 196.614, a 47th would pass 200.

@@ -273,8 +273,9 @@ TEST_F(PageTablesTest, A_text_in_a_cell_knows_its_baseline) {
 
 // --- Rows with a height
 
-// 56 characters of 100 twips are 98.765 mm; 57 are 100.529, more than the cell.
-TEST_F(PageTablesTest, A_text_too_long_for_a_row_with_a_height_is_one_line_cut_off_at_the_cell) {
+// 56 characters of 100 twips are 98.765 mm; 57 are 100.529, more than the cell, and have the 99 mm
+// between its paddings.
+TEST_F(PageTablesTest, A_text_too_long_for_a_row_with_a_height_is_one_line_narrowed_into_the_cell) {
   const std::string fits(56, 'x');
   const std::string tooLong = std::string(50, 'x') + " abcdef";
   Start(2, {"100", "20"});
@@ -283,25 +284,43 @@ TEST_F(PageTablesTest, A_text_too_long_for_a_row_with_a_height_is_one_line_cut_o
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
                              "text \"" + fits + "\" 10.5 10.472 10",
-                             "text \"" + tooLong + "\" 10.5 15.472 10 clip 10 15 100 5",
+                             "text \"" + tooLong + "\" 10.5 15.472 10 narrowed 0.985",
                          }));
-  // At the right too its beginning shows.
   surface.StartDoc();
   Start(2, {"20", "100"});
   SetText(0, 2, tooLong);
-  // Centred, its 5700 twips are 100.529 mm and reach 0.265 over either edge: a figure that is cut
-  // would read as another.
   surface.TableAlignment(1, 2, CellAlignment::Centre);
   surface.TableAlignment(2, 2, CellAlignment::Right);
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
-                             "text \"" + tooLong + "\" 29.735 10.472 10",
-                             "text \"" + tooLong + "\" 30.5 15.472 10 clip 30 15 100 5",
+                             "text \"" + tooLong + "\" 30.5 10.472 10 narrowed 0.985",
+                             "text \"" + tooLong + "\" 30.5 15.472 10 narrowed 0.985",
                          }));
 }
 
+// The mark of a roof's grid, 14 characters, is 24.691 mm long: in a cell of 20 it has 19.
+TEST_F(PageTablesTest, A_mark_is_never_shown_as_another_one) {
+  Start(2, {"20", "20"});
+  SetText(1, 1, "SL-GRID-C-TO-F");
+  SetText(2, 1, std::string(60, 'x') + "1");
+  surface.EndTable();
+  EXPECT_EQ(ShapesOf(1).at(0), "text \"SL-GRID-C-TO-F\" 10.5 10.472 10 narrowed 0.77");
+  // Six points at 60 % are 0.635 mm a character: 29 in 19 mm, the last of them the ellipsis.
+  EXPECT_EQ(TextsOf(1).at(1), std::string(28, 'x') + "\xE2\x80\xA6");
+}
+
+// The second column reaches from 60 to 310 mm, over the edge of the paper at 297: its room ends at
+// the right margin, at 287. 150 characters are 264.55 mm, and have 226.
+TEST_F(PageTablesTest, What_reaches_over_the_paper_ends_at_the_right_margin) {
+  Start(1, {"50", "250"});
+  SetText(1, 2, std::string(150, 'x'));
+  surface.EndTable();
+  EXPECT_EQ(ShapesOf(1),
+            (Lines{"text \"" + std::string(150, 'x') + "\" 60.5 10.472 10 narrowed 0.854"}));
+}
+
 // 28 characters are 49.383 mm: in 49.5 mm there is no room for both paddings.
-TEST_F(PageTablesTest, A_text_may_use_the_padding_before_it_is_cut_off) {
+TEST_F(PageTablesTest, A_text_may_use_the_padding_before_it_is_narrowed) {
   Start(3, {"49.5"});
   SetText(0, 0, std::string(28, 'x'));
   surface.TableAlignment(2, 1, CellAlignment::Centre);
@@ -315,30 +334,28 @@ TEST_F(PageTablesTest, A_text_may_use_the_padding_before_it_is_cut_off) {
                          }));
 }
 
-// 12 characters are 21.164 mm in columns of 20. Centred, the one in the first column would begin
-// left of the table, the one in the second begins 0.582 left of its cell and ends as much right of
-// the table.
-TEST_F(PageTablesTest, A_bold_heading_may_reach_over_its_cell_up_to_the_edge_of_the_table) {
+// 12 characters are 21.164 mm in columns of 20, with 19 between the paddings.
+TEST_F(PageTablesTest, A_bold_heading_is_narrowed_into_its_cell) {
   Start(1, {"20", "20"});
   SetText(0, 0, "abcdefghijkl");
   Set(TableSetting::Bold, 1, 0, 1);
   surface.TableAlignment(0, 0, CellAlignment::Centre);
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
-                             "text \"abcdefghijkl\" 10.5 10.472 10 bold",
-                             "text \"abcdefghijkl\" 29.418 10.472 10 bold clip 10 10 40 5",
+                             "text \"abcdefghijkl\" 10.5 10.472 10 bold narrowed 0.898",
+                             "text \"abcdefghijkl\" 30.5 10.472 10 bold narrowed 0.898",
                          }));
 }
 
 // At the left it begins, at the right it ends half a millimetre inside, as the values below it.
-TEST_F(PageTablesTest, A_bold_heading_that_reaches_over_keeps_in_line_with_its_column) {
+TEST_F(PageTablesTest, A_narrowed_heading_keeps_in_line_with_its_column) {
   Start(2, {"20", "20", "20"});
   SetText(1, 2, "abcdefghijkl");
   SetText(2, 2, "ab");
   Set(TableSetting::Bold, 1, 0, 1);
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
-                             "text \"abcdefghijkl\" 30.5 10.472 10 bold",
+                             "text \"abcdefghijkl\" 30.5 10.472 10 bold narrowed 0.898",
                              "text \"ab\" 30.5 15.472 10",
                          }));
   surface.StartDoc();
@@ -349,8 +366,8 @@ TEST_F(PageTablesTest, A_bold_heading_that_reaches_over_keeps_in_line_with_its_c
   surface.TableAlignment(0, 2, CellAlignment::Right);
   surface.EndTable();
   EXPECT_EQ(ShapesOf(1), (Lines{
-                             "text \"abcdefghijkl\" 28.336 10.472 10 bold",  // to 49.5
-                             "text \"ab\" 45.973 15.472 10",                 // 3.527 mm wide
+                             "text \"abcdefghijkl\" 30.5 10.472 10 bold narrowed 0.898",
+                             "text \"ab\" 45.973 15.472 10",  // 3.527 mm wide
                          }));
 }
 

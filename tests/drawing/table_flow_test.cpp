@@ -109,12 +109,18 @@ TEST_F(TableFlowTest, A_row_without_a_height_grows_with_texts_that_break_between
                                  }));
 }
 
-TEST_F(TableFlowTest, A_word_wider_than_its_column_breaks_between_characters) {
+// Twenty characters are 1800 twips, of which 793.8 are 44.1 %: set in 60 % of the width and 6.6
+// points, 792 twips. Their baseline is 118.8 twips below the top, 0.762 mm less than in 9 points.
+TEST_F(TableFlowTest, A_word_wider_than_its_column_is_a_line_of_its_own_and_fitted) {
   surface.FontSize(9);
   Start(1, {"15"}, true);
   SetText(1, 1, "in abcdefghijklmnopqrst on");
   surface.EndTable();
-  EXPECT_EQ(TextsOf(1), (Lines{"in", "abcdefgh", "ijklmnop", "qrst on"}));
+  EXPECT_EQ(ShapesOf(1), (Lines{
+                             "text \"in\" 10.5 10 9",
+                             "text \"abcdefghijklmnopqrst\" 10.5 14.413 6.6 narrowed 0.6",
+                             "text \"on\" 10.5 17.302 9",
+                         }));
 }
 
 TEST_F(TableFlowTest, A_row_of_empty_cells_is_one_line_high_and_takes_its_largest_font) {
@@ -126,7 +132,8 @@ TEST_F(TableFlowTest, A_row_of_empty_cells_is_one_line_high_and_takes_its_larges
   EXPECT_EQ(ShapesOf(1), (Lines{"text \"x\" 10 22.169 10"}));
 }
 
-// From 190 mm on two rows of 4.056 mm fit above the bottom margin at 200.
+// From 190 mm on two rows of 4.056 mm fit above the bottom margin at 200, with the 0.3 mm that a
+// report keeps free above and below its texts; at the sides it is 1 mm.
 TEST_F(TableFlowTest, A_table_breaks_between_rows_at_the_bottom_margin) {
   surface.CurrentY(Length::OfMm(190));
   Start(4, {"20"}, true);
@@ -136,22 +143,115 @@ TEST_F(TableFlowTest, A_table_breaks_between_rows_at_the_bottom_margin) {
   surface.Paragraph("below");
   ASSERT_EQ(PageCount(), 2U);
   EXPECT_EQ(ShapesOf(1), (Lines{
-                             "text \"1\" 10.5 190 10",
-                             "text \"2\" 10.5 194.056 10",
+                             "text \"1\" 11 190.3 10",
+                             "text \"2\" 11 194.956 10",
                              "line 10 190 30 190 pen 0.1",
-                             "line 10 198.113 30 198.113 pen 0.1",
-                             "line 10 190 10 198.113 pen 0.1",
-                             "line 30 190 30 198.113 pen 0.1",
+                             "line 10 199.313 30 199.313 pen 0.1",
+                             "line 10 190 10 199.313 pen 0.1",
+                             "line 30 190 30 199.313 pen 0.1",
                          }));
   EXPECT_EQ(ShapesOf(2), (Lines{
-                             "text \"3\" 10.5 10 10",
-                             "text \"4\" 10.5 14.056 10",
+                             "text \"3\" 11 10.3 10",
+                             "text \"4\" 11 14.956 10",
                              "line 10 10 30 10 pen 0.1",
-                             "line 10 18.113 30 18.113 pen 0.1",
-                             "line 10 10 10 18.113 pen 0.1",
-                             "line 30 10 30 18.113 pen 0.1",
-                             "text \"below\" 10 18.113 10",
+                             "line 10 19.313 30 19.313 pen 0.1",
+                             "line 10 10 10 19.313 pen 0.1",
+                             "line 30 10 30 19.313 pen 0.1",
+                             "text \"below\" 10 19.313 10",
                          }));
+}
+
+// 15 mm less two paddings of 1 are 737.1 twips, eight characters of 90.
+TEST_F(TableFlowTest, The_words_of_a_report_break_before_its_padding) {
+  surface.FontSize(9);
+  Start(1, {"15", "15"}, true);
+  SetText(1, 1, "Quantity");
+  SetText(1, 2, "two four");
+  surface.TableAlignment(0, 2, CellAlignment::Right);
+  surface.TableBorder(ReportTableBorder);
+  surface.EndTable();
+  EXPECT_EQ(ShapesOf(1, "text"), (Lines{
+                                     "text \"Quantity\" 11 10.3 9",
+                                     "text \"two four\" 26.302 10.3 9",  // 12.698 mm, up to 39
+                                 }));
+  surface.StartDoc();
+  Start(1, {"14"}, true);  // 680.4 twips
+  SetText(1, 1, "two four");
+  surface.TableBorder(ReportTableBorder);
+  surface.EndTable();
+  EXPECT_EQ(TextsOf(1), (Lines{"two", "four"}));
+}
+
+// A title of one line, 4.056 mm, with a blank one above and below, from 186 mm on: the title stands
+// at 190.056 and the table begins at 198.169, where no row has room above 200.
+TEST_F(TableFlowTest, A_title_goes_to_the_next_page_with_its_table) {
+  surface.Text("above");
+  surface.CurrentX(Length::OfMm(10));
+  surface.CurrentY(Length::OfMm(186));
+  for (const char* line : {"", "Title", ""}) surface.Paragraph(line);
+  Start(3, {"20"}, true);
+  for (int row = 1; row <= 3; ++row) SetText(row, 1, std::to_string(row));
+  surface.EndTable();
+  ASSERT_EQ(PageCount(), 2U);
+  EXPECT_EQ(ShapesOf(1), (Lines{"text \"above\" 10 10 10"}));
+  EXPECT_EQ(ShapesOf(2), (Lines{
+                             "text \"Title\" 10 10 10",
+                             "text \"1\" 10.5 18.113 10",
+                             "text \"2\" 10.5 22.169 10",
+                             "text \"3\" 10.5 26.226 10",
+                         }));
+}
+
+// The blank line behind the title has no room above 200 mm: it takes no page for itself.
+TEST_F(TableFlowTest, A_title_in_the_last_line_of_a_page_goes_with_its_table_too) {
+  surface.CurrentY(Length::OfMm(191));
+  for (const char* line : {"", "Title", ""}) surface.Paragraph(line);
+  Start(1, {"20"}, true);
+  SetText(1, 1, "row");
+  surface.EndTable();
+  ASSERT_EQ(PageCount(), 2U);
+  EXPECT_EQ(ShapesOf(1), Lines{});
+  EXPECT_EQ(ShapesOf(2), (Lines{"text \"Title\" 10 10 10", "text \"row\" 10.5 18.113 10"}));
+}
+
+TEST_F(TableFlowTest, A_title_stays_where_a_row_has_room_below_it) {
+  surface.CurrentY(Length::OfMm(180));
+  for (const char* line : {"", "Title", ""}) surface.Paragraph(line);
+  Start(60, {"20"}, true);
+  for (int row = 1; row <= 60; ++row) SetText(row, 1, std::to_string(row));
+  surface.EndTable();
+  // 192.169 and one row; 46 rows a page.
+  ASSERT_EQ(PageCount(), 3U);
+  EXPECT_EQ(TextsOf(1), (Lines{"Title", "1"}));
+  EXPECT_EQ(TextsOf(2).front(), "2");
+}
+
+// A second table stands below the first: what is above that is no title of it.
+TEST_F(TableFlowTest, A_title_belongs_to_the_table_that_follows_it_alone) {
+  surface.CurrentY(Length::OfMm(180));
+  surface.Paragraph("Title");
+  for (int table = 1; table <= 2; ++table) {
+    Start(3, {"20"}, true);
+    SetText(0, 1, std::to_string(table));
+    surface.EndTable();
+  }
+  ASSERT_EQ(PageCount(), 2U);
+  EXPECT_EQ(TextsOf(1), (Lines{"Title", "1", "1", "1"}));
+  EXPECT_EQ(TextsOf(2), (Lines{"2", "2", "2"}));
+}
+
+// A title that begins a page would stand at the same place of the next one.
+TEST_F(TableFlowTest, A_title_at_the_top_of_a_page_stays_there) {
+  surface.MarginBottom(Length::OfMm(210 - 10 - 9));  // two lines of 4.056 mm
+  surface.StartDoc();
+  surface.Paragraph("Title");
+  surface.Paragraph("");
+  Start(1, {"20"}, true);
+  SetText(1, 1, "row");
+  surface.EndTable();
+  ASSERT_EQ(PageCount(), 2U);
+  EXPECT_EQ(TextsOf(1), (Lines{"Title"}));
+  EXPECT_EQ(TextsOf(2), (Lines{"row"}));
 }
 
 // 190 mm hold 46 lines of 4.056 mm.

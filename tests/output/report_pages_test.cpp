@@ -1,9 +1,10 @@
 // The contract summary laid out on pages.
 //
-// A line of 9 points is 207 twips high here, 3.6508 mm. On an upright page between margins of 10 mm
-// the project table takes 28.8 mm and the title three lines, so that the sections' heading stands
-// at 49.7524 mm; to 287 mm there is room for it and 63 sections. The next page has room for the
-// heading and 74 sections (75 lines are 273.81 mm, 76 are 277.46 mm).
+// A line of 9 points is 207 twips high here, 3.6508 mm, and a row of a ruled table 4.2508. On an
+// upright page between margins of 10 mm the project table takes 28.8 mm and the title three lines,
+// so that the sections' heading stands at 49.7524 mm; to 287 mm there is room for it and 54
+// sections (55 rows are 233.79 mm, 56 are 238.04 mm). The next page has room for the heading and 64
+// sections (65 rows are 276.30 mm).
 #include <cmath>
 #include <map>
 
@@ -16,9 +17,11 @@ namespace {
 
 using namespace test;
 
-constexpr std::size_t OnFirstPage = 63;
-constexpr std::size_t OnOtherPages = 74;
+constexpr std::size_t OnFirstPage = 54;
+constexpr std::size_t OnOtherPages = 64;
 constexpr double Line = 207 / 56.7;  // mm
+constexpr double Above = 0.3;        // free over the texts of a row, and under them
+constexpr double Row = Line + 2 * Above;
 constexpr double Close = 0.001;
 
 class ReportPagesTest : public PrintTest {
@@ -116,7 +119,7 @@ TEST_F(ReportPagesTest, Each_page_has_the_header_in_10_points_and_the_footer_in_
         {"Contract Summary (J1042)", 10 + (190 - 2400 / 56.7) / 2, 5, 10},
         {pageText, 200 - 600 / 56.7, 5, 10},
         {"E-mail: sales@lintaro.example", 10, 292 - 161 / 56.7, 7},
-        {"Registered User: Hillside Mill Lane", 200 - 35 * 70 / 56.7, 292 - 161 / 56.7, 7},
+        {"Registered User: Hillside, Mill Lane", 200 - 36 * 70 / 56.7, 292 - 161 / 56.7, 7},
     };
     for (const Band& band : bands) {
       const TextShape text = TextOn(page, band.Text);
@@ -147,9 +150,9 @@ TEST_F(ReportPagesTest, The_first_page_begins_with_the_project_and_blank_lines_a
   EXPECT_NEAR(TextOn(page, "04/03/2024").TopLeft.Y, 10 + 4 * 4.8 + (4.8 - Line) / 2, Close);
   EXPECT_NEAR(TextOn(page, "04/03/2024").TopLeft.X, 10 + 32 + 0.5, Close);
   EXPECT_NEAR(TextOn(page, "Sections:").TopLeft.Y, 38.8 + Line, Close);
-  EXPECT_NEAR(TextOn(page, "Mark").TopLeft.Y, 38.8 + 3 * Line, Close);
-  EXPECT_NEAR(TextOn(page, "S1.").TopLeft.Y, 38.8 + 4 * Line, Close);
-  EXPECT_NEAR(TextOn(page, "Accessories:").TopLeft.Y, 38.8 + 6 * Line, Close);
+  EXPECT_NEAR(TextOn(page, "Mark").TopLeft.Y, 38.8 + 3 * Line + Above, Close);
+  EXPECT_NEAR(TextOn(page, "S1.").TopLeft.Y, 38.8 + 3 * Line + Row + Above, Close);
+  EXPECT_NEAR(TextOn(page, "Accessories:").TopLeft.Y, 38.8 + 4 * Line + 2 * Row, Close);
   EXPECT_NEAR(TextOn(page, "Accessories:").TopLeft.X, 10, Close);
 }
 
@@ -158,7 +161,7 @@ TEST_F(ReportPagesTest, The_heading_is_repeated_ruled_on_each_page) {
   const std::vector<Page>& shown = Summary();
   const std::vector<double> tops = {38.8 + 3 * Line, 10, 10};
   for (std::size_t at = 0; at < shown.size(); ++at) {
-    EXPECT_NEAR(TextOn(shown[at], "Quantity").TopLeft.Y, tops.at(at), Close);
+    EXPECT_NEAR(TextOn(shown[at], "Quantity").TopLeft.Y, tops.at(at) + Above, Close);
     std::vector<double> rules;
     for (const Shape& shape : shown[at].Shapes) {
       const auto* line = std::get_if<LineShape>(&shape);
@@ -166,7 +169,7 @@ TEST_F(ReportPagesTest, The_heading_is_repeated_ruled_on_each_page) {
     }
     ASSERT_EQ(rules.size(), 2U);
     EXPECT_NEAR(rules[0], tops.at(at), Close);
-    EXPECT_NEAR(rules[1], tops.at(at) + Line, Close);
+    EXPECT_NEAR(rules[1], tops.at(at) + Row, Close);
   }
 }
 
@@ -175,11 +178,11 @@ TEST_F(ReportPagesTest, Figures_stand_at_the_right_of_their_columns_and_texts_at
   Items.At(1).Notes = "Note";
   const Page& page = Summary().front();
   const double digit = 90 / 56.7;
-  EXPECT_NEAR(TextOn(page, "S1.").TopLeft.X, 10.5, Close);
-  EXPECT_NEAR(TextOn(page, "X20018").TopLeft.X, 25.5, Close);
-  EXPECT_NEAR(TextOn(page, "1000").TopLeft.X, 55 - 0.5 - 4 * digit, Close);
-  EXPECT_NEAR(TextOn(page, "1").TopLeft.X, 70 - 0.5 - digit, Close);
-  EXPECT_NEAR(TextOn(page, "Note").TopLeft.X, 70.5, Close);
+  EXPECT_NEAR(TextOn(page, "S1.").TopLeft.X, 11, Close);
+  EXPECT_NEAR(TextOn(page, "X20018").TopLeft.X, 26, Close);
+  EXPECT_NEAR(TextOn(page, "1000").TopLeft.X, 55 - 1 - 4 * digit, Close);
+  EXPECT_NEAR(TextOn(page, "1").TopLeft.X, 70 - 1 - digit, Close);
+  EXPECT_NEAR(TextOn(page, "Note").TopLeft.X, 71, Close);
 }
 
 TEST_F(ReportPagesTest, A_long_note_takes_lines_of_its_own_and_loses_no_word) {
@@ -220,10 +223,33 @@ TEST_F(ReportPagesTest, Accessory_tables_follow_the_sections_over_as_many_pages_
     EXPECT_EQ(marks["S" + std::to_string(line) + "."], line <= 60 ? 2 : 1) << line;
   }
   EXPECT_EQ(type1, 40);
-  // The first page ends with 60 sections and the title, since a heading never stands alone. The
-  // second has 75 lines: 41 of type 1, a blank one, a heading and 32 lines of type 2. The third has
-  // a heading and 18 lines, a blank one, and a heading and 50.
-  EXPECT_EQ(shown.size(), 3U);
+  // The first page ends with 54 sections. The second has the other 6 below a heading, the title, 41
+  // rows of type 1 to 224.99 mm, and behind a blank line a heading and 12 rows of type 2. The third
+  // has a heading and 38 rows, a blank line, and from 179.43 mm a heading and 24 rows; the fourth
+  // has 26.
+  EXPECT_EQ(shown.size(), 4U);
+}
+
+// Below 51 sections, to 270.79 mm, the title and its blank lines end at 281.75: there is no room
+// for a heading with a row, 8.5 mm.
+TEST_F(ReportPagesTest, The_title_of_the_accessories_goes_to_the_next_page_with_their_table) {
+  AddSections(51);
+  AccLines1.Append(MakeLine1(1, 2, 7));
+  const std::vector<Page>& shown = Summary();
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_EQ(CountOf(TextsOn(shown[0]), "Accessories:"), 0U);
+  EXPECT_NEAR(TextOn(shown[1], "Accessories:").TopLeft.Y, 10, Close);
+  EXPECT_NEAR(TextOn(shown[1], "Type").TopLeft.Y, 10 + 2 * Line + Above, Close);
+}
+
+TEST_F(ReportPagesTest, With_room_for_a_row_the_title_of_the_accessories_stays) {
+  AddSections(50);  // the row ends at 285.99
+  AccLines1.Append(MakeLine1(1, 2, 7));
+  AccLines1.Append(MakeLine1(2, 2, 7));
+  const std::vector<Page>& shown = Summary();
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_EQ(CountOf(TextsOn(shown[0]), "Accessories:"), 1U);
+  EXPECT_EQ(CountOf(TextsOn(shown[0]), "STwo"), 1U);
 }
 
 TEST_F(ReportPagesTest, Without_sections_the_report_stands_on_a_bare_landscape_page) {
@@ -244,7 +270,7 @@ TEST_F(ReportPagesTest, Margins_of_the_settings_hold_for_the_summary_too) {
   AddSections(1);
   const Page& page = Summary().front();
   EXPECT_NEAR(TextOn(page, "Orvane Detail System").TopLeft.X, 25, Close);
-  EXPECT_NEAR(TextOn(page, "S1.").TopLeft.X, 25.5, Close);
+  EXPECT_NEAR(TextOn(page, "S1.").TopLeft.X, 26, Close);
   EXPECT_NEAR(TextOn(page, "Job No.:").TopLeft.Y, 40 + (4.8 - Line) / 2, Close);
 }
 
