@@ -161,7 +161,7 @@ bool SayComplete(Console& console, const std::string& said, bool whole) {
 bool PrintSheets(const Job& job, const BatchOptions& options, const Printer& printer) {
   if (Items.Empty()) return SayComplete(printer.Said, "No sheets: the job has no sections", true);
   DocumentFiles files;
-  files.Title = FileName(job.Name);
+  files.Title = DocumentTitle(job.Name, "sheets");
   if (options.Sheets) files.Pdf = SheetsFileName(job.Path);
   int last = 0;
   if (options.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, last = sheet); };
@@ -176,15 +176,15 @@ bool PrintAccessories(const Job& job, const Printer& printer) {
     printer.Said.Say("No accessory sheets: none of the job's accessories is marked as used");
     return true;
   }
-  printer.Screen.PreviewInto(printer.Writer,
-                             {FileName(job.Name), AccessoriesFileName(job.Path), nullptr});
+  printer.Screen.PreviewInto(printer.Writer, {DocumentTitle(job.Name, "accessory sheets"),
+                                              AccessoriesFileName(job.Path), nullptr});
   const bool whole = PrintAllAccessorySheets();
   return SayComplete(printer.Said, "Accessory sheets complete", whole);
 }
 
 bool PrintSummary(const Job& job, const Printer& printer) {
-  printer.Screen.PreviewInto(printer.Writer,
-                             {FileName(job.Name), SummaryFileName(job.Path), nullptr});
+  printer.Screen.PreviewInto(printer.Writer, {DocumentTitle(job.Name, "contract summary"),
+                                              SummaryFileName(job.Path), nullptr});
   PrintContractSummary();
   PrintAccessoryReport();
   return SayComplete(printer.Said, "Contract summary complete", true);

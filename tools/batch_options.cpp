@@ -185,6 +185,10 @@ std::string SummaryFileName(const std::string& job) {
   return JobName(job) + "-summary.pdf";
 }
 
+std::string DocumentTitle(const std::string& job, std::string_view document) {
+  return JobName(job).append(": ").append(document);
+}
+
 std::string SvgFileName(const std::string& job, int sheet) {
   constexpr std::size_t width = 3;  // so that the sheets of most jobs sort by name
   return SvgBeginning(job) + PaddedText(sheet, width) + ".svg";

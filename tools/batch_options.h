@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/dates.h"
@@ -57,6 +58,10 @@ std::string SheetsFileName(const std::string& job);
 std::string AccessoriesFileName(const std::string& job);
 std::string SummaryFileName(const std::string& job);
 std::string SvgFileName(const std::string& job, int sheet);
+
+// What viewers show over such a document: the job's file name without its ending, and which of the
+// documents it is.
+std::string DocumentTitle(const std::string& job, std::string_view document);
 
 // The number of the sheet of the job whose SVG has exactly that name; 0 for any other name.
 int SvgSheetOf(const std::string& job, const std::string& name);

@@ -135,6 +135,20 @@ TEST_F(BatchReports, The_summary_of_many_sections_has_each_of_them_once_under_he
   EXPECT_EQ(CountOf(all, "Accessories:"), 1U);
 }
 
+TEST_F(BatchReports, Viewers_tell_the_documents_of_a_job_apart_by_their_titles) {
+  File("barn.ovd", JobOf({Purlin()}, Tail({Type1Line(1, 1, 4)}, {}, {1})));
+  EXPECT_EQ(Run({"--sheets", "--accessory-sheets", "--summary", "barn.ovd"}).Code, 0);
+  const auto titleOf = [&](const std::string& pdf) {
+    static const std::regex title("Title: +(.*)\n");
+    const std::string info = Printed("pdfinfo", pdf);
+    std::smatch found;
+    return std::regex_search(info, found, title) ? found[1].str() : "";
+  };
+  EXPECT_EQ(titleOf("barn-sheets.pdf"), "barn: sheets");
+  EXPECT_EQ(titleOf("barn-accessories.pdf"), "barn: accessory sheets");
+  EXPECT_EQ(titleOf("barn-summary.pdf"), "barn: contract summary");
+}
+
 TEST_F(BatchReports, The_summary_begins_with_the_project) {
   File("a.ovd", JobOf({Purlin()}));
   EXPECT_EQ(Run({"--summary", "a.ovd"}).Code, 0);
