@@ -216,7 +216,7 @@ TEST_F(TypedChoices, Escape_takes_a_cell_back_and_Delete_empties_a_choice) {
                                                       {"A2", "2", "Z17012", "3.0", ""}}));
 }
 
-TEST_F(TypedChoices, Letters_that_leave_the_choice_open_change_nothing) {
+TEST_F(TypedChoices, Letters_that_leave_the_choice_open_change_nothing_and_hold_OK_back) {
   InDialog(SplicePlates, [this](FrmAcc02& form) {
     Click(form, 2, 4);
     Keys("2.");
@@ -227,8 +227,15 @@ TEST_F(TypedChoices, Letters_that_leave_the_choice_open_change_nothing) {
     EXPECT_EQ(RefusalIn(Grid(form), 2, 4), "2 entries begin with \"2.\"");
     EXPECT_EQ(Cells(form).at(1).at(3), "3.0");
     ClickButton(form, 0);
+    ASSERT_TRUE(form.isVisible());
+    ExpectEditing(form, 2, 4, "3.0");
+    EXPECT_EQ(FromQt(Choices(form, 4).toolTip()), "2 entries begin with \"2.\"");
+    EXPECT_EQ(Stored(SplicePlates).at(1), (Texts{"A2", "2", "Z17012", "3.0", "310"}));
+    Keys("2.0");
+    ClickButton(form, 0);
+    EXPECT_FALSE(form.isVisible());
   });
-  EXPECT_EQ(Stored(SplicePlates).at(1), (Texts{"A2", "2", "Z17012", "3.0", "310"}));
+  EXPECT_EQ(Stored(SplicePlates).at(1), (Texts{"A2", "2", "Z17012", "2.0", "310"}));
 }
 
 }  // namespace

@@ -141,8 +141,9 @@ void FrmAcc02::Ok() {
   if (AccValidate()) UpdateAcc();
 }
 
+// A choice that was typed but not settled would be stored as what it was before.
 bool FrmAcc02::AccValidate() {
-  table_->Commit();
+  if (table_->LeadsToUndecided()) return false;
   const auto refusal = ValidateAccessory(accIndex_, table_->Texts());
   if (!refusal) return true;
   TheDesktop().ShowMessageBox(refusal->Text, refusal->Title, Buttons::Ok, Icon::None);

@@ -155,8 +155,9 @@ void FrmNotches::ClearAll() {
   MSFlexGrid1_->ClearRows();
 }
 
+// A notch whose code was typed but not settled would be dropped without a word.
 void FrmNotches::Store() {
-  MSFlexGrid1_->Commit();
+  if (MSFlexGrid1_->LeadsToUndecided()) return;
   StoreNotches(itemIndex_, MSFlexGrid1_->Texts());
   accept();
 }
