@@ -45,6 +45,13 @@ std::string_view WithoutUnit(std::string_view text) {
   return WithoutBlanks(text);
 }
 
+// No field of the records holds it.
+bool IsTooLarge(std::string_view digits) {
+  constexpr std::string_view greatest = "32767";
+  while (digits.starts_with('0')) digits.remove_prefix(1);
+  return digits.size() > greatest.size() || (digits.size() == greatest.size() && digits > greatest);
+}
+
 bool AreDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
@@ -89,6 +96,7 @@ PastedNumber NumberToPaste(std::string_view text, NumberForm form) {
   }
   if (sign && form != NumberForm::Signed) return Refusal(text, "no sign is taken here");
   if (form != NumberForm::Whole) return {std::string(number), ""};
+  if (IsTooLarge(whole)) return Refusal(text, "it is larger than 32767");
   if (point == std::string_view::npos) return {std::string(whole), ""};
   if (fraction.size() == ThousandsDigits) {
     return Refusal(text, "the point may divide thousands");

@@ -30,7 +30,7 @@ struct PastedNumber {
 // around it. A whole number may end in a point and one or two zeros, as spreadsheets write it; they
 // are left off. Refused is what could be read as another number than was meant: a comma, a point
 // before exactly three digits of a whole number (it may divide thousands), a fraction or a sign
-// where the field has none, and any other letter.
+// where the field has none, a whole number that no 16-bit field holds, and any other letter.
 PastedNumber NumberToPaste(std::string_view text, NumberForm form);
 
 }  // namespace orvane

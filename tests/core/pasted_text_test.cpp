@@ -84,6 +84,18 @@ TEST(PastedText, What_may_be_another_number_is_refused_with_its_reason) {
   }
 }
 
+TEST(PastedText, A_whole_number_that_no_field_holds_is_refused) {
+  EXPECT_EQ(NumberToPaste("32767", NumberForm::Whole).Text, "32767");
+  EXPECT_EQ(NumberToPaste("032767.0 mm", NumberForm::Whole).Text, "032767");
+  EXPECT_EQ(NumberToPaste("9999", NumberForm::Whole).Text, "9999");
+  for (const char* text : {"32768", "61500", "61500.00", "99999999999999999999"}) {
+    const PastedNumber pasted = NumberToPaste(text, NumberForm::Whole);
+    EXPECT_EQ(pasted.Text, "");
+    EXPECT_EQ(pasted.Refusal,
+              "\"" + std::string(text) + "\" wasn't pasted: it is larger than 32767");
+  }
+}
+
 TEST(PastedText, A_number_with_a_fraction_takes_one_point_and_a_signed_one_a_sign_besides) {
   EXPECT_EQ(Taken("12.125", NumberForm::Positive), "12.125");
   EXPECT_EQ(Taken(".5", NumberForm::Positive), ".5");

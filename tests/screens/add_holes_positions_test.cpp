@@ -97,6 +97,23 @@ TEST_F(HolePositionTest, After_a_refusal_the_position_is_ready_to_be_typed_again
   });
 }
 
+TEST_F(HolePositionTest, A_Y_position_is_pasted_by_either_key) {
+  ShowSection("Z");
+  InAbsolute([&](FrmAddHoles& dialog) {
+    ClickOn(Picture(dialog, "Z", 13));
+    const auto paste = [&](const char* text, Qt::Key key, Qt::KeyboardModifier held) {
+      QApplication::clipboard()->setText(text);
+      QTest::mouseClick(&Y(dialog), Qt::LeftButton);
+      QTest::keyClick(&Y(dialog), key, held);
+      return FromQt(Y(dialog).text());
+    };
+    EXPECT_EQ(paste("45", Qt::Key_V, Qt::ControlModifier), "45");
+    EXPECT_EQ(paste("70.0", Qt::Key_Insert, Qt::ShiftModifier), "70");
+    EXPECT_EQ(paste("-5", Qt::Key_V, Qt::ControlModifier), "70");
+    EXPECT_NE(FromQt(Y(dialog).toolTip()).find("no sign is taken here"), std::string::npos);
+  });
+}
+
 TEST_F(HolePositionTest, A_click_into_the_slot_length_replaces_its_nought) {
   ShowSection("Z");
   InAbsolute([](FrmAddHoles& dialog) {

@@ -137,17 +137,19 @@ TEST_F(SectionsEditing, A_refused_digit_brings_the_cell_back_from_the_record) {
   EXPECT_EQ(Items.At(1).Length, 9999);
 }
 
-TEST_F(SectionsEditing, A_number_beyond_any_float_is_only_another_overflow) {
+TEST_F(SectionsEditing, A_pasted_number_that_no_field_holds_is_refused_with_its_reason) {
   PutOne();
   Show(1, 3);
-  Paste(std::string(400, '9'));
-  Settle();
-  EXPECT_TRUE(CursorAt(1, 3, "6000"));
-  ClickCell(Sections(), 1, 4);
-  dialogs.ExpectBox("Overflow");
-  Paste(std::string(400, '9'));
-  Settle();
-  EXPECT_TRUE(CursorAt(1, 4, "5"));
+  for (const std::string& text : {std::string("61500"), std::string(400, '9')}) {
+    for (const int column : {3, 4}) {
+      ClickCell(Sections(), 1, column);
+      Paste(text);
+      Settle();
+      EXPECT_TRUE(CursorAt(1, column, column == 3 ? "6000" : "5"));
+      EXPECT_TRUE(IsFieldRefused(Editor()));
+      EXPECT_NE(FromQt(Editor().toolTip()).find("it is larger than 32767"), std::string::npos);
+    }
+  }
 }
 
 TEST_F(SectionsEditing, Typing_40000_into_the_quantity_tells_Overflow_and_leaves_4000) {

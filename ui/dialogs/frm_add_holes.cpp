@@ -317,7 +317,7 @@ bool FrmAddHoles::TakeYPosKey(const QKeyEvent& key) {
   }
   // With Ctrl or Alt a key is a command.
   if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
-    return key.matches(QKeySequence::Paste);
+    return false;
   }
   const QString text = key.text();
   if (text.isEmpty() || !text.at(0).isPrint()) return false;
