@@ -68,7 +68,7 @@ void SectionsGrid::GridEnterCell() {
     return;
   }
   EditPrevCol_ = column;
-  if (EditError_) {
+  if (row == editor_.EditRow() && column == editor_.EditCol()) {
     editor_.OpenAgain(row, column);
   } else {
     editor_.Open(row, column);
@@ -145,9 +145,11 @@ void SectionsGrid::EntryChosen(int row, int column, const std::string& text) {
 }
 
 void SectionsGrid::EntryPutBack(int row, int column, const std::string& text) {
-  ChangeCell(row, column, [&] {
-    PutBackText(Int16(row), column, text);
-    RebuildHoles(Int16(row), detail_->ShownPattern());
+  LookAtSection(Int16(row), [&] {
+    ChangeCell(row, column, [&] {
+      PutBackText(Int16(row), column, text);
+      RebuildHoles(Int16(row), detail_->ShownPattern());
+    });
   });
 }
 
@@ -210,6 +212,8 @@ bool SectionsGrid::SettleEditor() {
 
 void SectionsGrid::EditorLeft() {
   if (editor_.IsChoice()) {
+    // What is typed over it is a choice by now, and what that brings up is said below.
+    editor_.SettleChoice();
     editor_.Hide();
   } else if (LeaveCell()) {
     DrawTyped();

@@ -265,5 +265,15 @@ TEST_F(SectionsMouse, Turning_the_wheel_over_the_grid_doesnt_steal_the_focus) {
   EXPECT_EQ(Focus(), "lstAccessories");
 }
 
+TEST_F(SectionsMouse, A_click_beside_the_cell_that_is_typed_keeps_what_Escape_leads_back_to) {
+  Put("Z", "B1", "Z14012", 6000);
+  Show(1, 1);
+  Retype("75");
+  ClickCell(Sections(), 1, 0);
+  Settle();
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(Items.At(1).Mark, "B1");
+}
+
 }  // namespace
 }  // namespace orvane::test

@@ -114,6 +114,28 @@ TEST_F(SheetErrors, A_product_chosen_in_its_cell_is_told_of_when_the_cell_is_lef
   EXPECT_TRUE(CursorAt(1, 3, "3000"));
 }
 
+TEST_F(SheetErrors, A_product_that_is_taken_back_shows_no_box_while_its_cell_is_open) {
+  ShowTold(2);
+  Choose(ProductBox(), 5);
+  Settle();
+  const std::size_t before = dialogs.Boxes().size();
+  Press(Qt::Key_Escape);
+  Settle();
+  EXPECT_EQ(Items.At(1).Product, "Z14012");
+  EXPECT_EQ(dialogs.Boxes().size(), before);
+  EXPECT_EQ(Line(), Fault);
+}
+
+TEST_F(SheetErrors, A_product_that_was_typed_and_left_for_another_pane_tells) {
+  ShowTold(2);
+  Type("z24520");
+  dialogs.ExpectBox(Fault);
+  Press(Qt::Key_F6);
+  Settle();
+  EXPECT_EQ(Items.At(1).Product, "Z24520");
+  EXPECT_EQ(dialogs.Boxes(), (std::vector<std::string>{Fault, Fault}));
+}
+
 TEST_F(SheetErrors, Jointing_pieces_are_typed_without_a_box_too) {
   PutNotched("R", "CLR");
   dialogs.ExpectBox(Fault);
