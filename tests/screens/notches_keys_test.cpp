@@ -101,6 +101,50 @@ TEST_F(NotchesTest, Typing_begins_the_current_cell_of_the_table_at_rest) {
   });
 }
 
+TEST_F(NotchesTest, OK_leads_back_to_a_code_that_was_left_undecided) {
+  ShowOne();
+  InDialog([this](QWidget& form) {
+    Keys("t");  // TL1, T2 and TR1 begin so
+    Click(form, 1, 2);
+    Keys("20");
+    Key(Qt::Key_Tab);
+    Keys("30");
+    Key(Qt::Key_Tab);
+    Keys("400");
+    Ok(form);
+    ASSERT_TRUE(form.isVisible());
+    ExpectEditing(form, 1, 1, "");
+    EXPECT_EQ(FromQt(Codes(form).toolTip()), "3 entries begin with \"t\"");
+    EXPECT_EQ(Stored(), std::vector<Texts>{});
+    Keys("t2");
+    Ok(form);
+    EXPECT_FALSE(form.isVisible());
+  });
+  EXPECT_EQ(Stored(), (std::vector<Texts>{{"T2", "20", "30", "400"}}));
+}
+
+TEST_F(NotchesTest, Delete_at_rest_empties_the_code_of_the_current_row) {
+  ShowOne(Three);
+  InDialog([this](QWidget& form) {
+    Click(form, 1, 1);
+    ClickButton(form, "cmdNotch(1)");  // leaves the table at rest on the second notch
+    ExpectNoEditor(form);
+    Key(Qt::Key_Delete);
+    ExpectEditing(form, 1, 1, "");
+  });
+}
+
+TEST_F(NotchesTest, A_third_letter_at_rest_begins_the_cell_as_any_other) {
+  ShowOne(Three);
+  InDialog([this](QWidget& form) {
+    Click(form, 1, 2);
+    ClickButton(form, "cmdNotch(1)");
+    ExpectNoEditor(form);
+    QTest::keyClick(QApplication::focusWidget(), '7', Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(FromQt(Text(form).text()), "7");
+  });
+}
+
 TEST_F(NotchesTest, Typing_at_rest_in_a_table_without_rows_begins_nothing) {
   ShowOne({Three.front()});
   InDialog([this](QWidget& form) {

@@ -71,6 +71,19 @@ TEST_F(TypedNames, Enter_and_Tab_stay_in_a_product_cell_that_is_open_to_doubt) {
   EXPECT_EQ(ProjectDirty, False);
 }
 
+TEST_F(TypedNames, An_arrow_leaves_the_letters_in_the_last_row_too) {
+  PutTwo();
+  Show(2, 2);
+  Type("z24520");
+  Press(Qt::Key_Down);
+  EXPECT_TRUE(CursorAt(2, 2, "Z24520"));
+  EXPECT_EQ(Items.At(2).Product, "Z24520");
+  Type("z24");
+  Press(Qt::Key_PageDown);
+  EXPECT_TRUE(CursorAt(2, 2, "Z24520"));
+  EXPECT_EQ(FromQt(Products().toolTip()), "4 entries begin with \"z24\"");
+}
+
 TEST_F(TypedNames, Up_and_Down_leave_the_product_cell_by_the_rule_of_leaving) {
   PutTwo();
   Show(1, 2);

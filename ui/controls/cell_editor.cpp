@@ -57,6 +57,12 @@ bool IsCommand(const QKeyEvent& key) {
   return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
 }
 
+// With Ctrl and Alt together some keyboards type a third letter.
+bool TypesThirdLetter(const QKeyEvent& key) {
+  constexpr Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::AltModifier;
+  return (key.modifiers() & both) == both;
+}
+
 bool IsControl(QChar c) {
   return c < u' ' || c == u'\u007F';
 }
@@ -347,7 +353,12 @@ bool CellEditor::MovesBy(const QKeyEvent& key) {
     default:
       return false;
   }
-  if (toRow != row || toColumn != column) table_.MoveTo(toRow, toColumn);
+  if (toRow != row || toColumn != column) {
+    table_.MoveTo(toRow, toColumn);
+  } else {
+    // The key leaves a list, in the last row too.
+    SettleChoice();
+  }
   return true;
 }
 
@@ -399,8 +410,9 @@ int CellEditor::NextEdited(int row, int column, int step) const {
 
 // From the table at rest the keys lead back into it, and typing begins the current cell.
 bool CellEditor::BeginsBy(const QKeyEvent& key) {
-  if (IsCommand(key)) return false;
   const bool typed = !key.text().isEmpty() && key.text().front().isPrint();
+  if (IsCommand(key) && !(typed && TypesThirdLetter(key))) return false;
+  const bool empties = table_.DeleteEmpties && key.key() == Qt::Key_Delete;
   switch (key.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -409,10 +421,11 @@ bool CellEditor::BeginsBy(const QKeyEvent& key) {
     case Qt::Key_Down:
       break;
     default:
-      if (!typed) return false;
+      if (!typed && !empties) return false;
       break;
   }
   if (!table_.Enter()) return false;
+  if (empties) EmptiesBy(key);
   if (typed && EditRow_ > 0) {
     QKeyEvent again(key.type(), key.key(), key.modifiers(), key.text(), key.isAutoRepeat());
     QWidget* control = openChoices_;
@@ -436,10 +449,7 @@ bool CellEditor::TakesCharacters(const QString& typed) const {
 }
 
 bool CellEditor::DropsCharacter(const QKeyEvent& key) const {
-  // Ctrl with Alt types a third letter.
-  if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier) {
-    return false;
-  }
+  if (key.modifiers().testFlag(Qt::ControlModifier) && !TypesThirdLetter(key)) return false;
   return !TakesCharacters(key.text());
 }
 
