@@ -249,6 +249,21 @@ void GroupHeading::paintSection(QPainter* painter, const QRect& rect, int column
   painter->restore();
 }
 
+// A title that its columns cut off is told whole to a resting mouse.
+bool GroupHeading::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QHeaderView::viewportEvent(event);
+  const auto& help = static_cast<const QHelpEvent&>(*event);
+  const int column = logicalIndexAt(help.pos());
+  if (column < 0) return QHeaderView::viewportEvent(event);
+  const QRect place = TitlePlace(column);
+  const QString title = ToQt(model_.GroupTitle(column));
+  const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+  const bool cut = fontMetrics().horizontalAdvance(title) > place.width() - 2 * margin;
+  if (!cut || !place.contains(help.pos())) return QHeaderView::viewportEvent(event);
+  QToolTip::showText(help.globalPos(), PlainTip(FromQt(title)), viewport(), place);
+  return true;
+}
+
 // The grid.
 
 QPalette CellColours(QPalette palette) {

@@ -112,6 +112,7 @@ class GroupHeading : public QHeaderView {
 
  protected:
   void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   const FlexGridModel& model_;
