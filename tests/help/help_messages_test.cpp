@@ -59,6 +59,7 @@ const std::multiset<std::string> Messages = {
     // Sheets.
     "File not found: /opt/lintaro/Drawings/drg015.wmf",
     "Invalid picture: /opt/lintaro/Drawings/drg015.wmf",
+    "Nothing of the picture can be drawn: /opt/lintaro/Drawings/acc13.wmf",
     "Picture outside the program's folder: \\Drawings\\..\\acc13.wmf",
     // Print.
     "Nothing to print",
