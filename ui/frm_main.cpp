@@ -14,12 +14,12 @@
 #include "output/reports.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
-#include "ui/controls/content_area.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_max_dims.h"
 #include "ui/dialogs/frm_mitres.h"
 #include "ui/dialogs/frm_notches.h"
 #include "ui/dialogs/frm_registration.h"
+#include "ui/platform/content_area.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -192,7 +192,8 @@ void FrmMain::BuildNotes() {
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   policy.setRetainSizeWhenHidden(true);
   mirrorNote_->setSizePolicy(policy);
-  mirrorNote_->setToolTip("Convert it to custom to keep it");
+  // The note may be cut off by a narrow window.
+  mirrorNote_->setToolTip(mirrorNote_->text() + "\nConvert it to custom to keep it");
   auto* line = new QHBoxLayout(notes_);
   line->setContentsMargins(PaneMargin, 0, PaneMargin, 0);
   line->addWidget(errors_, 2);

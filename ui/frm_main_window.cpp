@@ -17,8 +17,8 @@
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "project/section_look.h"
-#include "ui/controls/content_area.h"
 #include "ui/frm_main.h"
+#include "ui/platform/content_area.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 

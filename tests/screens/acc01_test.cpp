@@ -143,7 +143,7 @@ TEST_F(Acc01Test, The_height_follows_the_rows) {
   InDialogOf(Bolts, [&](QWidget& form) {
     EXPECT_GE(form.height(), height + 8 * Qty(form, 1).height());
     EXPECT_TRUE(form.rect().contains(PlaceIn(form, Qty(form, 12))));
-    EXPECT_FALSE(form.findChild<QScrollArea*>()->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(form.findChild<QScrollArea*>("areaSizes")->verticalScrollBar()->isVisible());
   });
 }
 
@@ -151,7 +151,7 @@ TEST_F(Acc01Test, A_list_higher_than_the_screen_scrolls_under_its_headings) {
   GiveSizes(Bolts, 100);
   InDialogOf(Bolts, [this](QWidget& form) {
     EXPECT_LE(form.frameGeometry().height(), form.screen()->availableSize().height());
-    auto& list = *form.findChild<QScrollArea*>();
+    auto& list = *form.findChild<QScrollArea*>("areaSizes");
     EXPECT_TRUE(list.verticalScrollBar()->isVisible());
     EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
     const QRect heading = PlaceIn(form, Label(form, "lblHeading", 0));

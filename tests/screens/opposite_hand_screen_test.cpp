@@ -241,7 +241,7 @@ TEST_F(OppositeHandScreen, The_opposite_hand_of_a_mirror_that_stands_is_the_patt
 TEST_F(OppositeHandScreen, The_note_tells_how_long_the_mirror_stands_and_how_to_keep_it) {
   const auto& note = Find<QLabel>("lblMirrored");
   EXPECT_EQ(note.text(), "Punching stands mirrored until the next move.");
-  EXPECT_EQ(note.toolTip(), "Convert it to custom to keep it");
+  EXPECT_EQ(note.toolTip(), note.text() + "\nConvert it to custom to keep it");
   ShowOne("Lopsided");
   const QRect sheet = OnScreen("VSPrinter1");
   CreateOppHand();

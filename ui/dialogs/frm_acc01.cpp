@@ -105,6 +105,7 @@ class SizeList : public QScrollArea {
  public:
   SizeList(QWidget* headings, QWidget* rows, QWidget* parent)
       : QScrollArea(parent), headings_(headings) {
+    setObjectName("areaSizes");
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setWidget(rows);

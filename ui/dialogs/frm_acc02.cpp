@@ -129,7 +129,7 @@ void FrmAcc02::BuildLayout() {
   for (const int index : {0, 3}) add(*buttons, index);
 
   QVBoxLayout* layout = AddLayout();
-  layout->setMenuBar(menus_);
+  FrmAcc02::layout()->setMenuBar(menus_);
   if (picture != nullptr) layout->addWidget(picture, PictureShare);
   layout->addLayout(table, TableShare);
   layout->addLayout(buttons);

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QTreeView>
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include <string_view>
 
 #include "core/text.h"
+#include "ui/platform/content_area.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
 
@@ -142,7 +144,8 @@ void SetUp(Chooser& chooser, const FileDialog& dialog, DialogForm form) {
   chooser.setDirectory(StartFolder(dialog));
   LayOutList(chooser);
   const QFontMetrics metrics = chooser.fontMetrics();
-  chooser.resize(metrics.averageCharWidth() * 110, metrics.lineSpacing() * 28);
+  const QSize wanted(metrics.averageCharWidth() * 110, metrics.lineSpacing() * 28);
+  chooser.resize(wanted.boundedTo(chooser.screen()->availableGeometry().size() - WindowFrame));
   if (auto* name = chooser.findChild<QLineEdit*>("fileNameEdit")) name->setFocus();
 }
 

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/desktop.h"
+#include "ui/platform/content_area.h"
 #include "ui/platform/dialog_place.h"
 #include "ui/platform/guard.h"
 
@@ -56,10 +57,16 @@ class PlainDialog : public QDialog {
     return button;
   }
 
-  // The dialog's own layout from top to bottom, with room to breathe at any size of text.
+  // The dialog's own layout from top to bottom, with room to breathe at any size of text. Where the
+  // screen is too small for it all, it scrolls. A menu bar belongs to the layout of the dialog,
+  // which stands around it.
   QVBoxLayout* AddLayout() {
     const int line = fontMetrics().height();
-    auto* layout = new QVBoxLayout(this);
+    auto* content = new QWidget;
+    auto* around = new QVBoxLayout(this);
+    around->setContentsMargins(0, 0, 0, 0);
+    around->addWidget(new ContentArea(*content, this));
+    auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(line, line, line, line);
     layout->setSpacing(line * 3 / 4);
     return layout;

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
@@ -183,10 +184,25 @@ QString WithLineEnds(const std::string& text) {
 
 }  // namespace
 
+namespace {
+
+// The key that brought up a question doesn't answer it too while it is held down.
+class MessageBox : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!event->isAutoRepeat()) QMessageBox::keyPressEvent(event);
+  }
+};
+
+}  // namespace
+
 Answer QtDesktop::ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                                  Icon icon) {
   const DialogStay stay;
-  QMessageBox box(stay.Owner());
+  MessageBox box(stay.Owner());
   box.setObjectName("MessageBox");
   box.setWindowTitle(title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(title));
   box.setTextFormat(Qt::PlainText);
