@@ -5,14 +5,12 @@
 #include <filesystem>
 #include <memory>
 #include <system_error>
-#include <utility>
 
-#include "core/numbers.h"
+#include "core/file_replacement.h"
 #include "core/runtime_error.h"
 
 #ifdef _WIN32
 #include <io.h>
-#include <process.h>
 #else
 #include <unistd.h>
 #endif
@@ -26,31 +24,16 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-enum class Use { Read, Write, Update };
+enum class Use { Read, Write };
 
 FileHandle Open(const std::string& path, Use use) {
   errno = 0;
 #ifdef _WIN32
-  const wchar_t* mode = use == Use::Read ? L"rb" : use == Use::Write ? L"wb" : L"r+b";
+  const wchar_t* mode = use == Use::Read ? L"rb" : L"wb";
   FileHandle file(_wfopen(NativePath(path).c_str(), mode));
 #else
-  const char* mode = use == Use::Read ? "rb" : use == Use::Write ? "wb" : "r+b";
+  const char* mode = use == Use::Read ? "rb" : "wb";
   FileHandle file(std::fopen(path.c_str(), mode));
-#endif
-  if (!file) throw SystemError(errno, path);
-  return file;
-}
-
-// A new file for output; none if the name is taken.
-FileHandle Create(const std::string& path) {
-  errno = 0;
-#ifdef _WIN32
-  std::error_code error;
-  if (std::filesystem::exists(NativePath(path), error)) return nullptr;
-  FileHandle file(_wfopen(NativePath(path).c_str(), L"wb"));
-#else
-  FileHandle file(std::fopen(path.c_str(), "wbx"));
-  if (!file && errno == EEXIST) return nullptr;
 #endif
   if (!file) throw SystemError(errno, path);
   return file;
@@ -63,15 +46,6 @@ bool Sync(std::FILE* file) {
   return _commit(_fileno(file)) == 0 || errno == EINVAL || errno == EBADF;
 #else
   return fsync(fileno(file)) == 0 || errno == EINVAL || errno == ENOTSUP;
-#endif
-}
-
-// A number that no other running program has, for names that must not meet.
-long long ProcessId() {
-#ifdef _WIN32
-  return _getpid();
-#else
-  return getpid();
 #endif
 }
 
@@ -131,42 +105,13 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
 }
 
 void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  std::error_code error;
-  std::filesystem::path target = NativePath(path);
-  const std::filesystem::file_status old = std::filesystem::status(target, error);
-  if (std::filesystem::exists(old)) {
-    // A device or a pipe has a name that must not be taken from it; a folder says so here.
-    if (!std::filesystem::is_regular_file(old)) {
-      WriteWholeFile(path, bytes);
-      return;
-    }
-    // Its folder would let a file be replaced that may not be written.
-    Open(path, Use::Update);
-    // A link stays a link, and the file that it leads to is replaced.
-    const std::filesystem::path linked = std::filesystem::canonical(target, error);
-    if (!error) target = linked;
-  }
+  FileReplacement replacement(path);
+  replacement.Write(bytes);
+  replacement.Commit();
+}
 
-  // The process's own number keeps the name apart from what another program, or one that was
-  // killed, has left beside the file.
-  std::string fresh = PathText(target) + "." + DecimalText(ProcessId());
-  FileHandle file;
-  while (!file) {
-    fresh += ".tmp";  // once more where even that name is in use
-    file = Create(fresh);
-  }
-  try {
-    if (std::filesystem::exists(old)) {
-      std::filesystem::permissions(NativePath(fresh), old.permissions(), error);
-    }
-    WriteAndClose(std::move(file), fresh, bytes);
-    std::filesystem::rename(NativePath(fresh), target, error);
-    if (error) throw SystemError(error.default_error_condition().value(), path);
-  } catch (...) {
-    file.reset();
-    std::filesystem::remove(NativePath(fresh), error);
-    throw;
-  }
+std::string AbsolutePath(const std::string& path) {
+  return path.empty() ? path : PathText(std::filesystem::absolute(NativePath(path)));
 }
 
 bool IsRegularFile(const std::string& path) {
@@ -183,7 +128,9 @@ std::string FolderOfPath(std::string_view path) {
   return last == std::string_view::npos ? std::string() : std::string(path.substr(0, last + 1));
 }
 
-RuntimeError SystemError(int code, const std::string& path) {
+namespace {
+
+RuntimeError DescribedError(int code, const std::string& path) {
   switch (code) {
     case ENOENT: {
       const std::filesystem::path folder = NativePath(path).parent_path();
@@ -201,6 +148,12 @@ RuntimeError SystemError(int code, const std::string& path) {
     default:
       return RuntimeError(SystemErrorBase + code, std::generic_category().message(code));
   }
+}
+
+}  // namespace
+
+RuntimeError SystemError(int code, const std::string& path) {
+  return ErrorInFile(path, DescribedError(code, path));
 }
 
 }  // namespace orvane

@@ -17,7 +17,7 @@ std::string PathText(const std::filesystem::path& path);
 // The error for the code that a failed call of the C library left in errno: the fixed descriptions
 // where they fit, the operating system's text otherwise. A missing file and a missing folder share
 // one code, so `path` is looked at to tell "File not found" from "Path not found"; with an empty
-// path it is "File not found".
+// path it is "File not found". The error is one of that file.
 RuntimeError SystemError(int code, const std::string& path);
 
 // All bytes of a file. One of more than 1 GiB, or a device that gives bytes without end, is refused
@@ -28,10 +28,12 @@ std::string ReadWholeFile(const std::string& path);
 // checked. On an error what was written stays on the disk.
 void WriteWholeFile(const std::string& path, std::string_view bytes);
 
-// Replaces `path` as one step: the bytes go into a new file beside it, are synced there, and take
-// the name of the old one, whose permissions they keep. On an error the old file stands and nothing
-// new is left behind. A link is followed; what is no regular file is written directly.
+// Replaces `path` as one step, by a FileReplacement: on an error the former file stands whole, or
+// none if there was none, and nothing new is left behind. What is no ordinary file is refused.
 void ReplaceWholeFile(const std::string& path, std::string_view bytes);
+
+// The path from the root on, as it is meant in the current folder; an empty one stays empty.
+std::string AbsolutePath(const std::string& path);
 
 // True for an ordinary file: no folder, no device.
 bool IsRegularFile(const std::string& path);

@@ -34,8 +34,15 @@ RuntimeError::RuntimeError(Failure failure, const std::string& description)
 RuntimeError::RuntimeError(int number, const std::string& description)
     : std::runtime_error(description), number_(number) {}
 
+RuntimeError ErrorInFile(const std::string& file, const RuntimeError& error) {
+  RuntimeError same = error;
+  same.file_ = std::make_shared<const std::string>(file);
+  return same;
+}
+
 RuntimeError NamedError(const std::string& name, const RuntimeError& error) {
-  return RuntimeError(error.Number(), name + ": " + error.Description());
+  const RuntimeError named(error.Number(), name + ": " + error.Description());
+  return error.File().empty() ? named : ErrorInFile(error.File(), named);
 }
 
 }  // namespace orvane

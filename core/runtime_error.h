@@ -1,6 +1,7 @@
 // The one exception of the system: a failure at run time that a handler shows by its description.
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -35,10 +36,18 @@ class RuntimeError : public std::runtime_error {
 
   int Number() const { return number_; }
   std::string Description() const { return what(); }
+  // The path of the file that it is an error of, as far as that is known; else empty.
+  std::string File() const { return file_ ? *file_ : ""; }
 
  private:
+  friend RuntimeError ErrorInFile(const std::string& file, const RuntimeError& error);
+
   int number_;
+  std::shared_ptr<const std::string> file_;  // shared, so that copying the error can't fail
 };
+
+// The same failure, as one of the file.
+RuntimeError ErrorInFile(const std::string& file, const RuntimeError& error);
 
 // The same failure with a name in front of its description: "P4: Division by zero".
 RuntimeError NamedError(const std::string& name, const RuntimeError& error);

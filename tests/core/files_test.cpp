@@ -1,22 +1,13 @@
 #include "core/files.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <string>
-#include <vector>
 
-#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "tests/support/fixture.h"
 
@@ -39,20 +30,7 @@ class Files : public orvane::test::SystemTest {
   static void Mode(const std::string& path, unsigned mode) {
     std::filesystem::permissions(path, std::filesystem::perms(mode));
   }
-  static unsigned ModeOf(const std::string& path) {
-    return static_cast<unsigned>(std::filesystem::status(path).permissions());
-  }
-  std::vector<std::string> NamesIn(const std::string& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
 };
-
-using Names = std::vector<std::string>;
 
 // --- Reading
 
@@ -149,153 +127,6 @@ TEST_F(Files, A_read_only_folder_or_file_is_Permission_denied) {
             "Permission denied");
   EXPECT_EQ(BytesOf(file), "old");
   Mode(folder, 0755);
-}
-
-// --- Replacing
-
-TEST_F(Files, ReplaceWholeFile_leaves_the_new_text_and_nothing_else) {
-  const std::string folder = Folder("f");
-  ReplaceWholeFile(folder + "/a.txt", "one");
-  EXPECT_EQ(BytesOf(folder + "/a.txt"), "one");
-  ReplaceWholeFile(folder + "/a.txt", std::string_view("t\0wo", 4));
-  EXPECT_EQ(BytesOf(folder + "/a.txt"), std::string("t\0wo", 4));
-  EXPECT_EQ(NamesIn(folder), (Names{"a.txt"}));
-}
-
-TEST_F(Files, ReplaceWholeFile_never_writes_into_the_old_file) {
-  const std::string path = TempFile("a.txt", "old");
-  std::filesystem::create_hard_link(path, TempPath("old.txt"));
-  ReplaceWholeFile(path, "new");
-  EXPECT_EQ(BytesOf(path), "new");
-  EXPECT_EQ(BytesOf(TempPath("old.txt")), "old");
-}
-
-TEST_F(Files, ReplaceWholeFile_keeps_the_permissions_of_the_old_file) {
-  const std::string path = TempFile("a.txt", "old");
-  for (const unsigned mode : {0600U, 0640U, 0664U}) {
-    Mode(path, mode);
-    ReplaceWholeFile(path, "new");
-    EXPECT_EQ(ModeOf(path), mode);
-  }
-}
-
-TEST_F(Files, ReplaceWholeFile_follows_a_link_and_keeps_it) {
-  const std::string kept = Folder("kept");
-  const std::string path = TempFile("kept/a.txt", "old");
-  const std::string link = TempPath("link.txt");
-  std::filesystem::create_symlink("kept/a.txt", link);
-  ReplaceWholeFile(link, "new");
-  EXPECT_TRUE(std::filesystem::is_symlink(link));
-  EXPECT_EQ(BytesOf(path), "new");
-  EXPECT_EQ(NamesIn(kept), (Names{"a.txt"}));
-}
-
-TEST_F(Files, ReplaceWholeFile_leaves_files_alone_that_bear_the_name_it_would_use) {
-  const std::string folder = Folder("f");
-  TempFile("f/a.txt", "old");
-  const std::string fresh = "a.txt." + DecimalText(getpid()) + ".tmp";
-  TempFile("f/" + fresh, "someone else's");
-  Folder("f/" + fresh + ".tmp");
-  ReplaceWholeFile(folder + "/a.txt", "new");
-  EXPECT_EQ(BytesOf(folder + "/a.txt"), "new");
-  EXPECT_EQ(BytesOf(folder + "/" + fresh), "someone else's");
-  EXPECT_EQ(NamesIn(folder), (Names{"a.txt", fresh, fresh + ".tmp"}));
-}
-
-TEST_F(Files, ReplaceWholeFile_names_its_new_file_after_the_process_beside_the_old_one) {
-  const std::string folder = Folder("f");
-  const std::string path = folder + "/a.txt";
-  const std::string fresh = "a.txt." + DecimalText(getpid()) + ".tmp";
-  // A child that is killed in the middle of the write leaves its file behind.
-  const pid_t child = fork();
-  if (child == 0) {
-    (void)std::signal(SIGXFSZ, SIG_DFL);
-    const rlimit limit{1000, 1000};
-    const rlimit noCore{0, 0};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    setrlimit(RLIMIT_CORE, &noCore);
-    OutcomeOf([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
-    _exit(0);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  ASSERT_TRUE(WIFSIGNALED(status));
-  const std::string leftover = "a.txt." + DecimalText(child) + ".tmp";
-  EXPECT_EQ(NamesIn(folder), (Names{leftover}));
-  // Another process's leftover is not in the way of the next one's file.
-  ASSERT_NE(leftover, fresh);
-  ReplaceWholeFile(path, "new");
-  EXPECT_EQ(BytesOf(path), "new");
-  EXPECT_EQ(NamesIn(folder), (Names{"a.txt", leftover}));
-}
-
-TEST_F(Files, ReplaceWholeFile_writes_a_pipe_and_never_takes_its_name) {
-  const std::string folder = Folder("f");
-  const std::string pipe = folder + "/pipe";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-  ASSERT_GE(reader, 0);
-  ReplaceWholeFile(pipe, "through");
-  std::string got(20, '\0');
-  const auto length = read(reader, got.data(), got.size());
-  close(reader);
-  ASSERT_EQ(length, 7);
-  EXPECT_EQ(got.substr(0, 7), "through");
-  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
-  EXPECT_EQ(NamesIn(folder), (Names{"pipe"}));
-}
-
-TEST_F(Files, ReplaceWholeFile_tells_the_error_of_a_device) {
-  // As an ordinary user, who couldn't harm the system's device if the replacement went wrong.
-  EXPECT_EQ(AsOrdinaryUser([] { return OutcomeOf([] { ReplaceWholeFile("/dev/full", "x"); }); }),
-            "Disk full");
-}
-
-TEST_F(Files, A_failed_replacement_keeps_the_old_file_and_leaves_nothing_new) {
-  const std::string folder = Folder("f");
-  const std::string under = Folder("f/folder");
-  TempFile("f/folder/a.txt", "in it");
-  EXPECT_EQ(ErrorOf([&] { ReplaceWholeFile(under, "x"); }), std::strerror(EISDIR));
-  EXPECT_EQ(ErrorOf([&] { ReplaceWholeFile(folder + "/gone/a.txt", "x"); }), "Path not found");
-
-  EXPECT_EQ(NamesIn(folder), (Names{"folder"}));
-  EXPECT_EQ(BytesOf(under + "/a.txt"), "in it");
-}
-
-TEST_F(Files, A_replacement_that_runs_out_of_room_keeps_the_old_file) {
-  const std::string folder = Folder("f", 0777);
-  const std::string path = TempFile("f/a.txt", "old");
-  Mode(path, 0666);
-  const std::string outcome = AsOrdinaryUser([&] {
-    // A limit on the size of files stands for the full disk; its signal would end the process.
-    (void)std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{1000, 1000};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    return OutcomeOf([&] { ReplaceWholeFile(path, std::string(5000, 'x')); });
-  });
-  EXPECT_EQ(outcome, std::strerror(EFBIG));
-  EXPECT_EQ(BytesOf(path), "old");
-  EXPECT_EQ(NamesIn(folder), (Names{"a.txt"}));
-}
-
-TEST_F(Files, A_file_that_may_not_be_written_may_not_be_replaced) {
-  const std::string open = Folder("open", 0777);
-  const std::string locked = TempFile("open/a.txt", "old");
-  Mode(locked, 0444);
-  const std::string shut = Folder("shut");
-  const std::string inside = TempFile("shut/a.txt", "old");
-  Mode(inside, 0666);
-  Mode(shut, 0555);
-  for (const std::string& path : {locked, inside, shut + "/new.txt"}) {
-    EXPECT_EQ(AsOrdinaryUser([&] { return OutcomeOf([&] { ReplaceWholeFile(path, "new"); }); }),
-              "Permission denied")
-        << path;
-  }
-  Mode(shut, 0755);
-  EXPECT_EQ(BytesOf(locked), "old");
-  EXPECT_EQ(BytesOf(inside), "old");
-  EXPECT_EQ(NamesIn(open), (Names{"a.txt"}));
-  EXPECT_EQ(NamesIn(shut), (Names{"a.txt"}));
 }
 
 // --- Names

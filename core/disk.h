@@ -1,0 +1,58 @@
+// The few calls of the operating system by which a file takes the place of another, behind one
+// interface: the system's own answer them, unless somebody stands in for a disk that fails.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// How a call ended: 0, or the system's number of the error (errno); behind it what the call gives.
+// A call that was merely interrupted has been made again. Paths are UTF-8 text.
+struct DiskResult {
+  int Error = 0;
+  std::int64_t Value = 0;
+};
+
+// The error of opening something that is neither a file nor a folder: a pipe, a socket, a device.
+// No error of the system bears it.
+constexpr int NoFileError = -1;
+
+class Disk {
+ public:
+  virtual ~Disk() = default;
+
+  // Opens a file that stands there for writing, gives its handle and leaves its content as it is.
+  // What is no ordinary file is an error, a folder too, and none of them is waited for.
+  virtual DiskResult OpenOld(const std::string& path);
+  // Makes a new file, and gives its handle; EEXIST where the name is taken, by a link that leads
+  // nowhere too. A private one can be read by nobody else until it gets its rights.
+  virtual DiskResult Create(const std::string& path, bool isPrivate);
+  // Writes behind what was written; gives the number of bytes taken, which may be fewer.
+  virtual DiskResult Write(std::int64_t file, std::string_view bytes);
+  // Gives a file the permissions of another, and its owner and group as far as the system lets. A
+  // disk that knows no permissions is no error.
+  virtual DiskResult CopyRights(std::int64_t from, std::int64_t to);
+  // Brings a file to the disk; what has nothing to bring is no error.
+  virtual DiskResult Sync(std::int64_t file);
+  // The handle is gone, whatever the result.
+  virtual DiskResult Close(std::int64_t file);
+  // Gives a file the name of another one, which goes, in one step.
+  virtual DiskResult Move(const std::string& from, const std::string& to);
+  // Brings the names of a folder to the disk; empty for the current folder. One that may not be
+  // read, and a disk that has nothing to bring, are no errors.
+  virtual DiskResult SyncFolder(const std::string& folder);
+  virtual DiskResult Remove(const std::string& path);
+};
+
+// The disk that files are written to, application-wide: the system's own until another is
+// installed, which is kept alive by who installs it until it is uninstalled.
+void InstallDisk(Disk& disk);
+void UninstallDisk();
+Disk& TheDisk();
+
+// A number that no other running program has, for names that must not meet.
+long long ProcessId();
+
+}  // namespace orvane

@@ -1,0 +1,96 @@
+#include "tests/support/failing_disk.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace orvane::test {
+
+FailingDisk::FailingDisk(const Fault& fault) : fault_(fault) {
+  InstallDisk(*this);
+}
+
+FailingDisk::~FailingDisk() {
+  UninstallDisk();
+}
+
+int FailingDisk::Due(const std::string& name) {
+  Calls.push_back(name);
+  const int call = static_cast<int>(Calls.size());
+  const bool strikes = call == fault_.Call;
+  if (strikes) {
+    Struck = true;
+    MovedBefore = std::find(Calls.begin(), Calls.end() - 1, "move") != Calls.end() - 1;
+  }
+  const bool still = fault_.Stays && Struck && name != "close" && name != "remove";
+  return strikes || still ? fault_.Error : 0;
+}
+
+DiskResult FailingDisk::OpenOld(const std::string& path) {
+  if (const int error = Due("open")) return {error};
+  return Disk::OpenOld(path);
+}
+
+DiskResult FailingDisk::Create(const std::string& path, bool isPrivate) {
+  if (const int error = Due("create")) return {error};
+  return Disk::Create(path, isPrivate);
+}
+
+DiskResult FailingDisk::Write(std::int64_t file, std::string_view bytes) {
+  if (const int error = Due("write")) return {error};
+  return Disk::Write(file, bytes.substr(0, MostTaken));
+}
+
+DiskResult FailingDisk::CopyRights(std::int64_t from, std::int64_t to) {
+  if (const int error = Due("rights")) return {error};
+  return Disk::CopyRights(from, to);
+}
+
+DiskResult FailingDisk::Sync(std::int64_t file) {
+  if (const int error = Due("sync")) return {error};
+  return Disk::Sync(file);
+}
+
+DiskResult FailingDisk::Close(std::int64_t file) {
+  const int error = Due("close");
+  const DiskResult closed = Disk::Close(file);
+  return error != 0 ? DiskResult{error} : closed;
+}
+
+DiskResult FailingDisk::Move(const std::string& from, const std::string& to) {
+  if (const int error = Due("move")) return {error};
+  return Disk::Move(from, to);
+}
+
+DiskResult FailingDisk::SyncFolder(const std::string& folder) {
+  if (const int error = Due("sync folder")) return {error};
+  return Disk::SyncFolder(folder);
+}
+
+DiskResult FailingDisk::Remove(const std::string& path) {
+  if (const int error = Due("remove")) return {error};
+  return Disk::Remove(path);
+}
+
+void ForEachFault(const std::function<void()>& prepare, const std::function<void()>& action,
+                  const std::function<void(const Fault&, const FailingDisk&)>& look) {
+  int met = 0;
+  for (const int error : {ENOSPC, EIO, EACCES}) {
+    for (const bool stays : {false, true}) {
+      for (int call = 1;; ++call) {
+        prepare();
+        const Fault fault{call, error, stays};
+        FailingDisk disk(fault);
+        action();
+        if (!disk.Struck) break;
+        look(fault, disk);
+        ++met;
+      }
+    }
+  }
+  EXPECT_GT(met, 6);
+  ::testing::Test::RecordProperty("faults", met);
+}
+
+}  // namespace orvane::test
