@@ -20,6 +20,7 @@
 #include "drawing/recording_surface.h"
 #include "holes/hole_list.h"
 #include "project/project_file.h"
+#include "tests/support/failing_disk.h"
 #include "tests/support/fixture.h"
 #include "ui/platform/document_output.h"
 #include "ui/platform/qt_font_metrics.h"
@@ -288,14 +289,53 @@ TEST_F(SheetPdfTest, A_file_that_cannot_be_written_is_told) {
   EXPECT_EQ(ErrorOf([&] { WriteSvg(lost, {210, 297, {}}, "Lost"); }), "Path not found");
 }
 
-TEST_F(SheetPdfTest, A_disk_that_is_full_is_told) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
-  const std::string message = ErrorOf([&] {
-    PdfOutput pdf("/dev/full", "Full");
-    for (int i = 0; i < 200; ++i) pdf.Write({210, 297, {}});
-    pdf.Finish();
+TEST_F(SheetPdfTest, A_device_is_refused) {
+  EXPECT_EQ(ErrorOf([&] { PdfOutput("/dev/full", "Full"); }), "Not a regular file");
+  EXPECT_EQ(ErrorOf([&] { WriteSvg("/dev/full", {210, 297, {}}, "Full"); }), "Not a regular file");
+}
+
+TEST_F(SheetPdfTest, After_any_fault_of_the_disk_the_former_PDF_stands_or_the_new_one) {
+  const std::string path = TempPath("a.pdf");
+  std::string told;
+  const auto prepare = [&] { TempFile("a.pdf", "former"); };
+  const auto write = [&] {
+    told = OutcomeOf([&] {
+      PdfOutput pdf(path, "Job");
+      Page page{210, 297, {}};
+      for (int line = 0; line < 3000; ++line) {
+        page.Shapes.emplace_back(LineShape{{0.07 * line, 0.09 * line}, {200, 0.05 * line}, {}});
+      }
+      for (int i = 0; i < 3; ++i) pdf.Write(page);
+      pdf.Finish();
+    });
+  };
+  ForEachFault(prepare, write, [&](const Fault& fault, const FailingDisk& disk) {
+    const std::string& call = disk.Calls.at(static_cast<std::size_t>(fault.Call - 1));
+    const std::string where = call + ", error " + std::to_string(fault.Error);
+    const std::string bytes = BytesOf(path);
+    const bool isNew = bytes.substr(0, 5) == "%PDF-" && bytes.find("%%EOF") != std::string::npos;
+    EXPECT_TRUE(bytes == "former" || isNew) << where;
+    EXPECT_TRUE(!told.empty() || (isNew && call == "close")) << where;
+    EXPECT_EQ(
+        std::distance(
+            std::filesystem::directory_iterator(std::filesystem::path(path).parent_path()), {}),
+        1)
+        << where;
   });
-  EXPECT_NE(message, "");
+}
+
+TEST_F(SheetPdfTest, After_any_fault_of_the_disk_the_former_SVG_stands_or_the_new_one) {
+  const std::string path = TempPath("a.svg");
+  std::string told;
+  const auto prepare = [&] { TempFile("a.svg", "former"); };
+  const auto write = [&] { told = OutcomeOf([&] { WriteSvg(path, {210, 297, {}}, "Job"); }); };
+  ForEachFault(prepare, write, [&](const Fault& fault, const FailingDisk& disk) {
+    const std::string& call = disk.Calls.at(static_cast<std::size_t>(fault.Call - 1));
+    const std::string bytes = BytesOf(path);
+    const bool isNew = bytes.find("</svg>") != std::string::npos;
+    EXPECT_TRUE(bytes == "former" || isNew) << call;
+    EXPECT_TRUE(!told.empty() || (isNew && call == "close")) << call;
+  });
 }
 
 TEST_F(SheetPdfTest, An_SVG_has_the_papers_size_and_its_texts_as_text) {

@@ -1,12 +1,11 @@
 #include "ui/platform/document_output.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <QIODevice>
 #include <QPageLayout>
 #include <QPageSize>
-#include <QSaveFile>
+#include <optional>
 
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "drawing/svg_page.h"
@@ -22,11 +21,9 @@ constexpr char Creator[] = "Orvane Detailing System";
 constexpr int PdfResolution = 1200;  // dots to the inch
 constexpr double MmPerInch = 25.4;
 
-[[noreturn]] void RaiseFor(const QFileDevice& file, const std::string& path) {
-  if (file.error() == QFileDevice::PermissionsError) throw RuntimeError(Failure::PermissionDenied);
-  if (!QFileInfo(ToQt(path)).absoluteDir().exists()) throw RuntimeError(Failure::PathNotFound);
-  if (file.error() == QFileDevice::ResourceError) throw RuntimeError(Failure::DiskFull);
-  throw RuntimeError(SystemErrorBase, FromQt(file.errorString()));
+// The toolkit's writer says that something failed, and not what.
+[[noreturn]] void RaiseNotWritten(const std::string& path) {
+  throw ErrorInFile(path, RuntimeError(SystemErrorBase, "The PDF can't be written"));
 }
 
 }  // namespace
@@ -40,14 +37,42 @@ QPageLayout PageLayoutOf(const Page& page) {
   return layout;
 }
 
-PdfOutput::PdfOutput(const std::string& path, const std::string& title) : path_(path) {
-  // A device must not give way to a file of its name.
-  if (!QFileInfo::exists(ToQt(path)) || IsRegularFile(path)) {
-    file_ = std::make_unique<QSaveFile>(ToQt(path));
-  } else {
-    file_ = std::make_unique<QFile>(ToQt(path));
+// The new file as the toolkit's PDF writer knows files. The first error is kept; the writer itself
+// would go on without a word.
+class PdfOutput::File : public QIODevice {
+ public:
+  explicit File(const std::string& path) : replacement_(path) {
+    open(QIODevice::WriteOnly | QIODevice::Unbuffered);
   }
-  if (!file_->open(QIODevice::WriteOnly)) RaiseFor(*file_, path);
+
+  void RaiseError() const {
+    if (error_) throw RuntimeError(*error_);
+  }
+  void Commit() {
+    RaiseError();
+    replacement_.Commit();
+  }
+
+ protected:
+  qint64 readData(char*, qint64) override { return -1; }
+  qint64 writeData(const char* bytes, qint64 count) override {
+    if (error_) return -1;
+    try {
+      replacement_.Write({bytes, static_cast<std::size_t>(count)});
+      return count;
+    } catch (const RuntimeError& error) {
+      error_ = error;
+      return -1;
+    }
+  }
+
+ private:
+  FileReplacement replacement_;
+  std::optional<RuntimeError> error_;
+};
+
+PdfOutput::PdfOutput(const std::string& path, const std::string& title)
+    : path_(path), file_(std::make_unique<File>(path)) {
   writer_ = std::make_unique<QPdfWriter>(file_.get());
   writer_->setResolution(PdfResolution);
   writer_->setTitle(ToQt(title));
@@ -63,18 +88,19 @@ void PdfOutput::Write(const Page& page) {
   // The paper of a page is settled before the page begins.
   writer_->setPageLayout(PageLayoutOf(page));
   const bool begun = pageCount_ == 0 ? painter_.begin(writer_.get()) : writer_->newPage();
-  if (!begun) RaiseFor(*file_, path_);
+  file_->RaiseError();
+  if (!begun) RaiseNotWritten(path_);
   ++pageCount_;
   PaintPage(painter_, page, QPointF(0, 0), PdfResolution / MmPerInch, PaintDevice::Paper);
-  if (file_->error() != QFileDevice::NoError) RaiseFor(*file_, path_);
+  file_->RaiseError();
 }
 
 void PdfOutput::Finish() {
   const bool ended = !painter_.isActive() || painter_.end();
   writer_.reset();
-  auto* replacing = qobject_cast<QSaveFile*>(file_.get());
-  const bool written = replacing != nullptr ? replacing->commit() : file_->flush();
-  if (!ended || !written || file_->error() != QFileDevice::NoError) RaiseFor(*file_, path_);
+  file_->RaiseError();
+  if (!ended) RaiseNotWritten(path_);
+  file_->Commit();
 }
 
 void WriteSvg(const std::string& path, const Page& page, const std::string& title) {

@@ -3,7 +3,6 @@
 // by it. A file that can't be written raises a RuntimeError.
 #pragma once
 
-#include <QFileDevice>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
@@ -20,7 +19,7 @@ QPageLayout PageLayoutOf(const Page& page);
 
 // Writes a PDF. Nothing of a page is kept once it is written, so that a document of any length
 // takes the same memory. The file takes its name when it is finished and complete; until then, and
-// if it never is, what stood under that name stays. What is no ordinary file is written directly.
+// if it never is, what stood under that name stays. What is no ordinary file is refused.
 class PdfOutput {
  public:
   // `path` and `title` are UTF-8.
@@ -37,8 +36,10 @@ class PdfOutput {
   int PageCount() const { return pageCount_; }
 
  private:
+  class File;
+
   std::string path_;
-  std::unique_ptr<QFileDevice> file_;
+  std::unique_ptr<File> file_;
   std::unique_ptr<QPdfWriter> writer_;
   QPainter painter_;
   int pageCount_ = 0;
