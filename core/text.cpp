@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 namespace orvane {
@@ -69,8 +70,58 @@ bool IsAscii(std::string_view text) {
                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// The letters of Windows-1252 that bear a mark: the mark's own code point, the letters that it
+// stands behind, and what each becomes.
+struct MarkedLetters {
+  char32_t Mark;
+  std::u32string_view Bare;
+  std::u32string_view Marked;
+};
+constexpr std::array<MarkedLetters, 8> Marks = {{
+    {0x0300, U"AEIOUaeiou", U"ÀÈÌÒÙàèìòù"},      // grave accent
+    {0x0301, U"AEIOUYaeiouy", U"ÁÉÍÓÚÝáéíóúý"},  // acute accent
+    {0x0302, U"AEIOUaeiou", U"ÂÊÎÔÛâêîôû"},      // circumflex
+    {0x0303, U"ANOano", U"ÃÑÕãñõ"},              // tilde
+    {0x0308, U"AEIOUYaeiouy", U"ÄËÏÖÜŸäëïöüÿ"},  // two points
+    {0x030A, U"Aa", U"Åå"},                      // ring
+    {0x030C, U"SZsz", U"ŠŽšž"},                  // hook
+    {0x0327, U"Cc", U"Çç"},                      // cedilla
+}};
+
+// The letter with the mark on it; 0 where the code page has none.
+char32_t Composed(char32_t letter, char32_t mark) {
+  for (const MarkedLetters& row : Marks) {
+    if (row.Mark != mark) continue;
+    const std::size_t at = row.Bare.find(letter);
+    return at == std::u32string_view::npos ? 0 : row.Marked[at];
+  }
+  return 0;
+}
+
+// Whether the bytes from `at` on are the beginning of a letter of UTF-8 whose rest is missing.
+bool IsUnfinished(std::string_view bytes, std::size_t at) {
+  const auto lead = static_cast<unsigned char>(bytes[at]);
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  if (lead < 0xC2 || lead > 0xF4 || bytes.size() - at >= length) return false;
+  const std::string_view rest = bytes.substr(at + 1);
+  return std::all_of(rest.begin(), rest.end(), IsContinuation);
+}
+
+// How many of the bytes are whole letters of UTF-8 when nothing but the last one is broken, and one
+// beyond ASCII stands before it; else none.
+std::size_t CutWithinLetter(std::string_view bytes) {
+  bool beyondAscii = false;
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t start = at;
+    const char32_t point = NextCodePoint(bytes, at);
+    if (point == Invalid) return beyondAscii && IsUnfinished(bytes, start) ? start : 0;
+    beyondAscii = beyondAscii || point >= 0x80;
+  }
+  return 0;
+}
+
 char FactoryByte(char32_t point) {
-  if (point == U'\r' || point == U'\n') return ' ';
+  if (point < 0x20 || (point >= 0x7F && point < 0xA0)) return ' ';
   if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<char>(point);
   const auto found = std::find(UpperControls.begin(), UpperControls.end(), point);
   if (found == UpperControls.end()) return '?';
@@ -128,6 +179,7 @@ std::string DecodeText(std::string bytes) {
   // The mark is no text in any case, not even before bytes that break the encoding it announces.
   if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
   if (IsUtf8(bytes)) return bytes;
+  if (const std::size_t whole = CutWithinLetter(bytes)) return bytes.substr(0, whole);
   std::string text;
   text.reserve(bytes.size() + bytes.size() / 8);
   for (const char c : bytes) {
@@ -141,7 +193,17 @@ std::string DecodeText(std::string bytes) {
 std::string FactoryText(std::string_view text) {
   std::string bytes;
   bytes.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) bytes += FactoryByte(NextCodePoint(text, at));
+  for (std::size_t at = 0; at < text.size();) {
+    char32_t point = NextCodePoint(text, at);
+    std::size_t behind = at;
+    if (behind < text.size()) {
+      if (const char32_t marked = Composed(point, NextCodePoint(text, behind))) {
+        point = marked;
+        at = behind;
+      }
+    }
+    bytes += FactoryByte(point);
+  }
   return bytes;
 }
 

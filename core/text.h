@@ -24,12 +24,15 @@ std::string_view LastChars(std::string_view text, std::size_t count);
 bool IsUtf8(std::string_view bytes);
 
 // The bytes of a text file as UTF-8, a byte-order mark in front dropped: as they stand when all of
-// them are valid UTF-8, else read as Windows-1252, in which every byte is one character.
+// them are valid UTF-8, else read as Windows-1252, in which every byte is one character. A file
+// that holds letters of UTF-8 and breaks off within one was cut there: it is UTF-8 up to that
+// letter.
 std::string DecodeText(std::string bytes);
 
 // UTF-8 text in the single-byte code page of the factory files, Windows-1252: one byte a character,
-// "?" for a character that the page lacks. A carriage return or line feed becomes a blank, since a
-// text of the job must never add a line to the file.
+// "?" for a character that the page lacks. A letter and the mark that belongs on it, as some
+// systems copy texts, are the one letter that the page has for both. A control character becomes a
+// blank: a text of the job must never add a line to the file, nor steer what reads it.
 std::string FactoryText(std::string_view text);
 
 // The bytes followed by blanks and then cut to exactly `width`; for text that is encoded already,

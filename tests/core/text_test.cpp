@@ -115,9 +115,21 @@ TEST(Text, DecodeText_reads_anything_else_as_Windows_1252) {
   EXPECT_EQ(DecodeText("\x80 \x85 \x92 \x96 \x99 \x9F \xFF"),
             "\xE2\x82\xAC \xE2\x80\xA6 \xE2\x80\x99 \xE2\x80\x93 \xE2\x84\xA2 \xC5\xB8 \xC3\xBF");
   // One broken byte and the whole file is of the other page, UTF-8 look-alikes included.
-  EXPECT_EQ(DecodeText("\xC3\xA9 \xE9"), "\xC3\x83\xC2\xA9 \xC3\xA9");
+  EXPECT_EQ(DecodeText("\xC3\xA9 \xE9 "), "\xC3\x83\xC2\xA9 \xC3\xA9 ");
+  EXPECT_EQ(DecodeText("\xC3\xA9 \xFF"), "\xC3\x83\xC2\xA9 \xC3\xBF");
   // The mark in front is no text even then.
   EXPECT_EQ(DecodeText("\xEF\xBB\xBFZ,\xE9"), "Z,\xC3\xA9");
+}
+
+TEST(Text, A_file_of_UTF_8_that_is_cut_within_a_letter_is_read_up_to_that_letter) {
+  EXPECT_EQ(DecodeText("\xC3\xA9 \xC3"), "\xC3\xA9 ");
+  EXPECT_EQ(DecodeText("\xC3\xA9\xE2\x82"), "\xC3\xA9");
+  EXPECT_EQ(DecodeText("\xC3\xA9\xE2"), "\xC3\xA9");
+  EXPECT_EQ(DecodeText("\xC3\xA9 \xF0\x9F\x99"), "\xC3\xA9 ");
+  EXPECT_EQ(DecodeText("\xEF\xBB\xBF\xC3\xA9\xC3"), "\xC3\xA9");
+  // Bytes that no letter begins with.
+  EXPECT_EQ(DecodeText("\xC3\xA9\xC0"), "\xC3\x83\xC2\xA9\xC3\x80");
+  EXPECT_EQ(DecodeText("\xC3\xA9\xF5"), "\xC3\x83\xC2\xA9\xC3\xB5");
 }
 
 TEST(Text, Every_byte_of_Windows_1252_is_one_character) {
@@ -143,7 +155,12 @@ TEST(Text, FactoryText_is_one_byte_a_character) {
       {"a\xC3", "a?"},
       // A line end would add a line to the file.
       {"a\r\nb\nc\rd", "a  b c d"},
-      {"a\tb", "a\tb"},
+      // Other control characters steer what reads the file.
+      {"a\tb\x1A"
+       "c\x7F",
+       "a b c "},
+      {std::string("a\0b", 3), "a b"},
+      {"\xC2\x81\xC2\x85\xC2\x9B", "   "},
   };
   for (const auto& [text, bytes] : cases) {
     EXPECT_EQ(FactoryText(text), bytes) << testing::PrintToString(text);
@@ -155,9 +172,35 @@ TEST(Text, Every_character_of_the_factory_page_comes_back_as_its_own_byte) {
   for (int byte = 0x80; byte <= 0xFF; ++byte) {
     const char c = static_cast<char>(byte);
     const std::string character = DecodeText(std::string("\xFF") + c).substr(2);
-    const std::string expected(1, free.find(c) == std::string::npos ? c : '?');
+    const std::string expected(1, free.find(c) == std::string::npos ? c : ' ');
     EXPECT_EQ(FactoryText(character), expected) << byte;
   }
+}
+
+TEST(Text, A_letter_and_the_mark_that_belongs_on_it_are_one_letter_of_the_factory_page) {
+  // Every letter of the page with a mark on it, as the page has it and taken apart: the letters in
+  // front, the mark behind them.
+  struct Case {
+    const char* Mark;
+    const char* Bare;
+    const char* Bytes;
+  };
+  for (const Case& each : std::vector<Case>{
+           {"\xCC\x80", "AEIOUaeiou", "\xC0\xC8\xCC\xD2\xD9\xE0\xE8\xEC\xF2\xF9"},
+           {"\xCC\x81", "AEIOUYaeiouy", "\xC1\xC9\xCD\xD3\xDA\xDD\xE1\xE9\xED\xF3\xFA\xFD"},
+           {"\xCC\x82", "AEIOUaeiou", "\xC2\xCA\xCE\xD4\xDB\xE2\xEA\xEE\xF4\xFB"},
+           {"\xCC\x83", "ANOano", "\xC3\xD1\xD5\xE3\xF1\xF5"},
+           {"\xCC\x88", "AEIOUYaeiouy", "\xC4\xCB\xCF\xD6\xDC\x9F\xE4\xEB\xEF\xF6\xFC\xFF"},
+           {"\xCC\x8A", "Aa", "\xC5\xE5"},
+           {"\xCC\x8C", "SZsz", "\x8A\x8E\x9A\x9E"},
+           {"\xCC\xA7", "Cc", "\xC7\xE7"},
+       }) {
+    std::string apart;
+    for (const char* bare = each.Bare; *bare != 0; ++bare) apart += *bare + std::string(each.Mark);
+    EXPECT_EQ(FactoryText(apart), each.Bytes) << each.Bare;
+  }
+  // A mark on a letter that the page has only bare, on one that bears it already, and on none.
+  EXPECT_EQ(FactoryText("x\xCC\x88 \xC3\xBC\xCC\x88 \xCC\x88"), "x? \xFC? ?");
 }
 
 TEST(Text, PadRight_fills_with_blanks_and_cuts_to_the_width) {
