@@ -3,6 +3,8 @@
 #include <exception>
 #include <stdexcept>
 
+#include "core/runtime_error.h"
+
 namespace orvane {
 
 namespace {
@@ -24,8 +26,24 @@ Desktop& TheDesktop() {
   return *installedDesktop;
 }
 
+void Desktop::ShowError(const std::string& /*file*/, const std::string& description) {
+  Message(description);
+}
+
 void TellInMessageBox(const std::string& description) {
-  TheDesktop().Message(description);
+  TheDesktop().ShowError({}, description);
+}
+
+bool Tell(const std::function<void()>& action) {
+  try {
+    action();
+    return true;
+  } catch (const RuntimeError& error) {
+    TheDesktop().ShowError(error.File(), error.Description());
+  } catch (const std::exception& error) {
+    TheDesktop().ShowError({}, error.what());
+  }
+  return false;
 }
 
 bool Tell(const std::function<void()>& action, const Teller& tell) {

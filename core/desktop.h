@@ -24,6 +24,8 @@ struct FileDialog {
   std::string InitialFolder;     // empty for the dialog's own last folder
   bool OverwritePrompt = false;  // ask before an existing file is chosen
   bool FileMustExist = false;
+  std::string FirstFolder;  // where InitialFolder is empty and there is no last one yet; empty
+                            // for the current one
 };
 
 class Desktop : public Clock {
@@ -54,6 +56,10 @@ class Desktop : public Clock {
   // Starts the help viewer on a file and does not wait for it.
   virtual void ShowHelp(const std::string& file) = 0;
 
+  // Shows the description of an error: a plain message box with nothing else in it. `file` is what
+  // it is an error of, empty where that isn't known, for those who tell of many files.
+  virtual void ShowError(const std::string& file, const std::string& description);
+
   // A plain message box: no title of its own, no icon, one button.
   void Message(const std::string& text) { ShowMessageBox(text, "", Buttons::Ok, Icon::None); }
 };
@@ -67,11 +73,12 @@ Desktop& TheDesktop();
 
 // Takes the description of an error.
 using Teller = std::function<void(const std::string& description)>;
-// Shows it in a plain message box, as everything on the thread of the windows does.
+// Shows it as the desktop shows errors, as everything on the thread of the windows does.
 void TellInMessageBox(const std::string& description);
 
-// Runs the action; an error's description is told, in a plain message box unless somebody else
+// Runs the action; an error's description is told, as the desktop shows errors unless somebody else
 // takes it, and the state stays as the action left it. True when none was raised.
-bool Tell(const std::function<void()>& action, const Teller& tell = TellInMessageBox);
+bool Tell(const std::function<void()>& action);
+bool Tell(const std::function<void()>& action, const Teller& tell);
 
 }  // namespace orvane

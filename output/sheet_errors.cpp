@@ -51,7 +51,7 @@ void SheetErrors::Say() const {
     }
     add(sheets + ": " + picture.Description);
   }
-  if (!text.empty()) TheDesktop().Message(text);
+  if (!text.empty()) TheDesktop().ShowError({}, text);
 }
 
 }  // namespace orvane
