@@ -117,12 +117,13 @@ void WriteLines2(FactoryWriter& out) {
 
 }  // namespace
 
-bool ExportAccList(const std::string& camPath) {
-  return Tell([&] {
-    const auto used = [](Boolean flag) { return flag != False; };
-    if (std::none_of(AccUsed.begin(), AccUsed.end(), used)) return;
+ListOutcome ExportAccList(const std::string& camPath) {
+  const auto used = [](Boolean flag) { return flag != False; };
+  if (std::none_of(AccUsed.begin(), AccUsed.end(), used)) return ListOutcome::NotNeeded;
+  const auto write = [&] {
     WriteFactoryFile(AccListPath(camPath), AccListFile(TheDesktop().Now()));
-  });
+  };
+  return Tell(write) ? ListOutcome::Written : ListOutcome::Failed;
 }
 
 std::string AccListPath(const std::string& camPath) {

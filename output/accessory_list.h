@@ -8,9 +8,11 @@
 
 namespace orvane {
 
-// Writes the list of the accessories in use beside the CAM file named by `camPath`; nothing if no
-// accessory is in use. Shows the description of any error itself. True unless there was one.
-bool ExportAccList(const std::string& camPath);
+enum class ListOutcome { NotNeeded, Written, Failed };
+
+// Writes the list of the accessories in use beside the CAM file named by `camPath`; it isn't needed
+// if no accessory is in use. Shows the description of any error itself.
+ListOutcome ExportAccList(const std::string& camPath);
 
 // The list's file: the CAM file's whole path up to and including its first point, then "xac", which
 // is where the works look for it. So a folder name with a point in it cuts the name there. Without

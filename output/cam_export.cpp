@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/desktop.h"
 #include "core/files.h"
@@ -44,6 +45,7 @@ std::optional<std::string> AskForFile() {
   dialog.Filter = "CAM Files|*.xov";
   dialog.DefaultExtension = ".xov";
   dialog.InitialFolder = CamDirectory();
+  dialog.FirstFolder = FolderOfPath(ProjectFileName);
   return TheDesktop().ShowOpenDialog(dialog);
 }
 
@@ -64,6 +66,15 @@ std::size_t LikelySize() {
   return size;
 }
 
+// The last message: how it ended, and each file that was written, with its folder.
+std::string EndText(const std::vector<std::string>& written, ListOutcome list) {
+  std::string text = list != ListOutcome::Failed ? "CAM export complete"
+                     : written.empty()           ? "Accessory list failed"
+                                                 : "CAM file written, accessory list failed";
+  for (const std::string& file : written) text.append(1, '\r').append(AbsolutePath(file));
+  return text;
+}
+
 ExportOutcome ExportSteps() {
   if (!CheckExportData()) {
     TheOutputScreen().ShowExportErrors();
@@ -77,13 +88,17 @@ ExportOutcome ExportSteps() {
   StoreCamDirectory(FolderOfPath(*path));
   if (path->empty()) return ExportOutcome::Cancelled;
 
+  std::vector<std::string> written;
   if (!Items.Empty() || forceCamFile) {
     Change(ChangeKind::Export, 0, RebuildPatternHoles);
     WriteFactoryFile(*path, CamFile(TheDesktop().Now()));
+    written.push_back(*path);
   }
-  const bool listed = (AccLines1.Empty() && AccLines2.Empty()) || ExportAccList(*path);
-  TheDesktop().Message("CAM export complete");
-  return listed ? ExportOutcome::Done : ExportOutcome::ListFailed;
+  ListOutcome list = ListOutcome::NotNeeded;
+  if (!AccLines1.Empty() || !AccLines2.Empty()) list = ExportAccList(*path);
+  if (list == ListOutcome::Written) written.push_back(AccListPath(*path));
+  TheDesktop().Message(EndText(written, list));
+  return list == ListOutcome::Failed ? ExportOutcome::ListFailed : ExportOutcome::Done;
 }
 
 }  // namespace

@@ -8,9 +8,9 @@ namespace orvane {
 
 // How an export ended; a screen has no use for it, the companion tells it by its exit code.
 enum class ExportOutcome {
-  Done,        // "CAM export complete" was shown
-  ListFailed,  // the same, but an error stopped the accessory list; its description was shown
-               // before
+  Done,        // "CAM export complete" was shown, and below it the files that were written
+  ListFailed,  // an error stopped the accessory list: its description was shown, and then that the
+               // list failed
   Nothing,     // neither sections nor accessory lines: ended silently
   Refused,     // the check refused it; its lines were shown
   Cancelled,   // no file was chosen
@@ -20,7 +20,7 @@ enum class ExportOutcome {
 // The command "Export CAM File": checks the project, asks for a file, makes the holes of all
 // sections but those of the pattern "Custom" afresh, and writes the CAM file and the accessory list
 // beside it. The fresh holes stay in the model; ProjectDirty stays as it is. An error ends it and
-// shows its description; what was written of the file stays on the disk.
+// shows its description; each file is then whole, the new one or the former.
 void ExportCAM();
 ExportOutcome RunExport();
 

@@ -32,8 +32,8 @@ constexpr std::array<JobLine, 4> JobLines = {{
 }  // namespace
 
 void WriteFactoryFile(const std::string& path, const FactoryFile& file) {
-  WriteWholeFile(path, file.Text);
-  if (file.Error) throw RuntimeError(*file.Error);
+  if (file.Error) throw ErrorInFile(path, *file.Error);
+  ReplaceWholeFile(path, file.Text);
 }
 
 FactoryWriter& FactoryWriter::Text(std::string_view text) {

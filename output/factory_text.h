@@ -15,15 +15,16 @@
 namespace orvane {
 
 // A factory file built in memory, in the factory's single-byte code page with CR LF behind each
-// line. When a value stopped the writer, Text holds what came before it and Error says why: what
-// was written of a faulty file stays on the disk.
+// line. When a value stopped the writer, Error says why, and Text holds what came before it, which
+// shows the place; such a file never reaches the disk.
 struct FactoryFile {
   std::string Text;
   std::optional<RuntimeError> Error;
 };
 
-// Writes the text over whatever the file held, then raises the error that cut it short, if any. An
-// error of the file system comes first.
+// Puts the text in the place of what the file held, as one step. The error that cut it short, if
+// any, is raised instead, and so is one of the file system: the line must never take half a file
+// for a whole one, so after an error the former file stands, or none.
 void WriteFactoryFile(const std::string& path, const FactoryFile& file);
 
 // The lines of a factory file. Texts are UTF-8 and encoded on their way in, so that from then on

@@ -54,7 +54,9 @@ const std::multiset<std::string> Messages = {
     "Item 3: P3 Zero length",
     "Item 3: P3 Zero quantity",
     "Item 3: P3 No sleeves",
-    "CAM export complete",
+    "CAM export complete\n/jobs/north/shed.xov\n/jobs/north/shed.xac",
+    "CAM file written, accessory list failed\n/jobs/north/shed.xov",
+    "Accessory list failed",
     "VCR Assembly VA1: unknown cleat code \"KT50\"",
     // Sheets.
     "File not found: /opt/lintaro/Drawings/drg015.wmf",
@@ -81,6 +83,8 @@ const std::multiset<std::string> Messages = {
     "Overflow",
     "Division by zero",
     "Subscript out of range",
+    "Not a regular file",
+    "The PDF can't be written",
 };
 
 // Titles of boxes that have one of their own.

@@ -1,7 +1,11 @@
 // Errors that end an export, and what they leave behind.
+#include <sys/stat.h>
+
+#include <cerrno>
 #include <filesystem>
 
 #include "tests/output/export_fixture.h"
+#include "tests/support/failing_disk.h"
 
 namespace orvane {
 
@@ -10,14 +14,14 @@ namespace {
 using namespace test;
 namespace fs = std::filesystem;
 
-TEST_F(ExportRunTest, A_faulty_number_off_leaves_the_part_written_and_no_list) {
+TEST_F(ExportRunTest, A_faulty_number_off_leaves_the_former_file_and_no_list) {
   AddChannel();
   AccLines2.Append(MakeLine2(8, "V1", 3, {"3 off", "0", "3000", "10", "10", "KT31", "KT31"}));
   AccUsed.At(8) = True;
   const std::string path = TempFile("a.xov", std::string(10000, 'x'));
   EXPECT_EQ(Export(path), ExportOutcome::Failed);
   EXPECT_EQ(trace, (TextList{"open dialog", "message: Accessory 8 V1: Type mismatch"}));
-  EXPECT_EQ(BytesOf(path), CamHeader + ChannelBlock + Lines({"VCR", "V1", "VCR"}));
+  EXPECT_EQ(BytesOf(path), std::string(10000, 'x'));
   EXPECT_EQ(Files(), TextList{"a.xov"});
 }
 
@@ -27,8 +31,7 @@ TEST_F(ExportRunTest, An_unknown_cleat_says_where_it_stands) {
   AccUsed.At(8) = True;
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Failed);
   EXPECT_EQ(trace, (TextList{"open dialog", "message: Accessory 8 V1: unknown cleat code \"\""}));
-  EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader + ChannelBlock);
-  EXPECT_EQ(Files(), TextList{"a.xov"});
+  EXPECT_EQ(Files(), TextList{});
 }
 
 TEST_F(ExportRunTest, A_missing_folder_ends_the_export_with_its_description) {
@@ -50,12 +53,57 @@ TEST_F(ExportRunTest, A_folder_under_the_files_name_ends_the_export) {
   EXPECT_EQ(Files(), TextList{"a.xov"});
 }
 
-TEST_F(ExportRunTest, A_full_disk_ends_the_export) {
+TEST_F(ExportRunTest, A_device_or_a_pipe_under_the_files_name_ends_the_export) {
   AddChannel();
   AddListedAccessory();
   EXPECT_EQ(Export("/dev/full"), ExportOutcome::Failed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: Disk full"}));
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Not a regular file"}));
   EXPECT_FALSE(fs::exists("/dev/full.xac"));
+  ASSERT_EQ(mkfifo(TempPath("a.xov").c_str(), 0600), 0);
+  EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Failed);
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Not a regular file"}));
+  EXPECT_EQ(Files(), TextList{"a.xov"});
+}
+
+TEST_F(ExportRunTest, A_full_disk_ends_the_export) {
+  AddChannel();
+  AddListedAccessory();
+  const std::string path = TempFile("a.xov", "the former file");
+  const FailingDisk disk({3, ENOSPC, true});  // opened, made, and nothing fits
+  EXPECT_EQ(Export(path), ExportOutcome::Failed);
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Disk full"}));
+  EXPECT_EQ(BytesOf(path), "the former file");
+  EXPECT_EQ(Files(), TextList{"a.xov"});
+}
+
+TEST_F(ExportRunTest, After_any_fault_of_the_disk_each_factory_file_is_whole) {
+  AddChannel();
+  AddListedAccessory();
+  ExportOutcome outcome = ExportOutcome::Done;
+  const std::string formerCam(100000, 'c');
+  const auto prepare = [&] {
+    TempFile("a.xov", formerCam);
+    TempFile("a.xac", "former list");
+  };
+  ForEachFault(
+      prepare, [&] { outcome = Export(TempPath("a.xov")); },
+      [&](const Fault& fault, const FailingDisk& disk) {
+        const std::string where = "call " + std::to_string(fault.Call) + ", error " +
+                                  std::to_string(fault.Error) + (fault.Stays ? ", stays" : "");
+        const std::string cam = BytesOf(TempPath("a.xov"));
+        const std::string list = BytesOf(TempPath("a.xac"));
+        EXPECT_TRUE(cam == formerCam || cam == CamHeader + ChannelBlock) << where;
+        EXPECT_TRUE(list == "former list" || list == ListHeader + ListBlock) << where;
+        EXPECT_EQ(Files(), (TextList{"a.xac", "a.xov"})) << where;
+        // Nobody is hurt by a former file that was looked at and couldn't be closed.
+        const bool looked = disk.Calls.at(static_cast<std::size_t>(fault.Call - 1)) == "close";
+        EXPECT_TRUE(outcome != ExportOutcome::Done || looked) << where;
+        if (outcome == ExportOutcome::Done) {
+          EXPECT_EQ(cam + list, CamHeader + ChannelBlock + ListHeader + ListBlock) << where;
+        } else {
+          EXPECT_GE(trace.size(), 2U) << where;
+        }
+      });
 }
 
 TEST_F(ExportRunTest, A_read_only_folder_ends_the_export) {
@@ -74,23 +122,31 @@ TEST_F(ExportRunTest, A_read_only_folder_ends_the_export) {
   EXPECT_EQ(Files(), TextList{});
 }
 
-TEST_F(ExportRunTest, A_list_that_cant_be_written_shows_its_error_and_the_export_is_complete) {
+TEST_F(ExportRunTest, A_list_that_fails_alone_says_nothing_of_a_CAM_file) {
+  AddListedAccessory();
+  fs::create_directory(TempPath("a.xac"));
+  EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::ListFailed);
+  EXPECT_EQ(trace,
+            (TextList{"open dialog", "message: Is a directory", "message: Accessory list failed"}));
+}
+
+TEST_F(ExportRunTest, A_list_that_cant_be_written_shows_its_error_and_that_it_failed) {
   AddChannel();
   AddListedAccessory();
   fs::create_directory(TempPath("a.xac"));
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::ListFailed);
-  EXPECT_EQ(trace, (TextList{"open dialog", "message: Is a directory", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Is a directory", ListFailed()}));
   EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader + ChannelBlock);
 }
 
-TEST_F(ExportRunTest, A_faulty_line_of_the_list_shows_its_error_and_the_export_is_complete) {
+TEST_F(ExportRunTest, A_faulty_line_of_the_list_shows_its_error_and_that_it_failed) {
   AddChannel();
   AddListedAccessory();
   AccLines1.Append(MakeLine1(99, 1, 1));
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::ListFailed);
-  EXPECT_EQ(trace,
-            (TextList{"open dialog", "message: Accessory 99: Subscript out of range", Complete}));
-  EXPECT_EQ(BytesOf(TempPath("a.xac")), ListHeader + ListBlock);
+  EXPECT_EQ(trace, (TextList{"open dialog", "message: Accessory 99: Subscript out of range",
+                             ListFailed()}));
+  EXPECT_EQ(Files(), TextList{"a.xov"});
 }
 
 TEST_F(ExportRunTest, An_error_of_the_check_is_shown_and_ends_the_export) {

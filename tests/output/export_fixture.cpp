@@ -56,6 +56,16 @@ std::string ExportRunTest::CamDirectorySetting() {
       .value_or("not stored");
 }
 
+std::string ExportRunTest::Complete(const TextList& names) {
+  std::string line = "message: CAM export complete";
+  for (const std::string& name : names) line += "\r" + TempPath(name);
+  return line;
+}
+
+std::string ExportRunTest::ListFailed() {
+  return "message: CAM file written, accessory list failed\r" + TempPath("a.xov");
+}
+
 TextList ExportRunTest::Files() {
   TextList names;
   const std::filesystem::path folder = std::filesystem::path(TempPath("x")).parent_path();

@@ -55,8 +55,10 @@ class ExportRunTest : public OutputTest {
   TracingDesktop user{trace};
   TracingScreen window{trace};
 
-  // A plain message box's line of the trace.
-  const std::string Complete = "message: CAM export complete";
+  // The last message's line of the trace, with those files of the test's folder below it.
+  std::string Complete(const TextList& names);
+  // The same when the list failed and "a.xov" was written.
+  std::string ListFailed();
   // What AddChannel and AddListedAccessory write.
   const std::string ChannelBlock =
       Lines({"C-SECTION", "C1", "X20018", "1", "900", "0", "0.0 0.0", "0", ""});

@@ -17,7 +17,7 @@ TEST_F(ExportRunTest, Sections_alone_give_a_CAM_file_and_the_message) {
   AddChannel();
   const std::string path = TempPath("a.xov");
   EXPECT_EQ(Export(path), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov"})}));
   EXPECT_EQ(BytesOf(path), CamHeader + ChannelBlock);
   EXPECT_EQ(Files(), TextList{"a.xov"});
   EXPECT_EQ(user.ClockReads, 1);
@@ -27,7 +27,7 @@ TEST_F(ExportRunTest, Sections_and_accessories_give_both_files) {
   AddChannel();
   AddListedAccessory();
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov", "a.xac"})}));
   EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader + ChannelBlock);
   EXPECT_EQ(BytesOf(TempPath("a.xac")), ListHeader + ListBlock);
   EXPECT_EQ(Files(), (TextList{"a.xac", "a.xov"}));
@@ -38,14 +38,14 @@ TEST_F(ExportRunTest, The_command_is_the_same_run) {
   AddChannel();
   user.Chosen = {TempPath("a.xov")};
   ExportCAM();
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov"})}));
   EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader + ChannelBlock);
 }
 
 TEST_F(ExportRunTest, Accessories_that_the_CAM_file_doesnt_know_give_the_list_alone) {
   AddListedAccessory();
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xac"})}));
   EXPECT_EQ(Files(), TextList{"a.xac"});
   EXPECT_EQ(BytesOf(TempPath("a.xac")), ListHeader + ListBlock);
 }
@@ -68,7 +68,7 @@ TEST_F(ExportRunTest, Some_accessories_alone_force_a_CAM_file) {
     AccLines1.Append(MakeLine1(2, 1, 1));
     AccLines1.Append(line);
     EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-    EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+    EXPECT_EQ(trace, (TextList{"open dialog", Complete(forced ? TextList{"a.xov"} : TextList{})}));
     EXPECT_EQ(Files(), forced ? TextList{"a.xov"} : TextList{}) << line.AccIndex;
     fs::remove(TempPath("a.xov"));
   }
@@ -82,7 +82,7 @@ TEST_F(ExportRunTest, Some_accessories_alone_force_a_CAM_file) {
     AccLines2.Append(MakeLine2(10, "M0", 1, {}));
     AccLines2.Append(MakeLine2(accIndex, "M1", 1, {"1", "1", "3000", "10", "10", "KT31", "KT31"}));
     EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-    EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+    EXPECT_EQ(trace, (TextList{"open dialog", Complete(forced ? TextList{"a.xov"} : TextList{})}));
     EXPECT_EQ(Files(), forced ? TextList{"a.xov"} : TextList{}) << accIndex;
     fs::remove(TempPath("a.xov"));
   }
@@ -92,14 +92,14 @@ TEST_F(ExportRunTest, Vertical_cladding_rails_alone_give_no_CAM_file) {
   AccLines2.Append(MakeLine2(8, "V1", 1, {"1", "0", "3000", "10", "10"}));
   AccUsed.At(8) = True;
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xac"})}));
   EXPECT_EQ(Files(), TextList{"a.xac"});
 }
 
 TEST_F(ExportRunTest, The_accessory_in_row_7_alone_gives_a_header_without_blocks) {
   AccLines2.Append(MakeLine2(7, "H1", 1, {}));
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov"})}));
   EXPECT_EQ(BytesOf(TempPath("a.xov")), CamHeader);
 }
 
@@ -108,7 +108,7 @@ TEST_F(ExportRunTest, Without_a_flag_of_an_accessory_in_use_no_list_is_written) 
   AddListedAccessory();
   AccUsed.At(1) = False;
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov"})}));
   EXPECT_EQ(Files(), TextList{"a.xov"});
 }
 
@@ -152,7 +152,7 @@ class SleevedExportTest : public ExportRunTest {
 TEST_F(SleevedExportTest, After_Yes_the_export_goes_on) {
   user.Answers = {Answer::Yes};
   EXPECT_EQ(Export(TempPath("a.xov")), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{Question, "open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{Question, "open dialog", Complete({"a.xov"})}));
 }
 
 TEST_F(SleevedExportTest, After_No_the_lines_are_shown_and_the_export_ends) {
@@ -191,6 +191,16 @@ TEST_F(ExportRunTest, At_first_the_file_dialog_has_no_folder) {
   EXPECT_EQ(user.OpenDialogs[0].InitialFolder, "");
 }
 
+TEST_F(ExportRunTest, The_file_dialog_is_given_the_jobs_folder_for_its_first_time) {
+  AddChannel();
+  Export(std::nullopt);
+  EXPECT_EQ(user.OpenDialogs.back().FirstFolder, "");
+  ProjectFileName = "/jobs/north/shed.ovd";
+  Export(std::nullopt);
+  EXPECT_EQ(user.OpenDialogs.back().FirstFolder, "/jobs/north/");
+  EXPECT_EQ(user.OpenDialogs.back().InitialFolder, "");
+}
+
 TEST_F(ExportRunTest, The_folder_of_the_chosen_file_is_where_the_next_dialog_starts) {
   AddChannel();
   const std::string path = TempPath("a.xov");
@@ -207,6 +217,7 @@ TEST_F(ExportRunTest, A_bare_file_name_stores_an_empty_folder) {
   fs::current_path(fs::path(TempPath("x")).parent_path());
   EXPECT_EQ(Export("a.xov"), ExportOutcome::Done);
   fs::current_path(before);
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov"})}));
   EXPECT_EQ(CamDirectorySetting(), "");
   EXPECT_EQ(Files(), TextList{"a.xov"});
 }
@@ -216,7 +227,7 @@ TEST_F(ExportRunTest, An_existing_file_is_replaced_without_a_question) {
   const std::string path = TempFile("a.xov", std::string(10000, 'x'));
   EXPECT_EQ(Export(path), ExportOutcome::Done);
   EXPECT_EQ(Export(path), ExportOutcome::Done);
-  EXPECT_EQ(trace, (TextList{"open dialog", Complete}));
+  EXPECT_EQ(trace, (TextList{"open dialog", Complete({"a.xov"})}));
   EXPECT_EQ(BytesOf(path), CamHeader + ChannelBlock);
 }
 

@@ -73,17 +73,24 @@ TEST_F(FactoryTextTest, WriteFactoryFile_replaces_what_the_file_held) {
   EXPECT_EQ(BytesOf(path), "new\r\n");
 }
 
-TEST_F(FactoryTextTest, WriteFactoryFile_writes_what_there_is_and_then_raises_the_error) {
-  const std::string path = TempPath("a.xov");
+TEST_F(FactoryTextTest, WriteFactoryFile_raises_the_error_and_leaves_the_former_file) {
+  const std::string path = TempFile("a.xov", "former");
   const FactoryFile file{"part\r\n", RuntimeError(Failure::TypeMismatch)};
   EXPECT_EQ(ErrorOf([&] { WriteFactoryFile(path, file); }), "Type mismatch");
-  EXPECT_EQ(BytesOf(path), "part\r\n");
+  EXPECT_EQ(BytesOf(path), "former");
 }
 
-TEST_F(FactoryTextTest, WriteFactoryFile_raises_an_error_of_the_file_system_first) {
-  const FactoryFile file{"part\r\n", RuntimeError(Failure::TypeMismatch)};
-  EXPECT_EQ(ErrorOf([&] { WriteFactoryFile(TempPath("no such folder/a.xov"), file); }),
-            "Path not found");
+TEST_F(FactoryTextTest, WriteFactoryFile_names_the_file_in_its_error) {
+  for (const std::optional<RuntimeError>& error :
+       {std::optional<RuntimeError>(), std::optional(RuntimeError(Failure::TypeMismatch))}) {
+    try {
+      WriteFactoryFile(TempPath("no such folder/a.xov"), {"part\r\n", error});
+      FAIL();
+    } catch (const RuntimeError& raised) {
+      EXPECT_EQ(raised.Description(), error ? "Type mismatch" : "Path not found");
+      EXPECT_EQ(raised.File(), TempPath("no such folder/a.xov"));
+    }
+  }
 }
 
 TEST_F(FactoryTextTest, Header_texts_stand_as_they_are_without_trimming) {

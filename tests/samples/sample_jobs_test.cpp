@@ -108,7 +108,8 @@ TEST_P(SampleFiles, The_export_gives_the_expected_factory_files) {
   EXPECT_EQ(BytesOf(TempPath(GetParam().Name + ".xov")), Committed(".xov"));
   EXPECT_EQ(BytesOf(TempPath(GetParam().Name + ".xac")), Committed(".xac"));
   ASSERT_EQ(desktop.Boxes.size(), 1U);
-  EXPECT_EQ(desktop.Boxes[0].Text, "CAM export complete");
+  EXPECT_EQ(desktop.Boxes[0].Text, "CAM export complete\r" + TempPath(GetParam().Name + ".xov") +
+                                       "\r" + TempPath(GetParam().Name + ".xac"));
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ class EditedSectionCam : public EditedSectionTest {
   void ExpectExport(const std::string& name) {
     const std::string path = TempPath("job.xov");
     platform.Chosen.push_back(path);
-    dialogs.ExpectBox("CAM export complete");
+    dialogs.ExpectBox("CAM export complete\n" + path);
     ChooseInMenu(Qt::Key_O, Qt::Key_E);
     ExpectGoldenBytes("cam/" + name, BytesOf(path));
   }

@@ -59,7 +59,7 @@ TEST_F(ExportScreen, A_sound_project_is_written_and_told_complete) {
   StoreCamDirectory("/cam/");
   const std::string path = TempPath("job.xov");
   platform.Chosen.push_back(path);
-  dialogs.ExpectBox("CAM export complete");
+  dialogs.ExpectBox("CAM export complete\n" + path);
   Press(Qt::Key_E, Qt::ControlModifier);
   Settle();
   ASSERT_EQ(platform.OpenDialogs.size(), 1U);
@@ -89,7 +89,7 @@ TEST_F(ExportScreen, What_is_being_typed_is_exported_as_typed_so_far) {
   Retype("7000");
   const std::string path = TempPath("job.xov");
   platform.Chosen.push_back(path);
-  dialogs.ExpectBox("CAM export complete");
+  dialogs.ExpectBox("CAM export complete\n" + path);
   Export();
   EXPECT_NE(BytesOf(path).find("\r\n7000\r\n2\r\n6968 "), std::string::npos);
   EXPECT_TRUE(CursorAt(1, 3, "7000"));
@@ -145,7 +145,7 @@ TEST_F(ExportScreen, Sleeved_purlins_without_sleeves_are_asked_about_one_by_one)
   platform.Chosen.push_back(path);
   ExpectSleeveQuestion(1, "A1", QMessageBox::Yes);
   ExpectSleeveQuestion(2, "B1", QMessageBox::Yes);
-  dialogs.ExpectBox("CAM export complete");
+  dialogs.ExpectBox("CAM export complete\n" + path);
   Export();
   EXPECT_EQ(BytesOf(path), CamBytes());
 }
@@ -167,7 +167,7 @@ TEST_F(ExportScreen, A_project_of_accessories_alone_writes_its_list_and_says_com
   AccUsed.At(1) = True;
   const std::string path = TempPath("job.xov");
   platform.Chosen.push_back(path);
-  dialogs.ExpectBox("CAM export complete");
+  dialogs.ExpectBox("CAM export complete\n" + TempPath("job.xac"));
   Export();
   EXPECT_FALSE(std::filesystem::exists(path));
   const std::string list = BytesOf(TempPath("job.xac"));
@@ -177,13 +177,29 @@ TEST_F(ExportScreen, A_project_of_accessories_alone_writes_its_list_and_says_com
             std::string::npos);
 }
 
+TEST_F(ExportScreen, A_list_that_fails_is_told_after_its_error_and_the_former_list_stands) {
+  Put("Z", "A1", "Z14012", 6000, 4).PatternName = "Butt Single Holes";
+  AccLines1.Append({1, 1, 5, 0});
+  AccLines1.Append({99, 1, 5, 0});
+  AccUsed.At(1) = True;
+  Show();
+  const std::string path = TempPath("job.xov");
+  TempFile("job.xac", "former");
+  platform.Chosen.push_back(path);
+  dialogs.ExpectBox("Accessory 99: Subscript out of range");
+  dialogs.ExpectBox("CAM file written, accessory list failed\n" + path);
+  Export();
+  EXPECT_EQ(BytesOf(path), CamBytes());
+  EXPECT_EQ(BytesOf(TempPath("job.xac")), "former");
+}
+
 TEST_F(ExportScreen, The_fresh_holes_stay_in_the_model_and_the_flag_as_it_was) {
   Put("Z", "A1", "Z14012", 6000, 4).PatternName = "Butt Single Holes";
   Put("Z", "B1", "Z14012", 5000, 4).PatternName = "Butt Single Holes";
   Show();
   EXPECT_TRUE(HolesOf(2).empty());
   platform.Chosen.push_back(TempPath("job.xov"));
-  dialogs.ExpectBox("CAM export complete");
+  dialogs.ExpectBox("CAM export complete\n" + TempPath("job.xov"));
   Export();
   EXPECT_EQ(HolesOf(2), (std::vector<int>{32, 4968}));
   EXPECT_EQ(ProjectDirty, False);

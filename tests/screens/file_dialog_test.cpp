@@ -32,15 +32,25 @@ class FileDialogTest : public DialogTest {
 
   // The three dialogs of the system. A title of the test's own keeps their last folders apart.
   FileDialog Opening() const {
-    return {
-        Title("Open Project"), "Orvane Detail Projects (*.ovd)|*.ovd", ".ovd", folder, false, true};
+    return {Title("Open Project"),
+            "Orvane Detail Projects (*.ovd)|*.ovd",
+            ".ovd",
+            folder,
+            false,
+            true,
+            ""};
   }
   FileDialog Saving() const {
-    return {
-        Title("Save Project"), "Orvane Detail Projects (*.ovd)|*.ovd", ".ovd", folder, true, false};
+    return {Title("Save Project"),
+            "Orvane Detail Projects (*.ovd)|*.ovd",
+            ".ovd",
+            folder,
+            true,
+            false,
+            ""};
   }
   FileDialog Exporting() const {
-    return {Title("CAM File Export"), "CAM Files|*.xov", ".xov", folder, false, false};
+    return {Title("CAM File Export"), "CAM Files|*.xov", ".xov", folder, false, false, ""};
   }
   static std::string Title(const std::string& title) {
     return title + " of " + ::testing::UnitTest::GetInstance()->current_test_info()->name();
@@ -351,6 +361,27 @@ TEST_F(FileDialogTest, A_dialog_without_a_folder_starts_in_its_own_last_one) {
   EXPECT_EQ(Open(exporting, In("two/a")), In("two/a.xov"));
   EXPECT_EQ(StartOf(saving), In("one"));
   EXPECT_EQ(StartOf(exporting), In("two"));
+}
+
+TEST_F(FileDialogTest, A_dialog_without_any_folder_yet_starts_in_that_of_the_job) {
+  std::filesystem::create_directories(In("jobs"));
+  std::filesystem::create_directories(In("stored"));
+  std::filesystem::create_directories(In("present"));
+  std::filesystem::current_path(In("present"));
+  FileDialog saving = Saving();
+  saving.InitialFolder.clear();
+  saving.FirstFolder = In("jobs") + "/";
+  EXPECT_EQ(StartOf(saving), In("jobs"));
+  saving.InitialFolder = In("stored");
+  EXPECT_EQ(StartOf(saving), In("stored"));
+  saving.InitialFolder = In("gone");
+  EXPECT_EQ(StartOf(saving), In("jobs"));
+  saving.FirstFolder = In("gone too");
+  EXPECT_EQ(StartOf(saving), In("present"));
+  // One that was used goes to the folder of that time.
+  saving.FirstFolder = In("jobs");
+  EXPECT_EQ(Save(saving, In("stored/a")), In("stored/a.ovd"));
+  EXPECT_EQ(StartOf(saving), In("stored"));
 }
 
 TEST_F(FileDialogTest, A_cancelled_dialog_leaves_its_last_folder) {

@@ -58,7 +58,7 @@ TEST_F(MenuKeys, Ctrl_E_in_a_cell_exports_once) {
     Editor().setCursorPosition(0);
     const std::string path = TempPath("job.xov");
     platform.Chosen.push_back(path);
-    dialogs.ExpectBox("CAM export complete");
+    dialogs.ExpectBox("CAM export complete\n" + path);
     const GreedyFields greedy(Editor());
     Press(Qt::Key_E, Qt::ControlModifier);
     Settle();

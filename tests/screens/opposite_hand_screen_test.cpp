@@ -173,7 +173,7 @@ TEST_F(OppositeHandScreen, An_export_turns_the_holes_back) {
   ShowOne("Lopsided");
   CreateOppHand();
   platform.Chosen.push_back(TempPath("job"));
-  dialogs.ExpectBox("CAM export complete");
+  dialogs.ExpectBox("CAM export complete\n" + TempPath("job"));
   ExportCAM();
   Settle();
   EXPECT_EQ(HolesOf(2), PatternsOrder);

@@ -33,6 +33,8 @@ QString StartFolder(const FileDialog& dialog) {
   if (!asked.isEmpty() && QFileInfo(asked).isDir()) return asked;
   QString last = LastFolders()[dialog.Title];
   if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
+  QString first = ToQt(dialog.FirstFolder);
+  if (!first.isEmpty() && QFileInfo(first).isDir()) return first;
   return QDir::currentPath();
 }
 

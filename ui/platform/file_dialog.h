@@ -23,7 +23,7 @@ enum class DialogForm { Open, Save };
 // overwriting, which is asked about the final name. In the open form without FileMustExist a new
 // name may be typed. A file that must exist may also be one without the extension, if its name with
 // it doesn't exist. The dialog starts in InitialFolder, else in the folder of the file last chosen
-// under the same title, else in the current one.
+// under the same title, else in FirstFolder, else in the current one.
 std::optional<std::string> AskForFile(const FileDialog& dialog, DialogForm form, QWidget* parent);
 
 }  // namespace orvane
