@@ -5,7 +5,6 @@
 #include <cstddef>
 
 #include "core/numbers.h"
-#include "core/runtime_error.h"
 #include "core/text.h"
 
 namespace orvane {
@@ -142,9 +141,9 @@ bool IsPlainNumeric(std::string_view pattern) {
   return days == 1 && months == 1 && years == 1;
 }
 
-// The short form with its year widened to four digits; NumericForm where it can't serve.
-std::string ProjectForm(std::string_view shortForm) {
-  if (!IsPlainNumeric(shortForm)) return std::string(NumericForm);
+// The short form with its year widened to four digits; none where it can't serve.
+std::optional<std::string> WideForm(std::string_view shortForm) {
+  if (!IsPlainNumeric(shortForm)) return std::nullopt;
   std::string form;
   bool quoted = false;
   for (std::size_t i = 0; i < shortForm.size(); ++i) {
@@ -160,7 +159,7 @@ std::string ProjectForm(std::string_view shortForm) {
   constexpr Date sample{2033, 1, 2};
   const std::string text = FormatDate(sample, form);
   const bool readsBack = Trim(text) == text && ParseDate(text, form) == sample;
-  return readsBack ? form : std::string(NumericForm);
+  return readsBack ? std::optional(form) : std::nullopt;
 }
 
 }  // namespace
@@ -189,16 +188,28 @@ std::string CreatedText(const Moment& moment) {
 }
 
 std::string ProjectDateText(const Date& date, std::string_view shortForm) {
-  return FormatDate(date, ProjectForm(shortForm));
+  return FormatDate(date, ProjectDateForm(shortForm));
 }
 
-Date ParseProjectDate(std::string_view text, std::string_view shortForm) {
+std::string ProjectDateForm(std::string_view shortForm) {
+  return WideForm(shortForm).value_or(std::string(NumericForm));
+}
+
+bool CanBeProjectDateForm(std::string_view shortForm) {
+  return WideForm(shortForm).has_value();
+}
+
+std::optional<Date> ParseProjectDate(std::string_view text, std::string_view shortForm) {
   text = Trim(text);
-  for (const std::string& form : {ProjectForm(shortForm), std::string(shortForm),
-                                  std::string("yyyy-MM-dd"), std::string(NumericForm)}) {
-    if (const auto date = ParseDate(text, form)) return *date;
+  const std::string own = ProjectDateForm(shortForm);
+  for (const std::string_view form :
+       {std::string_view(own), shortForm, std::string_view("yyyy-MM-dd"),
+        std::string_view("dd.MM.yyyy"), NumericForm, std::string_view("MM/dd/yyyy"),
+        std::string_view("yy-MM-dd"), std::string_view("dd.MM.yy"), std::string_view("dd/MM/yy"),
+        std::string_view("MM/dd/yy")}) {
+    if (const auto date = ParseDate(text, form)) return date;
   }
-  throw RuntimeError(Failure::TypeMismatch);
+  return std::nullopt;
 }
 
 std::optional<Moment> ParseMoment(std::string_view text) {

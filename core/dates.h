@@ -51,10 +51,17 @@ std::string CreatedText(const Moment& moment);
 // line, or that doesn't read back its own dates is replaced by dd/MM/yyyy.
 std::string ProjectDateText(const Date& date, std::string_view shortForm);
 
+// The form that it writes in: `shortForm` with four digits of year, or dd/MM/yyyy in its place.
+std::string ProjectDateForm(std::string_view shortForm);
+
+// Whether ProjectDateText writes in that form, but for the digits of its year.
+bool CanBeProjectDateForm(std::string_view shortForm);
+
 // Reads a date line: in the form that ProjectDateText writes, then in the system's own short form
-// with a two-digit year meant as 20xx, then as yyyy-MM-dd, then as dd/MM/yyyy. What none of them
-// fits raises "Type mismatch".
-Date ParseProjectDate(std::string_view text, std::string_view shortForm);
+// with a two-digit year meant as 20xx. A job from another office has its form: yyyy-MM-dd,
+// dd.MM.yyyy, dd/MM/yyyy and MM/dd/yyyy are tried in this order, then the same with two-digit
+// years; the first that gives a day of the calendar counts. None if no form fits.
+std::optional<Date> ParseProjectDate(std::string_view text, std::string_view shortForm);
 
 // Reads "YYYY-MM-DDTHH:MM:SS"; none if the text has another form or names no moment.
 std::optional<Moment> ParseMoment(std::string_view text);

@@ -23,6 +23,28 @@ namespace {
 
 constexpr const char* PlainDateForm = "dd/MM/yyyy";
 
+// How dates are written where, each country by its two letters, with its language in front where
+// only that one differs. What isn't named here writes dd/MM/yyyy.
+struct CountriesOfForm {
+  std::string_view Form;
+  std::string_view Countries;
+};
+constexpr CountriesOfForm DateForms[] = {
+    {"dd.MM.yyyy", " AZ BA BY CH DE EE FI GE KG KZ LI LU MD MG MK NO PL RO RU SK TJ TM UA "},
+    {"d.M.yyyy", " AL CZ XK "},
+    {"d.MM.yyyy", " BG "},
+    {"dd. MM. yyyy", " SI "},
+    {"dd.MM.yyyy.", " HR ME RS "},
+    {"dd-MM-yyyy", " AW CW DK NL SR TR nl_BE "},
+    {"yyyy-MM-dd", " AT CA HU LK LT SE de_BE en_DK "},
+    {"yyyy.MM.dd.", " LV "},
+    {"yyyy.MM.dd", " MN "},
+    {"yyyy/MM/dd", " GH IR "},
+    {"MM/dd/yyyy", " PH US "},
+    {"yyyy年MM月dd日", " CN HK JP TW "},
+    {"yyyy년 MM월 dd일", " KR "},
+};
+
 }  // namespace
 
 #ifdef _WIN32
@@ -47,13 +69,27 @@ std::string SystemShortDateForm() {
     return PlainDateForm;
   }
   const locale_t country = newlocale(LC_TIME_MASK, name.c_str(), nullptr);
-  if (country == nullptr) return PlainDateForm;
-  const std::string form = nl_langinfo_l(D_FMT, country);
+  if (country == nullptr) return DateFormOfCountry(name);
+  const std::string form = PatternOfDateForm(nl_langinfo_l(D_FMT, country));
   freelocale(country);
-  return PatternOfDateForm(form);
+  return CanBeProjectDateForm(form) && form != PlainDateForm ? form : DateFormOfCountry(name);
 }
 
 #endif
+
+std::string DateFormOfCountry(std::string_view localeName) {
+  localeName = localeName.substr(0, localeName.find_first_of(".@"));
+  const std::size_t bar = localeName.find('_');
+  if (bar == std::string_view::npos) return PlainDateForm;
+  // The entry for one language of a country goes before the country's own.
+  for (const std::string_view place : {localeName, localeName.substr(bar + 1)}) {
+    const std::string entry = " " + std::string(place) + " ";
+    for (const CountriesOfForm& row : DateForms) {
+      if (row.Countries.find(entry) != std::string_view::npos) return std::string(row.Form);
+    }
+  }
+  return PlainDateForm;
+}
 
 std::string PatternOfDateForm(std::string_view form) {
   std::string pattern;

@@ -11,9 +11,13 @@ namespace orvane {
 // The present moment in local time.
 Moment LocalMoment();
 
-// The system's short date form as a pattern of d, dd, M, MM, yy and yyyy; "dd/MM/yyyy" where no
-// country is set or its form has other parts.
+// The system's short date form as a pattern of d, dd, M, MM, yy and yyyy. Where the country that is
+// set isn't installed, or its form has other parts, it is that of DateFormOfCountry.
 std::string SystemShortDateForm();
+
+// The date form of the country that a locale's name holds, such as "de_DE.UTF-8", without asking
+// the system; "dd/MM/yyyy" for a name without a country and for one that isn't known.
+std::string DateFormOfCountry(std::string_view localeName);
 
 // A date form of the C library, such as "%d.%m.%y", as such a pattern.
 std::string PatternOfDateForm(std::string_view form);

@@ -25,6 +25,7 @@ FileDialog ProjectDialog(const std::string& title) {
   dialog.Title = title;
   dialog.Filter = "Orvane Detail Projects (*.ovd)|*.ovd";
   dialog.DefaultExtension = ".ovd";
+  dialog.FirstFolder = FolderOfPath(ProjectFileName);
   return dialog;
 }
 
@@ -113,6 +114,7 @@ void NewProject() {
   screen.EmptyHoleList();
   screen.ClearAccUsage();
   screen.ShowFileName("None");
+  screen.ShowJobNote({});
   screen.ClearDrawing();
   screen.RefreshProjectDetails();
   screen.ShowProjectDetails();
@@ -135,7 +137,9 @@ void OpenFile(const std::string& path) {
   screen.ForgetEditors();
   CurrentItem = 0;  // its row may be gone before the sections are shown afresh
 
-  const auto read = [&] { ReadProjectFile(*file); };
+  screen.ShowJobNote({});
+  ProjectNotes notes;
+  const auto read = [&] { notes = ReadProjectFile(*file); };
   if (!Tell([&] { Change(ChangeKind::OpenProject, 0, read); })) {
     screen.DisplayItems();
     screen.ClearDetailPanel();
@@ -148,6 +152,7 @@ void OpenFile(const std::string& path) {
   screen.SetAccUsage();
   screen.RefreshProjectDetails();
   TakeFileName(path);
+  screen.ShowJobNote(notes.Line());
   ShowFirstItem();
   AddRecent(path);
   // Opening counts as a change, so that leaving the project always brings the save prompt: looking
@@ -163,6 +168,7 @@ bool SaveProject(Boolean SaveAs) {
     WriteProjectFile(*path);
     written = true;
     TakeFileName(*path);
+    TheMainScreen().ShowJobNote({});
     ForgetChanges();
     AddRecent(*path);
   });

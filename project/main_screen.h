@@ -41,6 +41,10 @@ class MainScreen {
   // Shows what is wrong with the section looked at, in a line under its sheet; empty for nothing.
   virtual void ShowSectionErrors(const std::string& line) = 0;
 
+  // Shows what is worth knowing of the job that was just opened, in a quiet line that stays until
+  // the next one; empty for nothing.
+  virtual void ShowJobNote(const std::string& line) = 0;
+
   // Empties the drawing surface.
   virtual void ClearDrawing() = 0;
 

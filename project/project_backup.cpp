@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <exception>
 
-#include "core/desktop.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
@@ -24,9 +23,7 @@ class FileCheck {
   void Detail(const std::string&) { file_.ReadField(); }
   void Plain(const std::string&) { file_.ReadField(); }
   void Quoted(const std::string&) { file_.ReadField(); }
-  void ProjectDate(const Date&) {
-    ParseProjectDate(file_.ReadField(), TheDesktop().ShortDateForm());
-  }
+  void ProjectDate(const Date&) { file_.ReadField(); }
 
   void Number(std::int16_t& field) { field = file_.ReadInt16(); }
   void Number(float& field) { field = file_.ReadFloat(); }

@@ -86,7 +86,10 @@ class ProjectReader {
   }
   void Detail(std::string& text) { text = file_.ReadField(); }
   void ProjectDate(Date& date) {
-    date = ParseProjectDate(file_.ReadField(), TheDesktop().ShortDateForm());
+    const std::string_view text = file_.ReadField();
+    const std::optional<Date> read = ParseProjectDate(text, TheDesktop().ShortDateForm());
+    if (!read) notes_.UnreadDate = text;
+    date = read ? *read : TheDesktop().Now().Day;
   }
 
   void Plain(std::string& text) { text = file_.ReadField(); }
@@ -115,8 +118,11 @@ class ProjectReader {
     for (int row = first; row <= last; ++row) Describe(*this, table.At(row));
   }
 
+  const ProjectNotes& Notes() const { return notes_; }
+
  private:
   TextFile& file_;
+  ProjectNotes notes_;
 };
 
 }  // namespace
@@ -135,13 +141,18 @@ void WriteProjectFile(const std::string& path) {
   WriteWholeFile(path, text);
 }
 
-void ReadProjectFile(const std::string& path) {
-  if (Trim(path).empty()) return;
-  TextFile file = TextFile::Open(path);
-  ReadProjectFile(file);
+std::string ProjectNotes::Line() const {
+  return UnreadDate ? "The date \"" + *UnreadDate + "\" can't be read; today's is in its place"
+                    : "";
 }
 
-void ReadProjectFile(TextFile& file) {
+ProjectNotes ReadProjectFile(const std::string& path) {
+  if (Trim(path).empty()) return {};
+  TextFile file = TextFile::Open(path);
+  return ReadProjectFile(file);
+}
+
+ProjectNotes ReadProjectFile(TextFile& file) {
   ProjectReader reader(file);
   DescribeSections(reader);
 
@@ -152,6 +163,7 @@ void ReadProjectFile(TextFile& file) {
   } catch (const std::exception&) {
     // The whole of the handling of old files: they end in front of the type 2 lines or the flags.
   }
+  return reader.Notes();
 }
 
 }  // namespace orvane

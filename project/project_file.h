@@ -2,6 +2,7 @@
 // of the layout (project_layout.h) drives the writer and the reader.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/model.h"
@@ -19,13 +20,23 @@ std::string ProjectText();
 // building the text touches no file; a backup that can't be made stops nothing.
 void WriteProjectFile(const std::string& path);
 
+// What is worth a quiet line of a project that was read.
+struct ProjectNotes {
+  // A date line that no form fits. The date of such a project is today's: a date is soon typed, and
+  // a job that can't be opened is lost.
+  std::optional<std::string> UnreadDate;
+
+  // The line; empty for nothing.
+  std::string Line() const;
+};
+
 // The table half of OpenFile: reads a project into the model. An error up to the end of the type 1
 // accessory lines is raised, and the model then holds what was read until then. Behind them an
 // error, end of file above all, ends the reading without a word: files from before type 2
 // accessories end there. ProjectFileName and ProjectDirty stay; the command sets them.
-void ReadProjectFile(TextFile& file);
+ProjectNotes ReadProjectFile(TextFile& file);
 // The same of a file named by its path; a path of blanks does nothing. A file that can't be opened
 // raises the system's error, and leaves the model as it is.
-void ReadProjectFile(const std::string& path);
+ProjectNotes ReadProjectFile(const std::string& path);
 
 }  // namespace orvane

@@ -187,6 +187,8 @@ void FrmMain::BuildNotes() {
   notes_ = new QWidget(SSPanel4_);
   errors_ = new ElidingLabel(notes_);
   errors_->setObjectName("lblErrors");
+  jobNote_ = new ElidingLabel(notes_);
+  jobNote_->setObjectName("lblJobNote");
   mirrorNote_ = new QLabel("Punching stands mirrored until the next move.", notes_);
   mirrorNote_->setObjectName("lblMirrored");
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -197,8 +199,10 @@ void FrmMain::BuildNotes() {
   auto* line = new QHBoxLayout(notes_);
   line->setContentsMargins(PaneMargin, 0, PaneMargin, 0);
   line->addWidget(errors_, 2);
+  line->addWidget(jobNote_, 2);
   line->addWidget(mirrorNote_, 1);
   errors_->hide();
+  jobNote_->hide();
   mirrorNote_->hide();
   sheet_->Shown = [this] {
     mirrorNote_->setVisible(sections_->IsMirrorShown());
@@ -209,6 +213,11 @@ void FrmMain::BuildNotes() {
 void FrmMain::ShowSectionErrors(const std::string& line) {
   errors_->ShowText(ToQt(line));
   errors_->setVisible(!line.empty());
+}
+
+void FrmMain::ShowJobNote(const std::string& line) {
+  jobNote_->ShowText(ToQt(line));
+  jobNote_->setVisible(!line.empty());
 }
 
 void FrmMain::Run(Command command, int number) {

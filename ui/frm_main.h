@@ -59,6 +59,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void ShowFileName(const std::string& text) override;
   void ShowRecentFiles() override;
   void ShowSectionErrors(const std::string& line) override;
+  void ShowJobNote(const std::string& line) override;
   void ClearDrawing() override;
   void RefreshProjectDetails() override;
   void ShowProjectDetails() override;
@@ -143,9 +144,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   Actions mnuProject_, mnuSection_, mnuOutput_, mnuHelp_;
 
   SheetView* sheet_ = nullptr;
-  QWidget* notes_ = nullptr;        // under the sheet
-  QLabel* mirrorNote_ = nullptr;    // lblMirrored
-  ElidingLabel* errors_ = nullptr;  // lblErrors
+  QWidget* notes_ = nullptr;         // under the sheet
+  QLabel* mirrorNote_ = nullptr;     // lblMirrored
+  ElidingLabel* errors_ = nullptr;   // lblErrors
+  ElidingLabel* jobNote_ = nullptr;  // lblJobNote
   SectionsGrid* sections_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryChooser* accessories_ = nullptr;

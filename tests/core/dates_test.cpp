@@ -11,7 +11,6 @@
 namespace {
 
 using namespace orvane;
-using orvane::test::ErrorOf;
 
 constexpr Date FifthOfMarch{2024, 3, 5};
 constexpr Date EndOfNovember{2025, 11, 30};
@@ -118,13 +117,36 @@ TEST(Dates, A_date_line_is_read_in_the_systems_form_first_then_in_the_fixed_ones
   }
 }
 
-TEST(Dates, What_no_form_fits_is_a_Type_mismatch) {
+TEST(Dates, A_date_of_another_office_is_read_in_the_first_form_that_gives_a_day) {
+  for (const ReadCase& c : std::vector<ReadCase>{
+           {"2024-03-05", "dd/MM/yyyy", {2024, 3, 5}},
+           {"05.03.2024", "dd/MM/yyyy", {2024, 3, 5}},
+           {"5.3.2024", "dd/MM/yyyy", {2024, 3, 5}},
+           {"05/03/2024", "yyyy-MM-dd", {2024, 3, 5}},
+           // No month 13, so it is the American form.
+           {"05/13/2024", "dd/MM/yyyy", {2024, 5, 13}},
+           {"05/13/2024", "dd.MM.yyyy", {2024, 5, 13}},
+           {"02/29/2024", "dd/MM/yyyy", {2024, 2, 29}},
+           // Two digits of year, in the same order.
+           {"24-03-05", "dd/MM/yyyy", {2024, 3, 5}},
+           {"05.03.24", "dd/MM/yyyy", {2024, 3, 5}},
+           {"05/03/24", "dd/MM/yyyy", {2024, 3, 5}},
+           {"05/13/24", "dd/MM/yyyy", {2024, 5, 13}},
+           {"3/5/24", "yyyy-MM-dd", {2024, 5, 3}},
+           // The machine's own form goes before all of them, with two digits too.
+           {"05/03/2024", "MM/dd/yyyy", {2024, 5, 3}},
+           {"05/03/24", "MM/dd/yy", {2024, 5, 3}},
+       }) {
+    EXPECT_EQ(ParseProjectDate(c.Text, c.ShortForm), c.Expected) << c.Text << ' ' << c.ShortForm;
+  }
+}
+
+TEST(Dates, What_no_form_fits_is_no_date) {
   for (const char* text : {"",
                            "   ",
                            "x",
                            "05/03",
                            "05/03/",
-                           "05/03/24",
                            "05/03/2024x",
                            "05/03/2024 12:00",
                            "2024",
@@ -133,7 +155,7 @@ TEST(Dates, What_no_form_fits_is_a_Type_mismatch) {
                            "0/03/2024",
                            "32/03/2024",
                            "31/04/2024",
-                           "05/13/2024",
+                           "13/13/2024",
                            "05/00/2024",
                            "29/02/2023",
                            "29/02/1900",
@@ -142,14 +164,25 @@ TEST(Dates, What_no_form_fits_is_a_Type_mismatch) {
                            "05/03/20240",
                            "-5/03/2024",
                            "5 Mar 2024"}) {
-    EXPECT_EQ(ErrorOf([&] { ParseProjectDate(text, "dd/MM/yyyy"); }), "Type mismatch") << text;
+    EXPECT_EQ(ParseProjectDate(text, "dd/MM/yyyy"), std::nullopt) << text;
   }
 }
 
 TEST(Dates, A_short_form_that_lacks_a_part_reads_no_date) {
-  EXPECT_EQ(ErrorOf([] { ParseProjectDate("", ""); }), "Type mismatch");
-  EXPECT_EQ(ErrorOf([] { ParseProjectDate("05/03", "dd/MM"); }), "Type mismatch");
-  EXPECT_EQ(ErrorOf([] { ParseProjectDate("2024", "yyyy"); }), "Type mismatch");
+  EXPECT_EQ(ParseProjectDate("", ""), std::nullopt);
+  EXPECT_EQ(ParseProjectDate("05/03", "dd/MM"), std::nullopt);
+  EXPECT_EQ(ParseProjectDate("2024", "yyyy"), std::nullopt);
+}
+
+TEST(Dates, A_form_of_dates_is_one_that_reads_back_what_it_writes) {
+  for (const char* form : {"dd/MM/yyyy", "dd.MM.yy", "M/d/yy", "yyyyMMdd", "dd'd'MM'y'yy"}) {
+    EXPECT_TRUE(CanBeProjectDateForm(form)) << form;
+  }
+  for (const char* form : {"", "dd/MM", "d MMM yyyy", "dMyyyy", "d,M,yyyy", "DD.MM.YYYY", "x"}) {
+    EXPECT_FALSE(CanBeProjectDateForm(form)) << form;
+  }
+  EXPECT_EQ(ProjectDateForm("dd.MM.yy"), "dd.MM.yyyy");
+  EXPECT_EQ(ProjectDateForm("d MMM yyyy"), "dd/MM/yyyy");
 }
 
 TEST(Dates, IsDate_knows_the_calendar) {

@@ -45,9 +45,15 @@ class ScriptedMainScreen : public MainScreen {
   void ShowSectionErrors(const std::string& line) override {
     log_.Add("ShowSectionErrors " + line);
   }
+  void ShowJobNote(const std::string& line) override {
+    if (!line.empty()) log_.Add("ShowJobNote " + line);
+    Note = line;
+  }
   void ClearDrawing() override { log_.Add("ClearDrawing"); }
   void RefreshProjectDetails() override { log_.Add("RefreshProjectDetails"); }
   void ShowProjectDetails() override { log_.Add("ShowProjectDetails"); }
+
+  std::string Note;  // shown last
 
  private:
   EventLog& log_;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/files.h"
 #include "core/runtime_error.h"
 #include "core/settings.h"
 #include "project/recent_files.h"
@@ -244,8 +245,20 @@ TEST_F(OpenFileTest, The_open_dialog_has_its_title_and_filter_and_a_folder_of_it
   EXPECT_EQ(dialog.Filter, "Orvane Detail Projects (*.ovd)|*.ovd");
   EXPECT_EQ(dialog.DefaultExtension, ".ovd");
   EXPECT_EQ(dialog.InitialFolder, "");
+  EXPECT_EQ(dialog.FirstFolder, "");
   EXPECT_TRUE(dialog.FileMustExist);
   EXPECT_FALSE(dialog.OverwritePrompt);
+}
+
+TEST_F(OpenFileTest, Where_no_folder_was_stored_both_dialogs_are_given_that_of_the_job) {
+  ProjectFileName = "/jobs/north/shed.ovd";
+  ProjectDirty = False;
+  person.Chosen = {std::nullopt, std::nullopt};
+  OpenProject();
+  EXPECT_EQ(person.OpenDialogs.back().FirstFolder, "/jobs/north/");
+  SaveProject(True);
+  EXPECT_EQ(person.SaveDialogs.back().InitialFolder, "");
+  EXPECT_EQ(person.SaveDialogs.back().FirstFolder, "/jobs/north/");
 }
 
 TEST_F(OpenFileTest, Opening_reads_the_file_and_takes_its_name) {
@@ -364,6 +377,23 @@ TEST_F(OpenFileTest, A_file_from_before_type_2_accessories_opens_without_a_word)
   ExpectFlags({-1, -1, -1, -1});  // as they were
   EXPECT_EQ(ProjectFileName, path);
   EXPECT_EQ(ProjectDirty, True);
+}
+
+TEST_F(OpenFileTest, A_date_that_no_form_fits_is_told_in_a_line_until_the_next_job) {
+  HoldOld(False);
+  WriteSmallProject(JobPath());
+  std::string bytes = BytesOf(JobPath());
+  bytes.replace(bytes.find("05/03/2024"), 10, "5 Marzo 24");
+  WriteWholeFile(JobPath(), bytes);
+  person.Present = {{2026, 11, 22}, 9, 0, 0};
+  OpenFile(JobPath());
+  EXPECT_EQ(window.Note, "The date \"5 Marzo 24\" can't be read; today's is in its place");
+  EXPECT_TRUE(person.Boxes.empty());
+  EXPECT_EQ(DTPicker1, (Date{2026, 11, 22}));
+  EXPECT_EQ(ProjectFileName, JobPath());
+  WriteSmallProject(Path("@/next.ovd"));
+  OpenFile(Path("@/next.ovd"));
+  EXPECT_EQ(window.Note, "");
 }
 
 TEST_F(OpenFileTest, An_error_in_drawing_the_first_section_is_told_and_the_project_is_open) {

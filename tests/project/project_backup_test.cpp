@@ -111,7 +111,6 @@ TEST_F(ProjectBackupTest, A_file_that_does_not_read_back_is_not_whole) {
     std::string Text;
   };
   const std::vector<Case> cases = {
-      {line::ProjectDate, "tomorrow"},
       {line::ItemCount, "-1 "},
       {line::ItemCount, " 3 "},
       {line::Length, " 32768 "},

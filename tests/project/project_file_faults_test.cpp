@@ -79,10 +79,9 @@ std::string ExpectedOfCut(const std::vector<std::string>& lines, std::size_t siz
 
   if (number > line::Lines1End) return "";
   if (inside) {
-    // The date, and a number line (one that begins with a blank or a minus sign), must make sense
-    // as far as they go. "1E-14" may end behind its 1 and its exponent's 1, and "-0.1" behind its 0
-    // and its point.
-    if (number == line::ProjectDate) return "Type mismatch";
+    // A number line (one that begins with a blank or a minus sign) must make sense as far as it
+    // goes. "1E-14" may end behind its 1 and its exponent's 1, and "-0.1" behind its 0 and its
+    // point.
     const bool isNumber = whole.size() > 1 && (whole.front() == ' ' || whole.front() == '-');
     if (isNumber && (part == " " || part == "-" || part.back() == 'E' || part == " 1E-")) {
       return "Type mismatch";

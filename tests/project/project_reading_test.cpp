@@ -259,6 +259,7 @@ TEST_F(ProjectFileTest, Other_date_lines_are_read_by_the_forms_that_fit) {
       {"dd.MM.yy", "2025-03-04", {2025, 3, 4}},    // the international form
       {"dd.MM.yyyy", "04/03/2025", {2025, 3, 4}},  // the form that every machine reads
       {"M/d/yyyy", "25/12/2024", {2024, 12, 25}},  // no month 25: again that form
+      {"dd/MM/yyyy", "12/25/24", {2024, 12, 25}},  // an office across the sea
   };
   for (const Case& each : cases) {
     desktop.DateForm = each.Form;
@@ -267,14 +268,24 @@ TEST_F(ProjectFileTest, Other_date_lines_are_read_by_the_forms_that_fit) {
   }
 }
 
-TEST_F(ProjectFileTest, A_line_that_is_no_date_is_an_error_and_leaves_the_date_and_the_tables) {
-  for (const char* text : {"", "tomorrow", "31/02/2024", "05/03/24x", "0"}) {
+TEST_F(ProjectFileTest, A_line_that_is_no_date_gives_todays_and_a_line_to_tell_of_it) {
+  desktop.Present = {{2026, 11, 22}, 9, 0, 0};
+  for (const std::string text : {"", "tomorrow", "31/02/2024", "05/03/24x", "0"}) {
     FillEarlierProject();
-    EXPECT_EQ(ErrorOfReading(With(SmallProjectLines(), line::ProjectDate, text)), "Type mismatch");
-    EXPECT_EQ(DTPicker1, (Date{2019, 12, 31})) << text;
-    EXPECT_EQ(txtProject.at(4), "K. Müller");
-    ExpectEarlierItems();
+    const std::string path = FreshFile(Joined(With(SmallProjectLines(), line::ProjectDate, text)));
+    const ProjectNotes notes = ReadProjectFile(path);
+    EXPECT_EQ(DTPicker1, (Date{2026, 11, 22})) << text;
+    EXPECT_EQ(notes.UnreadDate, text);
+    EXPECT_EQ(notes.Line(), "The date \"" + text + "\" can't be read; today's is in its place");
+    EXPECT_EQ(Items.UBound(), 2);
+    EXPECT_EQ(Items.At(1).Mark, "Z1");
   }
+}
+
+TEST_F(ProjectFileTest, A_line_that_is_a_date_gives_nothing_to_tell) {
+  const ProjectNotes notes = ReadProjectFile(FreshFile(Joined(SmallProjectLines())));
+  EXPECT_EQ(notes.UnreadDate, std::nullopt);
+  EXPECT_EQ(notes.Line(), "");
 }
 
 }  // namespace

@@ -52,6 +52,7 @@ class SectionLook : public SystemTest {
     void ShowFileName(const std::string&) override {}
     void ShowRecentFiles() override {}
     void ShowSectionErrors(const std::string& line) override { lines_.push_back(line); }
+    void ShowJobNote(const std::string&) override {}
     void ClearDrawing() override {}
     void RefreshProjectDetails() override {}
     void ShowProjectDetails() override {}

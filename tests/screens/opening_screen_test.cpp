@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QMenu>
 
+#include "core/dates.h"
 #include "project/project_file.h"
 #include "project/recent_files.h"
 #include "tests/screens/sections_fixture.h"
@@ -71,6 +72,30 @@ TEST_F(OpeningScreen, The_open_dialog_doesnt_read_the_folder_of_the_save_dialog)
   Settle();
   EXPECT_EQ(platform.OpenDialogs.front().InitialFolder, "");
   EXPECT_EQ(ProjectDirectory(), "/elsewhere/");
+}
+
+TEST_F(OpeningScreen, A_date_that_no_form_fits_is_told_in_a_quiet_line_and_becomes_todays) {
+  const std::string path = FileOf("job.ovd", {"A1"});
+  std::string bytes = BytesOf(path);
+  const std::string line = ProjectDateText(DTPicker1, "dd/MM/yyyy");
+  bytes.replace(bytes.find(line), line.size(), "5 Marzo 24");
+  TempFile("job.ovd", bytes);
+  platform.Present = {{2026, 11, 22}, 9, 0, 0};
+  auto& note = Find<QLabel>("lblJobNote");
+  EXPECT_FALSE(note.isVisible());
+  Open(path);
+  EXPECT_TRUE(dialogs.Boxes().empty());
+  EXPECT_EQ(DTPicker1, (Date{2026, 11, 22}));
+  EXPECT_TRUE(note.isVisible());
+  EXPECT_EQ(FromQt(note.text()), "The date \"5 Marzo 24\" can't be read; today's is in its place");
+  EXPECT_EQ(FileLabel(), path);
+  // It stays while the job is looked at, and goes with a save.
+  Press(Qt::Key_Tab);
+  Settle();
+  EXPECT_TRUE(note.isVisible());
+  Press(Qt::Key_S, Qt::ControlModifier);
+  Settle();
+  EXPECT_FALSE(note.isVisible());
 }
 
 TEST_F(OpeningScreen, A_cancelled_open_changes_nothing_and_says_nothing) {
