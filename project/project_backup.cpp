@@ -28,7 +28,6 @@ class FileCheck {
   void Number(std::int16_t& field) { field = file_.ReadInt16(); }
   void Number(float& field) { field = file_.ReadFloat(); }
   void Number(double& field) { field = file_.ReadDouble(); }
-  void Flag(int) { file_.ReadDouble(); }
 
   template <class Row>
   int Count(const Table<Row>&) {
@@ -50,6 +49,16 @@ class FileCheck {
   TextFile& file_;
 };
 
+// How many flags stand at the end of the file; raises an error for a line that is none.
+int CountFlags(TextFile& file) {
+  int flags = 0;
+  for (; !file.AtEnd(); ++flags) {
+    const double flag = file.ReadDouble();
+    if (flag != True && flag != False) throw RuntimeError(Failure::TypeMismatch);
+  }
+  return flags;
+}
+
 // Whether the last line has its line end. A carriage return is one only in a file that has no line
 // feeds: elsewhere it is the half of a line end that was cut.
 bool EndsItsLastLine(const std::string& bytes) {
@@ -67,15 +76,15 @@ ProjectContent CheckProjectContent(const std::string& bytes) {
   } catch (const RuntimeError&) {
     return ProjectContent::Broken;
   }
+  if (!EndsItsLastLine(bytes)) return ProjectContent::Cut;
+  if (file.AtEnd()) return ProjectContent::Old;
   try {
     DescribeType2Lines(check);
-    DescribeFlags(check);
+    const bool asMany = CountFlags(file) == AccType1Count + AccType2Count;
+    return asMany ? ProjectContent::Whole : ProjectContent::Old;
   } catch (const RuntimeError&) {
-    return ProjectContent::PerhapsCut;
+    return ProjectContent::Cut;
   }
-  // Without a catalogue nothing tells how many flags the file should have.
-  const bool flagsKnown = AccType1Count + AccType2Count > 0;
-  return flagsKnown && EndsItsLastLine(bytes) ? ProjectContent::Whole : ProjectContent::PerhapsCut;
 }
 
 void KeepProjectBackup(const std::string& path) {
@@ -85,9 +94,10 @@ void KeepProjectBackup(const std::string& path) {
     const std::string backup = path + ".bak";
     switch (CheckProjectContent(bytes)) {
       case ProjectContent::Whole:
+      case ProjectContent::Old:
         ReplaceWholeFile(backup, bytes);
         break;
-      case ProjectContent::PerhapsCut:
+      case ProjectContent::Cut:
         if (!IsRegularFile(backup)) ReplaceWholeFile(backup, bytes);
         break;
       case ProjectContent::Broken:

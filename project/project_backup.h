@@ -8,9 +8,13 @@ namespace orvane {
 
 enum class ProjectContent {
   Whole,  // reads to its end: the sections, the accessory lines, a flag for every accessory
-  // Opens without a word, but what stands behind the type 1 lines ends early or doesn't read: an
-  // older file, a cut one, or one with a comma in a plain text. They can't be told apart.
-  PerhapsCut,
+  // Whole as it was written, by an older program or with another catalogue: it ends behind the type
+  // 1 lines, or has fewer or more flags than the present catalogue has accessories.
+  Old,
+  // Opens without a word, but its last line has no line end, or what stands behind the type 1 lines
+  // doesn't read: a count or a block that isn't complete, a flag other than -1 or 0. It was cut, or
+  // has a comma in a plain text.
+  Cut,
   Broken,  // doesn't open
 };
 
@@ -19,10 +23,10 @@ enum class ProjectContent {
 ProjectContent CheckProjectContent(const std::string& bytes);
 
 // Copies the content of `path` to PATH.bak, synced and then put in place in one step, so that
-// nobody loses work by a save that fails half-way. Only an ordinary file that reads back whole is
-// copied, lest a half-written file replace a good backup; one that opens but may be cut is copied
-// where no backup stands yet, since saving it is how the rest of it would be lost. What goes wrong
-// is passed over: a missing backup must not stop the saving.
+// nobody loses work by a save that fails half-way. Only an ordinary file that reads back whole, an
+// old one too, is copied, lest a half-written file replace a good backup; one that opens but was
+// cut is copied where no backup stands yet, since saving it is how the rest of it would be lost.
+// What goes wrong is passed over: a missing backup must not stop the saving.
 void KeepProjectBackup(const std::string& path);
 
 }  // namespace orvane

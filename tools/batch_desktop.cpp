@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <ostream>
 #include <stdexcept>
 
+#include "core/files.h"
 #include "core/numbers.h"
 #include "core/system_dates.h"
 #include "output/validation.h"
@@ -31,7 +33,48 @@ std::string Printable(std::string text) {
 }  // namespace
 
 void Console::Say(std::string_view text) {
-  const std::string front = job_.empty() ? "" : job_ + ": ";
+  WriteLines(several_ ? job_ + ": " : "", text);
+}
+
+void Console::SayError(std::string_view text) {
+  WriteLines(job_.empty() ? "" : job_ + ": ", text);
+}
+
+void Console::SayFault(const std::string& file, std::string_view description) {
+  WriteLine(file + ": ", description);
+}
+
+void Console::Pass(std::string_view lines) {
+  ClearProgress();
+  *stream_ << lines << std::flush;
+}
+
+bool Console::Try(const std::string& file, const std::function<void()>& step) {
+  try {
+    step();
+    return true;
+  } catch (const std::exception& error) {
+    SayFault(file, error.what());
+    return false;
+  }
+}
+
+void Console::ShowProgress(int job, int jobs, const std::string& name) {
+  if (!terminal_) return;
+  ClearProgress();
+  *stream_ << Printable("Job " + FormatNumber(static_cast<double>(job), 0) + " of " +
+                        FormatNumber(static_cast<double>(jobs), 0) + ": " + name)
+           << std::flush;
+  progressShown_ = true;
+}
+
+void Console::ClearProgress() {
+  // Back to the line's start, and erase it to its end.
+  if (progressShown_) *stream_ << "\r\x1b[K" << std::flush;
+  progressShown_ = false;
+}
+
+void Console::WriteLines(const std::string& front, std::string_view text) {
   for (;;) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
     WriteLine(front, text.substr(0, end));
@@ -40,28 +83,9 @@ void Console::Say(std::string_view text) {
   }
 }
 
-void Console::SayFault(const std::string& file, std::string_view description) {
-  WriteLine(file + ": ", description);
-}
-
-void Console::ShowProgress(int job, int jobs, const std::string& name) {
-  if (!terminal_) return;
-  ClearProgress();
-  stream_ << Printable("Job " + FormatNumber(static_cast<double>(job), 0) + " of " +
-                       FormatNumber(static_cast<double>(jobs), 0) + ": " + name)
-          << std::flush;
-  progressShown_ = true;
-}
-
-void Console::ClearProgress() {
-  // Back to the line's start, and erase it to its end.
-  if (progressShown_) stream_ << "\r\x1b[K" << std::flush;
-  progressShown_ = false;
-}
-
 void Console::WriteLine(const std::string& front, std::string_view text) {
   ClearProgress();
-  stream_ << Printable(front + std::string(text)) << std::endl;
+  *stream_ << Printable(front + std::string(text)) << std::endl;
 }
 
 BatchSettings::BatchSettings(const std::string& file) {
@@ -85,6 +109,14 @@ void BatchDesktop::BeginJob(const std::string& chosenFile) {
   told_.clear();
 }
 
+void BatchDesktop::ShowError(const std::string& file, const std::string& description) {
+  if (file.empty()) {
+    if (told_.insert("\n" + description).second) console_.SayError(description);
+  } else if (told_.insert(file + "\n" + description).second) {
+    console_.SayFault(AbsolutePath(file), description);
+  }
+}
+
 Answer BatchDesktop::ShowMessageBox(const std::string& text, const std::string& title,
                                     Buttons buttons, Icon) {
   if (buttons == Buttons::Ok && !told_.insert(title + "\n" + text).second) return Answer::Ok;
@@ -104,7 +136,7 @@ Answer BatchDesktop::ShowMessageBox(const std::string& text, const std::string& 
 }
 
 std::string BatchDesktop::ShortDateForm() const {
-  return SystemShortDateForm();
+  return answers_.DateForm.empty() ? SystemShortDateForm() : answers_.DateForm;
 }
 
 Moment BatchDesktop::Now() const {
@@ -112,8 +144,8 @@ Moment BatchDesktop::Now() const {
 }
 
 void BatchScreen::ShowExportErrors() {
-  console_.Say("Validation Errors");
-  for (const std::string& line : ExportErrors) console_.Say(line);
+  console_.SayError("Validation Errors");
+  for (const std::string& line : ExportErrors) console_.SayError(line);
 }
 
 void BatchScreen::PreviewInto(DocumentWriter& writer, const DocumentFiles& files) {

@@ -2,6 +2,7 @@
 // on the command line.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <set>
@@ -15,30 +16,51 @@
 
 namespace orvane {
 
-// Lines for a person on standard error. While a job is named, its name stands in front of each.
+// Lines for a person on standard error.
 class Console {
  public:
   // On a terminal there is a progress line too, which the next line takes away.
-  Console(std::ostream& stream, bool terminal) : stream_(stream), terminal_(terminal) {}
+  Console(std::ostream& stream, bool terminal) : stream_(&stream), terminal_(terminal) {}
 
-  void NameJob(const std::string& job) { job_ = job; }
+  // Writes there from now on, which is no terminal.
+  void Redirect(std::ostream& stream) {
+    stream_ = &stream;
+    terminal_ = false;
+    progressShown_ = false;
+  }
+
+  // The job that is spoken of from now on: its name stands in front of each error, and of each
+  // other line too if it is one of several.
+  void NameJob(const std::string& job, bool several) {
+    job_ = job;
+    several_ = several;
+  }
 
   // A text of one or more lines, each ended by a carriage return, a line feed or both. Control
   // characters, which a job's texts may hold, become blanks, so that they can't steer the terminal.
   void Say(std::string_view text);
+  // The same of an error of the job.
+  void SayError(std::string_view text);
   // A fault of a named file.
   void SayFault(const std::string& file, std::string_view description);
+  // Lines as they stand.
+  void Pass(std::string_view lines);
+
+  // Does one step with a file; false, with the fault told under the file's name, if it failed.
+  bool Try(const std::string& file, const std::function<void()>& step);
 
   void ShowProgress(int job, int jobs, const std::string& name);
   void ClearProgress();
 
  private:
+  void WriteLines(const std::string& front, std::string_view text);
   void WriteLine(const std::string& front, std::string_view text);
 
-  std::ostream& stream_;
+  std::ostream* stream_;  // not owned
   bool terminal_;
   bool progressShown_ = false;
   std::string job_;
+  bool several_ = false;
 };
 
 // The settings of a user's file, or the defaults without one. What is stored is remembered until
@@ -61,6 +83,7 @@ struct BatchAnswers {
   bool Sleeves = false;           // to each question
   std::optional<Moment> Created;  // the present moment; none for the clock's
   std::string SettingsFile;       // empty for the defaults
+  std::string DateForm;           // empty for the system's
 };
 
 class BatchDesktop : public HeadlessDesktop {
@@ -73,6 +96,7 @@ class BatchDesktop : public HeadlessDesktop {
 
   // A message that the job has told already isn't told again: a sheet may repeat it line by line.
 
+  void ShowError(const std::string& file, const std::string& description) override;
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog&) override { return chosenFile_; }

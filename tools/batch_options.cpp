@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "core/dates.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
@@ -24,6 +25,18 @@ bool SetSleeves(BatchOptions& options, const std::string& value) {
 bool SetCreated(BatchOptions& options, const std::string& value) {
   options.Created = ParseMoment(value);
   return options.Created.has_value();
+}
+
+bool SetWorkers(BatchOptions& options, const std::string& value) {
+  constexpr int most = 256;
+  std::string_view digits = value;
+  options.Workers = TakeDigits(digits, 3);
+  return digits.empty() && options.Workers >= 1 && options.Workers <= most;
+}
+
+bool SetDateForm(BatchOptions& options, const std::string& value) {
+  options.DateForm = value;
+  return CanBeProjectDateForm(value);
 }
 
 bool SetDrawingWidth(BatchOptions& options, const std::string& value) {
@@ -47,7 +60,7 @@ struct ValueOption {
   bool (*Set)(BatchOptions& options, const std::string& value);
 };
 
-constexpr std::array<ValueOption, 7> ValueOptions = {{
+constexpr std::array<ValueOption, 9> ValueOptions = {{
     {"--catalogue", "a folder", SetText<&BatchOptions::CatalogueFolder>},
     {"--out", "a folder", SetText<&BatchOptions::OutFolder>},
     {"--created", "a moment of the form YYYY-MM-DDTHH:MM:SS", SetCreated},
@@ -55,6 +68,8 @@ constexpr std::array<ValueOption, 7> ValueOptions = {{
     {"--drawing-width", "a number of millimetres from 0 to 32767", SetDrawingWidth},
     {"--settings", "a file", SetText<&BatchOptions::SettingsFile>},
     {"--resave", "a file", SetText<&BatchOptions::Resave>},
+    {"--jobs", "a number from 1 to 256", SetWorkers},
+    {"--date-form", "a form of day, month and year in figures, such as dd.MM.yyyy", SetDateForm},
 }};
 
 struct FlagOption {
@@ -62,12 +77,13 @@ struct FlagOption {
   bool BatchOptions::*Flag;
 };
 
-constexpr std::array<FlagOption, 5> FlagOptions = {{
+constexpr std::array<FlagOption, 6> FlagOptions = {{
     {"--cam", &BatchOptions::Cam},
     {"--sheets", &BatchOptions::Sheets},
     {"--svg", &BatchOptions::Svg},
     {"--accessory-sheets", &BatchOptions::AccessorySheets},
     {"--summary", &BatchOptions::Summary},
+    {"--allow-cut", &BatchOptions::AllowCut},
 }};
 
 // Sets the flag of that name; false if there is none.
@@ -113,8 +129,12 @@ std::string JobName(const std::string& job) {
   return name;
 }
 
-std::string SvgBeginning(const std::string& job) {
-  return JobName(job) + "-sheet-";
+constexpr std::string_view SvgMiddle = "-sheet-";
+
+// `name` is a job's without its extension.
+std::string NameOfSvg(const std::string& name, int sheet) {
+  constexpr std::size_t width = 3;  // so that the sheets of most jobs sort by name
+  return name + std::string(SvgMiddle) + PaddedText(sheet, width) + ".svg";
 }
 
 CommandLine Faulty(const std::string& fault) {
@@ -190,17 +210,17 @@ std::string DocumentTitle(const std::string& job, std::string_view document) {
 }
 
 std::string SvgFileName(const std::string& job, int sheet) {
-  constexpr std::size_t width = 3;  // so that the sheets of most jobs sort by name
-  return SvgBeginning(job) + PaddedText(sheet, width) + ".svg";
+  return NameOfSvg(JobName(job), sheet);
 }
 
-int SvgSheetOf(const std::string& job, const std::string& name) {
+SvgName SvgNameOf(const std::string& name) {
   constexpr std::size_t mostDigits = 9;
-  const std::string beginning = SvgBeginning(job);
-  if (name.substr(0, beginning.size()) != beginning) return 0;
-  std::string_view number = std::string_view(name).substr(beginning.size());
+  const std::size_t middle = name.rfind(SvgMiddle);
+  if (middle == std::string::npos) return {};
+  std::string_view number = std::string_view(name).substr(middle + SvgMiddle.size());
   const int sheet = TakeDigits(number, mostDigits);
-  return sheet > 0 && name == SvgFileName(job, sheet) ? sheet : 0;
+  const std::string job = name.substr(0, middle);
+  return sheet > 0 && name == NameOfSvg(job, sheet) ? SvgName{job, sheet} : SvgName{};
 }
 
 bool AsksForPages(const BatchOptions& options) {
@@ -223,21 +243,11 @@ std::vector<std::string> ResultNames(const BatchOptions& options, const std::str
 std::string JobsFault(const BatchOptions& options) {
   const std::vector<std::string>& jobs = options.Jobs;
   if (!options.Resave.empty() && jobs.size() > 1) return "--resave takes one job";
-  for (std::size_t later = 1; later < jobs.size(); ++later) {
-    const std::vector<std::string> names = ResultNames(options, jobs.at(later));
-    for (std::size_t earlier = 0; earlier < later; ++earlier) {
-      const std::vector<std::string> others = ResultNames(options, jobs.at(earlier));
-      for (std::size_t i = 0; i < names.size(); ++i) {
-        if (!SameName(names.at(i), others.at(i))) continue;
-        return jobs.at(earlier) + " and " + jobs.at(later) + " would both write " + names.at(i);
-      }
-    }
-  }
   return "";
 }
 
-std::string HelpText() {
-  return R"(Usage: orvane-batch [OPTION]... --cam JOB.ovd...
+std::string HelpText(const std::string& dateForm) {
+  std::string text = R"(Usage: orvane-batch [OPTION]... --cam JOB.ovd...
        orvane-batch [OPTION]... --sheets JOB.ovd...
        orvane-batch [OPTION]... --svg JOB.ovd...
        orvane-batch [OPTION]... --accessory-sheets JOB.ovd...
@@ -263,11 +273,18 @@ stands for all the jobs in it.
   --drawing-width MM     the room for the elevation on a sheet, as if a section had been drawn
                          (default: 0, nothing drawn yet)
   --settings FILE        read the settings from this file (default: every setting's default)
+  --jobs N               work on that many jobs at a time (default: 1)
+  --allow-cut            take a job that is cut off behind its sections as it is
+  --date-form FORM       how the jobs' dates are written (default: as the system's country writes
+                         them; here DATE-FORM)
   --help, --version      show this text, or the version, and end
 
-Exit: 0 done; 1 refused by the check; 2 a command line that can't be followed; 3 a file that can't be
-read or written. With more than one job all are tried, and the highest of their codes is returned.
+Exit: 0 done; 1 refused by the check; 2 a command line that can't be followed, or jobs that would write
+one file; 3 a file that can't be read or written. With more than one job all are tried, and the highest
+of their codes is returned.
 )";
+  const std::string_view place = "DATE-FORM";
+  return text.replace(text.find(place), place.size(), ProjectDateForm(dateForm));
 }
 
 }  // namespace orvane

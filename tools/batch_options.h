@@ -25,6 +25,9 @@ struct BatchOptions {
   std::string SettingsFile;       // empty for the defaults
   std::optional<Moment> Created;  // the moment to work at; none for the present one
   bool Sleeves = false;           // the answer to each question about missing sleeves
+  bool AllowCut = false;          // take a job that is cut off behind its sections as it is
+  int Workers = 1;                // jobs worked on at a time
+  std::string DateForm;           // of the jobs' dates; empty for the system's
   std::int16_t DrawingWidth = 0;  // room for the elevation on a sheet, mm; 0 before any drawing
 };
 
@@ -41,8 +44,8 @@ struct CommandLine {
 // the reading.
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
-// What "--help" shows.
-std::string HelpText();
+// What "--help" shows; `dateForm` is the short date form that dates have.
+std::string HelpText(const std::string& dateForm);
 
 // True for the name of a project file, which ends in ".ovd".
 bool IsJobName(const std::string& name);
@@ -63,8 +66,13 @@ std::string SvgFileName(const std::string& job, int sheet);
 // documents it is.
 std::string DocumentTitle(const std::string& job, std::string_view document);
 
-// The number of the sheet of the job whose SVG has exactly that name; 0 for any other name.
-int SvgSheetOf(const std::string& job, const std::string& name);
+// The job, without its extension, and the sheet whose SVG has exactly that name; sheet 0 for any
+// other name.
+struct SvgName {
+  std::string Job;
+  int Sheet = 0;
+};
+SvgName SvgNameOf(const std::string& name);
 
 // Whether the options ask for anything that is drawn.
 bool AsksForPages(const BatchOptions& options);
@@ -72,8 +80,7 @@ bool AsksForPages(const BatchOptions& options);
 // The names of the files that the options make of a job, without a folder; of the SVGs the first.
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job);
 
-// Why the jobs can't be done together: two of them would write one file, or a resave has several.
-// Empty if they can.
+// Why the jobs can't be done together: a resave has several. Empty if they can.
 std::string JobsFault(const BatchOptions& options);
 
 }  // namespace orvane

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <limits>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -98,9 +99,15 @@ TEST_F(ProjectBackupTest, A_file_cut_at_any_byte_is_not_whole) {
   // The last type 1 line opens without its line end and the blank in front of that; from there on
   // a file opens wherever it is cut.
   const std::size_t opens = Joined(First(SmallProjectLines(), line::Lines1End)).size() - 3;
+  // Behind the type 1 lines, and behind the type 2 lines and each flag, it ends as old ones did.
+  std::set<std::size_t> ends = {Joined(First(SmallProjectLines(), line::Lines1End)).size()};
+  for (int kept = line::Lines2End; kept < line::LastFlag; ++kept) {
+    ends.insert(Joined(First(SmallProjectLines(), kept)).size());
+  }
   for (std::size_t size = 0; size < whole.size(); ++size) {
+    const ProjectContent behind = ends.count(size) == 1 ? ProjectContent::Old : ProjectContent::Cut;
     EXPECT_EQ(CheckProjectContent(whole.substr(0, size)),
-              size >= opens ? ProjectContent::PerhapsCut : ProjectContent::Broken)
+              size >= opens ? behind : ProjectContent::Broken)
         << "cut behind " << size << " bytes";
   }
 }
@@ -126,24 +133,35 @@ TEST_F(ProjectBackupTest, A_file_that_does_not_read_back_is_not_whole) {
       {line::FirstFlag, "x"},
       {line::LastFlag, "x"},
       {line::LastFlag, ""},
+      {line::LastFlag, " 1 "},
+      {line::FirstFlag, " 7 "},
       {line::Mark, "\"never closed"},
       {line::Lines2End - 3, "x"},
   };
   for (const Case& each : cases) {
     EXPECT_EQ(CheckProjectContent(Joined(With(SmallProjectLines(), each.Line, each.Text))),
-              each.Line <= line::Lines1End ? ProjectContent::Broken : ProjectContent::PerhapsCut)
+              each.Line <= line::Lines1End ? ProjectContent::Broken : ProjectContent::Cut)
         << each.Line << " " << each.Text;
   }
   EXPECT_EQ(CheckProjectContent(""), ProjectContent::Broken);
 }
 
-TEST_F(ProjectBackupTest, More_flags_than_the_catalogue_has_are_fine_and_fewer_are_not_sure) {
+TEST_F(ProjectBackupTest, A_file_of_another_catalogue_is_an_old_one) {
   SetCatalogue(1, 1);
-  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::Whole);
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::Old);
   SetCatalogue(3, 2);
-  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::PerhapsCut);
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::Old);
   SetCatalogue(0, 0);  // nothing tells how many there should be
-  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::PerhapsCut);
+  EXPECT_EQ(CheckProjectContent(Whole()), ProjectContent::Old);
+  // A flag that the catalogue knows nothing of must be one all the same.
+  SetCatalogue(1, 1);
+  EXPECT_EQ(CheckProjectContent(Joined(With(SmallProjectLines(), line::LastFlag, "x"))),
+            ProjectContent::Cut);
+}
+
+TEST_F(ProjectBackupTest, A_date_that_no_form_fits_makes_no_file_unsound) {
+  EXPECT_EQ(CheckProjectContent(Joined(With(SmallProjectLines(), line::ProjectDate, "tomorrow"))),
+            ProjectContent::Whole);
 }
 
 TEST_F(ProjectBackupTest, A_whole_file_replaces_the_backup) {
@@ -155,10 +173,16 @@ TEST_F(ProjectBackupTest, A_whole_file_replaces_the_backup) {
 TEST_F(ProjectBackupTest, A_half_written_file_never_replaces_a_backup) {
   TempFile("job.ovd.bak", "a good backup");
   for (std::size_t size = 0; size < Whole().size(); size += 7) {
-    SaveOver(Whole().substr(0, size));
+    const std::string part = Whole().substr(0, size);
+    if (CheckProjectContent(part) == ProjectContent::Old) continue;
+    SaveOver(part);
     EXPECT_EQ(BytesOf(Backup()), "a good backup") << "cut behind " << size << " bytes";
   }
-  for (int kept = 0; kept < line::LastFlag; ++kept) {
+  for (int kept = 0; kept < line::Lines1End; ++kept) {
+    SaveOver(Joined(First(SmallProjectLines(), kept)));
+    EXPECT_EQ(BytesOf(Backup()), "a good backup") << "cut behind line " << kept;
+  }
+  for (int kept = line::Lines1End + 1; kept < line::Lines2End; ++kept) {
     SaveOver(Joined(First(SmallProjectLines(), kept)));
     EXPECT_EQ(BytesOf(Backup()), "a good backup") << "cut behind line " << kept;
   }
@@ -173,12 +197,16 @@ TEST_F(ProjectBackupTest, A_half_written_file_makes_no_backup) {
   EXPECT_FALSE(std::filesystem::exists(Backup()));
 }
 
-TEST_F(ProjectBackupTest, A_file_that_ends_like_an_older_one_is_kept_where_no_backup_stands) {
+TEST_F(ProjectBackupTest, A_file_that_ends_like_an_older_one_is_whole_for_the_backup) {
   const std::string old = Joined(First(SmallProjectLines(), line::Lines1End));
   SaveOver(old);
   EXPECT_EQ(BytesOf(Backup()), old);
-  SaveOver(Joined(First(SmallProjectLines(), line::LastFlag - 1)));
-  EXPECT_EQ(BytesOf(Backup()), old);
+  const std::string fewer = Joined(First(SmallProjectLines(), line::LastFlag - 1));
+  SaveOver(fewer);
+  EXPECT_EQ(BytesOf(Backup()), fewer);
+  const std::string more = Joined(SmallProjectLines()) + " 0 \r\n-1 \r\n";
+  SaveOver(more);
+  EXPECT_EQ(BytesOf(Backup()), more);
 }
 
 TEST_F(ProjectBackupTest,

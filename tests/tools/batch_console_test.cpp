@@ -23,13 +23,17 @@ class BatchConsole : public test::CompanionTest {};
 TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
   const Outcome help = RunProgram(ORVANE_BATCH, {"--help"});
   EXPECT_EQ(help.Code, 0);
-  EXPECT_EQ(help.Out, HelpText());
+  EXPECT_EQ(help.Out, HelpText("dd/MM/yyyy"));
   EXPECT_EQ(help.Err, "");
   for (const char* option :
        {"--cam", "--resave FILE", "--out DIR", "--catalogue DIR", "--sleeves yes|no", "--created",
-        "--drawing-width MM", "--settings FILE", "--help, --version"}) {
+        "--drawing-width MM", "--settings FILE", "--jobs N", "--allow-cut", "--date-form FORM",
+        "--help, --version"}) {
     EXPECT_NE(help.Out.find(std::string("\n  ") + option), std::string::npos) << option;
   }
+  EXPECT_NE(help.Out.find("here dd/MM/yyyy)"), std::string::npos);
+  const Outcome other = RunProgram(ORVANE_BATCH, {"--date-form", "d.M.yy", "--help"});
+  EXPECT_NE(other.Out.find("here d.M.yyyy)"), std::string::npos);
   const Outcome version = RunProgram(ORVANE_BATCH, {"--version"});
   EXPECT_EQ(version.Code, 0);
   EXPECT_EQ(version.Out, "orvane-batch 1.0.0\n");
@@ -43,14 +47,16 @@ TEST_F(BatchConsole, On_a_terminal_several_jobs_have_a_progress_line) {
   const Outcome outcome = RunOnTerminal({"--cam", "a.ovd", "b.ovd"});
   EXPECT_EQ(outcome.Code, 0);
   EXPECT_EQ(outcome.Err,
-            "Job 1 of 2: a.ovd\r\x1b[Ka.ovd: CAM export complete\n"
-            "Job 2 of 2: b.ovd\r\x1b[Kb.ovd: CAM export complete\n");
+            "Job 1 of 2: a.ovd\r\x1b[Ka.ovd: CAM export complete\na.ovd: " + Path("a.xov") +
+                "\nJob 2 of 2: b.ovd\r\x1b[Kb.ovd: CAM export complete\nb.ovd: " + Path("b.xov") +
+                "\n");
+  EXPECT_EQ(RunOnTerminal({"--jobs", "2", "--cam", "a.ovd", "b.ovd"}).Err, outcome.Err);
 }
 
 TEST_F(BatchConsole, On_a_terminal_a_single_job_has_none) {
   if (!HasTerminal()) GTEST_SKIP() << "skipped: no pseudo-terminal here";
   File("a.ovd", JobOf({Purlin()}));
-  EXPECT_EQ(RunOnTerminal({"--cam", "a.ovd"}).Err, "CAM export complete\n");
+  EXPECT_EQ(RunOnTerminal({"--cam", "a.ovd"}).Err, "CAM export complete\n" + Path("a.xov") + "\n");
 }
 
 TEST_F(BatchConsole, A_progress_line_without_a_message_behind_it_is_taken_away) {
@@ -67,11 +73,27 @@ TEST_F(BatchConsole, Every_line_of_a_text_bears_the_jobs_name) {
   std::ostringstream stream;
   Console console(stream, false);
   console.Say("one\rtwo\nthree\r\nfour");
-  console.NameJob("a.ovd");
+  console.SayError("no job yet");
+  console.NameJob("a.ovd", true);
   console.Say("five\rsix");
   console.SayFault("b.ovd", "File not found");
   EXPECT_EQ(stream.str(),
-            "one\ntwo\nthree\nfour\na.ovd: five\na.ovd: six\nb.ovd: File not found\n");
+            "one\ntwo\nthree\nfour\nno job yet\na.ovd: five\na.ovd: six\n"
+            "b.ovd: File not found\n");
+}
+
+TEST_F(BatchConsole, Every_error_names_a_file_even_of_a_single_job) {
+  std::ostringstream stream;
+  Console console(stream, false);
+  BatchDesktop desk(console, {});
+  console.NameJob("a.ovd", false);
+  desk.BeginJob("a.xov");
+  console.Say("Sheets complete");
+  desk.ShowError("", "P1: Overflow\rP2: Overflow");
+  desk.ShowError("/to/a.xov", "Disk full");
+  desk.ShowError("/to/a.xov", "Disk full");
+  EXPECT_EQ(stream.str(),
+            "Sheets complete\na.ovd: P1: Overflow\na.ovd: P2: Overflow\n/to/a.xov: Disk full\n");
 }
 
 TEST_F(BatchConsole, Control_characters_of_a_jobs_texts_do_not_reach_the_terminal) {
@@ -88,12 +110,13 @@ TEST_F(BatchConsole, The_desktop_answers_every_box_by_what_was_settled) {
   Console console(stream, false);
   BatchDesktop no(console, {});
   EXPECT_EQ(no.ShowMessageBox("Go on?", "", Buttons::YesNo, Icon::None), Answer::No);
-  BatchDesktop yes(console, {true, Moment{{2024, 3, 5}, 14, 7, 9}, ""});
+  BatchDesktop yes(console, {true, Moment{{2024, 3, 5}, 14, 7, 9}, "", "dd.MM.yy"});
   EXPECT_EQ(yes.ShowMessageBox("Go on?", "", Buttons::YesNo, Icon::None), Answer::Yes);
   EXPECT_EQ(yes.ShowMessageBox("Save?", "Title", Buttons::YesNoCancel, Icon::None), Answer::Cancel);
   EXPECT_EQ(yes.ShowMessageBox("Done", "", Buttons::Ok, Icon::Stop), Answer::Ok);
   EXPECT_EQ(stream.str(), "Go on? No\nGo on? Yes\nTitle\nSave? Cancel\nDone\n");
 
+  EXPECT_EQ(yes.ShortDateForm(), "dd.MM.yy");
   yes.BeginJob("a.xov");
   EXPECT_EQ(yes.ShowOpenDialog({}), "a.xov");
   EXPECT_EQ(yes.ShowSaveDialog({}), "a.xov");

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <string>
@@ -52,7 +53,7 @@ TEST_F(BatchExport, A_job_with_sections_gives_the_CAM_file_alone) {
   const Outcome outcome = Run({"--created", CreatedMoment, "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 0);
   EXPECT_EQ(outcome.Out, "");
-  EXPECT_EQ(outcome.Err, "CAM export complete\n");
+  EXPECT_EQ(outcome.Err, "CAM export complete\n" + Path("a.xov") + "\n");
   EXPECT_EQ(BytesOf(Path("a.xov")), CamOf(PurlinBlock()));
   EXPECT_FALSE(Exists("a.xac"));
 }
@@ -61,7 +62,7 @@ TEST_F(BatchExport, A_job_with_accessories_gives_the_list_beside_the_CAM_file) {
   File("a.ovd", JobOf({Purlin()}, SleeveTail()));
   const Outcome outcome = Run({"--created", CreatedMoment, "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 0);
-  EXPECT_EQ(outcome.Err, "CAM export complete\n");
+  EXPECT_EQ(outcome.Err, "CAM export complete\n" + Path("a.xov") + "\n" + Path("a.xac") + "\n");
   EXPECT_EQ(BytesOf(Path("a.xov")), CamOf(Both(PurlinBlock(), SleeveBlock)));
   EXPECT_EQ(BytesOf(Path("a.xac")), SleeveList());
 }
@@ -129,7 +130,9 @@ TEST_F(BatchExport, Two_jobs_are_exported_each_with_its_name_in_front_of_its_mes
   const Outcome outcome =
       Run({"--created", CreatedMoment, "--out", "to", "--cam", "a.ovd", "sub/b.ovd"});
   EXPECT_EQ(outcome.Code, 0);
-  EXPECT_EQ(outcome.Err, "a.ovd: CAM export complete\nsub/b.ovd: CAM export complete\n");
+  EXPECT_EQ(outcome.Err, "a.ovd: CAM export complete\na.ovd: " + Path("to/a.xov") +
+                             "\nsub/b.ovd: CAM export complete\nsub/b.ovd: " + Path("to/b.xov") +
+                             "\n");
   EXPECT_EQ(BytesOf(Path("to/a.xov")), CamOf(PurlinBlock()));
   EXPECT_EQ(BytesOf(Path("to/b.xov")),
             CamOf({"PURLIN", "P7", "Z20015", "2", "1000", "0", "0.0 0.0", "0", ""}));
@@ -152,11 +155,11 @@ TEST_F(BatchExport, A_refused_job_shows_the_lines_of_the_check) {
   const Outcome outcome = Run({"--out", "to", "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 1);
   EXPECT_EQ(outcome.Err,
-            "Validation Errors\n"
-            "Item 1:  No mark\n"
-            "Item 1:  Zero length\n"
-            "Item 1:  Zero quantity\n"
-            "Item 3: P3 Zero length\n");
+            "a.ovd: Validation Errors\n"
+            "a.ovd: Item 1:  No mark\n"
+            "a.ovd: Item 1:  Zero length\n"
+            "a.ovd: Item 1:  Zero quantity\n"
+            "a.ovd: Item 3: P3 Zero length\n");
   EXPECT_TRUE(std::filesystem::is_empty(Path("to")));
 }
 
@@ -172,7 +175,8 @@ TEST_F(BatchExport, A_missing_sleeve_is_asked_about_and_by_default_not_borne) {
     arguments.insert(arguments.end(), {"--cam", "a.ovd"});
     const Outcome outcome = Run(arguments);
     EXPECT_EQ(outcome.Code, 1);
-    EXPECT_EQ(outcome.Err, question + "No\nValidation Errors\nItem 1: P1 No sleeves\n");
+    EXPECT_EQ(outcome.Err,
+              question + "No\na.ovd: Validation Errors\na.ovd: Item 1: P1 No sleeves\n");
     EXPECT_FALSE(Exists("a.xov"));
   }
 }
@@ -189,7 +193,8 @@ TEST_F(BatchExport, Yes_to_the_sleeves_goes_on_with_every_section) {
             "Checking Data\n"
             "Item 2: P2 requires sleeves and none were found\n"
             "Do you wish to continue with the export? Yes\n"
-            "CAM export complete\n");
+            "CAM export complete\n" +
+                Path("a.xov") + "\n");
   EXPECT_TRUE(Exists("a.xov"));
 }
 
@@ -202,7 +207,9 @@ TEST_F(BatchExport, Of_several_jobs_all_are_tried_and_the_worst_end_counts) {
             "refused.ovd: Validation Errors\n"
             "refused.ovd: Item 1: P1 Zero length\n"
             "missing.ovd: File not found\n"
-            "good.ovd: CAM export complete\n");
+            "good.ovd: CAM export complete\n"
+            "good.ovd: " +
+                Path("to/good.xov") + "\n");
   EXPECT_TRUE(Exists("to/good.xov"));
   EXPECT_EQ(Run({"--out", "to", "--cam", "good.ovd", "refused.ovd"}).Code, 1);
 }
@@ -223,7 +230,7 @@ TEST_F(BatchExport, With_a_drawing_width_a_gap_that_cannot_be_widened_stops_the_
   File("a.ovd", CloseHoles());
   const Outcome outcome = Run({"--drawing-width", "180", "--cam", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_EQ(outcome.Err, "P1: Division by zero\n");
+  EXPECT_EQ(outcome.Err, "a.ovd: P1: Division by zero\n");
   EXPECT_FALSE(Exists("a.xov"));
 }
 
@@ -266,6 +273,80 @@ TEST_F(BatchExport, Resave_over_the_job_itself_keeps_the_former_content_beside_i
   EXPECT_EQ(Run({"--resave", "a.ovd", "a.ovd"}).Code, 0);
   EXPECT_EQ(BytesOf(Path("a.ovd")), JobOf({Purlin()}));
   EXPECT_EQ(BytesOf(Path("a.ovd.bak")), old);
+}
+
+TEST_F(BatchExport, A_pipe_is_a_job_and_is_read_once) {
+  const std::string job = JobOf({Purlin()}, SleeveTail());
+  File("a.txt", job);
+  const std::string command = "cat a.txt | " ORVANE_BATCH " --catalogue '" + catalogue +
+                              "' --created " + CreatedMoment + " --out to --cam /dev/stdin";
+  const Outcome outcome = RunProgram("/bin/sh", {"-c", command});
+  EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+  EXPECT_EQ(BytesOf(Path("to/stdin.xov")), CamOf(Both(PurlinBlock(), SleeveBlock)));
+  EXPECT_EQ(BytesOf(Path("to/stdin.xac")), SleeveList());
+
+  // What comes through a pipe is gone: a second look would find nothing, or wait for ever.
+  ASSERT_EQ(mkfifo(Path("b.ovd").c_str(), 0600), 0);
+  const std::string through = "cat a.txt > b.ovd & " ORVANE_BATCH " --catalogue '" + catalogue +
+                              "' --created " + CreatedMoment + " --cam b.ovd";
+  EXPECT_EQ(RunProgram("/bin/sh", {"-c", through}).Code, 0);
+  EXPECT_EQ(BytesOf(Path("b.xov")), CamOf(Both(PurlinBlock(), SleeveBlock)));
+}
+
+TEST_F(BatchExport, A_job_from_another_office_is_read_by_the_form_of_its_date) {
+  std::string job = JobOf({Purlin()});
+  job.replace(job.find("05/03/2024"), 10, "3-5-2024");
+  File("a.ovd", job);
+  const Outcome unread = Run({"--created", "2026-11-22T06:00:00", "--cam", "a.ovd"});
+  EXPECT_EQ(unread.Code, 0);
+  EXPECT_EQ(unread.Err,
+            "The date \"3-5-2024\" can't be read; today's is in its place\n"
+            "CAM export complete\n" +
+                Path("a.xov") + "\n");
+  EXPECT_NE(BytesOf(Path("a.xov")).find("* Date:       22/11/26\r\n"), std::string::npos);
+
+  EXPECT_EQ(Run({"--date-form", "M-d-yyyy", "--cam", "a.ovd"}).Code, 0);
+  EXPECT_NE(BytesOf(Path("a.xov")).find("* Date:       05/03/24\r\n"), std::string::npos);
+  EXPECT_EQ(Run({"--date-form", "d-M-yyyy", "--cam", "a.ovd"}).Code, 0);
+  EXPECT_NE(BytesOf(Path("a.xov")).find("* Date:       03/05/24\r\n"), std::string::npos);
+}
+
+TEST_F(BatchExport, Several_jobs_at_a_time_give_the_same_files_and_words_in_the_same_order) {
+  std::vector<std::string> jobs;
+  for (int number = 1; number <= 23; ++number) {
+    const std::string name = "jobs/j" + std::to_string(100 + number) + ".ovd";
+    const std::string length = std::to_string(number % 7 == 0 ? 0 : 1000 + number);
+    std::string job =
+        JobOf({SectionLines("P" + std::to_string(number), "Z", "Z20015", length, "1", "Pair")});
+    if (number % 5 == 0) job.resize(job.size() / 2);
+    File(name, job);
+    jobs.push_back(name);
+  }
+  jobs.insert(jobs.begin() + 3, "jobs/missing.ovd");
+  const auto run = [&](const std::string& out, const std::string& workers) {
+    std::vector<std::string> arguments = {"--created", CreatedMoment, "--jobs", workers,
+                                          "--out",     out,           "--cam"};
+    arguments.insert(arguments.end(), jobs.begin(), jobs.end());
+    return Run(arguments);
+  };
+  const Outcome one = run("one", "1");
+  EXPECT_EQ(one.Code, 3);
+  for (const std::string workers : {"2", "5", "200"}) {
+    std::filesystem::remove_all(Path("many"));
+    Outcome many = run("many", workers);
+    for (std::size_t at = 0; (at = many.Err.find("/many/")) != std::string::npos;) {
+      many.Err.replace(at, 6, "/one/");
+    }
+    EXPECT_EQ(many.Code, 3);
+    EXPECT_EQ(many.Err, one.Err) << workers;
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(Path("one"))) {
+      const std::string name = entry.path().filename().string();
+      EXPECT_EQ(BytesOf(Path("many/" + name)), BytesOf(Path("one/" + name))) << name;
+      ++files;
+    }
+    EXPECT_EQ(files, 23 - 3 - 4);  // without the sections of no length and the jobs cut off
+  }
 }
 
 TEST_F(BatchExport, The_sample_jobs_give_the_factory_files_that_lie_beside_them) {

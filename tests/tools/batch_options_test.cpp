@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/batch_clashes.h"
 #include "tools/batch_options.h"
 
 namespace orvane {
@@ -13,10 +14,11 @@ using Arguments = std::vector<std::string>;
 
 TEST(BatchOptions, Every_option_reaches_its_field) {
   const CommandLine line = ParseCommandLine(
-      {"--catalogue", "cat",   "--out",           "to",       "--created",  "2024-02-29T23:59:58",
-       "--sleeves",   "yes",   "--drawing-width", "180",      "--settings", "set.txt",
-       "--resave",    "b.ovd", "--cam",           "--sheets", "--svg",      "--accessory-sheets",
-       "--summary",   "a.ovd"});
+      {"--catalogue", "cat",   "--out",           "to",       "--created",   "2024-02-29T23:59:58",
+       "--sleeves",   "yes",   "--drawing-width", "180",      "--settings",  "set.txt",
+       "--resave",    "b.ovd", "--cam",           "--sheets", "--svg",       "--accessory-sheets",
+       "--summary",   "a.ovd", "--jobs",          "4",        "--date-form", "dd.MM.yy",
+       "--allow-cut"});
   EXPECT_EQ(line.Fault, "");
   EXPECT_EQ(line.Wanted, Request::Run);
   EXPECT_EQ(line.Options.CatalogueFolder, "cat");
@@ -35,6 +37,9 @@ TEST(BatchOptions, Every_option_reaches_its_field) {
   EXPECT_TRUE(line.Options.Svg);
   EXPECT_TRUE(line.Options.AccessorySheets);
   EXPECT_TRUE(line.Options.Summary);
+  EXPECT_TRUE(line.Options.AllowCut);
+  EXPECT_EQ(line.Options.Workers, 4);
+  EXPECT_EQ(line.Options.DateForm, "dd.MM.yy");
   EXPECT_EQ(line.Options.Jobs, (Arguments{"a.ovd"}));
 }
 
@@ -49,6 +54,9 @@ TEST(BatchOptions, Without_options_everything_has_its_default) {
   EXPECT_FALSE(options.Svg);
   EXPECT_FALSE(options.AccessorySheets);
   EXPECT_FALSE(options.Summary);
+  EXPECT_FALSE(options.AllowCut);
+  EXPECT_EQ(options.Workers, 1);
+  EXPECT_EQ(options.DateForm, "");
   EXPECT_EQ(options.SettingsFile, "");
   EXPECT_EQ(options.Resave, "");
 }
@@ -106,6 +114,14 @@ TEST(BatchOptions, A_command_line_that_cannot_be_followed_says_why) {
        "--created takes a moment of the form YYYY-MM-DDTHH:MM:SS"},
       {{"--created", "now", "--cam", "a.ovd"},
        "--created takes a moment of the form YYYY-MM-DDTHH:MM:SS"},
+      {{"--jobs", "0", "--cam", "a.ovd"}, "--jobs takes a number from 1 to 256"},
+      {{"--jobs", "257", "--cam", "a.ovd"}, "--jobs takes a number from 1 to 256"},
+      {{"--jobs", "2x", "--cam", "a.ovd"}, "--jobs takes a number from 1 to 256"},
+      {{"--jobs", "many", "--cam", "a.ovd"}, "--jobs takes a number from 1 to 256"},
+      {{"--date-form", "d MMM yyyy", "--cam", "a.ovd"},
+       "--date-form takes a form of day, month and year in figures, such as dd.MM.yyyy"},
+      {{"--date-form", "DD/MM/YYYY", "--cam", "a.ovd"},
+       "--date-form takes a form of day, month and year in figures, such as dd.MM.yyyy"},
       {{"--drawing-width", "wide", "--cam", "a.ovd"},
        "--drawing-width takes a number of millimetres from 0 to 32767"},
       {{"--drawing-width", "0x10", "--cam", "a.ovd"},
@@ -154,38 +170,68 @@ TEST(BatchOptions, Sheets_bear_the_name_of_their_job) {
   EXPECT_EQ(SvgFileName("shed.ovd", 1234), "shed-sheet-1234.svg");
 }
 
-TEST(BatchOptions, The_SVGs_of_a_job_are_known_by_their_whole_name) {
-  EXPECT_EQ(SvgSheetOf("/jobs/shed.ovd", "shed-sheet-001.svg"), 1);
-  EXPECT_EQ(SvgSheetOf("shed.ovd", "shed-sheet-042.svg"), 42);
-  EXPECT_EQ(SvgSheetOf("shed.ovd", "shed-sheet-1234.svg"), 1234);
-  for (const char* name : {"shed-sheet-000.svg", "shed-sheet-42.svg", "shed-sheet-0042.svg",
-                           "shed-sheet-.svg", "shed-sheet-042.svg.bak", "shed-sheet-042.SVG",
-                           "shed-sheet-042.pdf", "Shed-sheet-042.svg", "my-shed-sheet-042.svg",
-                           "shed-sheet-042", "shed-sheet--42.svg", "shed-sheet-1000000000.svg",
-                           "shed-sheet-001-sheet-042.svg", "shed-sheets.pdf", "shed", ""}) {
-    EXPECT_EQ(SvgSheetOf("shed.ovd", name), 0) << name;
+TEST(BatchOptions, An_SVG_tells_its_job_and_sheet_by_its_whole_name) {
+  const auto expect = [](const std::string& name, const std::string& job, int sheet) {
+    EXPECT_EQ(SvgNameOf(name).Job, job) << name;
+    EXPECT_EQ(SvgNameOf(name).Sheet, sheet) << name;
+  };
+  expect("shed-sheet-001.svg", "shed", 1);
+  expect("shed-sheet-042.svg", "shed", 42);
+  expect("shed-sheet-1234.svg", "shed", 1234);
+  expect("my-shed-sheet-042.svg", "my-shed", 42);
+  expect("shed-sheet-001-sheet-042.svg", "shed-sheet-001", 42);
+  for (const char* name :
+       {"shed-sheet-000.svg", "shed-sheet-42.svg", "shed-sheet-0042.svg", "shed-sheet-.svg",
+        "shed-sheet-042.svg.bak", "shed-sheet-042.SVG", "shed-sheet-042.pdf", "shed-sheet-042",
+        "shed-sheet--42.svg", "shed-sheet-1000000000.svg", "shed-sheets.pdf", "shed", ""}) {
+    EXPECT_EQ(SvgNameOf(name).Sheet, 0) << name;
   }
 }
 
-TEST(BatchOptions, Jobs_that_would_write_one_file_are_refused) {
-  const std::vector<FaultCase> cases = {
-      {{"--cam", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a.xov"},
-      {{"--cam", "a.ovd", "b.ovd", "a.ovd"}, "a.ovd and a.ovd would both write a.xov"},
-      // The list's name ends at the first point of the CAM file's.
-      {{"--cam", "a.v1.ovd", "a.v2.ovd"}, "a.v1.ovd and a.v2.ovd would both write a.xac"},
-      {{"--cam", "a.ovd", "a.old.ovd"}, "a.ovd and a.old.ovd would both write a.xac"},
-      {{"--cam", "a", "a.ovd"}, "a and a.ovd would both write a.xov"},
-      {{"--cam", "Shed.ovd", "shed.ovd"}, "Shed.ovd and shed.ovd would both write shed.xov"},
-      {{"--cam", "a.ovd", "b.ovd", "ab.ovd"}, ""},
-      {{"--sheets", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a-sheets.pdf"},
-      {{"--accessory-sheets", "x/a.ovd", "y/a.ovd"},
-       "x/a.ovd and y/a.ovd would both write a-accessories.pdf"},
-      {{"--summary", "x/a.ovd", "y/a.ovd"}, "x/a.ovd and y/a.ovd would both write a-summary.pdf"},
-      {{"--svg", "x/a.ovd", "y/A.ovd"}, "x/a.ovd and y/A.ovd would both write A-sheet-001.svg"},
-      // Only the list's name ends at the first point.
-      {{"--sheets", "a.v1.ovd", "a.v2.ovd"}, ""},
+TEST(BatchOptions, Jobs_that_would_write_one_file_are_told_by_name_and_the_others_are_done) {
+  struct ClashCase {
+    Arguments Given;
+    Arguments Clashes;
   };
-  for (const FaultCase& one : cases) EXPECT_EQ(ParseCommandLine(one.Given).Fault, one.Fault);
+  const std::vector<ClashCase> cases = {
+      {{"--cam", "x/a.ovd", "b.ovd", "y/a.ovd"},
+       {"not done, since y/a.ovd would write a.xov too", "",
+        "not done, since x/a.ovd would write a.xov too"}},
+      {{"--cam", "a.ovd", "a.ovd"},
+       {"not done, since a.ovd would write a.xov too",
+        "not done, since a.ovd would write a.xov too"}},
+      // The list's name ends at the first point of the CAM file's.
+      {{"--cam", "a.v1.ovd", "b.ovd", "a.v2.ovd", "a.v3.ovd"},
+       {"not done, since a.v2.ovd would write a.xac too", "",
+        "not done, since a.v1.ovd would write a.xac too",
+        "not done, since a.v1.ovd would write a.xac too"}},
+      {{"--cam", "a.ovd", "a.old.ovd"},
+       {"not done, since a.old.ovd would write a.xac too",
+        "not done, since a.ovd would write a.xac too"}},
+      {{"--cam", "Shed.ovd", "shed.ovd"},
+       {"not done, since shed.ovd would write Shed.xov too",
+        "not done, since Shed.ovd would write shed.xov too"}},
+      {{"--cam", "a.ovd", "b.ovd", "ab.ovd"}, {"", "", ""}},
+      {{"--sheets", "x/a.ovd", "y/a.ovd"},
+       {"not done, since y/a.ovd would write a-sheets.pdf too",
+        "not done, since x/a.ovd would write a-sheets.pdf too"}},
+      {{"--accessory-sheets", "x/a.ovd", "y/a.ovd"},
+       {"not done, since y/a.ovd would write a-accessories.pdf too",
+        "not done, since x/a.ovd would write a-accessories.pdf too"}},
+      {{"--summary", "x/a.ovd", "y/a.ovd"},
+       {"not done, since y/a.ovd would write a-summary.pdf too",
+        "not done, since x/a.ovd would write a-summary.pdf too"}},
+      {{"--svg", "x/a.ovd", "y/A.ovd"},
+       {"not done, since y/A.ovd would write a-sheet-001.svg too",
+        "not done, since x/a.ovd would write A-sheet-001.svg too"}},
+      // Only the list's name ends at the first point.
+      {{"--sheets", "a.v1.ovd", "a.v2.ovd"}, {"", ""}},
+  };
+  for (const ClashCase& one : cases) {
+    const CommandLine line = ParseCommandLine(one.Given);
+    EXPECT_EQ(line.Fault, "");
+    EXPECT_EQ(ClashesOf(line.Options), one.Clashes);
+  }
 }
 
 }  // namespace

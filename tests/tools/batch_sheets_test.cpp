@@ -112,7 +112,7 @@ TEST_F(BatchSheets, All_that_is_asked_for_comes_in_one_run_into_the_out_folder) 
   File("barn.ovd", JobOf({Purlin()}));
   const Outcome outcome = Run({"--out", "to", "--cam", "--sheets", "--svg", "barn.ovd"});
   EXPECT_EQ(outcome.Code, 0);
-  EXPECT_EQ(outcome.Err, "CAM export complete\nSheets complete\n");
+  EXPECT_EQ(outcome.Err, "CAM export complete\n" + Path("to/barn.xov") + "\nSheets complete\n");
   for (const char* name : {"to/barn.xov", "to/barn-sheets.pdf", "to/barn-sheet-001.svg"}) {
     EXPECT_TRUE(Exists(name)) << name;
   }
@@ -142,8 +142,8 @@ TEST_F(BatchSheets, Jobs_of_one_name_in_two_folders_are_refused) {
   const Outcome outcome = Run({"--sheets", "x", "y"});
   EXPECT_EQ(outcome.Code, 2);
   EXPECT_EQ(outcome.Err,
-            "orvane-batch: x/a.ovd and y/a.ovd would both write a-sheets.pdf\n"
-            "Try orvane-batch --help.\n");
+            "x/a.ovd: not done, since y/a.ovd would write a-sheets.pdf too\n"
+            "y/a.ovd: not done, since x/a.ovd would write a-sheets.pdf too\n");
 }
 
 TEST_F(BatchSheets, A_job_without_sections_writes_nothing) {
@@ -180,7 +180,26 @@ TEST_F(BatchSheets, A_PDF_that_cannot_be_written_is_a_fault) {
   std::filesystem::create_directories(Path("a-sheets.pdf"));
   const Outcome outcome = Run({"--sheets", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_EQ(outcome.Err.substr(0, 7), "a.ovd: ");
+  EXPECT_EQ(outcome.Err, Path("a-sheets.pdf") + ": Is a directory\n");
+}
+
+TEST_F(BatchSheets, Sheets_of_several_jobs_at_a_time_are_the_same) {
+  std::vector<std::string> arguments = {"--sheets", "--svg", "--jobs", "3", "--out", "three"};
+  for (const std::string name : {"a", "b", "c", "d", "e"}) {
+    File(name + ".ovd", JobOf({Purlin(), Rail(name)}));
+    arguments.push_back(name + ".ovd");
+  }
+  EXPECT_EQ(Run(arguments).Code, 0);
+  arguments.at(3) = "1";
+  arguments.at(5) = "one";
+  EXPECT_EQ(Run(arguments).Code, 0);
+  for (const std::string name : {"a", "b", "c", "d", "e"}) {
+    EXPECT_EQ(PageText("three/" + name + "-sheets.pdf", 2),
+              PageText("one/" + name + "-sheets.pdf", 2));
+    for (const std::string sheet : {"-sheet-001.svg", "-sheet-002.svg"}) {
+      EXPECT_EQ(BytesOf(Path("three/" + name + sheet)), BytesOf(Path("one/" + name + sheet)));
+    }
+  }
 }
 
 TEST_F(BatchSheets, Sheets_never_go_over_a_file_of_the_command_line) {

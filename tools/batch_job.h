@@ -1,0 +1,60 @@
+// One job of a run: read, checked, exported and printed.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/catalogues.h"
+#include "tools/batch_desktop.h"
+#include "tools/batch_options.h"
+#include "tools/batch_sheets.h"
+
+namespace orvane {
+
+// One job as it was named and as it is found from anywhere.
+struct Job {
+  std::string Name;
+  std::string Path;
+  std::string Clash;  // why it isn't done; empty for one that is
+};
+
+// The SVGs that lay in a folder before a run: the numbers of the sheets of each job's name.
+using FormerSheets = std::map<std::string, std::vector<int>>;
+// Those of the current folder. Raises the system's error.
+FormerSheets SheetsInFolder();
+
+// Does jobs one behind the other, in the folder of the results. All of it lives as long as the run.
+class JobRunner {
+ public:
+  // `resave` is the absolute path to write the job to, or empty.
+  JobRunner(const BatchOptions& options, std::string resave, const CatalogueTables& catalogues,
+            const FormerSheets& formerSheets, BatchScreen& screen, BatchDesktop& desktop,
+            Console& console);
+
+  // Gives the exit code.
+  int Do(const Job& job);
+
+ private:
+  bool Read(const Job& job);
+  int Export();
+  int Print(const Job& job);
+  bool PrintSheets(const Job& job);
+  bool PrintAccessories(const Job& job);
+  bool PrintSummary(const Job& job);
+  bool SayComplete(const std::string& said, bool whole);
+  void RemoveFormerSvgs(const std::string& job, int last) const;
+  DocumentWriter& Writer();
+
+  const BatchOptions& options_;
+  std::string resave_;
+  const CatalogueTables& catalogues_;
+  const FormerSheets& formerSheets_;
+  BatchScreen& screen_;
+  BatchDesktop& desktop_;
+  Console& console_;
+  std::optional<DocumentWriter> writer_;  // made when something is drawn for the first time
+};
+
+}  // namespace orvane
