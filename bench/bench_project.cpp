@@ -227,7 +227,7 @@ void FloorOfExportCamFile(benchmark::State& state) {
   const std::string path = bench::TempPath("floor.xov");
   for (auto _ : state) {
     RebuildAll();
-    WriteWholeFile(path, StraightCamText());
+    ReplaceWholeFile(path, StraightCamText());
   }
 }
 BENCHMARK(FloorOfExportCamFile)->Unit(benchmark::kMillisecond)->UseRealTime();
