@@ -36,14 +36,14 @@ std::size_t WholeWords(const FontMetrics& metrics, const Font& font, std::string
 }  // namespace
 
 std::string OneLine(std::string_view text) {
-  std::string line(text);
-  if (line.find_first_of("\r\n") == std::string::npos) return line;
-  // A carriage return and line feed together are one line end.
-  for (std::size_t at = line.find("\r\n"); at != std::string::npos; at = line.find("\r\n", at)) {
-    line.erase(at, 1);
+  std::string line;
+  line.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    // A carriage return and line feed together are one line end.
+    if (text.substr(at, 2) == "\r\n") continue;
+    const bool ends = text[at] == '\r' || text[at] == '\n';
+    line += ends ? Blank : text[at];
   }
-  std::replace(line.begin(), line.end(), '\r', Blank);
-  std::replace(line.begin(), line.end(), '\n', Blank);
   return line;
 }
 
