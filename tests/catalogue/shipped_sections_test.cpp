@@ -111,6 +111,25 @@ TEST_F(ShippedCatalogue, Keeps_Z_and_C_flanges_at_60_to_75_and_lips_at_16_to_20)
   }
 }
 
+// The sheet gives half of the flange to either half of it, in 7 points, which are 2.469 mm, with
+// digits of 0.556 em and points of 0.278. Drawn at 1:10, 32.5 mm have no room for "32.5".
+TEST_F(ShippedCatalogue, Halves_the_flanges_of_C_and_E_into_figures_that_fit_on_the_sheet) {
+  const auto fits = [](double flange) {
+    double width = 0;
+    for (const char letter : ShortestText(flange / 2)) width += letter == '.' ? 0.278 : 0.556;
+    return width * 7 * 25.4 / 72 < flange / 2 / 10;
+  };
+  EXPECT_FALSE(fits(65));
+  int count = 0;
+  for (const std::string letter : {"C", "E"}) {
+    for (const SectionDim& row : ProductsOf(letter)) {
+      EXPECT_TRUE(fits(letter == "C" ? row.Dim4 : row.Dim5)) << row.Product;
+      ++count;
+    }
+  }
+  EXPECT_GT(count, 50);
+}
+
 TEST_F(ShippedCatalogue, Lets_purlins_sleeve_by_flanges_that_differ_a_little) {
   for (const SectionDim& row : ProductsOf("Z")) {
     // One purlin turned over lies in the other: the wide flange clears the narrow one's sheet.
