@@ -122,6 +122,59 @@ TEST_F(Pictures, The_rails_detail_is_wide_enough_to_stay_above_the_strip) {
   }
 }
 
+// Its place is 160 mm from the left and 125 from the top, the rail's bottom at 112.
+//
+// The lowest running positions, of gaps too narrow for their figures, stand 10 + 8 mm below that,
+// and 7 points are 2.84 mm high: they end 6.4 mm in the picture. The legend is centred on 112 + 24
+// mm in 10 points, 4.06 mm high, or begins 1.2 mm above that: to 13.9 mm. From 55 + 228 / 2 = 169
+// mm on it reaches 15.5 mm and "14 Dia." farther, 7 letters of about 1.7 mm: to 36.4 mm in the
+// picture.
+TEST_F(Pictures, The_rails_detail_leaves_room_for_the_running_positions_and_the_legend) {
+  const auto picture = LoadDrawing("\\drawings\\drg015.wmf");
+  const auto keepsClear = [](const Point& point) {
+    EXPECT_GE(point.Y, 6.5) << point.X;
+    if (point.X < 37) {
+      EXPECT_GE(point.Y, 14.2) << point.X;
+    }
+  };
+  const auto boxKeepsClear = [&](const Box& box) {
+    for (const double x : {box.Left, box.Left + box.Width}) keepsClear({x, box.Top});
+  };
+  for (const Shape& shape : picture->Shapes) {
+    if (const auto* line = std::get_if<LineShape>(&shape)) {
+      keepsClear(line->From);
+      keepsClear(line->To);
+    }
+    if (const auto* text = std::get_if<TextShape>(&shape)) {
+      // A capital begins 0.19 em below the top of its line.
+      const double drop = 0.19 * text->Type.Size * 25.4 / 72;
+      keepsClear({text->TopLeft.X, text->TopLeft.Y + (text->Angle == 0 ? drop : 0)});
+    }
+    if (const auto* polygon = std::get_if<PolygonShape>(&shape)) {
+      for (const Point& point : polygon->Rings.at(0)) keepsClear(point);
+    }
+    if (const auto* box = std::get_if<RectangleShape>(&shape)) boxKeepsClear(box->Place);
+    if (const auto* ellipse = std::get_if<EllipseShape>(&shape)) boxKeepsClear(ellipse->Place);
+  }
+}
+
+// In the as-drawn rail the first hole follows from Cleat 1 and the allowance End 2, the last one
+// from Cleat 2 and End 1: which belongs to which can't be guessed from the names.
+TEST_F(Pictures, The_picture_of_the_VCR_assembly_says_at_which_end_each_cleat_is) {
+  const auto picture = LoadDrawing("\\Drawings\\acc08.wmf");
+  const auto placeOf = [&](const std::string& words) {
+    for (const Shape& shape : picture->Shapes) {
+      const auto* text = std::get_if<TextShape>(&shape);
+      if (text != nullptr && text->Text == words) return text->TopLeft.X;
+    }
+    ADD_FAILURE() << "no " << words;
+    return 0.0;
+  };
+  const double middle = picture->Width / 2;
+  for (const char* words : {"Cleat 1, at End 2", "End 2"}) EXPECT_LT(placeOf(words), middle);
+  for (const char* words : {"Cleat 2, at End 1", "End 1"}) EXPECT_GT(placeOf(words), middle);
+}
+
 TEST_F(Pictures, Each_accessory_of_the_catalogue_has_its_picture_in_its_own_scale) {
   LoadShippedCatalogues();
   int count = 0;
@@ -131,6 +184,12 @@ TEST_F(Pictures, Each_accessory_of_the_catalogue_has_its_picture_in_its_own_scal
     // Placed as wide as it is, so that its lines and letters come out as they were drawn.
     EXPECT_DOUBLE_EQ(picture->Width, accessory.Value1) << accessory.DrawingFile;
     EXPECT_LE(picture->Height, 60) << accessory.DrawingFile;
+    for (const Shape& shape : picture->Shapes) {
+      const auto* text = std::get_if<TextShape>(&shape);
+      // 3 mm, in hundredths: what a dialog still shows readable.
+      if (text == nullptr) continue;
+      EXPECT_GE(text->Type.Size * 25.4 / 72, 2.99) << text->Text;
+    }
     ++count;
   }
   EXPECT_EQ(count, 19);

@@ -4,8 +4,11 @@
 #include <QMenuBar>
 #include <QScrollBar>
 
+#include "core/numbers.h"
 #include "core/program_folder.h"
+#include "drawing/pictures.h"
 #include "tests/screens/acc02_fixture.h"
+#include "ui/dialogs/accessory_pane.h"
 
 namespace orvane::test {
 namespace {
@@ -51,6 +54,28 @@ TEST_F(Acc02OpeningTest, The_columns_carry_the_names_of_the_parameters) {
     EXPECT_EQ(Headings(form), (Texts{"", "Mark", "No.Off", "As Drawn", "Opp. Hand", "Length",
                                      "End 1", "End 2", "Cleat 1", "Cleat 2"}));
   });
+}
+
+// Letters under 9 pixels run together on a screen of 96 pixels to the inch.
+TEST_F(Acc02OpeningTest, The_letters_of_each_picture_can_be_read_in_the_size_that_it_opens_with) {
+  int count = 0;
+  for (int row = 1; row <= AccDefs.UBound(); ++row) {
+    if (!HasPicture(Int16(row))) continue;
+    const std::string& name = AccDefs.At(row).Name;
+    const auto picture = LoadDrawing("\\Drawings\\" + AccDefs.At(row).DrawingFile + ".wmf");
+    const QSize first = AccessoryPicture(Int16(row), nullptr).sizeHint();
+    constexpr double pixelsPerMm = 96 / 25.4;
+    const Box place =
+        PicturePlace(*picture, first.width() / pixelsPerMm, first.height() / pixelsPerMm);
+    for (const Shape& shape : picture->Shapes) {
+      const auto* text = std::get_if<TextShape>(&shape);
+      if (text == nullptr) continue;
+      const double pixels = text->Type.Size / 72 * 96 * place.Width / picture->Width;
+      EXPECT_GE(pixels, 9) << name << ": " << text->Text;
+      ++count;
+    }
+  }
+  EXPECT_GT(count, 50);
 }
 
 TEST_F(Acc02OpeningTest, Column_0_is_fixed_and_narrow) {

@@ -23,8 +23,9 @@ namespace {
 constexpr double PictureEdge = 5;  // mm, on each side of the picture
 constexpr double MmPerInch = 25.4;
 
-// Lines of text that the picture's longer side is as long as, at first and at least.
-constexpr int FirstPictureLines = 22;
+// Lines of text that the picture's longer side is as long as, at first and at least. At first the
+// smallest letters of the widest picture can be read.
+constexpr int FirstPictureLines = 34;
 constexpr int LeastPictureLines = 10;
 
 }  // namespace
