@@ -1,14 +1,18 @@
 #include "drawing/sheet_frame.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <string>
 
 #include "core/dates.h"
+#include "core/numbers.h"
 #include "core/section_families.h"
 #include "core/text.h"
 #include "drawing/primitives.h"
+#include "drawing/sheet.h"
 #include "drawing/sheet_layout.h"
 
 namespace orvane {
@@ -28,7 +32,10 @@ constexpr double RightsInset = 1;
 constexpr double RightsDrop = 7;
 constexpr double TitleInset = 60;
 constexpr double TitleDrop = 5;
-constexpr double JobLabelInset = 150;  // the job table's first column
+// The job table: its first column, which stays empty, and the other two.
+constexpr double JobLabelInset = 150;
+constexpr double JobLabelWidth = 32;
+constexpr double JobValueWidth = 100;
 
 constexpr int LevelAlign = 6;     // TextAlign of every sheet, set once and never changed
 constexpr double FooterRise = 5;  // mm, of the footer's edge below the bottom margin's line
@@ -54,7 +61,8 @@ void DrawJobTable(PrintSurface& surface, const SheetSource& source) {
       {"Project Date", FullYearText(source.DTPicker1)},
       {"Orvane Job No.", source.txtProject.at(0)},
   }};
-  const std::array<std::string, 3> widths = {MmText(JobLabelInset), "32mm", "100mm"};
+  const std::array<std::string, 3> widths = {MmText(JobLabelInset), MmText(JobLabelWidth),
+                                             MmText(JobValueWidth)};
 
   surface.StartTable();
   surface.TableCell(TableSetting::Columns, 0, 0, static_cast<int>(widths.size()));
@@ -75,6 +83,14 @@ void DrawJobTable(PrintSurface& surface, const SheetSource& source) {
   }
   surface.TableBorder(NoTableBorder);
   surface.EndTable();
+}
+
+// The lowest that stands below the views of a product, mm from the top of the page: the legend, or
+// the detail of a rail.
+double LowestOf(const SectionDim& product) {
+  const double legend = ViewBottom(product.SectionType, product) + LegendDrop + LegendHalfHeight;
+  const double detail = RailDetail.Top + RailDetail.Width / RailDetailProportion;
+  return product.SectionType == "R" ? std::max(legend, detail) : legend;
 }
 
 void DrawFrame(PrintSurface& surface, const SheetSource& source, const std::string& title) {
@@ -119,6 +135,16 @@ void StartSheets(PrintSurface& surface, const PageMargins& margins) {
 double StripTop(const PrintSurface& surface, const SheetSource& source) {
   return surface.PageHeight() / TwipsPerMm - source.imgLogo->Height - source.Margins.BottomMargin -
          StripRise;
+}
+
+StripMargins GreatestStripMargins(const SheetSource& source) {
+  constexpr double pageWidth = 297;  // A4, landscape
+  constexpr double pageHeight = 210;
+  double lowest = 0;
+  for (const SectionDim& product : SectionDims) lowest = std::max(lowest, LowestOf(product));
+  const double left = pageWidth - JobLabelInset - JobLabelWidth - JobValueWidth;
+  const double bottom = pageHeight - source.imgLogo->Height - StripRise - lowest;
+  return {Whole(std::floor(left)), Whole(std::floor(std::max(bottom, 0.0)))};
 }
 
 void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, std::string_view kind) {

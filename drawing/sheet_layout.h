@@ -49,6 +49,7 @@ constexpr double OddTotalDrop = 4.5;
 constexpr double EvenTotalDrop = 8;
 // The legend of diameters, clear of the lowest of them.
 constexpr double LegendDrop = 24;
+constexpr double LegendHalfHeight = 2.1;
 
 // The dimension of a cross-section's edge, from the edge outwards. Upright ones stand closer, since
 // their values are only as high as a letter.
@@ -89,5 +90,6 @@ struct PicturePlace {
   double Width = 0;
 };
 constexpr PicturePlace RailDetail{160, 125, 75};
+constexpr double RailDetailProportion = 1.8;  // of its width to its height, at least
 
 }  // namespace orvane

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QFocusEvent>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <array>
 
@@ -65,6 +66,57 @@ TEST_F(Registration, Frm_registration_has_its_texts_fields_and_one_button) {
     EXPECT_EQ(frame->isAncestorOf(&Text1(form, index)), index >= 2 && index <= 5) << index;
   }
   EXPECT_EQ(ButtonCaptions(form), (std::vector<std::string>{"Continue"}));
+}
+
+// The job table is 282 mm wide, and A4 297. A channel of 351 has its bottom at 135.1 mm and its
+// legend to 161.2; the strip begins at 210 - 18 - 12 = 180 mm less the margin.
+TEST_F(Registration, A_quiet_note_tells_which_margins_leave_the_strip_its_room) {
+  SectionDim channel;
+  channel.SectionType = "C";
+  channel.Dim3 = 351;
+  SectionDims.Append(channel);
+  FrmRegistration form;
+  form.show();
+  auto& note = Find<QLabel>(form, "lblMargins");
+  EXPECT_FALSE(note.isVisible());
+  Retype(form, 2, "15");
+  Retype(form, 5, "18");
+  EXPECT_FALSE(note.isVisible());
+  Retype(form, 2, "16");
+  EXPECT_TRUE(note.isVisible());
+  EXPECT_EQ(
+      note.text(),
+      "The strip at the foot of the drawings leaves A4 paper: left margins of 0 to 15 mm fit.");
+  Retype(form, 2, "15");
+  Retype(form, 5, "19");
+  EXPECT_EQ(
+      note.text(),
+      "The strip at the foot of the drawings runs into the deepest of them: bottom margins of 0 "
+      "to 18 mm fit.");
+  // Nothing is refused.
+  QTest::mouseClick(&Continue(form), Qt::LeftButton);
+  EXPECT_EQ(form.result(), QDialog::Accepted);
+  EXPECT_EQ(BottomMargin, 19);
+}
+
+// Its detail stands at 125 mm and is 75 / 1.8 = 41.7 mm high at most.
+TEST_F(Registration, The_detail_of_a_rail_has_to_stay_clear_of_the_strip_too) {
+  SectionDim rail;
+  rail.SectionType = "R";
+  rail.Dim3 = 120;
+  SectionDims.Append(rail);
+  BottomMargin = 14;
+  FrmRegistration form;
+  form.show();
+  EXPECT_TRUE(Find<QLabel>(form, "lblMargins").text().contains("0 to 13 mm"));
+}
+
+TEST_F(Registration, Both_notes_stand_there_for_margins_of_the_settings_too) {
+  LeftMargin = -5;
+  BottomMargin = 200;
+  FrmRegistration form;
+  form.show();
+  EXPECT_EQ(Find<QLabel>(form, "lblMargins").text().count("\n"), 1);
 }
 
 TEST_F(Registration, At_a_first_start_the_fields_show_the_defaults) {

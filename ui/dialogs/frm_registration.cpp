@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QStringList>
 #include <algorithm>
 #include <string>
 
@@ -13,6 +14,8 @@
 #include "core/numbers.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "drawing/sheet_frame.h"
+#include "drawing/sheet_source.h"
 #include "project/changes.h"
 #include "ui/controls/plain_field.h"
 #include "ui/platform/guard.h"
@@ -24,6 +27,8 @@ namespace orvane {
 namespace {
 
 constexpr std::size_t FirstNumber = 2;  // Text1(2) to Text1(6) hold numbers
+constexpr std::size_t LeftSide = 2;
+constexpr std::size_t BottomSide = 5;
 constexpr std::size_t Separation = 6;
 constexpr int LongestNumber = 300;  // digits: any of them is still a number
 
@@ -134,6 +139,15 @@ QWidget* FrmRegistration::MarginFields() {
   grid->setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 4);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(4, 1);
+  lblMargins_ = new QLabel;
+  lblMargins_->setObjectName("lblMargins");
+  lblMargins_->setWordWrap(true);
+  lblMargins_->hide();
+  grid->addWidget(lblMargins_, 2, 0, 1, 5);
+  for (const std::size_t side : {LeftSide, BottomSide}) {
+    connect(Text1_.at(side), &QLineEdit::textChanged, this,
+            [this] { Guard([this] { ShowMarginNote(); }); });
+  }
   return frame;
 }
 
@@ -163,6 +177,29 @@ void FrmRegistration::ShowSettings() {
     Text1_.at(at)->setText(ToQt(texts.at(at)));
     Text1_.at(at)->setCursorPosition(0);
   }
+}
+
+void FrmRegistration::ShowMarginNote() {
+  const StripMargins greatest = GreatestStripMargins(PresentSource());
+  const auto isOutside = [this](std::size_t side, int most) {
+    const double margin = Val(FromQt(Text1_.at(side)->text()));
+    return margin < 0 || margin > most;
+  };
+  QStringList notes;
+  if (isOutside(LeftSide, greatest.Left)) {
+    notes += QString(
+                 "The strip at the foot of the drawings leaves A4 paper: left margins of 0 to "
+                 "%1 mm fit.")
+                 .arg(greatest.Left);
+  }
+  if (isOutside(BottomSide, greatest.Bottom)) {
+    notes += QString(
+                 "The strip at the foot of the drawings runs into the deepest of them: bottom "
+                 "margins of 0 to %1 mm fit.")
+                 .arg(greatest.Bottom);
+  }
+  lblMargins_->setText(notes.join("\n"));
+  lblMargins_->setVisible(!notes.isEmpty());
 }
 
 bool FrmRegistration::eventFilter(QObject* watched, QEvent* event) {

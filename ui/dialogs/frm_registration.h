@@ -2,6 +2,7 @@
 // holes on the sheets.
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <array>
 
@@ -21,11 +22,14 @@ class FrmRegistration : public PlainDialog {
   QWidget* MarginFields();
   QWidget* SeparationField();
   void ShowSettings();
+  // Says quietly what the margins do to the strip; nothing where it fits.
+  void ShowMarginNote();
   // The range of Text1(6), the only one of the dialog.
   void LimitSeparation();
   void Continue();
 
   std::array<QLineEdit*, 7> Text1_{};
+  QLabel* lblMargins_ = nullptr;
   QPushButton* SSCommand1_ = nullptr;
 };
 
