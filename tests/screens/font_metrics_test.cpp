@@ -41,6 +41,17 @@ TEST(SheetFonts, The_shipped_family_stands_for_Arial_and_for_what_is_missing) {
   EXPECT_TRUE(QFontInfo(SheetFont({"Arial", 10, false, true})).italic());
 }
 
+// What stands beside a letter that the shipped fonts lack keeps its own width, so that machines
+// with different fonts differ in that letter alone.
+TEST(SheetFonts, A_letter_that_the_shipped_fonts_lack_changes_no_other) {
+  const std::string snowman = "\xE2\x98\x83";
+  for (const char* others :
+       {"Mark 12", "\xC3\x84\xC3\xB6\xC3\xBC", "\xD0\x96\xCE\xA9", "10 x 20"}) {
+    EXPECT_NEAR(Width(others + snowman + others), 2 * Width(others) + Width(snowman), 0.05)
+        << others;
+  }
+}
+
 TEST(SheetFonts, Widths_are_those_of_the_design) {
   // Advances of the regular and the bold face, thousandths of the size.
   EXPECT_NEAR(Width("W"), 0.944 * 200, 0.2);

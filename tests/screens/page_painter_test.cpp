@@ -198,6 +198,25 @@ TEST(PagePainter, A_painted_text_is_as_wide_as_it_was_measured) {
   EXPECT_NEAR(inked.right() - one.right(), (width - bar) * Scale, 1.01);
 }
 
+// A snowman, a tick and a Chinese letter: from a font of the system where it has one with them,
+// else the box that stands for a missing letter. The bars at either end stand where they were
+// measured.
+TEST(PagePainter, Letters_that_the_shipped_fonts_lack_are_painted_as_wide_as_they_were_measured) {
+  const TextShape text = TextOf(
+      "I\xE2\x98\x83\xE2\x9C\x93\xE4\xB8\xAD"
+      "AI",
+      {1, 4}, 8);
+  const double width = SheetMetrics().Width(text.Type, text.Text) / 56.7;
+  const double bar = SheetMetrics().Width(text.Type, "I") / 56.7;
+  EXPECT_GT(width, SheetMetrics().Width(text.Type, "IAI") / 56.7);
+  const QRect one = Inked(Painted({TextOf("I", {1, 4}, 8)}));
+  for (const PaintDevice device : {PaintDevice::Screen, PaintDevice::Paper}) {
+    const QRect inked = Inked(Painted({text}, device));
+    EXPECT_EQ(inked.left(), one.left());
+    EXPECT_NEAR(inked.right() - one.right(), (width - bar) * Scale, 1.01);
+  }
+}
+
 TEST(PagePainter, A_narrowed_text_keeps_its_height_and_its_left_end) {
   TextShape text = TextOf("HHHH", {2, 4}, 12);
   const QRect plain = Inked(Painted({text}));
