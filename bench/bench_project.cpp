@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "bench/bench_support.h"
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/model.h"
 #include "holes/hole_list.h"

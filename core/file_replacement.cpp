@@ -121,4 +121,10 @@ void FileReplacement::CloseOld() {
   if (old_ >= 0) (void)TheDisk().Close(std::exchange(old_, -1));
 }
 
+void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
+  FileReplacement replacement(path);
+  replacement.Write(bytes);
+  replacement.Commit();
+}
+
 }  // namespace orvane

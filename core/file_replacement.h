@@ -46,4 +46,8 @@ class FileReplacement {
   std::string buffer_;
 };
 
+// Replaces `path` by these bytes as one step: on an error the former file stands whole, or none if
+// there was none, and nothing new is left behind. What is no ordinary file is refused.
+void ReplaceWholeFile(const std::string& path, std::string_view bytes);
+
 }  // namespace orvane

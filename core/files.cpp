@@ -6,7 +6,6 @@
 #include <memory>
 #include <system_error>
 
-#include "core/file_replacement.h"
 #include "core/runtime_error.h"
 
 #ifdef _WIN32
@@ -102,12 +101,6 @@ std::string ReadWholeFile(const std::string& path) {
 
 void WriteWholeFile(const std::string& path, std::string_view bytes) {
   WriteAndClose(Open(path, Use::Write), path, bytes);
-}
-
-void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  FileReplacement replacement(path);
-  replacement.Write(bytes);
-  replacement.Commit();
 }
 
 std::string AbsolutePath(const std::string& path) {

@@ -28,10 +28,6 @@ std::string ReadWholeFile(const std::string& path);
 // checked. On an error what was written stays on the disk.
 void WriteWholeFile(const std::string& path, std::string_view bytes);
 
-// Replaces `path` as one step, by a FileReplacement: on an error the former file stands whole, or
-// none if there was none, and nothing new is left behind. What is no ordinary file is refused.
-void ReplaceWholeFile(const std::string& path, std::string_view bytes);
-
 // The path from the root on, as it is meant in the current folder; an empty one stays empty.
 std::string AbsolutePath(const std::string& path);
 

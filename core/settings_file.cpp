@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "core/text.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "core/text.h"

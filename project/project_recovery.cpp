@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "core/desktop.h"
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"

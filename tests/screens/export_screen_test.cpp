@@ -145,7 +145,7 @@ TEST_F(ExportScreen, Sleeved_purlins_without_sleeves_are_asked_about_one_by_one)
   platform.Chosen.push_back(path);
   ExpectSleeveQuestion(1, "A1", QMessageBox::Yes);
   ExpectSleeveQuestion(2, "B1", QMessageBox::Yes);
-  dialogs.ExpectBox("CAM export complete\n" + path);
+  dialogs.ExpectBox("CAM export complete\n" + path + "\n" + TempPath("job.xac"));
   Export();
   EXPECT_EQ(BytesOf(path), CamBytes());
 }
