@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string_view>
 
 namespace orvane {
@@ -26,6 +27,14 @@ constexpr std::array<NamedPaper, 4> Papers = {{
     {"Letter", {215.9, 279.4}},
     {"Tabloid", {279.4, 431.8}},
 }};
+
+// The paper of that name; A4 is the first.
+constexpr std::optional<Paper> PaperNamed(std::string_view name) {
+  for (const NamedPaper& paper : Papers) {
+    if (paper.Name == name) return paper.Size;
+  }
+  return {};
+}
 
 // Sheets need that much of a paper: the short side of an A4, the long one of a Letter.
 constexpr Paper LeastPaper{210, 279.4};

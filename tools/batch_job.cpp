@@ -174,6 +174,7 @@ bool JobRunner::PrintSheets(const Job& job) {
   if (Items.Empty()) return SayComplete("No sheets: the job has no sections", true);
   DocumentFiles files;
   files.Title = DocumentTitle(job.Name, "sheets");
+  files.PaperOfPages = options_.PaperOfPages;
   if (options_.Sheets) files.Pdf = SheetsFileName(job.Path);
   int last = 0;
   if (options_.Svg) files.Svg = [&](int sheet) { return SvgFileName(job.Path, last = sheet); };
@@ -189,14 +190,14 @@ bool JobRunner::PrintAccessories(const Job& job) {
                        true);
   }
   screen_.PreviewInto(Writer(), {DocumentTitle(job.Name, "accessory sheets"),
-                                 AccessoriesFileName(job.Path), nullptr});
+                                 AccessoriesFileName(job.Path), nullptr, options_.PaperOfPages});
   const bool whole = PrintAllAccessorySheets();
   return SayComplete("Accessory sheets complete", whole);
 }
 
 bool JobRunner::PrintSummary(const Job& job) {
-  screen_.PreviewInto(
-      Writer(), {DocumentTitle(job.Name, "contract summary"), SummaryFileName(job.Path), nullptr});
+  screen_.PreviewInto(Writer(), {DocumentTitle(job.Name, "contract summary"),
+                                 SummaryFileName(job.Path), nullptr, options_.PaperOfPages});
   PrintContractSummary();
   PrintAccessoryReport();
   return SayComplete("Contract summary complete", true);

@@ -39,6 +39,12 @@ bool SetDateForm(BatchOptions& options, const std::string& value) {
   return CanBeProjectDateForm(value);
 }
 
+bool SetPaper(BatchOptions& options, const std::string& value) {
+  const std::optional<Paper> paper = PaperNamed(value);
+  options.PaperOfPages = paper.value_or(Paper());
+  return paper.has_value();
+}
+
 bool SetDrawingWidth(BatchOptions& options, const std::string& value) {
   try {
     options.DrawingWidth = ParseInt16(value);
@@ -60,12 +66,13 @@ struct ValueOption {
   bool (*Set)(BatchOptions& options, const std::string& value);
 };
 
-constexpr std::array<ValueOption, 9> ValueOptions = {{
+constexpr std::array<ValueOption, 10> ValueOptions = {{
     {"--catalogue", "a folder", SetText<&BatchOptions::CatalogueFolder>},
     {"--out", "a folder", SetText<&BatchOptions::OutFolder>},
     {"--created", "a moment of the form YYYY-MM-DDTHH:MM:SS", SetCreated},
     {"--sleeves", "yes or no", SetSleeves},
     {"--drawing-width", "a number of millimetres from 0 to 32767", SetDrawingWidth},
+    {"--paper", "A4, A3, Letter or Tabloid", SetPaper},
     {"--settings", "a file", SetText<&BatchOptions::SettingsFile>},
     {"--resave", "a file", SetText<&BatchOptions::Resave>},
     {"--jobs", "a number from 1 to 256", SetWorkers},
@@ -179,6 +186,10 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       }
     }
   }
+  // Both settle the room for the elevation.
+  if (given.at(FindOption("--paper")) && given.at(FindOption("--drawing-width"))) {
+    return Faulty("--paper and --drawing-width exclude each other");
+  }
   line.Fault = FaultOfWhole(line.Options);
   return line;
 }
@@ -272,6 +283,8 @@ stands for all the jobs in it.
   --created MOMENT       the moment of export, YYYY-MM-DDTHH:MM:SS (default: now)
   --drawing-width MM     the room for the elevation on a sheet, as if a section had been drawn
                          (default: 0, nothing drawn yet)
+  --paper PAPER          A4, A3, Letter or Tabloid, for all that is drawn (default: A4); not together
+                         with --drawing-width
   --settings FILE        read the settings from this file (default: every setting's default)
   --jobs N               work on that many jobs at a time (default: 1)
   --allow-cut            take a job that is cut off behind its sections as it is

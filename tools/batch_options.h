@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/dates.h"
+#include "drawing/papers.h"
 
 namespace orvane {
 
@@ -28,6 +29,7 @@ struct BatchOptions {
   bool AllowCut = false;          // take a job that is cut off behind its sections as it is
   int Workers = 1;                // jobs worked on at a time
   std::string DateForm;           // of the jobs' dates; empty for the system's
+  Paper PaperOfPages;             // of everything that is drawn
   std::int16_t DrawingWidth = 0;  // room for the elevation on a sheet, mm; 0 before any drawing
 };
 

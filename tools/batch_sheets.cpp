@@ -33,7 +33,8 @@ struct DocumentWriter::Toolkit {
 
 // The document in work.
 struct DocumentWriter::Job {
-  explicit Job(const DocumentFiles& files) : Files(files) {
+  explicit Job(const DocumentFiles& files)
+      : Files(files), Surface(SheetMetrics(), files.PaperOfPages) {
     if (!Files.Pdf.empty()) Pdf.emplace(Files.Pdf, Files.Title);
     PreparePreview(Surface);
     Surface.PageDone = [this](const Page& page) { Write(page); };
@@ -48,7 +49,7 @@ struct DocumentWriter::Job {
   DocumentFiles Files;
   std::optional<PdfOutput> Pdf;
   int Pages = 0;
-  PageSurface Surface{SheetMetrics()};
+  PageSurface Surface;
 };
 
 bool SheetsInThisBuild() {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "drawing/papers.h"
 #include "drawing/print_surface.h"
 
 namespace orvane {
@@ -18,6 +19,7 @@ struct DocumentFiles {
   std::string Title;
   std::string Pdf;                      // empty for none
   std::function<std::string(int)> Svg;  // none for none
+  Paper PaperOfPages;
 };
 
 // Starts the toolkit without a screen and keeps it for its life; one at a time.

@@ -37,6 +37,19 @@ TEST_F(BatchSheets, All_sections_of_a_job_come_into_one_PDF_a_page_each) {
   EXPECT_FALSE(Exists("barn-sheet-001.svg"));
 }
 
+// A3 has 351 mm for the elevation. Sheets lie, the summary stands.
+TEST_F(BatchSheets, All_that_is_drawn_is_laid_out_for_the_paper_that_is_named) {
+  File("a.ovd", JobOf({Purlin()}));
+  const auto sizeOn = [&](const std::string& paper, const std::string& document) {
+    EXPECT_EQ(Run({"--paper", paper, "--sheets", "--svg", "--summary", "a.ovd"}).Code, 0);
+    return Printed("pdfinfo", document);
+  };
+  EXPECT_NE(sizeOn("A3", "a-sheets.pdf").find("1190.55 x 841.89 pts (A3)"), std::string::npos);
+  EXPECT_NE(BytesOf(Path("a-sheet-001.svg")).find("viewBox=\"0 0 420 297\""), std::string::npos);
+  EXPECT_NE(sizeOn("Letter", "a-summary.pdf").find("612 x 792 pts (letter)"), std::string::npos);
+  EXPECT_NE(sizeOn("Tabloid", "a-sheets.pdf").find("1224 x 792 pts"), std::string::npos);
+}
+
 TEST_F(BatchSheets, The_very_first_sheet_shows_the_gaps_between_its_holes) {
   File("a.ovd", JobOf({Purlin()}));
   EXPECT_EQ(Run({"--sheets", "a.ovd"}).Code, 0);
