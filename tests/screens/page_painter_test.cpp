@@ -221,7 +221,7 @@ TEST(PagePainter, A_narrowed_text_keeps_its_height_and_its_left_end) {
   TextShape text = TextOf("HHHH", {2, 4}, 12);
   const QRect plain = Inked(Painted({text}));
   text.WidthScale = 0.6;
-  for (const PaintDevice device : {PaintDevice::Screen, PaintDevice::Paper, PaintDevice::NoClips}) {
+  for (const PaintDevice device : {PaintDevice::Screen, PaintDevice::Paper}) {
     const QRect inked = Inked(Painted({text}, device));
     EXPECT_NEAR(inked.right() - 20, 0.6 * (plain.right() - 20), 1.5);
     EXPECT_NEAR(inked.left() - 20, 0.6 * (plain.left() - 20), 1.5);
@@ -250,18 +250,6 @@ TEST(PagePainter, A_narrowed_text_of_a_picture_hangs_on_its_middle_with_its_box_
   const QRect inked = Inked(Painted({text}));
   EXPECT_NEAR(inked.left(), 100 - width / 2, 1);
   EXPECT_NEAR(inked.width(), width, 2);
-}
-
-TEST(PagePainter, Where_nothing_clips_a_narrowed_text_loses_fewer_letters) {
-  TextShape text = TextOf("iiiiiiiiiiiiiiiiiiiiiiiiii", {5, 5}, 10);
-  text.Clipped = true;
-  text.Clip = {5, 5, 8, 5};
-  text.WidthScale = 0.6;
-  // An i is 0.783 mm, 0.47 mm of it at 0.6: seventeen of them fit into 8 mm.
-  TextShape seventeen = TextOf("iiiiiiiiiiiiiiiii", {5, 5}, 10);
-  seventeen.WidthScale = 0.6;
-  EXPECT_EQ(Inked(Painted({text}, PaintDevice::NoClips)),
-            Inked(Painted({seventeen}, PaintDevice::NoClips)));
 }
 
 TEST(PagePainter, Turned_text_reads_uphill_about_its_top_left_corner) {
@@ -334,15 +322,6 @@ TEST(PagePainter, A_clipped_text_stays_inside_its_cell) {
   EXPECT_GE(inked.left(), 50);
   EXPECT_GT(inked.right(), 120);
   EXPECT_LT(inked.right(), 130);
-}
-
-TEST(PagePainter, Where_nothing_clips_a_text_too_long_loses_whole_letters) {
-  TextShape text = TextOf("iiiiiiiiiiiiiiiiiiiiiiiiii", {5, 5}, 10);
-  text.Clipped = true;
-  text.Clip = {5, 5, 8, 5};
-  // An i is 0.222 em, 44.4 twips, 0.783 mm: ten of them fit into 8 mm.
-  const QRect inked = Inked(Painted({text}, PaintDevice::NoClips));
-  EXPECT_EQ(inked, Inked(Painted({TextOf("iiiiiiiiii", {5, 5}, 10)}, PaintDevice::NoClips)));
 }
 
 TEST(PagePainter, A_picture_is_stretched_into_its_place) {

@@ -209,7 +209,7 @@ class Painting {
                         : text.Side == TextSide::Middle ? -width / 2
                                                         : -width;
     painter_.save();
-    if (text.Clipped && device_ != PaintDevice::NoClips) {
+    if (text.Clipped) {
       painter_.setClipRect(TwipsOf(text.Clip), Qt::IntersectClip);
     }
     painter_.translate(TwipsOf(text.TopLeft));
@@ -224,20 +224,15 @@ class Painting {
     painter_.restore();
   }
 
-  void PaintClipped(const TextShape& text, QString letters, double shrink) {
+  void PaintClipped(const TextShape& text, const QString& letters, double shrink) {
     const QRectF clip = TwipsOf(text.Clip);
     const QPointF topLeft = TwipsOf(text.TopLeft);
     const FontMetrics& metrics = SheetMetrics();
-    const auto end = [&] {
-      return topLeft.x() + text.WidthScale * metrics.Width(text.Type, FromQt(letters));
-    };
-    const bool fits = topLeft.x() >= clip.left() && end() <= clip.right() &&
+    const double end = topLeft.x() + text.WidthScale * metrics.Width(text.Type, text.Text);
+    const bool fits = topLeft.x() >= clip.left() && end <= clip.right() &&
                       topLeft.y() >= clip.top() &&
                       topLeft.y() + metrics.Height(text.Type) <= clip.bottom();
-    if (device_ == PaintDevice::NoClips) {
-      while (!letters.isEmpty() && end() > clip.right()) letters.chop(1);
-    }
-    if (fits || device_ == PaintDevice::NoClips) {
+    if (fits) {
       PaintLetters(text, letters, shrink);
       return;
     }

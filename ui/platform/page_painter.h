@@ -10,8 +10,7 @@ namespace orvane {
 
 enum class PaintDevice {
   Screen,  // lines are a pixel wide at least, level and upright ones begin on whole pixels
-  Paper,   // lines are as wide as they were drawn
-  NoClips  // the same for a device that can't clip: a text that doesn't fit loses its last letters
+  Paper    // lines are as wide as they were drawn
 };
 
 // Paints the page's shapes with its upper left corner at `corner` of the painter, `unitsPerMm` of
