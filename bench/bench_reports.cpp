@@ -38,7 +38,7 @@ class BenchScreen : public OutputScreen {
     }
     return *surface_;
   }
-  void ShowPreview(const LayOutAgain&) override {
+  void ShowPreview(const std::string&, const LayOutAgain&) override {
     Shown = surface_->TakeResult();
     surface_.reset();
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "drawing/print_surface.h"
 
@@ -23,7 +24,8 @@ class OutputScreen {
   virtual PrintSurface& PreviewSurface() = 0;
   // Shows the preview and waits until the user has closed it; the surface is gone then. Until then
   // `again` may be asked for the same document on other paper.
-  virtual void ShowPreview(const LayOutAgain& again) = 0;
+  // `document` says what it is of the job: "sheets".
+  virtual void ShowPreview(const std::string& document, const LayOutAgain& again) = 0;
   // Drops the surface unseen.
   virtual void DropPreview() = 0;
 

@@ -362,7 +362,7 @@ void PrintCurrentDrawing(std::int16_t ItemIndex) {
     TheDesktop().ProcessEvents();
     room.Keep();
     errors.Say();
-    TheOutputScreen().ShowPreview([&](PrintSurface& other) {
+    TheOutputScreen().ShowPreview("sheet of " + NameOfSection(ItemIndex), [&](PrintSurface& other) {
       const PageRoom otherRoom(other);
       Item copy = Items.At(ItemIndex);
       SheetErrors told;
@@ -390,7 +390,7 @@ bool PrintAllDrawings() {
     room.Keep();
     whole = !errors.HasMissingPictures();
     errors.Say();
-    TheOutputScreen().ShowPreview([](PrintSurface& other) {
+    TheOutputScreen().ShowPreview("sheets", [](PrintSurface& other) {
       const PageRoom otherRoom(other);
       RebuiltSections copies;
       SheetErrors told;
@@ -413,7 +413,7 @@ bool PrintAllAccessorySheets() {
       surface.EndDoc();
       whole = !errors.HasMissingPictures();
       errors.Say();
-      return TheOutputScreen().ShowPreview([&](PrintSurface& other) {
+      return TheOutputScreen().ShowPreview("accessory sheets", [&](PrintSurface& other) {
         SheetErrors told;
         const bool done = DrawAccessorySheets(other, accessories, told);
         CurrentAcc = accessories.back();
@@ -435,7 +435,7 @@ void PrintContractSummary() {
 void PrintAccessoryReport() {
   DrawOnPreview([](PrintSurface& surface, SheetErrors&) {
     DrawAccessoryReport(surface);
-    TheOutputScreen().ShowPreview([](PrintSurface& other) {
+    TheOutputScreen().ShowPreview("contract summary", [](PrintSurface& other) {
       if (!Items.Empty()) DrawContractSummary(other);
       DrawAccessoryReport(other);
       return true;

@@ -159,7 +159,7 @@ PrintSurface& BatchScreen::PreviewSurface() {
   return *surface_;
 }
 
-void BatchScreen::ShowPreview(const LayOutAgain&) {
+void BatchScreen::ShowPreview(const std::string&, const LayOutAgain&) {
   surface_ = nullptr;
   if (writer_ != nullptr) writer_->Finish();
 }

@@ -122,7 +122,7 @@ class BatchScreen : public OutputScreen {
 
   void ShowExportErrors() override;
   PrintSurface& PreviewSurface() override;
-  void ShowPreview(const LayOutAgain& again) override;
+  void ShowPreview(const std::string& document, const LayOutAgain& again) override;
   void DropPreview() override;
   bool GoesOn(int, int) override { return true; }
 

@@ -67,7 +67,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // OutputScreen.
   void ShowExportErrors() override;
   PrintSurface& PreviewSurface() override;
-  void ShowPreview(const LayOutAgain& again) override;
+  void ShowPreview(const std::string& document, const LayOutAgain& again) override;
   void DropPreview() override;
   bool GoesOn(int done, int count) override;
 

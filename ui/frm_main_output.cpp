@@ -45,11 +45,12 @@ PrintSurface& FrmMain::PreviewSurface() {
   return preview_->Surface();
 }
 
-void FrmMain::ShowPreview(const LayOutAgain& again) {
+void FrmMain::ShowPreview(const std::string& document, const LayOutAgain& again) {
   printRun_.reset();
   const std::unique_ptr<FrmPreview> shown = std::move(preview_);
   if (!shown) return;
   Guard([this] { ShowSelectedRow(); });
+  shown->DocumentName = document;
   shown->Again = [&](PrintSurface& surface) {
     // It takes the keys and clicks that could ask for a second one meanwhile.
     printRun_ = std::make_unique<ProgressRun>(shown.get(), "Sheets drawn");

@@ -16,7 +16,7 @@ PrintSurface& PagedScreen::PreviewSurface() {
   return *surface_;
 }
 
-void PagedScreen::ShowPreview(const LayOutAgain& again) {
+void PagedScreen::ShowPreview(const std::string&, const LayOutAgain& again) {
   if (OtherPaper) {
     PageSurface other(metrics_, *OtherPaper);
     PreparePreview(other);

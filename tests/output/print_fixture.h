@@ -25,7 +25,7 @@ class PagedScreen : public OutputScreen {
 
   void ShowExportErrors() override {}
   PrintSurface& PreviewSurface() override;
-  void ShowPreview(const LayOutAgain& again) override;
+  void ShowPreview(const std::string& document, const LayOutAgain& again) override;
   void DropPreview() override { surface_.reset(); }
   bool GoesOn(int, int) override { return true; }
 

@@ -76,6 +76,23 @@ TEST_F(PrintRunsTest, Without_a_selected_section_no_drawing_is_printed) {
   EXPECT_TRUE(desktop.Boxes.empty());
 }
 
+TEST_F(PrintRunsTest, Each_document_says_what_it_is_of_the_job) {
+  AddPurlin("P1", 6000);
+  UseAccessory(2);
+  const auto nameOf = [this](const std::function<void()>& command) {
+    command();
+    return screen.ShownName;
+  };
+  EXPECT_EQ(nameOf([] { PrintCurrentDrawing(1); }), "sheet of P1");
+  EXPECT_EQ(nameOf(PrintAllDrawings), "sheets");
+  EXPECT_EQ(nameOf(PrintAllAccessorySheets), "accessory sheets");
+  EXPECT_EQ(nameOf([] {
+              PrintContractSummary();
+              PrintAccessoryReport();
+            }),
+            "contract summary");
+}
+
 TEST_F(PrintRunsTest, The_very_first_drawing_has_its_gaps) {
   AddCustomPurlin("P1", 4000, {100, 3000});
   DrawingWidth = 0;

@@ -20,11 +20,15 @@ class ScriptedOutputScreen : public OutputScreen {
   // What was drawn on the previews, operation by operation, all documents one behind the other.
   RecordingSurface Preview{metrics_};
   int Shown = 0;                           // previews shown
+  std::string ShownName;                   // what the last of them is of the job
   int Dropped = 0;                         // and dropped
   std::vector<std::pair<int, int>> Steps;  // what was told of the progress
   int CalledOffAfter = -1;                 // the run is called off at that step; -1 for never
   PrintSurface& PreviewSurface() override { return Preview; }
-  void ShowPreview(const LayOutAgain&) override { ++Shown; }
+  void ShowPreview(const std::string& document, const LayOutAgain&) override {
+    ++Shown;
+    ShownName = document;
+  }
   void DropPreview() override { ++Dropped; }
   bool GoesOn(int done, int count) override;
 };

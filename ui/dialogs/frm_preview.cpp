@@ -20,10 +20,11 @@ namespace {
 // The first size: most of the window that it comes from, or of the screen.
 constexpr int FirstPercent = 92;
 
-// What the printer's queue shows: the project's name.
-QString JobTitle() {
+// What the printer's queue shows, and viewers of a PDF: the project's name, and what it is of it.
+QString JobTitle(const std::string& document) {
   const QString name = QFileInfo(ToQt(ProjectFileName)).completeBaseName();
-  return name.isEmpty() ? "Orvane Detail System" : name;
+  const QString job = name.isEmpty() ? "Orvane Detail System" : name;
+  return document.empty() ? job : job + ": " + ToQt(document);
 }
 
 }  // namespace
@@ -82,7 +83,7 @@ void FrmPreview::showEvent(QShowEvent* event) {
 }
 
 void FrmPreview::Print() {
-  PrintDocument(surface_.Result(), this, JobTitle(), [this](const Paper& paper) {
+  PrintDocument(surface_.Result(), this, JobTitle(DocumentName), [this](const Paper& paper) {
     PageSurface other(SheetMetrics(), paper);
     PreparePreview(other);
     std::optional<Document> document;

@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QMenuBar>
+#include <string>
 
 #include "drawing/page_surface.h"
 #include "output/output_screen.h"
@@ -18,6 +19,9 @@ class FrmPreview : public PlainDialog {
   explicit FrmPreview(QWidget* parent = nullptr);
 
   PageSurface& Surface() { return surface_; }
+
+  // What it is of the job, such as "sheets"; the printer's queue and a PDF show both.
+  std::string DocumentName;
 
   // Lays the document out on other paper, where the user chooses that in the printer's dialog.
   LayOutAgain Again;

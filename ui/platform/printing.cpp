@@ -47,7 +47,7 @@ void RequirePrinter() {
 void ProposeFile(const QPrintDialog& dialog, QString name) {
   auto* file = dialog.findChild<QLineEdit*>("filename");
   if (file == nullptr) return;
-  name.replace('/', '-');
+  name.replace(": ", "-").replace('/', '-');
   file->setText(QFileInfo(file->text()).dir().filePath(name + ".pdf"));
 }
 
