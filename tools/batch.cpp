@@ -17,6 +17,7 @@
 #include "core/system_dates.h"
 #include "tools/batch_clashes.h"
 #include "tools/batch_desktop.h"
+#include "tools/batch_exit.h"
 #include "tools/batch_job.h"
 #include "tools/batch_options.h"
 #include "tools/batch_platform.h"

@@ -18,7 +18,7 @@
 #include "project/project_backup.h"
 #include "project/project_file.h"
 #include "project/section_look.h"
-#include "tools/batch.h"
+#include "tools/batch_exit.h"
 
 namespace orvane {
 

@@ -251,12 +251,14 @@ TEST_F(BatchReports, A_missing_picture_leaves_no_accessory_PDF_and_the_summary_i
 
 TEST_F(BatchReports, A_missing_picture_of_several_sheets_is_crossed_out_and_an_error) {
   std::string accessories = BytesOf(TempPath("catalogue/accs1.csv"));
-  accessories.replace(accessories.find("None"), 4, "bolt");
+  const std::string none = "None,0,";
+  ASSERT_NE(accessories.find(none), std::string::npos) << accessories;
+  accessories.replace(accessories.find(none), none.size(), "bolt,100,");
   TempFile("catalogue/accs1.csv", accessories);
   File("a.ovd", JobOf({Purlin()}, Tail({Type1Line(1, 1, 600)}, {SleeveLine("S1", 10)}, {1, 6})));
   const Outcome outcome = Run({"--accessory-sheets", "a.ovd"});
   EXPECT_EQ(outcome.Code, 3);
-  EXPECT_EQ(outcome.Err, "Bolts: File not found: " + catalogue +
+  EXPECT_EQ(outcome.Err, "a.ovd: Bolts: File not found: " + catalogue +
                              "/Drawings/bolt.wmf\n"
                              "Accessory sheets complete, but for the missing pictures\n");
   EXPECT_EQ(Pages("a-accessories.pdf"), "2");

@@ -44,7 +44,7 @@ TEST_F(BatchSheets, All_that_is_drawn_is_laid_out_for_the_paper_that_is_named) {
     EXPECT_EQ(Run({"--paper", paper, "--sheets", "--svg", "--summary", "a.ovd"}).Code, 0);
     return Printed("pdfinfo", document);
   };
-  EXPECT_NE(sizeOn("A3", "a-sheets.pdf").find("1190.55 x 841.89 pts (A3)"), std::string::npos);
+  EXPECT_NE(sizeOn("A3", "a-sheets.pdf").find("1191 x 842 pts (A3)"), std::string::npos);
   EXPECT_NE(BytesOf(Path("a-sheet-001.svg")).find("viewBox=\"0 0 420 297\""), std::string::npos);
   EXPECT_NE(sizeOn("Letter", "a-summary.pdf").find("612 x 792 pts (letter)"), std::string::npos);
   EXPECT_NE(sizeOn("Tabloid", "a-sheets.pdf").find("1224 x 792 pts"), std::string::npos);
