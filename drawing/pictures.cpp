@@ -71,7 +71,8 @@ std::shared_ptr<const Picture> ReadDrawing(std::string_view suffix) {
 
 std::shared_ptr<const Picture> CrossedBox(std::string_view suffix) {
   constexpr double width = 120;  // mm
-  constexpr double height = 80;
+  constexpr double height =
+      60;  // as flat as the pictures of the catalogue, so that tables keep their room
   constexpr double mostPoints = 12;
   constexpr double mmToThePoint = 25.4 / 72;
   constexpr double widestLetter = 1.02;  // of Arial, as a part of its size

@@ -323,7 +323,8 @@ void DrawRailViews(const Sheet& sheet) {
 
   const std::shared_ptr<const Picture> detail = sheet.Source.LoadPicture("\\drawings\\drg015.wmf");
   const double proportion = Divide(detail->Width, detail->Height);
-  sheet.Surface.DrawPicture(detail, Length::OfMm(RailDetail.Left), Length::OfMm(RailDetail.Top),
+  const double left = RailDetail.Left + Nearest((sheet.PageWidth - RailDetailPage) / 2);
+  sheet.Surface.DrawPicture(detail, Length::OfMm(left), Length::OfMm(RailDetail.Top),
                             Length::OfMm(RailDetail.Width),
                             Length::OfMm(Divide(RailDetail.Width, proportion)));
 }

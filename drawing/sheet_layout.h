@@ -90,6 +90,9 @@ struct PicturePlace {
   double Width = 0;
 };
 constexpr PicturePlace RailDetail{160, 125, 75};
+// The width of the page that it stands so on. On another one it moves with the middle, below which
+// the legend is centred, since its picture leaves room for the legend there.
+constexpr double RailDetailPage = 297;
 constexpr double RailDetailProportion = 1.8;  // of its width to its height, at least
 
 }  // namespace orvane

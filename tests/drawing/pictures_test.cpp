@@ -65,11 +65,11 @@ TEST_F(Pictures, A_missing_file_is_named_and_the_picture_stays) {
 TEST_F(Pictures, A_crossed_box_bears_the_name_of_the_file_in_its_middle) {
   const auto box = CrossedBox("\\Drawings\\acc06.wmf");
   EXPECT_EQ(box->Width, 120);
-  EXPECT_EQ(box->Height, 80);
+  EXPECT_EQ(box->Height, 60);
   ASSERT_EQ(box->Shapes.size(), 4U);
-  EXPECT_EQ(Described(box->Shapes[0]), "rectangle 0 0 120 80 pen 0.3");
-  EXPECT_EQ(Described(box->Shapes[1]), "line 0 0 120 80 pen 0.3");
-  EXPECT_EQ(Described(box->Shapes[2]), "line 0 80 120 0 pen 0.3");
+  EXPECT_EQ(Described(box->Shapes[0]), "rectangle 0 0 120 60 pen 0.3");
+  EXPECT_EQ(Described(box->Shapes[1]), "line 0 0 120 60 pen 0.3");
+  EXPECT_EQ(Described(box->Shapes[2]), "line 0 60 120 0 pen 0.3");
   const auto& name = std::get<TextShape>(box->Shapes[3]);
   EXPECT_EQ(name.Text, "acc06.wmf");
   EXPECT_DOUBLE_EQ(name.Type.Size, 12);

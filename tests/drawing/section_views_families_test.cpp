@@ -5,6 +5,8 @@
 
 #include "core/files.h"
 #include "core/program_folder.h"
+#include "drawing/draw_section.h"
+#include "drawing/page_surface.h"
 #include "drawing/pictures.h"
 #include "drawing/section_views.h"
 #include "tests/drawing/section_views_fixture.h"
@@ -378,6 +380,27 @@ TEST_F(SectionFamiliesViews, A_cleader_rail_with_its_detail_picture) {
   // 75 mm wide, so 37.5 mm high.
   EXPECT_EQ(picture, "DrawPicture picture " + ShortestText(detail.Width) + "x" +
                          ShortestText(detail.Height) + " 160mm 125mm 75mm 37.5mm");
+}
+
+// 61.5 mm between the middles of A3 and A4, 8.8 mm between those of A4 and Letter.
+TEST_F(SectionFamiliesViews, The_rails_detail_keeps_its_place_to_the_middle_of_other_paper) {
+  SectionDims.Append(RailDim);
+  Item rail = CleaderRail();
+  rail.Product = "CLR";
+  Items.Append(rail);
+  const auto placeOn = [](double width, double height) {
+    const PlainFontMetrics metrics;
+    PageSurface paper(metrics, {width, height});
+    DrawSection(paper, 1, true, true);
+    for (const Shape& shape : paper.Result().Pages.front().Shapes) {
+      const auto* picture = std::get_if<PictureShape>(&shape);
+      if (picture != nullptr && picture->Place.Width == 75) return picture->Place.Left;
+    }
+    return 0.0;
+  };
+  EXPECT_EQ(placeOn(210, 297), 160);
+  EXPECT_EQ(placeOn(297, 420), 222);
+  EXPECT_EQ(placeOn(215.9, 279.4), 151);
 }
 
 TEST_F(SectionFamiliesViews, A_missing_detail_picture_fails_behind_the_views) {
