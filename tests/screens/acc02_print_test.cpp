@@ -73,6 +73,17 @@ TEST_F(Acc02PrintTest, Print_takes_all_lines_as_they_stand_the_open_editor_inclu
   }
 }
 
+TEST_F(Acc02PrintTest, The_paper_that_was_chosen_is_what_the_sheet_is_drawn_on) {
+  const std::string path = PrintInto("a3.pdf");
+  ReplacePrintDialog([path](QPrinter& printer, QWidget*) {
+    printer.setOutputFileName(ToQt(path));
+    printer.setPageSize(QPageSize(QPageSize::A3));
+    return true;
+  });
+  InDialog(DoorJambKits, [](FrmAcc02& form) { ClickButton(form, 2); });
+  EXPECT_EQ(PageSizesOf(path), std::vector<std::string>{"1191 x 842"});
+}
+
 TEST_F(Acc02PrintTest, Print_goes_to_a_choice_left_open_and_starts_at_the_next_try) {
   PutLine(SplicePlates, "A1", 1, {"Z14012", "2.0", "300"});
   PrintInto("plates.pdf");

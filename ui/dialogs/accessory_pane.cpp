@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -91,12 +92,15 @@ bool HasPicture(std::int16_t AccIndex) {
 }
 
 void PrintAccessorySheet(QWidget* parent, AccessoryType type, const TextRows& rows) {
-  PageSurface VSPrinter2(SheetMetrics());
-  PreparePreview(VSPrinter2);
-  InNameOfAccessory(CurrentAcc, {}, [&] {
-    DrawAccessorySheet(VSPrinter2, AccDefs.At(CurrentAcc), type, rows, true, true);
-  });
-  PrintDocument(VSPrinter2.Result(), parent, ToQt(AccDefs.At(CurrentAcc).Name));
+  const auto drawOn = [&](const Paper& paper) {
+    PageSurface VSPrinter2(SheetMetrics(), paper);
+    PreparePreview(VSPrinter2);
+    InNameOfAccessory(CurrentAcc, {}, [&] {
+      DrawAccessorySheet(VSPrinter2, AccDefs.At(CurrentAcc), type, rows, true, true);
+    });
+    return std::optional(VSPrinter2.TakeResult());
+  };
+  PrintDocument(*drawOn({}), parent, ToQt(AccDefs.At(CurrentAcc).Name), drawOn);
 }
 
 }  // namespace orvane
