@@ -202,8 +202,11 @@ bool CanBeProjectDateForm(std::string_view shortForm) {
 std::optional<Date> ParseProjectDate(std::string_view text, std::string_view shortForm) {
   text = Trim(text);
   const std::string own = ProjectDateForm(shortForm);
+  // An office that writes the month first writes it first with two digits of year too.
+  std::string brief = own;
+  brief.erase(std::min(brief.find("yyyy"), brief.size() - 2), 2);
   for (const std::string_view form :
-       {std::string_view(own), shortForm, std::string_view("yyyy-MM-dd"),
+       {std::string_view(own), shortForm, std::string_view(brief), std::string_view("yyyy-MM-dd"),
         std::string_view("dd.MM.yyyy"), NumericForm, std::string_view("MM/dd/yyyy"),
         std::string_view("yy-MM-dd"), std::string_view("dd.MM.yy"), std::string_view("dd/MM/yy"),
         std::string_view("MM/dd/yy")}) {

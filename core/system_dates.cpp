@@ -72,7 +72,7 @@ std::string SystemShortDateForm() {
   if (country == nullptr) return DateFormOfCountry(name);
   const std::string form = PatternOfDateForm(nl_langinfo_l(D_FMT, country));
   freelocale(country);
-  return CanBeProjectDateForm(form) && form != PlainDateForm ? form : DateFormOfCountry(name);
+  return CanBeProjectDateForm(form) ? form : PlainDateForm;
 }
 
 #endif

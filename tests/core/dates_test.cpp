@@ -136,6 +136,9 @@ TEST(Dates, A_date_of_another_office_is_read_in_the_first_form_that_gives_a_day)
            // The machine's own form goes before all of them, with two digits too.
            {"05/03/2024", "MM/dd/yyyy", {2024, 5, 3}},
            {"05/03/24", "MM/dd/yy", {2024, 5, 3}},
+           {"05/06/26", "MM/dd/yyyy", {2026, 5, 6}},
+           {"05-06-26", "dd-MM-yyyy", {2026, 6, 5}},
+           {"05-06-26", "yyyy-MM-dd", {2005, 6, 26}},
        }) {
     EXPECT_EQ(ParseProjectDate(c.Text, c.ShortForm), c.Expected) << c.Text << ' ' << c.ShortForm;
   }
