@@ -50,14 +50,29 @@ class FileCheck {
   TextFile& file_;
 };
 
-// How many flags stand at the end of the file; raises an error for a line that is none.
-int CountFlags(TextFile& file) {
+// What the flags, up to the end of the file, say of it.
+ProjectContent ContentByFlags(TextFile& file) {
+  const int all = AccType1Count + AccType2Count;
   int flags = 0;
+  bool odd = false;
   for (; !file.AtEnd(); ++flags) {
-    const double flag = file.ReadDouble();
-    if (flag != True && flag != False) throw RuntimeError(Failure::TypeMismatch);
+    try {
+      const double flag = file.ReadDouble();
+      if (flag != True && flag != False) odd = true;
+    } catch (const RuntimeError&) {
+      return flags < all ? ProjectContent::Cut : ProjectContent::Odd;
+    }
   }
-  return flags;
+  if (odd) return ProjectContent::Odd;
+  return flags == all ? ProjectContent::Whole : ProjectContent::Old;
+}
+
+// The text without blank lines at its end, which an editor may have left there.
+std::string WithoutBlankEnd(const std::string& bytes) {
+  const std::size_t last = bytes.find_last_not_of(" \t\r\n");
+  const std::size_t end =
+      last == std::string::npos ? bytes.size() : bytes.find_first_of("\r\n", last);
+  return end == std::string::npos ? bytes : bytes.substr(0, end) + "\r\n";
 }
 
 // Whether the last line has its line end. A carriage return is one only in a file that has no line
@@ -70,7 +85,7 @@ bool EndsItsLastLine(const std::string& bytes) {
 }  // namespace
 
 ProjectContent CheckProjectContent(const std::string& bytes) {
-  TextFile file(DecodeText(bytes));
+  TextFile file(DecodeText(WithoutBlankEnd(bytes)));
   FileCheck check(file);
   try {
     DescribeSections(check);
@@ -81,8 +96,7 @@ ProjectContent CheckProjectContent(const std::string& bytes) {
   if (file.AtEnd()) return ProjectContent::Old;
   try {
     DescribeType2Lines(check);
-    const bool asMany = CountFlags(file) == AccType1Count + AccType2Count;
-    return asMany ? ProjectContent::Whole : ProjectContent::Old;
+    return ContentByFlags(file);
   } catch (const RuntimeError&) {
     return ProjectContent::Cut;
   }
@@ -96,6 +110,7 @@ void KeepProjectBackup(const std::string& path) {
     switch (CheckProjectContent(bytes)) {
       case ProjectContent::Whole:
       case ProjectContent::Old:
+      case ProjectContent::Odd:
         ReplaceWholeFile(backup, bytes);
         break;
       case ProjectContent::Cut:

@@ -114,13 +114,14 @@ bool JobRunner::Read(const Job& job) {
     notes = ReadProjectFile(file);
   });
   if (!read) return false;
-  if (content == ProjectContent::Cut && !options_.AllowCut) {
+  const bool damaged = content == ProjectContent::Cut || content == ProjectContent::Odd;
+  if (damaged && !options_.AllowCut) {
     console_.SayFault(job.Name,
                       "not done, since it is cut off or damaged behind its sections; --allow-cut "
                       "takes it as it is");
     return false;
   }
-  if (content == ProjectContent::Cut) {
+  if (damaged) {
     console_.SayFault(job.Name, "read, but accessory lines or marks may be missing at its end");
   }
   if (content == ProjectContent::Old) {

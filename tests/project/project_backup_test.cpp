@@ -132,9 +132,6 @@ TEST_F(ProjectBackupTest, A_file_that_does_not_read_back_is_not_whole) {
       {line::Lines2ValueCount, "-1 "},
       {line::FirstFlag, "x"},
       {line::LastFlag, "x"},
-      {line::LastFlag, ""},
-      {line::LastFlag, " 1 "},
-      {line::FirstFlag, " 7 "},
       {line::Mark, "\"never closed"},
       {line::Lines2End - 3, "x"},
   };
@@ -144,6 +141,23 @@ TEST_F(ProjectBackupTest, A_file_that_does_not_read_back_is_not_whole) {
         << each.Line << " " << each.Text;
   }
   EXPECT_EQ(CheckProjectContent(""), ProjectContent::Broken);
+}
+
+TEST_F(ProjectBackupTest, A_file_that_somebody_else_has_written_in_is_odd_and_still_backed_up) {
+  for (const auto& [flag, text] : std::vector<std::pair<int, std::string>>{
+           {line::LastFlag, " 1 "}, {line::FirstFlag, " 7 "}, {line::LastFlag, " 0 \r\nmore"}}) {
+    const std::string odd = Joined(With(SmallProjectLines(), flag, text));
+    EXPECT_EQ(CheckProjectContent(odd), ProjectContent::Odd) << text;
+    TempFile("job.ovd.bak", "an older backup");
+    SaveOver(odd);
+    EXPECT_EQ(BytesOf(Backup()), odd);
+  }
+}
+
+TEST_F(ProjectBackupTest, Blank_lines_at_the_end_are_nothing) {
+  EXPECT_EQ(CheckProjectContent(Whole() + "\r\n"), ProjectContent::Whole);
+  EXPECT_EQ(CheckProjectContent(Whole() + "\n \n\n"), ProjectContent::Whole);
+  EXPECT_EQ(CheckProjectContent(Whole() + " "), ProjectContent::Cut);  // a line begun
 }
 
 TEST_F(ProjectBackupTest, A_file_of_another_catalogue_is_an_old_one) {
@@ -156,7 +170,7 @@ TEST_F(ProjectBackupTest, A_file_of_another_catalogue_is_an_old_one) {
   // A flag that the catalogue knows nothing of must be one all the same.
   SetCatalogue(1, 1);
   EXPECT_EQ(CheckProjectContent(Joined(With(SmallProjectLines(), line::LastFlag, "x"))),
-            ProjectContent::Cut);
+            ProjectContent::Odd);
 }
 
 TEST_F(ProjectBackupTest, A_date_that_no_form_fits_makes_no_file_unsound) {
