@@ -122,8 +122,12 @@ int DoJobs(const std::vector<Job>& jobs, int workers, JobRunner& runner, Console
   } else {
     const auto work = [&](int number) {
       std::ostringstream said;
-      console.Redirect(said);
-      const int code = runner.Do(nameJob(number));
+      int code = ExitFault;
+      {
+        // Where there is no process to be had, this one works, and tells it afterwards.
+        const ConsoleRedirection redirected(console, said);
+        code = runner.Do(nameJob(number));
+      }
       return Worked{code, said.str(), ""};
     };
     DoInWorkers(count, workers, work, [&](int number, const Worked& worked) {

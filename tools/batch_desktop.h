@@ -63,6 +63,21 @@ class Console {
   bool several_ = false;
 };
 
+// Lets the console write into a stream for as long as this lives.
+class ConsoleRedirection {
+ public:
+  ConsoleRedirection(Console& console, std::ostream& stream) : console_(console), former_(console) {
+    console.Redirect(stream);
+  }
+  ~ConsoleRedirection() { console_ = former_; }
+  ConsoleRedirection(const ConsoleRedirection&) = delete;
+  ConsoleRedirection& operator=(const ConsoleRedirection&) = delete;
+
+ private:
+  Console& console_;
+  const Console former_;
+};
+
 // The settings of a user's file, or the defaults without one. What is stored is remembered until
 // the store goes; the file is never written.
 class BatchSettings : public SettingsStore {

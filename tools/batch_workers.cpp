@@ -84,7 +84,13 @@ bool Receive(int socket, void* bytes, std::size_t count) {
 // The life of a worker: pieces come by their number until there are no more.
 [[noreturn]] void Serve(int socket, const Work& work) {
   for (std::int32_t piece = 0; Receive(socket, &piece, sizeof piece);) {
-    const Worked worked = work(piece);
+    Worked worked;
+    try {
+      worked = work(piece);
+    } catch (...) {
+      // What is above belongs to the process that this one is a copy of.
+      _exit(1);
+    }
     const Header header{worked.Code, static_cast<std::uint32_t>(worked.Said.size())};
     if (!Send(socket, &header, sizeof header) ||
         !Send(socket, worked.Said.data(), worked.Said.size())) {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -51,7 +52,8 @@ TEST(BatchWorkers, Words_longer_than_any_pipe_come_whole) {
   std::vector<std::string> said;
   DoInWorkers(4, 2, work, [&](int, const Worked& worked) { said.push_back(worked.Said); });
   ASSERT_EQ(said.size(), 4U);
-  for (int number = 0; number < 4; ++number) EXPECT_EQ(said.at(number), work(number).Said);
+  for (int number = 0; number < 4; ++number)
+    EXPECT_EQ(said.at(static_cast<std::size_t>(number)), work(number).Said);
 }
 
 TEST(BatchWorkers, Each_worker_is_a_process_of_its_own) {
@@ -82,8 +84,17 @@ TEST(BatchWorkers, All_may_die) {
   const Told told = TellAll(6, 3, work);
   ASSERT_EQ(told.size(), 6U);
   for (int number = 0; number < 6; ++number) {
-    EXPECT_EQ(told.at(number), std::to_string(number) + " 0  exit code 1");
+    EXPECT_EQ(told.at(static_cast<std::size_t>(number)),
+              std::to_string(number) + " 0  exit code 1");
   }
+}
+
+TEST(BatchWorkers, A_piece_that_raises_an_error_is_told_as_its_process_death) {
+  const Told told = TellAll(3, 2, [](int number) {
+    if (number == 1) throw std::runtime_error("lost");
+    return Saying(number);
+  });
+  EXPECT_EQ(told, (Told{Expected(1).front(), "1 0  exit code 1", Expected(3).back()}));
 }
 
 }  // namespace
