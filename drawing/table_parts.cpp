@@ -90,9 +90,8 @@ std::vector<TableGrid> TableParts(const TableGrid& grid, const SheetRoom& room, 
     parts = Broken(grid, width, scale);
   }
 
-  const double left = std::max(room.Right - scale * WidthOf(grid, parts.front()), room.Left);
   std::vector<TableGrid> grids;
-  for (const Columns& columns : parts) grids.push_back(Part(grid, columns, left, scale));
+  for (const Columns& columns : parts) grids.push_back(Part(grid, columns, room.Left, scale));
   return grids;
 }
 

@@ -11,10 +11,10 @@ namespace orvane {
 constexpr double TablePartGap = 2;  // mm between two parts
 
 // The table as it is where it is no wider than its room. Else as many of its columns as have room,
-// to the right side of the room, and the others in further parts, which begin below the first one's
-// left edge; each part has the first column, which tells what its rows are, and one other at least.
-// Where the parts, from `top` mm down, are higher than the room, all of them are smaller, down to
-// 60 %: in columns, rows and letters. Parts that are higher even so run on.
+// from the left side of the room on, where the table's title begins too, and the others in further
+// parts below; each part has the first column, which tells what its rows are, and one other at
+// least. Where the parts, from `top` mm down, are higher than the room, all of them are smaller,
+// down to 60 %: in columns, rows and letters. Parts that are higher even so run on.
 //
 // A text over several columns stays in the part where it begins.
 std::vector<TableGrid> TableParts(const TableGrid& grid, const SheetRoom& room, double top);

@@ -170,8 +170,18 @@ TEST_F(SheetRooms, Each_part_of_the_table_names_its_rows) {
 TEST_F(SheetRooms, The_title_of_the_table_stands_over_it) {
   AddOffGaugeHoles(2);
   EXPECT_NEAR(TextOn(Drawn(), "Off-gauge hole Y dims.").TopLeft.X, 207, Close);
+  // 22 letters: at 85 % the columns of a part leave some of the room. A row's name stands in the
+  // middle of the first one, 12.75 mm wide; the key has the same letters farther right.
   AddOffGaugeHoles(20);
-  EXPECT_NEAR(TextOn(Drawn(), "Off-gauge hole Y dims.").TopLeft.X, 72, Close);
+  const Page& drawn = Drawn();
+  EXPECT_NEAR(TextOn(drawn, "Off-gauge hole Y dims.").TopLeft.X, 72, Close);
+  int names = 0;
+  for (const TextShape& text : TextsOf(drawn)) {
+    if (text.Text != "w" || text.TopLeft.X > 90) continue;
+    EXPECT_NEAR((text.TopLeft.X + RightOf(text)) / 2, 72 + 12.75 / 2, Close);
+    ++names;
+  }
+  EXPECT_EQ(names, 2);
 }
 
 // The labels of the job table begin at 160 mm, the title at 70. Fourteen points: 2.469 mm a letter.
