@@ -355,4 +355,25 @@ TEST_F(SheetPdfTest, An_SVG_has_the_papers_size_and_its_texts_as_text) {
   EXPECT_FALSE(reader.hasError()) << FromQt(reader.errorString());
 }
 
+TEST_F(SheetPdfTest, An_SVG_is_well_formed_with_any_sign_in_every_text_and_name) {
+  Open("cladding");
+  const std::string odd = "Smith & Sons < \"x\" > 'y' ]]> \x01";
+  for (std::string& detail : txtProject) detail = odd;
+  CompanyName = CompanyDetails = odd;
+  Items.At(1).Mark = Items.At(1).Notes = odd;
+  PageSurface surface(SheetMetrics());
+  DrawSection(surface, 1, true, true);
+  const std::string path = TempFile("sheet.svg", "");
+  WriteSvg(path, surface.Result().Pages.front(), odd);
+  QXmlStreamReader reader(QByteArray::fromStdString(BytesOf(path)));
+  int texts = 0;
+  while (!reader.atEnd()) {
+    reader.readNext();
+    if (reader.isCharacters() && reader.text().contains(u"Smith & Sons < \"x\" > 'y' ]]>")) ++texts;
+  }
+  EXPECT_FALSE(reader.hasError()) << FromQt(reader.errorString());
+  // Title, mark and notes, five details, and the company in the footer.
+  EXPECT_GE(texts, 9);
+}
+
 }  // namespace orvane::test
