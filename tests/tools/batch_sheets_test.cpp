@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "core/model.h"
+#include "holes/hole_list.h"
+#include "project/project_file.h"
 #include "tests/tools/companion.h"
 
 namespace orvane {
@@ -48,6 +51,44 @@ TEST_F(BatchSheets, All_that_is_drawn_is_laid_out_for_the_paper_that_is_named) {
   EXPECT_NE(BytesOf(Path("a-sheet-001.svg")).find("viewBox=\"0 0 420 297\""), std::string::npos);
   EXPECT_NE(sizeOn("Letter", "a-summary.pdf").find("612 x 792 pts (letter)"), std::string::npos);
   EXPECT_NE(sizeOn("Tabloid", "a-sheets.pdf").find("1224 x 792 pts"), std::string::npos);
+}
+
+// Two holes by hand 30 mm apart: in 228 mm of paper for 6 m, 4 mm between them are 105.26 of the
+// section, 9 are 236.84. What an office has saved its jobs under is no matter of the sheets of
+// today.
+TEST_F(BatchSheets, A_job_saved_under_another_least_separation_has_the_sheets_of_today) {
+  DrawingWidth = 228;
+  for (const char* mark : {"P1", "P2"}) {
+    Item item;
+    item.Mark = mark;
+    item.SectionType = "Z";
+    item.Product = "Z20015";
+    item.Length = 6000;
+    item.Quantity = 2;
+    item.PatternName = CustomPattern;
+    for (const auto x : {std::int16_t{3000}, std::int16_t{3030}}) {
+      Hole hole;
+      hole.XPos = x;
+      hole.Kind = CustomKind;
+      hole.BF = hole.TF = "n";
+      hole.W1 = hole.W2 = "y";
+      hole.Diameter = 18;
+      item.Holes.Append(hole);
+      ++item.CustomHoleCount;
+    }
+    Items.Append(item);
+  }
+  std::vector<std::string> sheets;
+  for (const double separation : {4.0, 9.0}) {
+    const double gap = separation * 6000 / 228;
+    MinHoleSep = separation;
+    for (Item& item : Items) AdjustHoleSpacing(item);
+    EXPECT_NEAR(Items.At(2).Holes.At(2).DrawGap, gap, 1e-9);
+    WriteProjectFile(Path("a.ovd"));
+    EXPECT_EQ(Run({"--svg", "a.ovd"}).Code, 0);
+    sheets.push_back(BytesOf(Path("a-sheet-001.svg")) + BytesOf(Path("a-sheet-002.svg")));
+  }
+  EXPECT_EQ(sheets.at(0), sheets.at(1));
 }
 
 TEST_F(BatchSheets, The_very_first_sheet_shows_the_gaps_between_its_holes) {
