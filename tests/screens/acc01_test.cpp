@@ -94,6 +94,8 @@ TEST_F(Acc01Test, No_shipped_accessory_shows_the_value_column) {
 TEST_F(Acc01Test, Columns_are_as_wide_as_their_longest_entry) {
   const std::string longText = "A size with a description that is much longer than the others";
   GiveSizes(HalfSleeves, 3);
+  // A picture would be wider than either, with the letters of some desktops.
+  AccDefs.At(HalfSleeves).DrawingFile = "None";
   AccDefs.At(HalfSleeves).ParamTexts.At(2) = longText;
   AccDefs.At(HalfSleeves).ParamNames.At(3) = "CODE-OF-SOME-LENGTH";
   int width = 0;
