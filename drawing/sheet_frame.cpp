@@ -11,6 +11,7 @@
 #include "core/numbers.h"
 #include "core/section_families.h"
 #include "core/text.h"
+#include "drawing/papers.h"
 #include "drawing/primitives.h"
 #include "drawing/sheet.h"
 #include "drawing/sheet_layout.h"
@@ -138,12 +139,11 @@ double StripTop(const PrintSurface& surface, const SheetSource& source) {
 }
 
 StripMargins GreatestStripMargins(const SheetSource& source) {
-  constexpr double pageWidth = 297;  // A4, landscape
-  constexpr double pageHeight = 210;
+  constexpr Paper paper;  // A4, which lies
   double lowest = 0;
   for (const SectionDim& product : SectionDims) lowest = std::max(lowest, LowestOf(product));
-  const double left = pageWidth - JobLabelInset - JobLabelWidth - JobValueWidth;
-  const double bottom = pageHeight - source.imgLogo->Height - StripRise - lowest;
+  const double left = paper.Height - JobLabelInset - JobLabelWidth - JobValueWidth;
+  const double bottom = paper.Width - source.imgLogo->Height - StripRise - lowest;
   return {Whole(std::floor(left)), Whole(std::floor(std::max(bottom, 0.0)))};
 }
 

@@ -12,16 +12,13 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "drawing/length.h"
+#include "drawing/painting.h"
 
 namespace orvane {
 
 namespace {
 
 constexpr double TwipsToThePoint = 20;
-// The thinnest line on paper, mm.
-constexpr double ThinnestLine = 0.02;
-// Pictures within pictures, at most.
-constexpr int DeepestPicture = 8;
 
 // Kerning and joined letters would move a text away from where it was measured. A corner is cut off
 // beyond ten widths of its line from its middle, which are twenty here.
@@ -98,7 +95,7 @@ class SvgWriter {
     Attribute("fill", inside.Visible ? ColorText(inside.Color) : "none");
     if (!pen.Visible) return;
     Attribute("stroke", ColorText(pen.Color));
-    Attribute("stroke-width", std::max(pen.Width, ThinnestLine));
+    Attribute("stroke-width", std::max(pen.Width, ThinnestOnPaper));
   }
 
   void Close() { text_ += "/>\n"; }

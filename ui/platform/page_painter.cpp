@@ -10,6 +10,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "drawing/length.h"
+#include "drawing/painting.h"
 #include "ui/platform/qt_font_metrics.h"
 #include "ui/platform/qt_text.h"
 
@@ -19,14 +20,10 @@ namespace {
 
 // Beyond this a corner is cut off instead of mitred, in widths of the line.
 constexpr double MitreLimit = 10;
-// The thinnest line on paper, mm.
-constexpr double ThinnestOnPaper = 0.02;
 // Letters higher than this on a screen are painted smaller: font engines fail at them.
 constexpr double HighestLetter = 2000;  // pixels
 // What rounding may take off the edge of a bar on a screen, and more.
 constexpr double Hair = 1e-4;  // pixels
-// Pictures within pictures, at most.
-constexpr int DeepestPicture = 8;
 
 QColor ColorOf(Rgb color) {
   return {color.Red, color.Green, color.Blue};
