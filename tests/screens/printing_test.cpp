@@ -260,6 +260,13 @@ TEST_F(TheDialog, Escape_prints_nothing) {
   EXPECT_FALSE(std::filesystem::exists(path));
 }
 
+// The toolkit's list of names that fit comes up when the folder has been read, and takes an Enter.
+TEST_F(TheDialog, No_list_of_names_comes_between_the_name_and_its_Enter) {
+  Foresee(
+      [](QWidget& dialog) { EXPECT_EQ(Find<QLineEdit>(dialog, "filename").completer(), nullptr); });
+  EXPECT_TRUE(PrintDocument(NumberedPages(1), nullptr, "Hall 7"));
+}
+
 // A run of many pages.
 
 TEST_F(Printing, A_long_run_can_be_called_off_and_leaves_no_file) {

@@ -43,11 +43,13 @@ void RequirePrinter() {
 #endif
 }
 
-// The toolkit's own dialog proposes a file of no name on some desktops; the job's is better.
+// The toolkit's own dialog proposes a file of no name on some desktops; the job's is better. Its
+// list of names that fit comes up behind quick fingers, and would take the Enter that is to print.
 void ProposeFile(const QPrintDialog& dialog, QString name) {
   auto* file = dialog.findChild<QLineEdit*>("filename");
   if (file == nullptr) return;
   name.replace(": ", "-").replace('/', '-');
+  file->setCompleter(nullptr);
   file->setText(QFileInfo(file->text()).dir().filePath(name + ".pdf"));
 }
 
