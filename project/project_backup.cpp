@@ -8,6 +8,7 @@
 #include "core/runtime_error.h"
 #include "core/text.h"
 #include "core/text_file.h"
+#include "project/job.h"
 #include "project/project_layout.h"
 
 namespace orvane {
@@ -24,6 +25,7 @@ class FileCheck {
   void Detail(const std::string&) { file_.ReadField(); }
   void Plain(const std::string&) { file_.ReadField(); }
   void Quoted(const std::string&) { file_.ReadField(); }
+  void Sign(const std::string&) { file_.ReadField(); }
   void ProjectDate(const Date&) { file_.ReadField(); }
 
   void Number(std::int16_t& field) { field = file_.ReadInt16(); }
@@ -87,15 +89,16 @@ bool EndsItsLastLine(const std::string& bytes) {
 ProjectContent CheckProjectContent(const std::string& bytes) {
   TextFile file(DecodeText(WithoutBlankEnd(bytes)));
   FileCheck check(file);
+  Job counted;  // stays empty but for its counts
   try {
-    DescribeSections(check);
+    DescribeSections(check, counted);
   } catch (const RuntimeError&) {
     return ProjectContent::Broken;
   }
   if (!EndsItsLastLine(bytes)) return ProjectContent::Cut;
   if (file.AtEnd()) return ProjectContent::Old;
   try {
-    DescribeType2Lines(check);
+    DescribeType2Lines(check, counted);
     return ContentByFlags(file);
   } catch (const RuntimeError&) {
     return ProjectContent::Cut;

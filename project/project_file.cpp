@@ -46,23 +46,24 @@ class ProjectWriter {
     }
   }
   void Quoted(const std::string& text) { lines_.QuotedLine(text); }
+  void Sign(const std::string& text) { Plain(text); }
 
   void Number(std::int16_t field) { lines_.NumberLine(field); }
   void Number(float field) { lines_.NumberLine(field); }
   void Number(double field) { lines_.NumberLine(field); }
-  void Flag(int row) { lines_.NumberLine(ToBoolean(AccUsed.At(row) != False)); }
+  void Flag(Boolean flag) { lines_.NumberLine(ToBoolean(flag != False)); }
 
-  template <class Row>
-  int Count(const Table<Row>& table) {
+  template <class List>
+  int Count(const List& table) {
     lines_.NumberLine(Int16(table.UBound()));
     return table.UBound();
   }
 
-  template <class Row>
-  void Size(const Table<Row>&, int) {}
+  template <class List>
+  void Size(const List&, int) {}
 
-  template <class Row>
-  void Rows(Table<Row>& table, int first, int last) {
+  template <class List>
+  void Rows(const List& table, int first, int last) {
     for (int row = first; row <= last; ++row) Describe(*this, table.At(row));
   }
 
@@ -72,7 +73,7 @@ class ProjectWriter {
   LineWriter lines_;
 };
 
-// The layout's visitor that reads a file into the model.
+// The layout's visitor that reads a file into the records of a job.
 class ProjectReader {
  public:
   explicit ProjectReader(TextFile& file) : file_(file) {}
@@ -94,11 +95,12 @@ class ProjectReader {
 
   void Plain(std::string& text) { text = file_.ReadField(); }
   void Quoted(std::string& text) { text = file_.ReadField(); }
+  void Sign(std::string& text) { Plain(text); }
 
   void Number(std::int16_t& field) { field = file_.ReadInt16(); }
   void Number(float& field) { field = file_.ReadFloat(); }
   void Number(double& field) { field = file_.ReadDouble(); }
-  void Flag(int row) { AccUsed.At(row) = ToBoolean(file_.ReadDouble() != 0); }
+  void Flag(Boolean& flag) { flag = ToBoolean(file_.ReadDouble() != 0); }
 
   template <class Row>
   int Count(const Table<Row>&) {
@@ -125,13 +127,31 @@ class ProjectReader {
   ProjectNotes notes_;
 };
 
+ProjectNotes ReadRecords(TextFile& file, JobRecords job) {
+  ProjectReader reader(file);
+  DescribeSections(reader, job);
+
+  job.AccLines2.Clear();
+  try {
+    DescribeType2Lines(reader, job);
+    DescribeFlags(reader, job);
+  } catch (const std::exception&) {
+    // The whole of the handling of old files: they end in front of the type 2 lines or the flags.
+  }
+  return reader.Notes();
+}
+
 }  // namespace
 
 std::string ProjectText() {
+  return ProjectText(OpenJob());
+}
+
+std::string ProjectText(const JobView& job) {
   ProjectWriter writer;
-  DescribeSections(writer);
-  DescribeType2Lines(writer);
-  DescribeFlags(writer);
+  DescribeSections(writer, job);
+  DescribeType2Lines(writer, job);
+  DescribeFlags(writer, job);
   return writer.TakeText();
 }
 
@@ -153,17 +173,14 @@ ProjectNotes ReadProjectFile(const std::string& path) {
 }
 
 ProjectNotes ReadProjectFile(TextFile& file) {
-  ProjectReader reader(file);
-  DescribeSections(reader);
+  return ReadRecords(file, OpenJobRecords());
+}
 
-  AccLines2.Clear();
-  try {
-    DescribeType2Lines(reader);
-    DescribeFlags(reader);
-  } catch (const std::exception&) {
-    // The whole of the handling of old files: they end in front of the type 2 lines or the flags.
-  }
-  return reader.Notes();
+ReadJob ReadProject(TextFile& file) {
+  ReadJob read;
+  read.Records.AccUsed.Resize(AccType1Count + AccType2Count);
+  read.Notes = ReadRecords(file, RecordsOf(read.Records));
+  return read;
 }
 
 }  // namespace orvane

@@ -7,6 +7,7 @@
 
 #include "core/model.h"
 #include "core/text_file.h"
+#include "project/job.h"
 
 namespace orvane {
 
@@ -14,6 +15,8 @@ namespace orvane {
 // line can't hold, or more rows than 16 bits count, raise "Overflow"; an item or line that holds
 // fewer rows than its count raises "Subscript out of range".
 std::string ProjectText();
+// The same of any job. The flags are as many as the present catalogues have accessories.
+std::string ProjectText(const JobView& job);
 
 // The table half of SaveProject: builds the text, keeps the former content of a file that reads
 // back whole as PATH.bak, then replaces what the file held. Raises the system's error. An error of
@@ -38,5 +41,14 @@ ProjectNotes ReadProjectFile(TextFile& file);
 // The same of a file named by its path; a path of blanks does nothing. A file that can't be opened
 // raises the system's error, and leaves the model as it is.
 ProjectNotes ReadProjectFile(const std::string& path);
+
+// A job that was read apart from the open one.
+struct ReadJob {
+  Job Records;
+  ProjectNotes Notes;
+};
+
+// The same reading into records of their own, which start empty; no table changes.
+ReadJob ReadProject(TextFile& file);
 
 }  // namespace orvane

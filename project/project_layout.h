@@ -8,27 +8,35 @@
 //   Plain(text)               a line that holds the text as it stands
 //   Quoted(text)              a line that holds the text between double quotes
 //   Number(field)             a number line for a 16-bit, 32-bit float or 64-bit float field
-//   Flag(row)                 a number line for a flag of AccUsed
+//   Sign(text)                a plain line for a sign or none; blanks are none
+//   Flag(flag)                a number line for a flag of AccUsed
 //   Count(table)              a number line for the number of a table's rows, which it returns:
-//   that of
-//                             the table when it is written, that of the file when it is read
+//                             that of the table when it is written, that of the file when it is
+//                             read
 //   Size(table, count)        no line: gives a table that is about to be read fresh blank rows; a
 //                             negative count is "Subscript out of range"
 //   Rows(table, first, last)  one block for each of these rows, by Describe of the row's record
 //
-// A visitor that checks a file describes records of its own and leaves the tables alone.
+// A job is described by its records (project/job), which need not be the open one's. A visitor that
+// only looks at them gets them as constants.
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <string>
+#include <type_traits>
 
 #include "core/model.h"
 
 namespace orvane {
 
+// A record of the model, to be read into or only to be looked at.
+template <class Row, class Record>
+concept Is = std::same_as<std::remove_const_t<Row>, Record>;
+
 // A hole block, 11 lines. The countersink stands before the two gaps, unlike in the record.
-template <class Visitor>
-void Describe(Visitor& visit, Hole& hole) {
+template <class Visitor, Is<Hole> Row>
+void Describe(Visitor& visit, Row& hole) {
   visit.Number(hole.XPos);
   visit.Plain(hole.Kind);
   visit.Plain(hole.BF);
@@ -37,14 +45,14 @@ void Describe(Visitor& visit, Hole& hole) {
   visit.Plain(hole.TF);
   visit.Number(hole.Diameter);
   visit.Number(hole.SlotLength);
-  visit.Plain(hole.CounterSunk);
+  visit.Sign(hole.CounterSunk);
   visit.Number(hole.RelX);
   visit.Number(hole.DrawGap);
 }
 
 // A notch block, 4 lines.
-template <class Visitor>
-void Describe(Visitor& visit, Notch& notch) {
+template <class Visitor, Is<Notch> Row>
+void Describe(Visitor& visit, Row& notch) {
   visit.Plain(notch.Code);
   visit.Number(notch.Size1);
   visit.Number(notch.Size2);
@@ -52,8 +60,8 @@ void Describe(Visitor& visit, Notch& notch) {
 }
 
 // An item block. Its order isn't that of the record's fields.
-template <class Visitor>
-void Describe(Visitor& visit, Item& item) {
+template <class Visitor, Is<Item> Row>
+void Describe(Visitor& visit, Row& item) {
   visit.Quoted(item.Mark);
   visit.Plain(item.SectionType);
   visit.Plain(item.Product);
@@ -83,8 +91,8 @@ void Describe(Visitor& visit, Item& item) {
 }
 
 // A type 1 line block, 4 lines.
-template <class Visitor>
-void Describe(Visitor& visit, AccLine1& line) {
+template <class Visitor, Is<AccLine1> Row>
+void Describe(Visitor& visit, Row& line) {
   visit.Number(line.AccIndex);
   visit.Number(line.ParamIndex);
   visit.Number(line.Qty);
@@ -92,14 +100,14 @@ void Describe(Visitor& visit, AccLine1& line) {
 }
 
 // One value of a type 2 line.
-template <class Visitor>
-void Describe(Visitor& visit, std::string& value) {
+template <class Visitor, Is<std::string> Row>
+void Describe(Visitor& visit, Row& value) {
   visit.Quoted(value);
 }
 
 // A type 2 line block.
-template <class Visitor>
-void Describe(Visitor& visit, AccLine2& line) {
+template <class Visitor, Is<AccLine2> Row>
+void Describe(Visitor& visit, Row& line) {
   visit.Number(line.AccIndex);
   visit.Plain(line.Mark);
   visit.Number(line.NoOff);
@@ -109,38 +117,38 @@ void Describe(Visitor& visit, AccLine2& line) {
 }
 
 // The part that every project file has, from its head to the last type 1 line.
-template <class Visitor>
-void DescribeSections(Visitor& visit) {
-  visit.OrvaneNumber(txtProject.at(0));
-  visit.Detail(txtProject.at(1));
-  visit.Detail(txtProject.at(2));
-  visit.Detail(txtProject.at(3));
-  visit.Detail(txtProject.at(4));
-  visit.ProjectDate(DTPicker1);
+template <class Visitor, class Records>
+void DescribeSections(Visitor& visit, Records& job) {
+  visit.OrvaneNumber(job.Details.at(0));
+  visit.Detail(job.Details.at(1));
+  visit.Detail(job.Details.at(2));
+  visit.Detail(job.Details.at(3));
+  visit.Detail(job.Details.at(4));
+  visit.ProjectDate(job.ProjectDate);
 
-  const int items = visit.Count(Items);
-  visit.Size(Items, items);
-  visit.Rows(Items, 1, items);
+  const int items = visit.Count(job.Items);
+  visit.Size(job.Items, items);
+  visit.Rows(job.Items, 1, items);
 
-  const int lines = visit.Count(AccLines1);
-  visit.Size(AccLines1, std::max(lines, 0));
-  visit.Rows(AccLines1, 1, lines);
+  const int lines = visit.Count(job.AccLines1);
+  visit.Size(job.AccLines1, std::max(lines, 0));
+  visit.Rows(job.AccLines1, 1, lines);
 }
 
 // The first part of the tail, which files from before type 2 accessories lack.
-template <class Visitor>
-void DescribeType2Lines(Visitor& visit) {
-  const int lines = visit.Count(AccLines2);
-  visit.Size(AccLines2, std::max(lines, 0));
-  visit.Rows(AccLines2, 1, lines);
+template <class Visitor, class Records>
+void DescribeType2Lines(Visitor& visit, Records& job) {
+  const int lines = visit.Count(job.AccLines2);
+  visit.Size(job.AccLines2, std::max(lines, 0));
+  visit.Rows(job.AccLines2, 1, lines);
 }
 
 // The end of the file: as many flags as the present catalogues have accessories. No line tells
 // their number.
-template <class Visitor>
-void DescribeFlags(Visitor& visit) {
+template <class Visitor, class Records>
+void DescribeFlags(Visitor& visit, Records& job) {
   const int flags = AccType1Count + AccType2Count;
-  for (int row = 1; row <= flags; ++row) visit.Flag(row);
+  for (int row = 1; row <= flags; ++row) visit.Flag(job.AccUsed.At(row));
 }
 
 }  // namespace orvane

@@ -95,9 +95,9 @@ void EnterOutFolder(const std::string& folder) {
   if (error) Raise(error, folder);
 }
 
-std::vector<Job> JobsOf(const BatchOptions& options) {
+std::vector<NamedJob> JobsOf(const BatchOptions& options) {
   const std::vector<std::string> clashes = ClashesOf(options);
-  std::vector<Job> jobs;
+  std::vector<NamedJob> jobs;
   for (std::size_t at = 0; at < clashes.size(); ++at) {
     const std::string& name = options.Jobs.at(at);
     jobs.push_back({name, AbsolutePath(name), clashes.at(at)});
@@ -106,10 +106,10 @@ std::vector<Job> JobsOf(const BatchOptions& options) {
 }
 
 // Does the jobs, in their order or several at a time, and gives the highest of their codes.
-int DoJobs(const std::vector<Job>& jobs, int workers, JobRunner& runner, Console& console) {
+int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Console& console) {
   const int count = static_cast<int>(jobs.size());
   const auto nameJob = [&](int number) {
-    const Job& job = jobs.at(static_cast<std::size_t>(number));
+    const NamedJob& job = jobs.at(static_cast<std::size_t>(number));
     if (count > 1) console.ShowProgress(number + 1, count, job.Name);
     console.NameJob(job.Name, count > 1);
     return job;
@@ -142,7 +142,7 @@ int DoJobs(const std::vector<Job>& jobs, int workers, JobRunner& runner, Console
 }
 
 int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console) {
-  const std::vector<Job> jobs = JobsOf(options);
+  const std::vector<NamedJob> jobs = JobsOf(options);
   const std::string resave = AbsolutePath(options.Resave);
   const std::string settingsFile = AbsolutePath(options.SettingsFile);
   BatchDesktop desktop(console, {options.Sleeves, options.Created, settingsFile, options.DateForm});

@@ -74,7 +74,7 @@ JobRunner::JobRunner(const BatchOptions& options, std::string resave,
       desktop_(desktop),
       console_(console) {}
 
-int JobRunner::Do(const Job& job) {
+int JobRunner::Do(const NamedJob& job) {
   desktop_.BeginJob(CamFileName(job.Path));
   if (!job.Clash.empty()) {
     console_.SayError(job.Clash);
@@ -104,7 +104,7 @@ int JobRunner::Do(const Job& job) {
 // of sections would make half a delivery, so a job that can't be read goes no further, nor does one
 // that was cut behind them. The program opens such a file without a word; here nobody would see
 // what is missing.
-bool JobRunner::Read(const Job& job) {
+bool JobRunner::Read(const NamedJob& job) {
   ProjectContent content = ProjectContent::Broken;
   ProjectNotes notes;
   const bool read = console_.Try(job.Name, [&] {
@@ -153,7 +153,7 @@ int JobRunner::Export() {
 }
 
 // Makes the documents that are asked for; one that fails doesn't keep the others back.
-int JobRunner::Print(const Job& job) {
+int JobRunner::Print(const NamedJob& job) {
   bool done = true;
   const auto print = [&](bool wanted, const std::function<bool()>& document) {
     bool whole = false;
@@ -171,7 +171,7 @@ bool JobRunner::SayComplete(const std::string& said, bool whole) {
   return whole;
 }
 
-bool JobRunner::PrintSheets(const Job& job) {
+bool JobRunner::PrintSheets(const NamedJob& job) {
   if (Items.Empty()) return SayComplete("No sheets: the job has no sections", true);
   DocumentFiles files;
   files.Title = DocumentTitle(job.Name, "sheets");
@@ -185,7 +185,7 @@ bool JobRunner::PrintSheets(const Job& job) {
   return SayComplete("Sheets complete", whole);
 }
 
-bool JobRunner::PrintAccessories(const Job& job) {
+bool JobRunner::PrintAccessories(const NamedJob& job) {
   if (!UsesAccessories()) {
     return SayComplete("No accessory sheets: none of the job's accessories is marked as used",
                        true);
@@ -196,7 +196,7 @@ bool JobRunner::PrintAccessories(const Job& job) {
   return SayComplete("Accessory sheets complete", whole);
 }
 
-bool JobRunner::PrintSummary(const Job& job) {
+bool JobRunner::PrintSummary(const NamedJob& job) {
   screen_.PreviewInto(Writer(), {DocumentTitle(job.Name, "contract summary"),
                                  SummaryFileName(job.Path), nullptr, options_.PaperOfPages});
   PrintContractSummary();

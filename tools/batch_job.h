@@ -14,7 +14,7 @@
 namespace orvane {
 
 // One job as it was named and as it is found from anywhere.
-struct Job {
+struct NamedJob {
   std::string Name;
   std::string Path;
   std::string Clash;  // why it isn't done; empty for one that is
@@ -34,15 +34,15 @@ class JobRunner {
             Console& console);
 
   // Gives the exit code.
-  int Do(const Job& job);
+  int Do(const NamedJob& job);
 
  private:
-  bool Read(const Job& job);
+  bool Read(const NamedJob& job);
   int Export();
-  int Print(const Job& job);
-  bool PrintSheets(const Job& job);
-  bool PrintAccessories(const Job& job);
-  bool PrintSummary(const Job& job);
+  int Print(const NamedJob& job);
+  bool PrintSheets(const NamedJob& job);
+  bool PrintAccessories(const NamedJob& job);
+  bool PrintSummary(const NamedJob& job);
   bool SayComplete(const std::string& said, bool whole);
   void RemoveFormerSvgs(const std::string& job, int last) const;
   DocumentWriter& Writer();
