@@ -73,6 +73,9 @@ struct Item {
   std::string Pitch;                // eaves beams: roof pitch as chosen, degrees as text
   std::int16_t JointingPieces = 0;  // cleader rails: number of jointing pieces
   std::int16_t SagBarDia = 0;       // 0 without sag bars, else their hole diameter, 14 or 18 mm
+  // Tells it from every other section as long as the program runs, whatever row it comes to stand
+  // in and whatever mark it bears; 0 until somebody asks (project/section_serial). Not saved.
+  std::int32_t Serial = 0;
 
   // Rows of Holes, pattern and custom holes together, and of Notches.
   std::int16_t HoleCount() const { return Int16(Holes.UBound()); }

@@ -6,11 +6,12 @@
 #include "core/runtime_error.h"
 #include "drawing/pictures.h"
 #include "project/error_names.h"
+#include "project/section_serial.h"
 
 namespace orvane {
 
 Teller SheetErrors::Of(std::int16_t row) {
-  errors_.push_back({NameOfSection(row), {}});
+  errors_.push_back({NameOfSection(row), {}, SerialOf(row)});
   return [&errors = errors_.back()](const std::string& description) { errors.Add(description); };
 }
 

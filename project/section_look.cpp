@@ -5,8 +5,10 @@
 #include <map>
 
 #include "core/desktop.h"
+#include "core/model.h"
 #include "project/error_names.h"
 #include "project/main_screen.h"
+#include "project/section_serial.h"
 
 namespace orvane {
 
@@ -23,8 +25,8 @@ std::vector<Look*> looks;
 
 SectionErrors lastFound;
 
-// What was said, by the names of the sections.
-std::map<std::string, std::vector<std::string>> said;
+// What was said, by the serials of the sections.
+std::map<std::int32_t, std::vector<std::string>> said;
 
 class UnderWay {
  public:
@@ -73,6 +75,7 @@ bool RunLook(std::int16_t row, const std::function<void()>& look) {
   }
   // By the name that it bears now: the look may be of a mark that is being typed.
   one.Found.Name = NameOfSection(row);
+  if (row <= Items.UBound()) one.Found.Serial = SerialOf(row);
   lastFound = one.Found;
   TheMainScreen().ShowSectionErrors(LineOf(lastFound));
   return true;
@@ -109,7 +112,7 @@ void SayErrors() {
 std::string ErrorsNotYetSaid(const SectionErrors& errors) {
   std::string text;
   for (const std::string& description : errors.Descriptions) {
-    std::vector<std::string>& saidOfIt = said[errors.Name];
+    std::vector<std::string>& saidOfIt = said[errors.Serial];
     if (Contains(saidOfIt, description)) continue;
     saidOfIt.push_back(description);
     if (!text.empty()) text += '\r';
@@ -122,8 +125,8 @@ void ForgetSaid(const ChangeNotice& change) {
   const ChangeRule& rule = RuleOf(change.Kind);
   if (rule.By != ChangeBy::User) return;
   if (rule.Subject == ChangeSubject::WholeJob) return ForgetSaid();
-  const bool ofOne = rule.Subject == ChangeSubject::Section || change.Kind == ChangeKind::Delete;
-  if (ofOne && ChangesTheJob(rule)) said.erase(NameOfSection(change.Row));
+  if (rule.Subject != ChangeSubject::Section || change.Kind == ChangeKind::SamePattern) return;
+  if (change.Row >= 1 && change.Row <= Items.UBound()) said.erase(SerialOf(change.Row));
 }
 
 void ForgetSaid() {

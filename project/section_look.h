@@ -16,6 +16,7 @@ namespace orvane {
 struct SectionErrors {
   std::string Name;  // NameOfSection
   std::vector<std::string> Descriptions;
+  std::int32_t Serial = 0;  // SerialOf
 
   // Each description once.
   void Add(const std::string& description);
@@ -44,9 +45,8 @@ void SayErrors();
 // Which of these were not said before, in the same form; they count as said from now on.
 std::string ErrorsNotYetSaid(const SectionErrors& errors);
 
-// What was said of a section is said again once the user has changed it: to be told before each
-// change, while the section still bears the name that it was said under. Another job knows nothing
-// of what was said of this one.
+// What was said of a section is said again once the user has changed it, also by taking a change of
+// it back: to be told before each change. Another job knows nothing of what was said of this one.
 void ForgetSaid(const ChangeNotice& change);
 void ForgetSaid();
 

@@ -129,6 +129,7 @@ std::int16_t DuplicateRow(std::int16_t ItemIndex) {
   const std::int16_t row = NextRow();
   Change(ChangeKind::Duplicate, row, [&] {
     Item copy = Items.At(ItemIndex);
+    copy.Serial = 0;
     copy.Mark += "A";
     Items.Append(std::move(copy));
     SortHoles(row);
@@ -143,6 +144,7 @@ std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
   Change(ChangeKind::OppositeHand, row, [&] {
     const Item source = Items.At(ItemIndex);
     Item& hand = Items.Append(source);
+    hand.Serial = 0;
 
     MirrorHoles(source, hand);
     // Swapped and negated, which keeps the shape of each cut; a square end bears no minus sign.
