@@ -20,7 +20,6 @@ constexpr bool EachKindHasItsRule() {
 static_assert(EachKindHasItsRule(), "the rules stand in the order of the kinds, one for each");
 
 int depth = 0;  // of changes whose actions run
-int changesSinceSave = 0;
 
 // In the order of their making, not owned; one that goes while the others are told leaves an empty
 // place.
@@ -81,7 +80,6 @@ void Change(ChangeKind kind, std::int16_t row, const std::function<void()>& acti
     error = std::current_exception();
     notice.Failed = true;
   }
-  if (ChangesTheJob(rule)) ++changesSinceSave;
   const std::exception_ptr followed = TellFollowers(notice, &ChangeFollower::After);
   if (!error) error = followed;
   if (error) std::rethrow_exception(error);
@@ -89,14 +87,6 @@ void Change(ChangeKind kind, std::int16_t row, const std::function<void()>& acti
 
 void Change(ChangeKind kind, std::int16_t row) {
   Change(kind, row, [] {});
-}
-
-int ChangesSinceSave() {
-  return changesSinceSave;
-}
-
-void CountChangesFromHere() {
-  changesSinceSave = 0;
 }
 
 bool IsChanging() {

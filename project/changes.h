@@ -47,6 +47,8 @@ enum class ChangeKind {
   PatternText,
   AccessoryListEntered,
   ProjectReplaced,
+  Undo,
+  Redo,
   ShowSection,
   PrintAll,
   Export,
@@ -85,7 +87,7 @@ struct ChangeRule {
 };
 
 // One row a kind, in their order.
-constexpr std::size_t ChangeKinds = 36;
+constexpr std::size_t ChangeKinds = 38;
 constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
     // clang-format off
     // Kind                            Name                 Subject                      ProjectDirty         holes   redraw  by
@@ -154,6 +156,11 @@ constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
     {ChangeKind::AccessoryListEntered, "Accessories",       ChangeSubject::Nothing,      Dirties::WhenDone,   false,  false,  ChangeBy::User},
     {ChangeKind::ProjectReplaced,     "Project",           ChangeSubject::Nothing,      Dirties::WhenDone,   false,  false,  ChangeBy::User},
 
+    // Steps taken back and done again (project/history). The row is that of the section whose step it
+    // is, 0 for a step of more; it is shown by the command.
+    {ChangeKind::Undo,                "Undo",              ChangeSubject::WholeJob,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::Redo,                "Redo",              ChangeSubject::WholeJob,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+
     // Looks. A move of the cursor and the showing of a section make its pattern holes afresh and
     // settle its sag bars; a run over all sheets leaves the holes that it has drawn (row 0), and an
     // export makes those of all sections afresh and fills up values that an accessory's lines lack.
@@ -166,25 +173,6 @@ constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
 constexpr const ChangeRule& RuleOf(ChangeKind kind) {
   return ChangeRules.at(static_cast<std::size_t>(kind));
 }
-
-// Whether the job is another after a change of that rule. A sort that changed something tells it by
-// the texts of the grid; a place that the user only came to, or the project's end, is no change of
-// it.
-constexpr bool ChangesTheJob(const ChangeRule& rule) {
-  if (rule.Kind == ChangeKind::GridTexts) return true;
-  const bool inTheJob =
-      rule.Subject != ChangeSubject::Settings && rule.Subject != ChangeSubject::Nothing;
-  return rule.By == ChangeBy::User && inTheJob && rule.Kind != ChangeKind::Sort &&
-         rule.Kind != ChangeKind::SamePattern;
-}
-
-// How often the user has changed the job since it was last saved, opened or begun. Unlike
-// ProjectDirty, which has its gaps and is set by New and Open, it says whether a save has something
-// to bring to the file. A change counts when it is over, before those who follow are told, and
-// behind an error too.
-int ChangesSinceSave();
-// The job stands in its file now, or has just begun.
-void CountChangesFromHere();
 
 // What is told of a change.
 struct ChangeNotice {

@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "core/text_file.h"
 #include "project/changes.h"
+#include "project/history.h"
 #include "project/length_check.h"
 #include "project/main_screen.h"
 #include "project/project_file.h"
@@ -72,7 +73,7 @@ std::optional<std::string> PathToSave(Boolean SaveAs) {
 // The job stands in that file.
 void TakeFileName(const std::string& path) {
   ProjectFileName = path;
-  CountChangesFromHere();
+  MarkSaved();
   TheMainScreen().ShowFileName(path);
 }
 
@@ -108,7 +109,7 @@ void NewProject() {
   screen.ForgetEditors();
 
   Change(ChangeKind::NewProject, 0, [] { NewProjectTables(TheDesktop().Now().Day); });
-  CountChangesFromHere();
+  MarkSaved();
   screen.DisplayItems();
   screen.ClearDetailPanel();
   screen.EmptyHoleList();

@@ -124,8 +124,10 @@ std::string ErrorsNotYetSaid(const SectionErrors& errors) {
 void ForgetSaid(const ChangeNotice& change) {
   const ChangeRule& rule = RuleOf(change.Kind);
   if (rule.By != ChangeBy::User) return;
-  if (rule.Subject == ChangeSubject::WholeJob) return ForgetSaid();
-  if (rule.Subject != ChangeSubject::Section || change.Kind == ChangeKind::SamePattern) return;
+  const bool step = change.Kind == ChangeKind::Undo || change.Kind == ChangeKind::Redo;
+  if (rule.Subject == ChangeSubject::WholeJob && !step) return ForgetSaid();
+  const bool ofOne = rule.Subject == ChangeSubject::Section || step;
+  if (!ofOne || change.Kind == ChangeKind::SamePattern) return;
   if (change.Row >= 1 && change.Row <= Items.UBound()) said.erase(SerialOf(change.Row));
 }
 

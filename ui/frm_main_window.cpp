@@ -14,6 +14,7 @@
 #include "core/numbers.h"
 #include "core/settings.h"
 #include "project/changes.h"
+#include "project/history.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "project/section_look.h"
@@ -101,9 +102,12 @@ void FrmMain::Load() {
     sections_->DisplayItems();
     AccLines1.Clear();
     AccLines2.Clear();
-    CountChangesFromHere();
     ForgetSaid();
-    ShowTitle();
+    // Behind all who follow changes: what the sheet makes of the gaps when it is told is a look.
+    BeginHistory([this] {
+      ShowTitle();
+      ShowSteps();
+    });
     const int state = Whole(std::clamp(ScreenNumber("State", NormalState), -1.0, 3.0));
     if (state == NormalState) RestoreGeometry();
     sheet_->ApplyMargins();
@@ -114,7 +118,7 @@ void FrmMain::Load() {
 
 void FrmMain::ShowTitle() {
   const std::string name = ProjectFileName.substr(FolderOfPath(ProjectFileName).size());
-  const char* star = ChangesSinceSave() > 0 ? "*" : "";
+  const char* star = IsChangedSinceSaved() ? "*" : "";
   setWindowTitle(ToQt((name.empty() ? "Untitled" : name) + star + " - Orvane Detailing System"));
 }
 

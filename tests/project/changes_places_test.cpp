@@ -91,7 +91,7 @@ TEST(Places, The_hole_dialogs_mode_and_the_accessory_worked_on_are_set_where_a_d
 TEST(Places, The_section_worked_on_is_set_by_the_grid_and_by_the_commands_that_open_a_dialog) {
   EXPECT_EQ(FilesThatSet("CurrentItem"),
             (Files{"core/model.cpp", "project/lifecycle.cpp", "project/sections.cpp",
-                   "ui/frm_main.cpp", "ui/sections_grid.cpp"}));
+                   "ui/frm_main_edit.cpp", "ui/sections_grid.cpp"}));
 }
 
 }  // namespace

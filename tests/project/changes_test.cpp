@@ -56,7 +56,8 @@ struct Expected {
 };
 
 // Typed by hand from what the system states: the texts of the grid and of the pattern's list, the
-// arrival in the list of accessories, the five commands that make something of nothing. Not the
+// arrival in the list of accessories, the five commands that make something of nothing, and the two
+// that take steps back and do them again. Not the
 // details, not the dialogs, not the panel's other choices, not delete and sort by themselves.
 constexpr Expected ExpectedFlags[] = {
     // clang-format off
@@ -93,6 +94,8 @@ constexpr Expected ExpectedFlags[] = {
     {ChangeKind::PatternText,          true,  false},
     {ChangeKind::AccessoryListEntered, true,  false},
     {ChangeKind::ProjectReplaced,      true,  false},
+    {ChangeKind::Undo,                 true,  false},
+    {ChangeKind::Redo,                 true,  false},
     {ChangeKind::ShowSection,          false, false},
     {ChangeKind::PrintAll,             false, false},
     {ChangeKind::Export,               false, false},

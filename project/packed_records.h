@@ -1,0 +1,32 @@
+// Records of the job packed into short texts, so that hundreds of their former states are kept at
+// little cost: a section of twelve holes takes some 300 bytes instead of 4 KB. They are for memory
+// alone: their form is nobody's outside this program, and may change with each version.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/model.h"
+
+namespace orvane {
+
+// A packed record that many states share; never changed.
+using Packed = std::shared_ptr<const std::string>;
+
+// A section with all that it holds, its serial too; of a hole list the end sentinel goes with the
+// holes.
+Packed PackSection(const Item& item);
+Item UnpackSection(const Packed& packed);
+
+// The accessory lines of both types and the flags.
+Packed PackAccessories();
+void UnpackAccessories(const Packed& packed);
+
+// The project's details and its date.
+Packed PackDetails();
+void UnpackDetails(const Packed& packed);
+
+// Both missing, or both there with one content.
+bool IsSame(const Packed& one, const Packed& other);
+
+}  // namespace orvane
