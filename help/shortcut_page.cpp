@@ -16,10 +16,6 @@ namespace orvane {
 
 namespace {
 
-// The menus of the bar, in its order.
-constexpr Place MenuPlaces[] = {Place::mnuProject, Place::mnuSection, Place::mnuOutput,
-                                Place::mnuHelp};
-
 std::string Escaped(char c) {
   switch (c) {
     case '&':
@@ -62,8 +58,12 @@ CaptionParts PartsOf(std::string_view caption) {
   return parts;
 }
 
+// Several keys of one entry are parted by semicolons.
 std::string Key(std::string_view keys) {
-  return keys.empty() ? "" : "<kbd>" + Escaped(keys) + "</kbd>";
+  if (keys.empty()) return "";
+  const std::size_t end = keys.find("; ");
+  const std::string first = "<kbd>" + Escaped(keys.substr(0, end)) + "</kbd>";
+  return end == std::string_view::npos ? first : first + " or " + Key(keys.substr(end + 2));
 }
 
 std::string AltKey(char letter) {
@@ -85,11 +85,10 @@ std::string TableStart(const std::vector<std::string>& headings) {
 // All menu entries that have a shortcut, menu by menu.
 std::string ShortcutTable() {
   std::string html = TableStart({"Shortcut", "What it does", "Menu"});
-  for (int menu = 0; menu < 4; ++menu) {
-    for (const CommandEntry& entry : CommandsOf(MenuPlaces[menu])) {
+  for (const BarMenu& menu : BarMenus) {
+    for (const CommandEntry& entry : CommandsOf(menu.Where)) {
       if (entry.Shortcut.empty()) continue;
-      html += Row(
-          {Key(entry.Shortcut), PartsOf(entry.Caption).Plain, PartsOf(MenuBarCaption(menu)).Plain});
+      html += Row({Key(entry.Shortcut), PartsOf(entry.Caption).Plain, PartsOf(menu.Caption).Plain});
     }
   }
   return html + "</table>\n";
@@ -97,12 +96,12 @@ std::string ShortcutTable() {
 
 // One menu: every entry with the letters that lead to it and its shortcut. What is filled at run
 // time, and the separators, have no caption here.
-std::string MenuTable(int menu) {
-  const CaptionParts bar = PartsOf(MenuBarCaption(menu));
+std::string MenuTable(const BarMenu& menu) {
+  const CaptionParts bar = PartsOf(menu.Caption);
   std::string html = "<h3>" + bar.Plain + "</h3>\n";
   html += "<p>" + AltKey(bar.Letter) + " opens this menu.</p>\n";
   html += TableStart({"Entry", "Letter in the menu", "Shortcut"});
-  for (const CommandEntry& entry : CommandsOf(MenuPlaces[menu])) {
+  for (const CommandEntry& entry : CommandsOf(menu.Where)) {
     if (entry.Caption.empty()) continue;
     const CaptionParts caption = PartsOf(entry.Caption);
     const std::string letter = caption.Letter == 0 ? "" : Key(std::string(1, caption.Letter));
@@ -152,7 +151,7 @@ std::string Page() {
       "<h2>Shortcuts</h2>\n";
   html += ShortcutTable();
   html += "<h2>Menus</h2>\n";
-  for (int menu = 0; menu < 4; ++menu) html += MenuTable(menu);
+  for (const BarMenu& menu : BarMenus) html += MenuTable(menu);
   html += "<h2>Toolbar</h2>\n";
   html += ToolbarTable();
   return html + "</body>\n</html>\n";

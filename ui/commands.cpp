@@ -1,8 +1,6 @@
 #include "ui/commands.h"
 
-#include <array>
 #include <map>
-#include <stdexcept>
 
 #include "core/numbers.h"
 #include "core/section_families.h"
@@ -44,6 +42,10 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuProject, Command::Recent,  "",                             "", "",             ""},
     {Place::mnuProject, Command::None,    "",                             "", "",             ""},
     {Place::mnuProject, Command::Exit,    "E&xit",                        "", "",             "exit"},
+
+    // &Edit
+    {Place::mnuEdit, Command::Undo, "&Undo", "", "Ctrl+Z",               "undo", 0, 0, "mnuEditUndo"},
+    {Place::mnuEdit, Command::Redo, "&Redo", "", "Ctrl+Shift+Z; Ctrl+Y", "redo", 0, 0, "mnuEditRedo"},
 
     // &Section
     {Place::mnuSection, Command::AddSection,    "",                        "", "",       ""},
@@ -90,9 +92,6 @@ const std::vector<CommandEntry> Rows = {
 };
 // clang-format on
 
-constexpr std::array<std::string_view, 4> MenuBarCaptions = {"&Project", "&Section", "&Output",
-                                                             "&Help"};
-
 // What a toolbar button or a menu entry of that place says of a family.
 CommandEntry FamilyEntry(Place place, const SectionFamily& family) {
   CommandEntry entry{place, Command::AddSection, family.MenuEntry, "", "", family.Icon};
@@ -135,13 +134,6 @@ std::vector<CommandEntry> CommandsOf(Place place) {
     if (entry.Where == place) entries.push_back(entry);
   }
   return entries;
-}
-
-std::string_view MenuBarCaption(int index) {
-  if (index < 0 || index >= static_cast<int>(MenuBarCaptions.size())) {
-    throw std::out_of_range("no such menu");
-  }
-  return MenuBarCaptions.at(static_cast<std::size_t>(index));
 }
 
 }  // namespace orvane

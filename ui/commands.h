@@ -2,6 +2,7 @@
 // shortcut page is made from it too.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,20 +45,32 @@ enum class Command {
   RemoveHole,
   EditAccessory,
   ClearAccessory,
+  Undo,
+  Redo,
 };
 
 // Where an entry stands. The name is that of the control array.
-enum class Place { SSCommand1, mnuProject, mnuSection, mnuOutput, mnuHelp, mnuCHPUI, mnuAccPUI };
+enum class Place {
+  SSCommand1,
+  mnuProject,
+  mnuEdit,
+  mnuSection,
+  mnuOutput,
+  mnuHelp,
+  mnuCHPUI,
+  mnuAccPUI
+};
 
 struct CommandEntry {
   Place Where = Place::SSCommand1;
   Command What = Command::None;
-  std::string_view Caption;  // "&" marks the key; empty for a separator and for a recent file
-  std::string_view ToolTip;  // toolbar only
-  std::string Shortcut;      // "Ctrl+N"; menu entries only; empty for none
-  std::string_view Icon;     // name of a file in ui/icons without ".svg"; empty for none
-  int Index = 0;             // of the control array
-  int Number = 0;            // AddSection: that of the family, from 1; 0 for all others
+  std::string_view Caption;    // "&" marks the key; empty for a separator and for a recent file
+  std::string_view ToolTip;    // toolbar only
+  std::string Shortcut;        // "Ctrl+N", several as "Ctrl+N; F2"; menu entries only
+  std::string_view Icon;       // name of a file in ui/icons without ".svg"; empty for none
+  int Index = 0;               // of the control array
+  int Number = 0;              // AddSection: that of the family, from 1; 0 for all others
+  std::string_view Name = {};  // objectName of an entry that stands in no control array
 };
 
 // All entries, place by place in the order of their index.
@@ -66,7 +79,18 @@ const std::vector<CommandEntry>& CommandTable();
 // The entries of one place.
 std::vector<CommandEntry> CommandsOf(Place place);
 
-// The captions of mnuBar(0..3): "&Project", "&Section", "&Output", "&Help".
-std::string_view MenuBarCaption(int index);
+// A menu of the bar.
+struct BarMenu {
+  Place Where;
+  std::string_view Caption;
+  std::string_view Name;  // objectName
+};
+
+// In the order of the bar. Those of mnuBar keep their indices whatever stands between them.
+constexpr std::array<BarMenu, 5> BarMenus = {{{Place::mnuProject, "&Project", "mnuBar(0)"},
+                                              {Place::mnuEdit, "&Edit", "mnuEdit"},
+                                              {Place::mnuSection, "&Section", "mnuBar(1)"},
+                                              {Place::mnuOutput, "&Output", "mnuBar(2)"},
+                                              {Place::mnuHelp, "&Help", "mnuBar(3)"}}};
 
 }  // namespace orvane

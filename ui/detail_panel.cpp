@@ -13,6 +13,7 @@
 #include "core/desktop.h"
 #include "core/text.h"
 #include "holes/hole_list.h"
+#include "project/history.h"
 #include "project/section_look.h"
 #include "ui/controls/plain_field.h"
 #include "ui/controls/tab_stop.h"
@@ -97,8 +98,12 @@ void DetailPanel::BuildJointing() {
   lblJointing_ = NewLabel("lblJointing", "No. off jointing pieces", txtJointing_, this);
   connect(txtJointing_, &QLineEdit::textEdited, this,
           [this] { Guard([&] { JointingChanged(); }); });
-  connect(txtJointing_, &QLineEdit::editingFinished, this,
-          [] { Guard([] { ShowLater(ErrorsToSay()); }); });
+  connect(txtJointing_, &QLineEdit::editingFinished, this, [] {
+    Guard([] {
+      EndStep();
+      ShowLater(ErrorsToSay());
+    });
+  });
 }
 
 void DetailPanel::BuildSagBars() {
@@ -292,6 +297,16 @@ void DetailPanel::ShowUndecided(const WatchedList& watched, int row) {
 void DetailPanel::SettleLists() {
   cboPattern_->Leave();
   cboPitch_->Leave();
+}
+
+bool DetailPanel::DropLetters() {
+  bool dropped = false;
+  for (const WatchedList* watched : {&patterns_, &pitches_}) {
+    if (!watched->List->Typed().Pending()) continue;
+    watched->List->DropLetters();
+    dropped = true;
+  }
+  return dropped;
 }
 
 int DetailPanel::UndecidedRow() const {

@@ -62,6 +62,8 @@ class DetailPanel : public QWidget {
 
   // Typed letters of both lists choose or are dropped, as leaving them would; the focus stays.
   void SettleLists();
+  // The letters go, and nothing is chosen; false if there are none.
+  bool DropLetters();
   // The first row for which a list was left undecided, 0 for none; and the focus put into that
   // list, with which it counts as entered, while that row is the current one.
   int UndecidedRow() const;

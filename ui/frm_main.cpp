@@ -12,12 +12,11 @@
 #include "core/section_families.h"
 #include "output/cam_export.h"
 #include "output/reports.h"
+#include "project/history.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_max_dims.h"
-#include "ui/dialogs/frm_mitres.h"
-#include "ui/dialogs/frm_notches.h"
 #include "ui/dialogs/frm_registration.h"
 #include "ui/platform/content_area.h"
 #include "ui/platform/guard.h"
@@ -43,10 +42,20 @@ bool IsOutput(Command command) {
   }
 }
 
-// Commands that take another job in place of this one, and its letters with it: they stay pending
-// as long as that can still be cancelled.
-bool ReplacesJob(Command command) {
-  return command == Command::New || command == Command::Open || command == Command::Recent;
+// Commands that don't end the letters that a list waits with: those that take another job in place
+// of this one, and its letters with it, as long as that can still be cancelled; and those that take
+// letters back.
+bool KeepsLetters(Command command) {
+  switch (command) {
+    case Command::New:
+    case Command::Open:
+    case Command::Recent:
+    case Command::Undo:
+    case Command::Redo:
+      return true;
+    default:
+      return false;
+  }
 }
 
 constexpr int PaneMargin = 8;
@@ -83,6 +92,7 @@ FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
 FrmMain::~FrmMain() {
   // The focus moves once more while the controls go, and there is no window to tell then.
   disconnect(qApp, nullptr, this, nullptr);
+  EndHistory();
   UninstallOutputScreen();
   UninstallMainScreen();
   details_.setParent(nullptr, details_.windowFlags());
@@ -127,7 +137,7 @@ void FrmMain::BuildPanes() {
   detail_->ElevationPlace = [this] { return sheet_->ElevationPlace(); };
   detail_->BeforeCommand = [this] { SettleFields(); };
   connect(sections_, &SectionsGrid::MenuAsked, this,
-          [this](QPoint at) { Guard([&] { mnuBar_[1]->popup(at); }); });
+          [this](QPoint at) { Guard([&] { menus_.at(Place::mnuSection)->popup(at); }); });
 
   BuildLeftPane();
   auto* right = new QVBoxLayout(SSPanel4_);
@@ -266,7 +276,7 @@ int FrmMain::SelectedRow() const {
 
 // Each command checks for the row it needs; none of them is ever greyed.
 void FrmMain::Dispatch(Command command, int number) {
-  if (!ReplacesJob(command)) SettleFields();
+  if (!KeepsLetters(command)) SettleFields();
   if (IsOutput(command) && LeadsToUndecided()) return;
   switch (command) {
     case Command::Exit:
@@ -316,6 +326,10 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::Delete:
       if (SelectedRow() >= 1) sections_->DeleteItem(SelectedRow());
       return;
+    case Command::Undo:
+      return TakeStep(true);
+    case Command::Redo:
+      return TakeStep(false);
     case Command::ExportCam:
       return ExportCAM();
     case Command::ToggleDrawing:
@@ -380,22 +394,6 @@ void FrmMain::ShowRegistration() {
   ShowSelectedRow();
 }
 
-void FrmMain::EditMitres() {
-  EditSection([this](std::int16_t row) { FrmMitres(row, this).exec(); });
-}
-
-void FrmMain::EditNotches() {
-  EditSection([this](std::int16_t row) { FrmNotches(row, this).exec(); });
-}
-
-// A dialog on the selected section, which is drawn afterwards whatever closed it.
-void FrmMain::EditSection(const std::function<void(std::int16_t)>& edit) {
-  if (SelectedRow() < 1) return;
-  CurrentItem = Int16(SelectedRow());
-  edit(CurrentItem);
-  ShowSelectedRow();
-}
-
 void FrmMain::ForgetEditors() {
   sections_->ForgetEditors();
   accessories_->DropSearch();
@@ -439,7 +437,9 @@ void FrmMain::RefreshProjectDetails() {
 }
 
 void FrmMain::ShowProjectDetails() {
+  EndStep();
   details_.exec();
+  EndStep();
   // The sheet's bottom strip shows them.
   ShowSelectedRow();
 }

@@ -78,9 +78,6 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  // The actions of one menu by their index in the control array, never by their place in the menu.
-  using Actions = std::map<int, QAction*>;
-
   // Building, once.
   void BuildToolbar();
   void BuildFilePanel();
@@ -89,7 +86,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void BuildNotes();
   void BuildMenus();
   void WatchFields();
-  void FillMenu(QMenu& menu, Place place, Actions& actions);
+  void FillMenu(QMenu& menu, Place place);
   QAction* MakeAction(QMenu& menu, const CommandEntry& entry);
 
   // Commands.
@@ -99,6 +96,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void Exit();
   void ShowRegistration();
   void EditSection(const std::function<void(std::int16_t)>& edit);
+  // A step is taken back, or done again; in a field outside the tables its own typing first.
+  void TakeStep(bool back);
+  bool FieldTakes(bool back) const;
+  void ShowSteps();
   void EditMitres();
   void EditNotches();
   void ToggleDrawingArea();
@@ -140,8 +141,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   AreaSplitter* leftSplitter_ = nullptr;
   bool leftWidthMoved_ = false;       // the bar beside the drawing was, since the start
   ElidingLabel* fileName_ = nullptr;  // lblFilename(1)
-  std::array<QMenu*, 4> mnuBar_{};
-  Actions mnuProject_, mnuSection_, mnuOutput_, mnuHelp_;
+  std::map<Place, QMenu*> menus_;
+  // By their index in the control array, never by their place in the menu.
+  std::map<int, QAction*> mnuProject_;
 
   SheetView* sheet_ = nullptr;
   QWidget* notes_ = nullptr;         // under the sheet
@@ -161,8 +163,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   bool asking_ = false;            // the questions of the exit are open
   bool Ending_ = false;            // the exit was consented to by its command
 
-  const ChangeFollower follower_{[this](const ChangeNotice&) { ShowTitle(); },
-                                 [](const ChangeNotice& change) { ForgetSaid(change); }};
+  const ChangeFollower follower_{nullptr, [](const ChangeNotice& change) { ForgetSaid(change); }};
 };
 
 }  // namespace orvane

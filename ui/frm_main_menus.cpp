@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "project/history.h"
 #include "project/recent_files.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
@@ -36,6 +37,8 @@ std::string_view ArrayName(Place place) {
       return "SSCommand1";
     case Place::mnuProject:
       return "mnuProject";
+    case Place::mnuEdit:
+      return "mnuEdit";
     case Place::mnuSection:
       return "mnuSection";
     case Place::mnuOutput:
@@ -50,12 +53,21 @@ std::string_view ArrayName(Place place) {
   return "";
 }
 
+QList<QKeySequence> ShortcutsOf(const CommandEntry& entry) {
+  return QKeySequence::listFromString(ToQt(entry.Shortcut), QKeySequence::PortableText);
+}
+
 bool IsShortcut(const QKeyEvent& key) {
   const QKeySequence pressed(key.keyCombination());
   const auto& entries = CommandTable();
   return std::any_of(entries.begin(), entries.end(), [&](const CommandEntry& entry) {
-    return !entry.Shortcut.empty() && pressed == QKeySequence(ToQt(entry.Shortcut));
+    return !entry.Shortcut.empty() && ShortcutsOf(entry).contains(pressed);
   });
+}
+
+// "&Undo" with what it would take back behind it. An "&" of a mark isn't the mark of a key.
+QString StepCaption(const char* caption, const std::string& step) {
+  return step.empty() ? QString(caption) : caption + (' ' + ToQt(step).replace("&", "&&"));
 }
 
 }  // namespace
@@ -86,32 +98,28 @@ void FrmMain::BuildToolbar() {
 }
 
 void FrmMain::BuildMenus() {
-  const std::array<std::pair<Place, Actions*>, 4> menus = {{{Place::mnuProject, &mnuProject_},
-                                                            {Place::mnuSection, &mnuSection_},
-                                                            {Place::mnuOutput, &mnuOutput_},
-                                                            {Place::mnuHelp, &mnuHelp_}}};
-  for (std::size_t i = 0; i < menus.size(); ++i) {
-    const int index = static_cast<int>(i);
-    QMenu* menu = menuBar()->addMenu(ToQt(MenuBarCaption(index)));
-    menu->setObjectName(IndexedName("mnuBar", index));
-    mnuBar_.at(i) = menu;
-    FillMenu(*menu, menus.at(i).first, *menus.at(i).second);
+  for (const BarMenu& of : BarMenus) {
+    QMenu* menu = menuBar()->addMenu(ToQt(of.Caption));
+    menu->setObjectName(ToQt(of.Name));
+    menus_[of.Where] = menu;
+    FillMenu(*menu, of.Where);
   }
   mnuProject_.at(RecentBase)->setVisible(false);
 }
 
-void FrmMain::FillMenu(QMenu& menu, Place place, Actions& actions) {
+void FrmMain::FillMenu(QMenu& menu, Place place) {
   for (const CommandEntry& entry : CommandsOf(place)) {
     if (entry.What == Command::Recent) continue;  // made when there are recent files
     QAction* action = MakeAction(menu, entry);
     menu.addAction(action);
-    actions[entry.Index] = action;
+    if (place == Place::mnuProject) mnuProject_[entry.Index] = action;
   }
 }
 
 QAction* FrmMain::MakeAction(QMenu& menu, const CommandEntry& entry) {
   auto* action = new QAction(&menu);
-  action->setObjectName(IndexedName(ArrayName(entry.Where), entry.Index));
+  action->setObjectName(entry.Name.empty() ? IndexedName(ArrayName(entry.Where), entry.Index)
+                                           : ToQt(entry.Name));
   action->setMenuRole(QAction::NoRole);
   if (entry.What == Command::None) {
     action->setSeparator(true);
@@ -119,10 +127,15 @@ QAction* FrmMain::MakeAction(QMenu& menu, const CommandEntry& entry) {
   }
   action->setText(ToQt(entry.Caption));
   action->setIcon(LineIcon(entry.Icon));
-  action->setShortcut(QKeySequence::fromString(ToQt(entry.Shortcut), QKeySequence::PortableText));
+  action->setShortcuts(ShortcutsOf(entry));
   connect(action, &QAction::triggered, this,
           [this, what = entry.What, number = entry.Number] { Run(what, number); });
   return action;
+}
+
+void FrmMain::ShowSteps() {
+  findChild<QAction*>("mnuEditUndo")->setText(StepCaption("&Undo", StepToUndo()));
+  findChild<QAction*>("mnuEditRedo")->setText(StepCaption("&Redo", StepToRedo()));
 }
 
 // On some desktops a field takes keys of the menu for its own, such as Ctrl+E for the end of the
@@ -141,7 +154,7 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FrmMain::ShowRecentFiles() {
-  QMenu& menu = *mnuBar_[0];
+  QMenu& menu = *menus_.at(Place::mnuProject);
   QAction* separator = mnuProject_.at(RecentBase);
   separator->setVisible(false);
   const int count = static_cast<int>(RecentFiles.size());

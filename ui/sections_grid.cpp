@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,14 @@ std::int16_t ItemRow(int row) {
 
 bool IsEdited(int row, int column) {
   return SectionCellEdit(ItemRow(row), column) != CellEdit::None;
+}
+
+// The column whose cells make changes of that kind.
+std::optional<int> ColumnOf(ChangeKind kind) {
+  for (int column = MarkColumn; column < SectionColumns; ++column) {
+    if (SectionColumnAt(column).Kind == kind) return column;
+  }
+  return std::nullopt;
 }
 
 // Every text that the grid shows, to tell whether filling it anew changed one.
@@ -206,7 +215,7 @@ void SectionsGrid::SelectFirstItem() {
 
 // What Delete and Sort show behind the refill: the row number stays, the section behind it is
 // another.
-void SectionsGrid::ShowCurrentRow() {
+void SectionsGrid::ShowCurrentRow(ShownHoles holes, bool entersCell) {
   if (grid_->Row() == 0 && grid_->Rows() > 1) grid_->SetCurrent(1, MarkColumn);
   const int row = grid_->Row();
   if (row == 0) {
@@ -219,14 +228,47 @@ void SectionsGrid::ShowCurrentRow() {
   FillSectionCombo(EditSectionType_);
   detail_->FillPatternCombo(EditSectionType_);
   bool drawn = false;
-  LookAndSay(ItemRow(row), [&] { drawn = ShowRow(row); });
+  LookAndSay(ItemRow(row), [&] { drawn = ShowRow(row, holes); });
   grid_->EnsureVisible(row, grid_->Col());
+  if (entersCell) EnterSlidCell();
+  if (!drawn) LookAndSay(ItemRow(row), [&] { detail_->ShowHolesAsTheyStand(ItemRow(row)); });
+}
+
+// Nobody came into the cell: it slid under the cursor, and what was left undecided in it stays so.
+void SectionsGrid::EnterSlidCell() {
+  const int row = grid_->Row();
   const QString undecided = model_->RefusalOfCell(row, grid_->Col());
   GridEnterCell();
-  // Nobody came into the cell: it slid under the cursor.
-  if (!undecided.isEmpty()) model_->RefuseCell(row, grid_->Col(), undecided);
-  if (!undecided.isEmpty()) editor_.ShowRefusal(undecided);
-  if (!drawn) LookAndSay(ItemRow(row), [&] { detail_->ShowHolesAsTheyStand(ItemRow(row)); });
+  if (undecided.isEmpty()) return;
+  model_->RefuseCell(row, grid_->Col(), undecided);
+  editor_.ShowRefusal(undecided);
+}
+
+void SectionsGrid::ShowRestored(const RestoredStep& step) {
+  const Busy busy(GridBusy_);
+  const QWidget* focus = window()->focusWidget();
+  const bool edits = focus != nullptr && (focus == this || isAncestorOf(focus));
+  ForgetEditors();
+  if (step.RowsMoved) {
+    model_->MoveRefusals(step.FormerRows);
+    detail_->MoveUndecided(step.FormerRows);
+    DisplayItems(true);
+  } else if (step.Row >= 1) {
+    for (int column = MarkColumn; column < SectionColumns; ++column) {
+      model_->ShowRecord(step.Row, column);
+    }
+    model_->FollowRow(step.Row);
+    grid_->FitFigures();
+  }
+  const int row = std::min(step.Row >= 1 ? step.Row : grid_->Row(), grid_->Rows() - 1);
+  if (row >= 1) grid_->SetCurrent(row, ColumnOf(step.Kind).value_or(grid_->Col()));
+  // Whoever took a hole back from the hole list goes on there.
+  MakeCurrent(0);
+  // A section that comes under the cursor because another has gone is looked at as behind Delete.
+  const bool moved =
+      step.Redone && (step.Kind == ChangeKind::Delete || step.Kind == ChangeKind::Sort);
+  if (step.Kind == ChangeKind::OppositeHand && step.Redone) mirroredRow_ = row;
+  ShowCurrentRow(moved ? ShownHoles::Afresh : ShownHoles::AsTheyStand, edits || step.RowsMoved);
 }
 
 // The row that is worked on, and that a dialog opened next works on, bears the grey.

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "project/changes.h"
+#include "project/history.h"
 #include "project/sections.h"
 #include "ui/controls/cell_editor.h"
 #include "ui/controls/flex_grid.h"
@@ -51,6 +52,12 @@ class SectionsGrid : public QWidget {
   // Typed letters of a product choose it or are dropped, as leaving the cell would; the cursor
   // stays.
   void SettleProduct();
+  // Of the cell being edited what stands in no record yet goes: letters of a product, a text that
+  // its record can't take. False if there is none.
+  bool DropTyped();
+  // Shows what a step that was taken back or done again has touched, its section drawn as it
+  // stands.
+  void ShowRestored(const RestoredStep& step);
   // Makes a cell the current one as a click does.
   void GoTo(int row, int column);
   // The first row whose product was left undecided, 0 for none; and the cursor put there, with
@@ -83,7 +90,8 @@ class SectionsGrid : public QWidget {
   void GridRowChange(ShownHoles holes);
   void ForgetUndecided();
   bool ShowRow(int row, ShownHoles holes = ShownHoles::Afresh);
-  void ShowCurrentRow();
+  void ShowCurrentRow(ShownHoles holes = ShownHoles::Afresh, bool entersCell = true);
+  void EnterSlidCell();
   void MakeCurrent(std::int16_t row);
   void CellPressed(int row, int column);
 

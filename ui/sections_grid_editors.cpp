@@ -60,7 +60,10 @@ void SectionsGrid::GridEnterCell() {
   const int row = grid_->Row();
   const int column = grid_->Col();
   if (row == 0) return;
-  if (row != editor_.EditRow() || column != editor_.EditCol()) EditError_ = false;
+  if (row != editor_.EditRow() || column != editor_.EditCol()) {
+    EditError_ = false;
+    EndStep();
+  }
   if (SectionCellEdit(Int16(row), column) == CellEdit::None) {
     // Delete and Sort may bring a rail's product under the cursor. Nothing was typed into it.
     editor_.Forget();
@@ -192,6 +195,11 @@ void SectionsGrid::Refuse(const std::string& message) {
   });
 }
 
+bool SectionsGrid::DropTyped() {
+  // What stands in the record already is taken back with the step that it is.
+  return !IsStepOpen() && editor_.TakeBack();
+}
+
 void SectionsGrid::SettleProduct() {
   editor_.SettleChoice();
 }
@@ -220,6 +228,7 @@ void SectionsGrid::EditorLeft() {
   } else {
     return;
   }
+  EndStep();
   // A box in the middle of the change of focus would come while the mouse button is down.
   ShowLater(ErrorsToSay());
 }

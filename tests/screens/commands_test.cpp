@@ -183,12 +183,11 @@ TEST(Commands, Captions_and_tips_of_the_families_are_those_of_the_section_famili
   }
 }
 
-TEST(Commands, The_bar_has_four_captions_and_no_fifth) {
-  for (int i = 0; i < 4; ++i) {
-    EXPECT_EQ(MenuBarCaption(i), Menus.at(static_cast<std::size_t>(i)).BarCaption);
-  }
-  EXPECT_THROW(MenuBarCaption(4), std::out_of_range);
-  EXPECT_THROW(MenuBarCaption(-1), std::out_of_range);
+TEST(Commands, The_bar_has_the_four_menus_and_behind_the_first_that_of_editing) {
+  std::vector<std::string> captions;
+  for (const BarMenu& menu : BarMenus) captions.emplace_back(menu.Caption);
+  EXPECT_EQ(captions,
+            (std::vector<std::string>{"&Project", "&Edit", "&Section", "&Output", "&Help"}));
 }
 
 TEST(Commands, Shortcuts_are_as_told) {
@@ -196,6 +195,7 @@ TEST(Commands, Shortcuts_are_as_told) {
   const std::vector<Given> expected = {
       {Command::New, 0, "Ctrl+N"},        {Command::Open, 0, "Ctrl+O"},
       {Command::Save, 0, "Ctrl+S"},       {Command::SaveAs, 0, "Ctrl+Shift+S"},
+      {Command::Undo, 0, "Ctrl+Z"},       {Command::Redo, 0, "Ctrl+Shift+Z; Ctrl+Y"},
       {Command::AddSection, 1, "Ctrl+1"}, {Command::AddSection, 2, "Ctrl+2"},
       {Command::AddSection, 3, "Ctrl+3"}, {Command::AddSection, 4, "Ctrl+4"},
       {Command::AddSection, 5, "Ctrl+5"}, {Command::AddSection, 6, "Ctrl+6"},
@@ -221,6 +221,8 @@ TEST(Commands, No_shortcut_is_given_twice_or_is_a_key_that_an_edit_field_uses) {
   }
   for (const CommandEntry& entry : CommandTable()) {
     if (entry.Shortcut.empty()) continue;
+    // Those of &Edit are the edit fields' own on purpose: they go to a field first.
+    if (entry.Where == Place::mnuEdit) continue;
     const QKeySequence keys =
         QKeySequence::fromString(ToQt(entry.Shortcut), QKeySequence::PortableText);
     ASSERT_EQ(keys.count(), 1) << entry.Shortcut;
@@ -241,7 +243,7 @@ TEST(Commands, Only_menu_entries_have_shortcuts_and_only_buttons_have_tips) {
 
 TEST(Commands, The_key_of_Dwg_is_that_of_no_menu) {
   std::set<std::string> keys;
-  for (int i = 0; i < 4; ++i) EXPECT_TRUE(keys.insert(AltKey(MenuBarCaption(i))).second);
+  for (const BarMenu& menu : BarMenus) EXPECT_TRUE(keys.insert(AltKey(menu.Caption)).second);
   EXPECT_EQ(AltKey("&Dwg"), "Alt+D");
   EXPECT_EQ(keys.count("Alt+D"), 0U);
 }
@@ -269,10 +271,11 @@ TEST_F(CommandsOnScreen, Every_button_stands_on_the_toolbar_with_its_text_tip_an
 }
 
 TEST_F(CommandsOnScreen, Every_menu_holds_its_entries_in_the_order_of_their_index) {
-  ASSERT_EQ(main->menuBar()->actions().size(), 4);
+  ASSERT_EQ(main->menuBar()->actions().size(), 5);
   for (std::size_t i = 0; i < Menus.size(); ++i) {
     SCOPED_TRACE(Menus[i].Name);
-    QAction* onBar = main->menuBar()->actions().at(static_cast<qsizetype>(i));
+    // The second is that of editing.
+    QAction* onBar = main->menuBar()->actions().at(static_cast<qsizetype>(i == 0 ? i : i + 1));
     EXPECT_EQ(FromQt(onBar->text()), Menus[i].BarCaption);
     auto& menu = Find<QMenu>(Indexed("mnuBar", static_cast<int>(i)));
     EXPECT_EQ(onBar->menu(), &menu);
@@ -297,7 +300,10 @@ TEST_F(CommandsOnScreen, Every_menu_holds_its_entries_in_the_order_of_their_inde
 TEST_F(CommandsOnScreen, Every_shortcut_is_set_on_its_entry) {
   int count = 0;
   for (const CommandEntry& entry : CommandTable()) {
-    if (entry.Where == Place::SSCommand1 || entry.Shortcut.empty()) continue;
+    if (entry.Where == Place::SSCommand1 || entry.Where == Place::mnuEdit ||
+        entry.Shortcut.empty()) {
+      continue;
+    }
     const auto menu = std::find_if(Menus.begin(), Menus.end(), [&](const ExpectedMenu& candidate) {
       return candidate.Where == entry.Where;
     });
@@ -307,6 +313,23 @@ TEST_F(CommandsOnScreen, Every_shortcut_is_set_on_its_entry) {
     ++count;
   }
   EXPECT_EQ(count, 14);
+}
+
+TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own) {
+  const auto keysOf = [this](const char* name) {
+    std::vector<std::string> keys;
+    for (const QKeySequence& key : Entry(name).shortcuts()) {
+      keys.push_back(FromQt(key.toString(QKeySequence::PortableText)));
+    }
+    return keys;
+  };
+  EXPECT_EQ(Find<QMenu>("mnuEdit").actions(),
+            (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo")}));
+  EXPECT_EQ(main->menuBar()->actions().at(1)->menu(), &Find<QMenu>("mnuEdit"));
+  EXPECT_EQ(keysOf("mnuEditUndo"), std::vector<std::string>{"Ctrl+Z"});
+  EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
+  EXPECT_FALSE(Entry("mnuEditUndo").icon().isNull());
+  EXPECT_FALSE(Entry("mnuEditRedo").icon().isNull());
 }
 
 }  // namespace orvane::test

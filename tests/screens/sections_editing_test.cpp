@@ -298,11 +298,14 @@ TEST_F(SectionsEditing, An_undone_stroke_reaches_the_record_too) {
 TEST_F(SectionsEditing, Undo_in_a_freshly_placed_editor_doesnt_bring_back_another_cells_text) {
   PutOne();
   Show(1, 1);
+  const std::string mark = Items.At(1).Mark;
   Type("XY");
   ClickCell(Sections(), 1, 5);
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(Items.At(1).Notes, "old");
-  EXPECT_TRUE(CursorAt(1, 5, "old"));
+  // It is the step of the mark that is taken back, in its own cell.
+  EXPECT_EQ(Items.At(1).Mark, mark);
+  EXPECT_TRUE(CursorAt(1, 1, mark));
 }
 
 TEST_F(SectionsEditing, Choosing_a_product_moves_cell_record_holes_and_sheet) {

@@ -367,12 +367,15 @@ bool CellEditor::MovesBy(const QKeyEvent& key) {
 bool CellEditor::TakesBackBy(const QKeyEvent& key) {
   if (key.isAutoRepeat()) return true;
   if (openChoices_ != nullptr && openChoices_->Typed().Pending()) return false;
-  return TakesBack();
+  return TakeBack();
 }
 
-// False when the cell holds what it held.
-bool CellEditor::TakesBack() {
+bool CellEditor::TakeBack() {
   if (EditRow_ == 0) return false;
+  if (openChoices_ != nullptr && openChoices_->Typed().Pending()) {
+    openChoices_->DropLetters();
+    return true;
+  }
   const std::string text = grid_.TextMatrix(EditRow_, EditCol_);
   if (openChoices_ != nullptr) {
     const bool another = std::exchange(chosen_, false) && Text() != formerText_;

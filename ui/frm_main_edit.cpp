@@ -1,0 +1,55 @@
+// The main window's part in editing: the dialogs on the selected section, and the steps that are
+// taken back and done again.
+#include <QLineEdit>
+
+#include "core/model.h"
+#include "core/numbers.h"
+#include "project/history.h"
+#include "ui/dialogs/frm_mitres.h"
+#include "ui/dialogs/frm_notches.h"
+#include "ui/frm_main.h"
+
+namespace orvane {
+
+void FrmMain::EditMitres() {
+  EditSection([this](std::int16_t row) { FrmMitres(row, this).exec(); });
+}
+
+void FrmMain::EditNotches() {
+  EditSection([this](std::int16_t row) { FrmNotches(row, this).exec(); });
+}
+
+// A dialog on the selected section, which is drawn afterwards whatever closed it.
+void FrmMain::EditSection(const std::function<void(std::int16_t)>& edit) {
+  if (SelectedRow() < 1) return;
+  CurrentItem = Int16(SelectedRow());
+  edit(CurrentItem);
+  ShowSelectedRow();
+}
+
+// A field outside the tables takes its own keys back.
+bool FrmMain::FieldTakes(bool back) const {
+  auto* field = qobject_cast<QLineEdit*>(focusWidget());
+  if (field == nullptr || sections_->isAncestorOf(field)) return false;
+  if (!(back ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
+  if (back) {
+    field->undo();
+  } else {
+    field->redo();
+  }
+  return true;
+}
+
+void FrmMain::TakeStep(bool back) {
+  if (FieldTakes(back)) return;
+  // What is typed and stands nowhere yet goes first.
+  if (back && (sections_->DropTyped() || detail_->DropLetters())) return;
+  if (back && accessories_->Typed().Pending()) return accessories_->DropSearch();
+  RestoredStep restored;
+  if (!(back ? UndoStep(restored) : RedoStep(restored))) return;
+  if (restored.Details) RefreshProjectDetails();
+  if (restored.Accessories) accessories_->SetAccUsage();
+  sections_->ShowRestored(restored);
+}
+
+}  // namespace orvane
