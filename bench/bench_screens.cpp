@@ -149,11 +149,12 @@ class Window {
 };
 
 // Times `step` up to the end of the painting that it causes, at each turn; it gives false when
-// nothing was painted.
-template <class Step>
-void TimeSteps(benchmark::State& state, const Step& step) {
+// nothing was painted. What `prepare` does before it isn't timed.
+template <class Step, class Prepare>
+void TimeSteps(benchmark::State& state, const Step& step, const Prepare& prepare) {
   std::vector<double> times;
   for (auto _ : state) {
+    prepare();
     QElapsedTimer timer;
     timer.start();
     const bool painted = step();
@@ -166,6 +167,11 @@ void TimeSteps(benchmark::State& state, const Step& step) {
     state.SetIterationTime(seconds);
   }
   state.counters["p95_ms"] = Percentile95(times) * 1000;
+}
+
+template <class Step>
+void TimeSteps(benchmark::State& state, const Step& step) {
+  TimeSteps(state, step, [] {});
 }
 
 // Keys typed into the first row of a column, over and over.
@@ -287,6 +293,25 @@ void BM_RowMove(benchmark::State& state) {
   });
 }
 
+// A key typed into the length, taken back: the section shown and drawn as it stood.
+void BM_UndoKeyStroke(benchmark::State& state) {
+  Window window;
+  FillSections(static_cast<int>(state.range(0)));
+  if (!window.Edit(3)) return state.SkipWithError("the editor has no focus");
+  const auto type = [&] {
+    window.Editor().selectAll();
+    QTest::keyClick(&window.Editor(), '7');
+    QCoreApplication::processEvents();
+  };
+  const auto undo = [&] {
+    const int before = window.Sheet().PaintCount();
+    QTest::keyClick(&window.Editor(), Qt::Key_Z, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+    return window.Sheet().PaintCount() > before;
+  };
+  TimeSteps(state, undo, type);
+}
+
 // The start as a process of its own, up to the first painted, active window.
 void StartProcess(benchmark::State& state, const char* child) {
   for (auto _ : state) {
@@ -322,6 +347,7 @@ BENCHMARK(BM_FloorOfSheetKeyStroke)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RowMove)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_UndoKeyStroke)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_StartBareWindow)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(BM_StartProgram)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 
