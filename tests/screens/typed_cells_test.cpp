@@ -1,5 +1,7 @@
 // Names typed in the cells of the dialogs' tables: the codes of notches and the choices of a type 2
 // accessory.
+#include <QToolTip>
+
 #include "tests/screens/acc02_fixture.h"
 #include "tests/screens/notches_fixture.h"
 #include "ui/controls/plain_combo.h"
