@@ -29,14 +29,24 @@ fs::path Resolved(const std::string& path) {
   return Resolved(NativePath(path));
 }
 
+fs::path OutFolderOf(const BatchOptions& options) {
+  return Resolved(options.OutFolder.empty() ? fs::path(".") : NativePath(options.OutFolder));
+}
+
+// Where a result of that name is written to. Only a link in the folder leads out of it.
+fs::path PlaceOf(const fs::path& outFolder, const std::string& name) {
+  const fs::path path = outFolder / NativePath(name);
+  std::error_code unknown;
+  return fs::is_symlink(path, unknown) ? Resolved(path) : path;
+}
+
 // Where the results of the jobs would be written, and by which job.
 class Results {
  public:
-  explicit Results(const BatchOptions& options)
-      : out_(Resolved(options.OutFolder.empty() ? fs::path(".") : NativePath(options.OutFolder))) {
+  explicit Results(const BatchOptions& options) : out_(OutFolderOf(options)) {
     for (const std::string& job : options.Jobs) {
       for (const std::string& name : ResultNames(options, job)) {
-        jobs_.emplace(Place(name), job);
+        jobs_.emplace(PlaceOf(out_, name), job);
       }
       if (options.Svg) svgJobs_.emplace(FileName(SvgFileName(job, 1)), job);
     }
@@ -49,18 +59,11 @@ class Results {
     if (found != jobs_.end()) return found->second;
     const SvgName svg = SvgNameOf(FileName(file));
     const auto drawn = svgJobs_.find(svg.Sheet > 0 ? SvgFileName(svg.Job, 1) : "");
-    const bool here = drawn != svgJobs_.end() && target == Place(FileName(file));
+    const bool here = drawn != svgJobs_.end() && target == PlaceOf(out_, FileName(file));
     return here ? drawn->second : "";
   }
 
  private:
-  // Only a link in the folder leads out of it.
-  fs::path Place(const std::string& name) const {
-    const fs::path path = out_ / NativePath(name);
-    std::error_code unknown;
-    return fs::is_symlink(path, unknown) ? Resolved(path) : path;
-  }
-
   fs::path out_;
   std::map<fs::path, std::string> jobs_;
   std::unordered_map<std::string, std::string> svgJobs_;  // by the name of the first sheet
@@ -93,16 +96,20 @@ std::string ResaveFault(const BatchOptions& options) {
 
 std::vector<std::string> ClashesOf(const BatchOptions& options) {
   const std::vector<std::string>& jobs = options.Jobs;
+  const fs::path outFolder = OutFolderOf(options);
+  const auto place = [&outFolder](const std::string& name) {
+    return UpperCase(PathText(PlaceOf(outFolder, name)));
+  };
   std::unordered_map<std::string, std::vector<std::size_t>> writers;
   for (std::size_t job = 0; job < jobs.size(); ++job) {
     for (const std::string& name : ResultNames(options, jobs.at(job))) {
-      writers[UpperCase(name)].push_back(job);
+      writers[place(name)].push_back(job);
     }
   }
   std::vector<std::string> clashes(jobs.size());
   for (std::size_t job = 0; job < jobs.size(); ++job) {
     for (const std::string& name : ResultNames(options, jobs.at(job))) {
-      const std::vector<std::size_t>& all = writers.at(UpperCase(name));
+      const std::vector<std::size_t>& all = writers.at(place(name));
       if (all.size() < 2 || !clashes.at(job).empty()) continue;
       const std::size_t other = all.front() == job ? all.at(1) : all.front();
       clashes.at(job) = "not done, since " + jobs.at(other) + " would write " + name + " too";

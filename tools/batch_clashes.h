@@ -9,9 +9,10 @@
 
 namespace orvane {
 
-// For each job why it isn't done: another one would write a file of the same name. Empty for those
-// that are. Letter case is no difference: where the factory files go to in the end, it often is
-// none.
+// For each job why it isn't done: another one would write a file of the same name, or by a link in
+// the folder of the results the same file. Empty for those that are. Letter case is no difference:
+// where the factory files go to in the end, it often is none. Looks at the disk: `OutFolder` as it
+// is meant in the current folder.
 std::vector<std::string> ClashesOf(const BatchOptions& options);
 
 // Which file of the command line or of the catalogues the run would destroy, as a text; empty if

@@ -4,6 +4,9 @@
 #include <map>
 #include <utility>
 
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 #ifndef _WIN32
 #include <poll.h>
 #include <sys/socket.h>
@@ -12,6 +15,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -81,6 +85,19 @@ bool Receive(int socket, void* bytes, std::size_t count) {
   return true;
 }
 
+// A worker ends with the process that asked for it, in the middle of a piece too: nobody hears any
+// more what it says, and it may wait for ever for a job that comes through a pipe. Elsewhere it
+// ends with its piece.
+void EndWith(pid_t asking) {
+#ifdef __linux__
+  (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
+  // It may have ended before that.
+  if (getppid() != asking) _exit(1);
+#else
+  (void)asking;
+#endif
+}
+
 // The life of a worker: pieces come by their number until there are no more.
 [[noreturn]] void Serve(int socket, const Work& work) {
   for (std::int32_t piece = 0; Receive(socket, &piece, sizeof piece);) {
@@ -136,8 +153,10 @@ class Pool {
   bool Hire() {
     std::array<int, 2> ends{};
     if (next_ >= count_ || socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) return false;
+    const pid_t asking = getpid();
     const pid_t process = fork();
     if (process == 0) {
+      EndWith(asking);
       // An end that stayed open here would keep the other workers waiting for ever.
       for (const Worker& other : crew_) close(other.Socket);
       close(ends[0]);

@@ -87,6 +87,22 @@ TEST_F(BatchFaults, Jobs_that_would_write_one_list_are_refused_by_name_and_the_o
   EXPECT_FALSE(Exists("to/north.xac"));
 }
 
+TEST_F(BatchFaults, Jobs_whose_results_are_links_to_one_file_are_refused_too) {
+  for (const char* name : {"north.ovd", "south.ovd", "west.ovd"}) File(name, JobOf({Purlin()}));
+  File("to/line.xov", "the former file");
+  fs::create_symlink("line.xov", Path("to/north.xov"));
+  fs::create_symlink(Path("to/line.xov"), Path("to/south.xov"));
+  const Outcome outcome = Run({"--out", "to", "--cam", "north.ovd", "south.ovd", "west.ovd"});
+  EXPECT_EQ(outcome.Code, 2);
+  EXPECT_EQ(outcome.Err,
+            "north.ovd: not done, since south.ovd would write north.xov too\n"
+            "south.ovd: not done, since north.ovd would write south.xov too\n"
+            "west.ovd: CAM export complete\n"
+            "west.ovd: " +
+                Path("to/west.xov") + "\n");
+  EXPECT_EQ(BytesOf(Path("to/line.xov")), "the former file");
+}
+
 TEST_F(BatchFaults, An_export_never_writes_over_what_it_was_given) {
   File("a.xac", JobOf({Purlin()}, SleeveTail()));
   const Outcome job = Run({"--cam", "a.xac"});

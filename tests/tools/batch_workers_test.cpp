@@ -1,8 +1,11 @@
 #include "tools/batch_workers.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <stdexcept>
 #include <string>
@@ -95,6 +98,35 @@ TEST(BatchWorkers, A_piece_that_raises_an_error_is_told_as_its_process_death) {
     return Saying(number);
   });
   EXPECT_EQ(told, (Told{Expected(1).front(), "1 0  exit code 1", Expected(3).back()}));
+}
+
+// Each worker holds the writing end of a pipe, says by a letter that it has begun a piece without
+// end, and waits. The pipe ends when the last of them has.
+TEST(BatchWorkers, They_end_with_the_process_that_asked_for_them) {
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  const pid_t asking = fork();
+  if (asking == 0) {
+    close(pipe[0]);
+    DoInWorkers(
+        2, 2,
+        [&pipe](int) -> Worked {
+          (void)!write(pipe[1], "w", 1);
+          while (true) pause();
+        },
+        [](int, const Worked&) {});
+    _exit(0);
+  }
+  close(pipe[1]);
+  char letter = 0;
+  for (int worker = 0; worker < 2; ++worker) ASSERT_EQ(read(pipe[0], &letter, 1), 1);
+  ASSERT_EQ(kill(asking, SIGKILL), 0);
+  ASSERT_EQ(waitpid(asking, nullptr, 0), asking);
+  pollfd end{pipe[0], POLLIN, 0};
+  constexpr int patience = 60000;  // ms, for one that would wait for ever
+  EXPECT_EQ(poll(&end, 1, patience), 1) << "the workers live on";
+  EXPECT_EQ(read(pipe[0], &letter, 1), 0);
+  close(pipe[0]);
 }
 
 }  // namespace
