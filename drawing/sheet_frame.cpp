@@ -138,13 +138,18 @@ double StripTop(const PrintSurface& surface, const SheetSource& source) {
          StripRise;
 }
 
-StripMargins GreatestStripMargins(const SheetSource& source) {
+StripMargins FittingStripMargins(const SheetSource& source) {
+  // The last lines of the strip end 1.4 mm above the bottom margin's line. The contact line below
+  // them, 2.8 mm high, can't go lower than the edge of the paper.
+  constexpr int leastBottom = 2;
   constexpr Paper paper;  // A4, which lies
   double lowest = 0;
   for (const SectionDim& product : SectionDims) lowest = std::max(lowest, LowestOf(product));
   const double left = paper.Height - JobLabelInset - JobLabelWidth - JobValueWidth;
   const double bottom = paper.Width - source.imgLogo->Height - StripRise - lowest;
-  return {Whole(std::floor(left)), Whole(std::floor(std::max(bottom, 0.0)))};
+  return {.GreatestLeft = Whole(std::floor(left)),
+          .LeastBottom = leastBottom,
+          .GreatestBottom = std::max<int>(Whole(std::floor(bottom)), leastBottom)};
 }
 
 void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, std::string_view kind) {

@@ -17,13 +17,16 @@ void StartSheets(PrintSurface& surface, const PageMargins& margins);
 // Where the strip begins, mm from the top of the page.
 double StripTop(const PrintSurface& surface, const SheetSource& source);
 
-// Margins with which the strip stands on A4 paper and below all that a sheet of the catalogue's
-// products shows: from 0 to these, whole mm. Right and top margin don't move it.
+// Margins with which the strip stands on A4 paper, above the contact line and below all that a
+// sheet of the catalogue's products shows: from the least to the greatest, whole mm. Right and top
+// margin don't move it.
 struct StripMargins {
-  int Left = 0;
-  int Bottom = 0;
+  int LeastLeft = 0;
+  int GreatestLeft = 0;
+  int LeastBottom = 0;
+  int GreatestBottom = 0;
 };
-StripMargins GreatestStripMargins(const SheetSource& source);
+StripMargins FittingStripMargins(const SheetSource& source);
 
 // Logo, headings, title and job table. The kind is a section letter; another one has no title.
 void DrawSheetFrame(PrintSurface& surface, const SheetSource& source, std::string_view kind);

@@ -184,6 +184,24 @@ TEST_F(SheetRooms, The_title_of_the_table_stands_over_it) {
   EXPECT_EQ(names, 2);
 }
 
+// The strip's last letters end 1.35 mm above the margin's line, and the contact line is 2.84 mm high.
+TEST_F(SheetRooms, The_strip_ends_above_the_contact_line_with_the_least_bottom_margin_that_fits) {
+  const int least = FittingStripMargins(PresentSource()).LeastBottom;
+  EXPECT_EQ(least, 2);
+  for (const int margin : {least, least - 1}) {
+    BottomMargin = Int16(margin);
+    double contact = 0;
+    double strip = 0;
+    for (const TextShape& text : TextsOf(DrawnFrame())) {
+      const bool isContact = text.Text.rfind("E-mail", 0) == 0;
+      const double bottom = text.TopLeft.Y + metrics.Height(text.Type) / TwipsPerMm;
+      if (isContact) contact = text.TopLeft.Y;
+      if (!isContact) strip = std::max(strip, bottom);
+    }
+    EXPECT_EQ(strip <= contact, margin == least) << margin << ": " << strip << ", " << contact;
+  }
+}
+
 // The labels of the job table begin at 160 mm, the title at 70. Fourteen points: 2.469 mm a letter.
 TEST_F(SheetRooms, A_long_name_of_an_accessory_ends_before_the_job_table) {
   AccDef accessory;

@@ -91,8 +91,16 @@ TEST_F(Registration, A_quiet_note_tells_which_margins_leave_the_strip_its_room) 
   Retype(form, 5, "19");
   EXPECT_EQ(
       note.text(),
-      "The strip at the foot of the drawings runs into the deepest of them: bottom margins of 0 "
+      "The strip at the foot of the drawings runs into the deepest of them: bottom margins of 2 "
       "to 18 mm fit.");
+  // With 1 mm it stands on the contact line, which is at the paper's edge then.
+  Retype(form, 5, "2");
+  EXPECT_FALSE(note.isVisible());
+  Retype(form, 5, "1");
+  EXPECT_EQ(note.text(),
+            "The strip at the foot of the drawings runs into the line below it: bottom margins of "
+            "2 to 18 mm fit.");
+  Retype(form, 5, "19");
   // Nothing is refused.
   QTest::mouseClick(&Continue(form), Qt::LeftButton);
   EXPECT_EQ(form.result(), QDialog::Accepted);
@@ -108,7 +116,7 @@ TEST_F(Registration, The_detail_of_a_rail_has_to_stay_clear_of_the_strip_too) {
   BottomMargin = 14;
   FrmRegistration form;
   form.show();
-  EXPECT_TRUE(Find<QLabel>(form, "lblMargins").text().contains("0 to 13 mm"));
+  EXPECT_TRUE(Find<QLabel>(form, "lblMargins").text().contains("2 to 13 mm"));
 }
 
 TEST_F(Registration, Both_notes_stand_there_for_margins_of_the_settings_too) {

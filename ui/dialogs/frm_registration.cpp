@@ -180,23 +180,26 @@ void FrmRegistration::ShowSettings() {
 }
 
 void FrmRegistration::ShowMarginNote() {
-  const StripMargins greatest = GreatestStripMargins(PresentSource());
-  const auto isOutside = [this](std::size_t side, int most) {
-    const double margin = Val(FromQt(Text1_.at(side)->text()));
-    return margin < 0 || margin > most;
-  };
+  const StripMargins fitting = FittingStripMargins(PresentSource());
+  const auto marginOf = [this](std::size_t side) { return Val(FromQt(Text1_.at(side)->text())); };
   QStringList notes;
-  if (isOutside(LeftSide, greatest.Left)) {
+  const double left = marginOf(LeftSide);
+  if (left < fitting.LeastLeft || left > fitting.GreatestLeft) {
     notes += QString(
-                 "The strip at the foot of the drawings leaves A4 paper: left margins of 0 to "
-                 "%1 mm fit.")
-                 .arg(greatest.Left);
+                 "The strip at the foot of the drawings leaves A4 paper: left margins of %1 to "
+                 "%2 mm fit.")
+                 .arg(fitting.LeastLeft)
+                 .arg(fitting.GreatestLeft);
   }
-  if (isOutside(BottomSide, greatest.Bottom)) {
+  const double bottom = marginOf(BottomSide);
+  const bool tooSmall = bottom < fitting.LeastBottom;
+  if (tooSmall || bottom > fitting.GreatestBottom) {
     notes += QString(
-                 "The strip at the foot of the drawings runs into the deepest of them: bottom "
-                 "margins of 0 to %1 mm fit.")
-                 .arg(greatest.Bottom);
+                 "The strip at the foot of the drawings runs into %1: bottom margins of %2 to "
+                 "%3 mm fit.")
+                 .arg(tooSmall ? "the line below it" : "the deepest of them")
+                 .arg(fitting.LeastBottom)
+                 .arg(fitting.GreatestBottom);
   }
   lblMargins_->setText(notes.join("\n"));
   lblMargins_->setVisible(!notes.isEmpty());
