@@ -90,7 +90,10 @@ CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QSt
           [this](const QString& text) { Guard([&] { Changed(FromQt(text)); }); });
   home.installEventFilter(this);
   grid.Scrolled = [this] { Place(); };
-  connect(&grid.Model(), &QAbstractItemModel::dataChanged, this, [this] { ShowCoveredCell(); });
+  connect(&grid.Model(), &QAbstractItemModel::dataChanged, this,
+          [this](const QModelIndex& first, const QModelIndex& last) {
+            if (grid_.IsAmong(EditRow_, EditCol_, first, last)) ShowCoveredCell();
+          });
 }
 
 PlainCombo& CellEditor::AddChoices(int column, const QString& panel, const QString& name) {
@@ -170,7 +173,7 @@ void CellEditor::Open(int row, int column) {
   EditRow_ = row;
   EditCol_ = column;
   control->setAccessibleName(name);
-  Place();
+  openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
   openPanel_->show();
   openPanel_->raise();
   ShowCoveredCell();

@@ -431,6 +431,13 @@ QString FlexGrid::TipOf(int row, int column) const {
   return lines.join("<br>");
 }
 
+bool FlexGrid::IsAmong(int row, int column, const QModelIndex& first,
+                       const QModelIndex& last) const {
+  const QModelIndex cell = model_->index(row - 1, column);
+  return cell.isValid() && first.row() <= cell.row() && cell.row() <= last.row() &&
+         first.column() <= cell.column() && cell.column() <= last.column();
+}
+
 bool FlexGrid::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
   const auto& help = static_cast<const QHelpEvent&>(*event);

@@ -142,6 +142,8 @@ class FlexGrid : public QTableView {
   // What a mouse that rests on the cell is told: a text that it cuts off, and what is wrong with
   // it; empty for nothing.
   QString TipOf(int row, int column) const;
+  // Whether the cell is among those from `first` to `last`, as the model's notices name them.
+  bool IsAmong(int row, int column, const QModelIndex& first, const QModelIndex& last) const;
 
   // Place of a cell in viewport coordinates, also when it is scrolled out of sight.
   QRect CellRect(int row, int column) const;
@@ -201,6 +203,7 @@ class FlexGrid : public QTableView {
   int CellWidth(const QString& text) const;
   int HeadingWidth(int column) const;
   int NeededWidth(std::size_t column, int figures) const;
+  std::vector<int> Figures() const;
   std::vector<int> NeededWidths() const;
   std::vector<int> SharedWidths() const;
   bool IsCut(const QModelIndex& cell) const;
@@ -212,7 +215,8 @@ class FlexGrid : public QTableView {
   FlexGridModel* model_;
   std::vector<int> ratio_;
   std::vector<int> leastFigures_;  // of columns in a ratio; none for a grid without figures
-  std::vector<int> needed_;        // widths that columns in a ratio were laid out for
+  std::vector<int> figures_;       // characters that columns in a ratio were laid out for
+  std::vector<int> needed_;        // their widths
   int narrowColumn_ = 0;           // of columns as wide as their headings; 0 for columns in a ratio
   int leastColumn_ = 0;
   int leastRow_ = 0;

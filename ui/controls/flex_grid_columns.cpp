@@ -32,8 +32,10 @@ void FlexGrid::SetColumnRatio(std::vector<int> ratio, std::vector<int> leastFigu
   LayColumns();
 }
 
+// Measuring is left to where a longer or a shorter figure asks for it: this is done at each row
+// change.
 void FlexGrid::FitFigures() {
-  if (NeededWidths() != needed_) LayColumns();
+  if (Figures() != figures_) LayColumns();
 }
 
 int FlexGrid::LeastWidth() const {
@@ -54,6 +56,7 @@ void FlexGrid::SetColumnsByHeading(int narrow, int least) {
 
 void FlexGrid::LayColumns() {
   if (ratio_.empty() && narrowColumn_ == 0) return;
+  figures_ = Figures();
   needed_ = NeededWidths();
   if (narrowColumn_ > 0) {
     LayColumnsByHeading();
@@ -99,11 +102,18 @@ int FlexGrid::NeededWidth(std::size_t column, int figures) const {
   return figures == 0 ? heading : std::max(heading, CellWidth(QString(figures, u'0')));
 }
 
+std::vector<int> FlexGrid::Figures() const {
+  std::vector<int> figures = leastFigures_;
+  for (std::size_t column = 0; column < figures.size(); ++column) {
+    figures[column] = std::max(figures[column], model_->LongestFigure(static_cast<int>(column)));
+  }
+  return figures;
+}
+
 std::vector<int> FlexGrid::NeededWidths() const {
   std::vector<int> widths;
-  for (std::size_t column = 0; column < leastFigures_.size(); ++column) {
-    const int longest = model_->LongestFigure(static_cast<int>(column));
-    widths.push_back(NeededWidth(column, std::max(leastFigures_[column], longest)));
+  for (std::size_t column = 0; column < figures_.size(); ++column) {
+    widths.push_back(NeededWidth(column, figures_[column]));
   }
   return widths;
 }
