@@ -53,25 +53,20 @@ constexpr std::array<KeyMeasure, 3> CKey = {{
 // The top flange of an eaves beam follows the roof; the key, which is level, has no measure of it.
 constexpr std::array<KeyMeasure, 2> EKey = {CKey[0], CKey[2]};
 
-// What a family shows of its holes off gauge.
-struct OffGaugeParts {
-  std::span<const KeyMeasure> Key;  // empty for a family without a key
-  int TableRows = 4;                // the letters, "w", "b" and "t", as many of them as it has
-};
-
-constexpr PerFamily<OffGaugeParts> Parts = {{
-    {"Z", {ZKey, 4}},
-    {"E", {EKey, 3}},
-    {"C", {CKey, 4}},
-    {"V", {{}, 4}},
-    {"R", {{}, 4}},
-    {"T", {{}, 4}},
+// The key of a family; empty for one without.
+constexpr PerFamily<std::span<const KeyMeasure>> Keys = {{
+    {"Z", ZKey},
+    {"E", EKey},
+    {"C", CKey},
+    {"V", {}},
+    {"R", {}},
+    {"T", {}},
 }};
-static_assert(NamesEachFamily(Parts), "Parts needs one row for each section family");
+static_assert(NamesEachFamily(Keys), "Keys needs one row for each section family");
 
-OffGaugeParts PartsOf(std::string_view sectionType) {
-  const OffGaugeParts* parts = FactOf(Parts, sectionType);
-  return parts == nullptr ? OffGaugeParts{} : *parts;
+std::span<const KeyMeasure> KeyOf(std::string_view sectionType) {
+  const auto* key = FactOf(Keys, sectionType);
+  return key == nullptr ? std::span<const KeyMeasure>() : *key;
 }
 
 Point OnPage(const KeyPoint& point, const SectionDim& dim, const Point& origin) {
@@ -152,12 +147,12 @@ std::string OffGaugeLetter(int row) {
 }
 
 void DrawOffGaugeKey(const Sheet& sheet) {
-  const OffGaugeParts parts = PartsOf(sheet.Section.SectionType);
-  if (parts.Key.empty()) return;
+  const std::span<const KeyMeasure> key = KeyOf(sheet.Section.SectionType);
+  if (key.empty()) return;
   const Point origin = KeyOrigin(sheet);
   PenWidthMm(sheet.Surface, ObjectPen);
   DrawKeyEdges(sheet);
-  for (const KeyMeasure& measure : parts.Key) {
+  for (const KeyMeasure& measure : key) {
     DrawKeyMeasure(sheet.Surface, measure, sheet.Dim, origin);
   }
 }
@@ -168,11 +163,12 @@ void DrawOffGaugeTable(const Sheet& sheet, const Table<OffGaugeHole>& list) {
   const PageMargins& margins = sheet.Source.Margins;
   const SheetRoom room = OffGaugeRoom(sheet);
   const double left = OffGaugeTableLeft(sheet, list.UBound());
-  surface.Within({.Left = room.Left, .Right = KeyOrigin(sheet).X - TextGap});
+  surface.Within(
+      {.Left = OffGaugeStart(sheet, list.UBound()), .Right = KeyOrigin(sheet).X - TextGap});
   WriteTextAt(surface, "Off-gauge hole Y dims.", left, margins.TopMargin + OffGaugeTitleDrop);
 
   surface.Within(room);
-  const int rows = PartsOf(sheet.Section.SectionType).TableRows;
+  const int rows = OffGaugeRows(sheet.Section.SectionType);
   surface.CurrentY(Length::OfMm(margins.TopMargin + OffGaugeTableDrop));
   surface.StartTable();
   surface.TableIndent(Length::OfMm(left - margins.LeftMargin));

@@ -8,9 +8,18 @@ namespace orvane {
 
 namespace {
 
-constexpr double LeastScale = 0.6;
+constexpr double LeastLetters = 0.6;
+constexpr double LeastAcross = 0.35;
+constexpr double LeastDown = 0.5;
 constexpr double ScaleStep = 0.05;
 constexpr double Tolerance = 1e-6;  // mm
+
+// What a table in parts is made smaller by.
+struct Scales {
+  double Letters = 1;
+  double Across = 1;  // columns
+  double Down = 1;    // rows
+};
 
 // The columns of one part behind the first one of the table: from one up to, not including,
 // another.
@@ -40,29 +49,59 @@ std::vector<Columns> Broken(const TableGrid& grid, double room, double scale) {
   return parts;
 }
 
-double HeightOf(const TableGrid& grid, std::size_t parts, double scale) {
+// The same columns in as many parts with as many columns each as the others, which leaves more room
+// beside them; as they were where columns of different widths don't allow it.
+std::vector<Columns> Balanced(const TableGrid& grid, const std::vector<Columns>& parts, double room,
+                              double scale) {
+  const std::size_t end = grid.Columns.size();
+  const std::size_t each = (end - 1 + parts.size() - 1) / parts.size();
+  std::vector<Columns> balanced;
+  for (std::size_t first = 1; first < end; first += each) {
+    balanced.push_back({first, std::min(first + each, end)});
+    if (scale * WidthOf(grid, balanced.back()) > room + Tolerance) return parts;
+  }
+  return balanced;
+}
+
+double HeightOf(const TableGrid& grid, std::size_t parts, double down) {
   double rows = 0;
   for (const GridRow& row : grid.Rows) rows += row.Height;
   const auto count = static_cast<double>(parts);
-  return scale * rows * count + TablePartGap * (count - 1);
+  return down * rows * count + TablePartGap * (count - 1);
 }
 
-TableGrid Part(const TableGrid& grid, Columns columns, double left, double scale) {
+// The next smaller ones: all of it by turns down to the least letters, then the columns alone, in
+// which a text that has no room is set narrower, and at last the air of the rows. False if there
+// are none.
+bool MakeSmaller(Scales& scales) {
+  const auto step = [](double& scale, double least) {
+    if (scale <= least + Tolerance) return false;
+    scale = std::max(scale - ScaleStep, least);
+    return true;
+  };
+  if (step(scales.Letters, LeastLetters)) {
+    scales.Across = scales.Down = scales.Letters;
+    return true;
+  }
+  return step(scales.Across, LeastAcross) || step(scales.Down, LeastDown);
+}
+
+TableGrid Part(const TableGrid& grid, Columns columns, double left, const Scales& scales) {
   TableGrid part;
   part.Rows = grid.Rows;
-  for (GridRow& row : part.Rows) row.Height *= scale;
+  for (GridRow& row : part.Rows) row.Height *= scales.Down;
 
   std::vector<std::size_t> taken = {0};
   for (std::size_t at = columns.First; at < columns.End; ++at) taken.push_back(at);
   part.Right = left;
   for (const std::size_t at : taken) {
-    part.Columns.push_back({scale * grid.Columns[at].Width, part.Right});
+    part.Columns.push_back({scales.Across * grid.Columns[at].Width, part.Right});
     part.Right += part.Columns.back().Width;
   }
   for (std::size_t row = 0; row < grid.Rows.size(); ++row) {
     for (std::size_t at = 0; at < taken.size(); ++at) {
       GridCell cell = grid.At(row, taken[at]);
-      cell.Type.Size *= scale;
+      cell.Type.Size *= scales.Letters;
       // The cells that one has taken in may have gone to another part.
       const auto room = static_cast<int>(at == 0 ? 1 : taken.size() - at);
       const bool orphan = cell.Span == 0 && at <= 1;
@@ -82,16 +121,18 @@ std::vector<TableGrid> TableParts(const TableGrid& grid, const SheetRoom& room, 
   const double whole = WidthOf(grid, {1, grid.Columns.size()});
   if (whole <= width + Tolerance) return {grid};
 
-  double scale = 1;
-  std::vector<Columns> parts = Broken(grid, width, scale);
-  while (top + HeightOf(grid, parts.size(), scale) > room.Bottom + Tolerance &&
-         scale > LeastScale + Tolerance) {
-    scale = std::max(scale - ScaleStep, LeastScale);
-    parts = Broken(grid, width, scale);
+  Scales scales;
+  std::vector<Columns> parts = Broken(grid, width, scales.Across);
+  while (top + HeightOf(grid, parts.size(), scales.Down) > room.Bottom + Tolerance &&
+         MakeSmaller(scales)) {
+    parts = Broken(grid, width, scales.Across);
   }
 
+  parts = Balanced(grid, parts, width, scales.Across);
+  const double left =
+      std::max(room.Right - scales.Across * WidthOf(grid, parts.front()), room.Left);
   std::vector<TableGrid> grids;
-  for (const Columns& columns : parts) grids.push_back(Part(grid, columns, room.Left, scale));
+  for (const Columns& columns : parts) grids.push_back(Part(grid, columns, left, scales));
   return grids;
 }
 

@@ -103,15 +103,24 @@ TEST_F(SheetRooms, Notes_end_3_mm_before_the_table_of_off_gauge_holes) {
   EXPECT_NEAR(RightOf(TextOn(Drawn(), TheItem().Notes)), 189, Close);
 }
 
-// From the twelfth letter on the table takes two parts, of which the first begins 62 mm from the
-// left margin: up to 69 mm there are 34 for the mark.
+// Twenty-six letters take two parts of thirteen, at 85 %: with the names 14 columns of 12.75 mm,
+// which begin at 252 - 178.5 = 73.5 mm. Up to 70.5 mm there are 35.5 for the mark.
 TEST_F(SheetRooms, The_table_leaves_room_for_the_mark) {
   TheItem().Mark = "PURLIN-GRID-C-TO-F";  // 38.1 mm
-  AddOffGaugeHoles(12);
+  AddOffGaugeHoles(26);
   const TextShape mark = TextOn(Drawn(), TheItem().Mark);
-  EXPECT_NEAR(mark.WidthScale, 34 / 38.1, 0.002);
+  EXPECT_NEAR(mark.WidthScale, 35.5 / 38.1, 0.002);
   EXPECT_EQ(mark.Type.Size, 12);
-  EXPECT_NEAR(RightOf(mark), 69, Close);
+  EXPECT_NEAR(RightOf(mark), 70.5, Close);
+}
+
+// Sixteen letters are two parts of eight, nine columns of 12.75 mm from 137.25 mm on.
+TEST_F(SheetRooms, Parts_of_the_table_are_as_narrow_as_they_can_be_for_the_notes) {
+  TheItem().Notes = std::string(60, 'n');  // 127 mm, of which 99.25 are 78.1 %
+  AddOffGaugeHoles(16);
+  const TextShape notes = TextOn(Drawn(), TheItem().Notes);
+  EXPECT_NEAR(notes.WidthScale, 0.781, 0.002);
+  EXPECT_NEAR(RightOf(notes), 134.25, Close);
 }
 
 TEST_F(SheetRooms, Every_letter_of_the_table_stands_on_the_paper_and_over_no_other_text) {
@@ -152,14 +161,13 @@ TEST_F(SheetRooms, Every_letter_of_the_table_stands_on_the_paper_and_over_no_oth
   }
 }
 
-// Sixteen letters and eleven columns: the others stand in a part below, with the names of the rows.
 TEST_F(SheetRooms, Each_part_of_the_table_names_its_rows) {
   AddOffGaugeHoles(16);
   const Page& drawn = Drawn();
   for (const char* name : {"w", "b", "t"}) {
     std::vector<double> places;
     for (const TextShape& text : TextsOf(drawn)) {
-      if (text.Text == name && text.TopLeft.X < 90) places.push_back(text.TopLeft.Y);
+      if (text.Text == name && text.TopLeft.X < 200) places.push_back(text.TopLeft.Y);
     }
     ASSERT_EQ(places.size(), 2U) << name;
     EXPECT_LT(places[0] + 15, places[1]) << name;
@@ -170,21 +178,22 @@ TEST_F(SheetRooms, Each_part_of_the_table_names_its_rows) {
 TEST_F(SheetRooms, The_title_of_the_table_stands_over_it) {
   AddOffGaugeHoles(2);
   EXPECT_NEAR(TextOn(Drawn(), "Off-gauge hole Y dims.").TopLeft.X, 207, Close);
-  // 22 letters: at 85 % the columns of a part leave some of the room. A row's name stands in the
-  // middle of the first one, 12.75 mm wide; the key has the same letters farther right.
+  // Twenty more are two parts of eleven, twelve columns of 12.75 mm, up to 252 mm. A row's name
+  // stands in the middle of the first one; the key has the same letters farther right.
   AddOffGaugeHoles(20);
   const Page& drawn = Drawn();
-  EXPECT_NEAR(TextOn(drawn, "Off-gauge hole Y dims.").TopLeft.X, 72, Close);
+  EXPECT_NEAR(TextOn(drawn, "Off-gauge hole Y dims.").TopLeft.X, 99, Close);
   int names = 0;
   for (const TextShape& text : TextsOf(drawn)) {
-    if (text.Text != "w" || text.TopLeft.X > 90) continue;
-    EXPECT_NEAR((text.TopLeft.X + RightOf(text)) / 2, 72 + 12.75 / 2, Close);
+    if (text.Text != "w" || text.TopLeft.X > 120) continue;
+    EXPECT_NEAR((text.TopLeft.X + RightOf(text)) / 2, 99 + 12.75 / 2, Close);
     ++names;
   }
   EXPECT_EQ(names, 2);
 }
 
-// The strip's last letters end 1.35 mm above the margin's line, and the contact line is 2.84 mm high.
+// The strip's last letters end 1.35 mm above the margin's line, and the contact line is 2.84 mm
+// high.
 TEST_F(SheetRooms, The_strip_ends_above_the_contact_line_with_the_least_bottom_margin_that_fits) {
   const int least = FittingStripMargins(PresentSource()).LeastBottom;
   EXPECT_EQ(least, 2);
