@@ -49,7 +49,10 @@ void FrmMain::TakeStep(bool back) {
   if (!(back ? UndoStep(restored) : RedoStep(restored))) return;
   if (restored.Details) RefreshProjectDetails();
   if (restored.Accessories) accessories_->SetAccUsage();
-  sections_->ShowRestored(restored);
+  // Whoever took a hole back from the hole list goes on there.
+  const QWidget* focus = focusWidget();
+  const bool elsewhere = focus == accessories_ || focus == sheet_ || detail_->isAncestorOf(focus);
+  sections_->ShowRestored(restored, !elsewhere);
 }
 
 }  // namespace orvane

@@ -244,10 +244,8 @@ void SectionsGrid::EnterSlidCell() {
   editor_.ShowRefusal(undecided);
 }
 
-void SectionsGrid::ShowRestored(const RestoredStep& step) {
+void SectionsGrid::ShowRestored(const RestoredStep& step, bool entersCell) {
   const Busy busy(GridBusy_);
-  const QWidget* focus = window()->focusWidget();
-  const bool edits = focus != nullptr && (focus == this || isAncestorOf(focus));
   ForgetEditors();
   if (step.RowsMoved) {
     model_->MoveRefusals(step.FormerRows);
@@ -262,13 +260,13 @@ void SectionsGrid::ShowRestored(const RestoredStep& step) {
   }
   const int row = std::min(step.Row >= 1 ? step.Row : grid_->Row(), grid_->Rows() - 1);
   if (row >= 1) grid_->SetCurrent(row, ColumnOf(step.Kind).value_or(grid_->Col()));
-  // Whoever took a hole back from the hole list goes on there.
   MakeCurrent(0);
   // A section that comes under the cursor because another has gone is looked at as behind Delete.
   const bool moved =
       step.Redone && (step.Kind == ChangeKind::Delete || step.Kind == ChangeKind::Sort);
   if (step.Kind == ChangeKind::OppositeHand && step.Redone) mirroredRow_ = row;
-  ShowCurrentRow(moved ? ShownHoles::Afresh : ShownHoles::AsTheyStand, edits || step.RowsMoved);
+  ShowCurrentRow(moved ? ShownHoles::Afresh : ShownHoles::AsTheyStand,
+                 entersCell || step.RowsMoved);
 }
 
 // The row that is worked on, and that a dialog opened next works on, bears the grey.

@@ -56,8 +56,8 @@ class SectionsGrid : public QWidget {
   // its record can't take. False if there is none.
   bool DropTyped();
   // Shows what a step that was taken back or done again has touched, its section drawn as it
-  // stands.
-  void ShowRestored(const RestoredStep& step);
+  // stands. The cursor comes into its cell, or stays in another area as long as no row moved.
+  void ShowRestored(const RestoredStep& step, bool entersCell);
   // Makes a cell the current one as a click does.
   void GoTo(int row, int column);
   // The first row whose product was left undecided, 0 for none; and the cursor put there, with
