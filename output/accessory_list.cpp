@@ -106,9 +106,7 @@ void WriteLines2(FactoryWriter& out) {
     InNameOfAccessory(line.AccIndex, line.Mark, [&] {
       const AccDef& accessory = AccDefs.At(line.AccIndex);
       if (accessory.Name != lastName) WriteHeading2(out, line, accessory);
-      if (line.AccIndex == JoinedColumnRow) {
-        Change(ChangeKind::Export, 0, [&] { FillJoinedColumnValues(line); });
-      }
+      if (line.AccIndex == JoinedColumnRow) FillJoinedColumnValues(line);
       WriteLine2(out, line, accessory);
       lastName = accessory.Name;
     });
@@ -135,7 +133,8 @@ FactoryFile AccListFile(const Moment& created) {
   return BuildFactoryFile([&created](FactoryWriter& out) {
     WriteHeader(out, created);
     WriteLines1(out);
-    WriteLines2(out);
+    // One change for all of its lines: whoever follows looks at the whole job.
+    Change(ChangeKind::Export, 0, [&] { WriteLines2(out); });
   });
 }
 

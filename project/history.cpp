@@ -61,6 +61,11 @@ std::string NameOf(const ChangeNotice& change) {
   return name + " of " + NameOfSection(change.Row);
 }
 
+// Kinds that a person calls by the section that they were done to, not by the one that came of it.
+constexpr bool NamesSource(ChangeKind kind) {
+  return kind == ChangeKind::Duplicate || kind == ChangeKind::OppositeHand;
+}
+
 class History {
  public:
   explicit History(std::function<void()> changed)
@@ -70,7 +75,7 @@ class History {
     Begin();
   }
 
-  void Begin();
+  void Begin(bool saved = true);
   void EndStep() { open_ = false; }
   bool IsStepOpen() const { return open_; }
   const Entry* StepBefore() const;
@@ -78,7 +83,7 @@ class History {
   void MarkSaved();
   bool IsChanged() const { return LastStep() != savedStep_; }
   bool Take(Direction direction, RestoredStep& restored);
-  std::size_t Bytes() const { return bytes_; }
+  std::size_t Bytes() const { return bytes_ + stateBytes_; }
   int StepsToUndo() const;
 
  private:
@@ -103,26 +108,32 @@ class History {
   JobState state_;      // that the entries up to at_ lead to
   StateChange looked_;  // what looks have made of it since
   std::deque<Entry> entries_;
-  std::size_t at_ = 0;  // entries behind that one have been taken back
-  std::size_t bytes_ = 0;
-  int steps_ = 0;        // counted so far
-  int droppedStep_ = 0;  // the last of those that were too old
+  std::size_t at_ = 0;          // entries behind that one have been taken back
+  std::size_t bytes_ = 0;       // of the entries
+  std::size_t stateBytes_ = 0;  // of the state that they began with
+  int kept_ = 0;                // steps among the entries
+  int steps_ = 0;               // counted so far
+  int droppedStep_ = 0;         // the last of those that were too old
   int savedStep_ = 0;
   bool open_ = false;  // the last step takes further keys of its cell
   std::optional<Running> running_;
   const ChangeFollower follower_;
 };
 
-// The tables as they stand begin a history, whatever they were before.
-void History::Begin() {
+// The tables as they stand begin a history, whatever they were before. Where it lost track of them
+// nobody knows whether the file holds what they do.
+void History::Begin(bool saved) {
   entries_.clear();
   at_ = 0;
   bytes_ = 0;
+  kept_ = 0;
   looked_ = {};
   open_ = false;
   running_.reset();
   state_ = StateOfTables();
-  droppedStep_ = savedStep_ = ++steps_;
+  droppedStep_ = ++steps_;
+  savedStep_ = saved ? droppedStep_ : 0;
+  stateBytes_ = state_.Bytes();
   Tell();
 }
 
@@ -175,10 +186,12 @@ void History::Before(const ChangeNotice& change) {
       change.Kind == ChangeKind::Redo) {
     return;
   }
-  if (!IsTheTables(change)) Begin();
+  if (!IsTheTables(change)) Begin(false);
   // What drawing has made of the section, such as other gaps, belongs to what the step finds.
   NoteLook(change);
-  running_ = Running{change, NameOf(change), CurrentItem};
+  ChangeNotice named = change;
+  if (NamesSource(change.Kind)) named.Row = CurrentItem;
+  running_ = Running{change, NameOf(named), CurrentItem};
 }
 
 void History::After(const ChangeNotice& change) {
@@ -187,8 +200,11 @@ void History::After(const ChangeNotice& change) {
     case ChangeKind::Redo:
       return Tell();
     case ChangeKind::NewProject:
-    case ChangeKind::OpenProject:
       return Begin();
+    case ChangeKind::OpenProject:
+      if (!change.Failed) return Begin();
+      // What could be read stands in place of the job before, which can be taken back.
+      break;
     case ChangeKind::ProjectReplaced:
       // The showing of the first section belongs to the job that the history begins with.
       if (entries_.empty()) Begin();
@@ -228,7 +244,7 @@ void History::NoteLook(const ChangeNotice& change) {
 }
 
 void History::NoteAllLooks() {
-  if (state_.Rows.size() != static_cast<std::size_t>(Items.UBound())) return Begin();
+  if (state_.Rows.size() != static_cast<std::size_t>(Items.UBound())) return Begin(false);
   for (int row = 1; row <= Items.UBound(); ++row) CompareSection(state_, row, looked_);
   CompareAccessories(state_, looked_);
 }
@@ -246,6 +262,11 @@ StateChange History::ChangeOf(const ChangeNotice& change) const {
       CompareAccessories(state_, made);
       break;
     case ChangeSubject::Details:
+      CompareDetails(state_, made);
+      break;
+    case ChangeSubject::WholeJob:
+      CompareRows(state_, made);
+      CompareAccessories(state_, made);
       CompareDetails(state_, made);
       break;
     default:
@@ -277,7 +298,8 @@ void History::Finish() {
   step.Kind = ran.Notice.Kind;
   step.RowBefore = ran.CursorRow;
   step.RowAfter = ran.Notice.Row;
-  step.Name = ran.Notice.Kind == ChangeKind::Delete ? ran.Name : NameOf(ran.Notice);
+  const bool former = ran.Notice.Kind == ChangeKind::Delete || NamesSource(ran.Notice.Kind);
+  step.Name = former ? ran.Name : NameOf(ran.Notice);
   Lead(state_, step.Change, Direction::Forward);
   Append(std::move(step));
   open_ = IsTyped(ran.Notice.Kind);
@@ -315,8 +337,9 @@ void History::Extend(const ChangeNotice& change) {
 // The entries.
 
 void History::Append(Entry entry) {
-  entry.Bytes = entry.Change.Bytes();
+  entry.Bytes = entry.Change.Bytes() + entry.Name.capacity();
   bytes_ += entry.Bytes;
+  if (entry.Step != 0) ++kept_;
   entries_.push_back(std::move(entry));
   at_ = entries_.size();
 }
@@ -324,14 +347,18 @@ void History::Append(Entry entry) {
 void History::DropFrom(std::size_t at) {
   while (entries_.size() > at) {
     bytes_ -= entries_.back().Bytes;
+    if (entries_.back().Step != 0) --kept_;
     entries_.pop_back();
   }
   at_ = std::min(at_, at);
 }
 
 void History::DropOldest() {
-  while (bytes_ > MostHistoryBytes && StepsToUndo() > LeastSteps) {
-    if (entries_.front().Step != 0) droppedStep_ = entries_.front().Step;
+  while (Bytes() > MostHistoryBytes && kept_ > LeastSteps) {
+    if (entries_.front().Step != 0) {
+      droppedStep_ = entries_.front().Step;
+      --kept_;
+    }
     bytes_ -= entries_.front().Bytes;
     entries_.pop_front();
     --at_;
@@ -376,6 +403,11 @@ bool History::Take(Direction direction, RestoredStep& restored) {
   const Entry* step = back ? StepBefore() : StepBehind();
   if (step == nullptr) return false;
   const bool ofRow = RuleOf(step->Kind).Subject == ChangeSubject::Section;
+  // Led from anything else than what the steps led to, the tables would be nobody's job.
+  if (!IsTheTables({step->Kind, ofRow ? step->RowAfter : std::int16_t{0}})) {
+    Begin(false);
+    return false;
+  }
   bool accessories = false;
   Change(back ? ChangeKind::Undo : ChangeKind::Redo, ofRow ? step->RowAfter : std::int16_t{0}, [&] {
     // The states of the steps know nothing of what was looked at since.

@@ -55,14 +55,15 @@ struct RestoredStep {
 
 // Puts the records back as they were before the last step, or brings them to what the next one made
 // of them: a change of its own kind, which sets ProjectDirty. Nothing is worked out. False if there
-// is no such step.
+// is no such step, or if the tables were filled behind the gate's back, with which it begins
+// afresh.
 bool UndoStep(RestoredStep& restored);
 bool RedoStep(RestoredStep& restored);
 
 // Beyond that many bytes the oldest steps go, but for the last ones.
 constexpr std::size_t MostHistoryBytes = std::size_t{128} << 20;
 constexpr int LeastSteps = 20;
-// The bytes that the steps hold by now, and the steps that can be taken back.
+// The bytes that steps and state hold by now, and the steps that can be taken back.
 std::size_t HistoryBytes();
 int StepsToUndo();
 

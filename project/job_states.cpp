@@ -90,6 +90,12 @@ JobState StateOfTables() {
   return state;
 }
 
+std::size_t JobState::Bytes() const {
+  std::size_t bytes = sizeof *this + Rows.capacity() * sizeof(StateRow);
+  for (const StateRow& row : Rows) bytes += BytesOf(row.Section);
+  return bytes + BytesOf(Accessories) + BytesOf(Details);
+}
+
 bool StateChange::Empty() const {
   return !RowsMoved && Sections.empty() && !Accessories.Before && !Details.Before;
 }

@@ -21,6 +21,8 @@ struct JobState {
   std::vector<StateRow> Rows;
   Packed Accessories;
   Packed Details;
+
+  std::size_t Bytes() const;  // that it takes in memory
 };
 
 // The job as it stands in the tables.
@@ -46,8 +48,8 @@ struct StateChange {
   PackedChange Details;
 
   bool Empty() const;
-  // What it takes in memory, the former contents counted and not the later ones: those are the
-  // former ones of the next change, or the job's of now.
+  // What it takes in memory. The former contents are counted and not the later ones, which are as a
+  // rule the former ones of the next change, or the job's of now.
   std::size_t Bytes() const;
 };
 

@@ -62,6 +62,10 @@ class DetailPanel : public QWidget {
 
   // Typed letters of both lists choose or are dropped, as leaving them would; the focus stays.
   void SettleLists();
+  // The row of the hole list that is marked, 0 for none.
+  int MarkedHole() const { return markedHole_; }
+  void MarkHole(int row);
+
   // The letters go, and nothing is chosen; false if there are none.
   bool DropLetters();
   // The first row for which a list was left undecided, 0 for none; and the focus put into that
@@ -135,7 +139,6 @@ class DetailPanel : public QWidget {
   void PitchSelected();
   void JointingChanged();
 
-  void MarkHole(int row);
   bool HoleListKey(const QKeyEvent& key);
   void HoleListEntered(Qt::FocusReason reason);
   void ShowHolesMenu(QPoint globalPos);

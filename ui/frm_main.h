@@ -99,6 +99,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // A step is taken back, or done again; in a field outside the tables its own typing first.
   void TakeStep(bool back);
   bool FieldTakes(bool back) const;
+  bool DropLetters();
   void ShowSteps();
   void EditMitres();
   void EditNotches();

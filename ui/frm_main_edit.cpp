@@ -27,10 +27,12 @@ void FrmMain::EditSection(const std::function<void(std::int16_t)>& edit) {
   ShowSelectedRow();
 }
 
-// A field outside the tables takes its own keys back.
+// A field outside the tables takes its own keys back. One whose keys have become a step by now, as
+// it was left or the job saved, takes that one back, which can be done again.
 bool FrmMain::FieldTakes(bool back) const {
   auto* field = qobject_cast<QLineEdit*>(focusWidget());
   if (field == nullptr || sections_->isAncestorOf(field)) return false;
+  if (back ? !IsStepOpen() : !StepToRedo().empty()) return false;
   if (!(back ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
   if (back) {
     field->undo();
@@ -40,11 +42,18 @@ bool FrmMain::FieldTakes(bool back) const {
   return true;
 }
 
+// Letters that a list waits with are a choice that wasn't made yet. False if there are none.
+bool FrmMain::DropLetters() {
+  const bool ofProduct = sections_->DropLetters();
+  const bool ofPanel = detail_->DropLetters();
+  const bool ofAccessory = accessories_->Typed().Pending();
+  if (ofAccessory) accessories_->DropSearch();
+  return ofProduct || ofPanel || ofAccessory;
+}
+
 void FrmMain::TakeStep(bool back) {
   if (FieldTakes(back)) return;
-  // What is typed and stands nowhere yet goes first.
-  if (back && (sections_->DropTyped() || detail_->DropLetters())) return;
-  if (back && accessories_->Typed().Pending()) return accessories_->DropSearch();
+  if (DropLetters() && back) return;
   RestoredStep restored;
   if (!(back ? UndoStep(restored) : RedoStep(restored))) return;
   if (restored.Details) RefreshProjectDetails();

@@ -25,6 +25,9 @@ constexpr int ToolIconSize = 22;
 
 constexpr int GroupGap = 10;  // between groups of buttons
 
+// Letters of a step's name: a mark of hundreds would make the menu as wide as the screen.
+constexpr int LongestStep = 60;
+
 // The buttons that begin a group: the sections, then the drawing and the help.
 bool BeginsGroup(const CommandEntry& entry) {
   return entry.What == Command::New || entry.What == Command::ToggleDrawing ||
@@ -67,7 +70,10 @@ bool IsShortcut(const QKeyEvent& key) {
 
 // "&Undo" with what it would take back behind it. An "&" of a mark isn't the mark of a key.
 QString StepCaption(const char* caption, const std::string& step) {
-  return step.empty() ? QString(caption) : caption + (' ' + ToQt(step).replace("&", "&&"));
+  if (step.empty()) return caption;
+  QString name = ToQt(step);
+  if (name.size() > LongestStep) name = name.left(LongestStep - 1) + QChar(0x2026);
+  return caption + (' ' + name.replace("&", "&&"));
 }
 
 }  // namespace
@@ -134,8 +140,9 @@ QAction* FrmMain::MakeAction(QMenu& menu, const CommandEntry& entry) {
 }
 
 void FrmMain::ShowSteps() {
-  findChild<QAction*>("mnuEditUndo")->setText(StepCaption("&Undo", StepToUndo()));
-  findChild<QAction*>("mnuEditRedo")->setText(StepCaption("&Redo", StepToRedo()));
+  const QList<QAction*> entries = menus_.at(Place::mnuEdit)->actions();
+  entries.at(0)->setText(StepCaption("&Undo", StepToUndo()));
+  entries.at(1)->setText(StepCaption("&Redo", StepToRedo()));
 }
 
 // On some desktops a field takes keys of the menu for its own, such as Ctrl+E for the end of the

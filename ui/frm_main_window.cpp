@@ -103,16 +103,19 @@ void FrmMain::Load() {
     AccLines1.Clear();
     AccLines2.Clear();
     ForgetSaid();
-    // Behind all who follow changes: what the sheet makes of the gaps when it is told is a look.
-    BeginHistory([this] {
-      ShowTitle();
-      ShowSteps();
-    });
     const int state = Whole(std::clamp(ScreenNumber("State", NormalState), -1.0, 3.0));
     if (state == NormalState) RestoreGeometry();
     sheet_->ApplyMargins();
     RestoreBars();
     RestoreState(state);
+  });
+  // Whatever failed, and behind all who follow changes: what the sheet makes of the gaps when it is
+  // told is a look.
+  Guard([this] {
+    BeginHistory([this] {
+      ShowTitle();
+      ShowSteps();
+    });
   });
 }
 

@@ -264,9 +264,12 @@ void SectionsGrid::ShowRestored(const RestoredStep& step, bool entersCell) {
   // A section that comes under the cursor because another has gone is looked at as behind Delete.
   const bool moved =
       step.Redone && (step.Kind == ChangeKind::Delete || step.Kind == ChangeKind::Sort);
-  if (step.Kind == ChangeKind::OppositeHand && step.Redone) mirroredRow_ = row;
+  // It may be an opposite hand as it stood before its pattern was put in its place.
+  mirroredRow_ = row;
+  const int hole = detail_->MarkedHole();
   ShowCurrentRow(moved ? ShownHoles::Afresh : ShownHoles::AsTheyStand,
                  entersCell || step.RowsMoved);
+  if (!entersCell) detail_->MarkHole(hole);
 }
 
 // The row that is worked on, and that a dialog opened next works on, bears the grey.

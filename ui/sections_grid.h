@@ -52,9 +52,8 @@ class SectionsGrid : public QWidget {
   // Typed letters of a product choose it or are dropped, as leaving the cell would; the cursor
   // stays.
   void SettleProduct();
-  // Of the cell being edited what stands in no record yet goes: letters of a product, a text that
-  // its record can't take. False if there is none.
-  bool DropTyped();
+  // The letters of a product go, and nothing is chosen; false if there are none.
+  bool DropLetters();
   // Shows what a step that was taken back or done again has touched, its section drawn as it
   // stands. The cursor comes into its cell, or stays in another area as long as no row moved.
   void ShowRestored(const RestoredStep& step, bool entersCell);

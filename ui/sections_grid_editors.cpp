@@ -195,9 +195,10 @@ void SectionsGrid::Refuse(const std::string& message) {
   });
 }
 
-bool SectionsGrid::DropTyped() {
-  // What stands in the record already is taken back with the step that it is.
-  return !IsStepOpen() && editor_.TakeBack();
+bool SectionsGrid::DropLetters() {
+  if (!cboEdit_->Typed().Pending()) return false;
+  cboEdit_->DropLetters();
+  return true;
 }
 
 void SectionsGrid::SettleProduct() {

@@ -53,7 +53,17 @@ void SheetView::DrawSection(int ItemIndex) {
 }
 
 void SheetView::Follow(const ChangeNotice& change) {
-  if (change.Kind == ChangeKind::Registration) ApplyMargins();
+  if (change.Kind == ChangeKind::Registration) {
+    const std::int16_t room = DrawingWidth;
+    const double separation = separation_;
+    ApplyMargins();
+    spacedAnew_ = spacedAnew_ || room != DrawingWidth || separation != separation_;
+  }
+  if (change.Kind == ChangeKind::NewProject) spacedAnew_ = false;
+  // Steps from before bring the gaps of their room back.
+  if (change.Kind == ChangeKind::Undo || change.Kind == ChangeKind::Redo) {
+    if (spacedAnew_) FitAllHolesToPage(*shown_, true);
+  }
   // A file has the gaps of the room and the separation that it was saved under.
   if (change.Kind == ChangeKind::OpenProject) FitAllHolesToPage(*shown_, true);
   if (!RuleOf(change.Kind).Redraws || change.Failed) return;

@@ -47,7 +47,8 @@ class SheetView : public PageView {
   // the former alone and no memory is taken at a key stroke.
   std::unique_ptr<PageSurface> shown_;
   std::unique_ptr<PageSurface> spare_;
-  double separation_ = 0;  // MinHoleSep that the gaps were worked out with
+  double separation_ = 0;    // MinHoleSep that the gaps were worked out with
+  bool spacedAnew_ = false;  // all holes, for another room or separation, since the job was begun
   int shownRow_ = 0;
   int drawCount_ = 0;
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};

@@ -171,7 +171,7 @@ TEST_F(HistoryTest, An_added_section_goes_and_the_cursor_returns) {
   AddPurlin("P2");
   CurrentItem = 1;
   DuplicateRow(1);
-  EXPECT_EQ(StepToUndo(), "Duplicate of P1A");
+  EXPECT_EQ(StepToUndo(), "Duplicate of P1");
   const RestoredStep back = Undo();
   EXPECT_EQ(back.Row, 1);
   EXPECT_EQ(Marks(), (Marks3{"P1", "P2"}));
@@ -292,6 +292,33 @@ TEST_F(HistoryTest, Another_job_begins_a_history_of_its_own) {
   EXPECT_EQ(StepToUndo(), "Project details");
 }
 
+TEST_F(HistoryTest, A_failed_opening_is_a_step_that_brings_the_job_back) {
+  AddPurlin("P4");
+  txtProject.at(1) = "J7";
+  BeginHistory();
+  const std::string before = ProjectText();
+  EXPECT_EQ(test::ErrorOf([] {
+              Change(ChangeKind::OpenProject, 0, [] {
+                Items.Clear();
+                test::AppendItem("Q1");
+                test::AppendItem("Q2");
+                txtProject.at(1) = "another";
+                AccUsed.At(1) = True;
+                throw RuntimeError(Failure::TypeMismatch);
+              });
+            }),
+            "Type mismatch");
+  EXPECT_TRUE(IsChangedSinceSaved());
+  EXPECT_EQ(StepToUndo(), "Open project");
+  const RestoredStep restored = Undo();
+  EXPECT_EQ(ProjectText(), before);
+  EXPECT_TRUE(restored.RowsMoved);
+  EXPECT_TRUE(restored.Details);
+  EXPECT_TRUE(restored.Accessories);
+  EXPECT_EQ(restored.FormerRows, std::vector<int>{0});
+  EXPECT_FALSE(IsChangedSinceSaved());
+}
+
 // What lies between the steps.
 
 TEST_F(HistoryTest, Undo_leads_to_the_records_as_they_stood_just_before_the_step) {
@@ -341,6 +368,24 @@ TEST_F(HistoryTest, Tables_filled_behind_its_back_begin_it_afresh) {
   Undo();
   EXPECT_EQ(StepToUndo(), "");
   EXPECT_EQ(Marks(), (Marks3{"A", "B"}));
+  EXPECT_TRUE(IsChangedSinceSaved()) << "nobody knows whether a file holds them";
+}
+
+TEST_F(HistoryTest, Tables_filled_behind_its_back_are_led_nowhere) {
+  AddPurlin("P1");
+  Items.Clear();
+  test::AppendItem("A");
+  test::AppendItem("B");
+  RestoredStep restored;
+  EXPECT_FALSE(UndoStep(restored));
+  EXPECT_EQ(Marks(), (Marks3{"A", "B"}));
+  Items.Clear();
+  test::AppendItem("C");
+  test::AppendItem("D");
+  Change(ChangeKind::Notes, 2, [] { Items.At(2).Notes = "x"; });
+  Items.At(2) = Item();  // another section in the step's row
+  EXPECT_FALSE(UndoStep(restored));
+  EXPECT_EQ(StepToUndo(), "");
 }
 
 // What it may take.

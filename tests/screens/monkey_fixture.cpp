@@ -139,6 +139,11 @@ void MonkeyTest::Key(QWidget& window) {
   // The keys of the menus and buttons and the keys that choose in closed lists.
   if (Chance(6)) {
     static const std::string marked = "ACDLNOPRSUX";
+    // Steps taken back and done again, in any state of what is typed.
+    if (Chance(30)) {
+      QTest::keyClick(focus, Chance(60) ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
+      return;
+    }
     const Qt::KeyboardModifier with = Chance(50) ? Qt::AltModifier : Qt::ControlModifier;
     if (with == Qt::AltModifier && Chance(50)) {
       const char letter = marked[static_cast<std::size_t>(Pick(static_cast<int>(marked.size())))];

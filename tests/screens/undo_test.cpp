@@ -1,7 +1,9 @@
 // Steps taken back and done again, by keys and by the menu.
 #include <QMenu>
 
+#include "project/changes.h"
 #include "project/history.h"
+#include "project/lifecycle.h"
 #include "project/project_file.h"
 #include "project/rules/accessory_rules.h"
 #include "tests/screens/detail_fixture.h"
@@ -82,16 +84,38 @@ TEST_F(UndoTest, A_cell_is_taken_back_without_its_refusal) {
   EXPECT_TRUE(dialogs.Boxes().empty());
 }
 
-TEST_F(UndoTest, A_text_that_its_record_cannot_take_goes_first) {
+TEST_F(UndoTest, A_cell_that_was_left_or_saved_is_taken_back_by_its_step_and_done_again) {
   ShowPurlins(2, 3);
-  Retype("7000");
-  Press(Qt::Key_Tab);
-  Press(Qt::Key_Backtab);
-  Press(Qt::Key_End);
-  Type("00");  // no length of 16 bits: the record keeps 7000 and the cell shows it again
-  ASSERT_EQ(Items.At(2).Length, 7000);
+  Retype("7250");
+  platform.Chosen.push_back(TempPath("job.ovd"));
+  Press(Qt::Key_S, Qt::ControlModifier);
+  Settle();
   Undo();
   EXPECT_EQ(Items.At(2).Length, 6000);
+  EXPECT_EQ(Caption("mnuEditRedo"), "&Redo Length of P2");
+  Redo();
+  EXPECT_EQ(Items.At(2).Length, 7250);
+  // Another area's step comes first, whatever stands in the cell behind it.
+  Choose("cboPattern", "Butt 1 Sag Bar");
+  Settle();
+  Undo();
+  EXPECT_EQ(Items.At(2).PatternName, "Butt");
+  EXPECT_EQ(Items.At(2).Length, 7250);
+  Undo();
+  EXPECT_EQ(Items.At(2).Length, 6000);
+}
+
+TEST_F(UndoTest, A_product_chosen_and_saved_is_taken_back_once) {
+  ShowPurlins(1, 2);
+  Choose("cboEdit", "Z19014");
+  Settle();
+  platform.Chosen.push_back(TempPath("job.ovd"));
+  Press(Qt::Key_S, Qt::ControlModifier);
+  Settle();
+  Undo();
+  EXPECT_EQ(Items.At(1).Product, "Z14012");
+  EXPECT_EQ(Caption("mnuEditUndo"), "&Undo");
+  EXPECT_EQ(Caption("mnuEditRedo"), "&Redo Product of P1");
 }
 
 TEST_F(UndoTest, Letters_that_a_list_waits_with_go_first) {
@@ -184,6 +208,10 @@ TEST_F(UndoTest, A_removed_hole_comes_back_and_the_cursor_stays_in_the_hole_list
   Undo();
   EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"500", "900", "1400"}));
   EXPECT_TRUE(HoleList().hasFocus());
+  // The mark stays, for whoever goes on there.
+  Press(Qt::Key_Delete);
+  Settle();
+  EXPECT_EQ(ListedHoles(), (std::vector<std::string>{"500", "1400"}));
 }
 
 TEST_F(UndoTest, A_field_outside_the_tables_takes_its_own_keys_back) {
@@ -197,6 +225,55 @@ TEST_F(UndoTest, A_field_outside_the_tables_takes_its_own_keys_back) {
   EXPECT_TRUE(Jointing().hasFocus());
   EXPECT_EQ(Items.At(1).JointingPieces, 0);
   EXPECT_EQ(FromQt(Jointing().text()), "0");
+  Redo();
+  EXPECT_EQ(Items.At(1).JointingPieces, 12);
+}
+
+TEST_F(UndoTest, A_field_whose_keys_are_a_step_takes_that_back) {
+  PutSection("R");
+  Show();
+  Jointing().setFocus(Qt::TabFocusReason);
+  Jointing().selectAll();
+  Type("12");
+  Press(Qt::Key_Return);
+  Undo();
+  EXPECT_EQ(Items.At(1).JointingPieces, 0);
+  EXPECT_EQ(FromQt(Jointing().text()), "0");
+  EXPECT_EQ(Caption("mnuEditUndo"), "&Undo");
+  Redo();
+  EXPECT_EQ(Items.At(1).JointingPieces, 12);
+  EXPECT_EQ(FromQt(Jointing().text()), "12");
+}
+
+TEST_F(UndoTest, Steps_from_before_another_separation_have_the_gaps_of_today) {
+  Item& custom = PutCustom({3000, 3030});
+  custom.Product = "Z14012";
+  custom.Length = 6000;
+  Show(1, 5);
+  Type("x");
+  const double former = Items.At(1).Holes.At(2).DrawGap;
+  MinHoleSep = 9;
+  Change(ChangeKind::Registration);
+  const double spaced = Items.At(1).Holes.At(2).DrawGap;
+  ASSERT_NE(spaced, former);
+  Undo();
+  EXPECT_EQ(Items.At(1).Notes, "");
+  EXPECT_EQ(Items.At(1).Holes.At(2).DrawGap, spaced);
+}
+
+TEST_F(UndoTest, A_failed_opening_is_taken_back_on_the_screen_too) {
+  ShowPurlins(2, 5);
+  Type("x");
+  const std::string before = ProjectText();
+  const std::string torn = TempFile("torn.ovd", "v1.07:7\r\n\"J\"\r\n\"C\"\r\n");
+  dialogs.ExpectBox("Input past end of file");
+  OpenFile(torn);
+  Settle();
+  ASSERT_NE(ProjectText(), before);
+  Undo();
+  EXPECT_EQ(ProjectText(), before);
+  EXPECT_TRUE(GridShowsItems());
+  EXPECT_EQ(FromQt(Find<QLineEdit>(*details, "txtProject(1)").text()), "");
 }
 
 TEST_F(UndoTest, Accessories_and_details_come_back) {
@@ -233,6 +310,10 @@ TEST_F(UndoTest, The_title_loses_its_star_when_the_steps_lead_back_to_what_was_s
   Press(Qt::Key_S, Qt::ControlModifier);
   Settle();
   EXPECT_EQ(FromQt(main->windowTitle()), "job.ovd - Orvane Detailing System");
+  Undo();
+  EXPECT_EQ(FromQt(main->windowTitle()), "job.ovd* - Orvane Detailing System");
+  Redo();
+  EXPECT_EQ(FromQt(main->windowTitle()), "job.ovd - Orvane Detailing System");
   Type("y");
   EXPECT_EQ(FromQt(main->windowTitle()), "job.ovd* - Orvane Detailing System");
   Undo();
@@ -263,18 +344,46 @@ TEST_F(UndoTest, Without_a_step_nothing_happens) {
   EXPECT_EQ(ProjectDirty, False);
 }
 
-TEST_F(UndoTest, A_mirrored_section_done_again_stands_mirrored) {
-  Put("Z", "P1", "Z14012", 6000).PatternName = "Butt 1 Sag Bar";
-  Show();
-  Section(7);  // "Create Opposite Hand"
-  Settle();
-  const std::vector<int> mirrored = HolesOf(2);
-  const bool noted = Find("lblMirrored").isVisible();
+// An opposite hand of a pattern that isn't symmetric, in row 2.
+class UndoOfHand : public UndoTest {
+ protected:
+  void SetUp() override {
+    UndoTest::SetUp();
+    PunchPattern pattern;
+    pattern.SectionType = "Z";
+    pattern.Name = "Lopsided";
+    pattern.Codes = "B0 D2";
+    PunchPatterns.Append(pattern);
+    Put("Z", "P1", "Z14012", 3000).PatternName = "Lopsided";
+    Show();
+    Section(7);  // "Create Opposite Hand"
+    Settle();
+    ASSERT_EQ(HolesOf(2), Mirrored);
+    ASSERT_TRUE(Noted());
+  }
+  bool Noted() { return Find("lblMirrored").isVisible(); }
+
+  const std::vector<int> Mirrored = {2000, 2968};
+};
+
+TEST_F(UndoOfHand, A_mirrored_section_done_again_stands_mirrored) {
   Undo();
   ASSERT_EQ(Items.UBound(), 1);
+  EXPECT_FALSE(Noted());
   Redo();
-  EXPECT_EQ(HolesOf(2), mirrored);
-  EXPECT_EQ(Find("lblMirrored").isVisible(), noted);
+  EXPECT_EQ(HolesOf(2), Mirrored);
+  EXPECT_TRUE(Noted());
+}
+
+TEST_F(UndoOfHand, The_note_of_a_mirrored_pattern_comes_back_with_it) {
+  Type("H1");
+  Press(Qt::Key_Tab);
+  Settle();
+  ASSERT_NE(HolesOf(2), Mirrored);
+  ASSERT_FALSE(Noted());
+  Undo();
+  EXPECT_EQ(HolesOf(2), Mirrored);
+  EXPECT_TRUE(Noted());
 }
 
 }  // namespace

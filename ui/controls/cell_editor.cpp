@@ -370,15 +370,12 @@ bool CellEditor::MovesBy(const QKeyEvent& key) {
 bool CellEditor::TakesBackBy(const QKeyEvent& key) {
   if (key.isAutoRepeat()) return true;
   if (openChoices_ != nullptr && openChoices_->Typed().Pending()) return false;
-  return TakeBack();
+  return TakesBack();
 }
 
-bool CellEditor::TakeBack() {
+// False when the cell holds what it held.
+bool CellEditor::TakesBack() {
   if (EditRow_ == 0) return false;
-  if (openChoices_ != nullptr && openChoices_->Typed().Pending()) {
-    openChoices_->DropLetters();
-    return true;
-  }
   const std::string text = grid_.TextMatrix(EditRow_, EditCol_);
   if (openChoices_ != nullptr) {
     const bool another = std::exchange(chosen_, false) && Text() != formerText_;

@@ -81,9 +81,6 @@ class CellEditor : public QObject {
   void OpenAgain(int row, int column);
   // What is typed over the open list chooses or is dropped, as leaving the cell would have it.
   void SettleChoice();
-  // Takes the open cell back to what it held when the cursor came to it, letters that its list
-  // waits with first; false when there is nothing to take back.
-  bool TakeBack();
   // Gives the open list the look of one that was left undecided, for whoever leads a person there.
   void ShowRefusal(const QString& reason);
   // Settles it, and tells the table what the open cell holds, if it is to be told on leaving and it
@@ -115,6 +112,7 @@ class CellEditor : public QObject {
   bool MovesToEnd(const QKeyEvent& key);
   bool MovesBy(const QKeyEvent& key);
   bool TakesBackBy(const QKeyEvent& key);
+  bool TakesBack();
   bool EmptiesBy(const QKeyEvent& key);
   bool BeginsBy(const QKeyEvent& key);
   int NextEdited(int row, int column, int step) const;

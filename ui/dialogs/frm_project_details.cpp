@@ -202,6 +202,11 @@ void FrmProjectDetails::GoToPart(int index) {
   picker_->setSelectedSection(picker_->currentSection());
 }
 
+void FrmProjectDetails::done(int result) {
+  Guard([this] { CompleteYear(); });
+  PlainDialog::done(result);
+}
+
 // A year of one or two digits is one of this century.
 void FrmProjectDetails::CompleteYear() {
   const QString digits = std::exchange(typed_, QString());

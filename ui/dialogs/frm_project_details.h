@@ -19,6 +19,9 @@ class FrmProjectDetails : public PlainDialog {
   // Brings the model's texts and date into the fields, without counting as typing.
   void Refresh();
 
+  // A year half typed is completed before it closes.
+  void done(int result) override;
+
  protected:
   void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
