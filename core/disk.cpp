@@ -19,8 +19,11 @@
 #include <system_error>
 #else
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <csignal>
 #endif
 
 namespace orvane {
@@ -31,15 +34,9 @@ Disk* installedDisk = nullptr;  // not owned
 
 #ifndef _WIN32
 
-// Makes a call again for as long as a signal interrupts it; gives what it gave, and 0 or its error.
-template <class Call>
-DiskResult Retried(const Call& call) {
-  for (;;) {
-    errno = 0;
-    const auto value = call();
-    if (value != -1) return {0, value};
-    if (errno != EINTR) return {errno, value};
-  }
+// What a call of the system gave, and 0 or its error.
+DiskResult ResultOf(std::int64_t value) {
+  return {value != -1 ? 0 : errno, value};
 }
 
 #endif
@@ -55,6 +52,20 @@ DiskResult Ended(bool done) {
 }
 
 }  // namespace
+
+DiskResult Disk::OpenToRead(const std::string& path) {
+  int file = -1;
+  const errno_t opened = _wsopen_s(&file, NativePath(path).c_str(),
+                                   _O_RDONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, 0);
+  return {opened, file};
+}
+
+DiskResult Disk::Read(std::int64_t file, char* bytes, std::size_t size) {
+  const auto most = static_cast<std::size_t>(std::numeric_limits<int>::max());
+  const int read =
+      _read(static_cast<int>(file), bytes, static_cast<unsigned>(std::min(size, most)));
+  return {read < 0 ? errno : 0, read};
+}
 
 DiskResult Disk::OpenOld(const std::string& path) {
   std::error_code error;
@@ -84,7 +95,14 @@ DiskResult Disk::Write(std::int64_t file, std::string_view bytes) {
   return {written < 0 ? errno : 0, written};
 }
 
-DiskResult Disk::CopyRights(std::int64_t, std::int64_t) {
+DiskResult Disk::CutOff(std::int64_t file) {
+  const auto handle = static_cast<int>(file);
+  const std::int64_t at = _telli64(handle);
+  if (at < 0) return {errno};
+  return {_chsize_s(handle, at)};
+}
+
+DiskResult Disk::CopyRights(const std::string&, std::int64_t) {
   return {};
 }
 
@@ -117,7 +135,33 @@ long long ProcessId() {
   return _getpid();
 }
 
+bool IsRunning(long long processId) {
+  const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(processId));
+  if (process == nullptr) return GetLastError() == ERROR_ACCESS_DENIED;
+  const bool running = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+  CloseHandle(process);
+  return running;
+}
+
+bool IsAbandoned(const std::string& path) {
+  // Nobody gets it who would share it with nobody, as long as another has it open.
+  int file = -1;
+  if (_wsopen_s(&file, NativePath(path).c_str(), _O_RDWR | _O_BINARY, _SH_DENYRW, 0) != 0) {
+    return false;
+  }
+  (void)_close(file);
+  return true;
+}
+
 #else
+
+DiskResult Disk::OpenToRead(const std::string& path) {
+  return ResultOf(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+}
+
+DiskResult Disk::Read(std::int64_t file, char* bytes, std::size_t size) {
+  return ResultOf(read(static_cast<int>(file), bytes, size));
+}
 
 DiskResult Disk::OpenOld(const std::string& path) {
   // Looked at before it is opened, because opening alone can set a device to work, and once more
@@ -127,7 +171,7 @@ DiskResult Disk::OpenOld(const std::string& path) {
   if (S_ISDIR(state.st_mode)) return {EISDIR};
   if (!S_ISREG(state.st_mode)) return {NoFileError};
   const DiskResult file =
-      Retried([&] { return open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); });
+      ResultOf(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (file.Error != 0) return file;
   if (fstat(static_cast<int>(file.Value), &state) == 0 && S_ISREG(state.st_mode)) return file;
   (void)Close(file.Value);
@@ -135,18 +179,27 @@ DiskResult Disk::OpenOld(const std::string& path) {
 }
 
 DiskResult Disk::Create(const std::string& path, bool isPrivate) {
-  return Retried([&] {
-    return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, isPrivate ? 0600 : 0666);
-  });
+  const DiskResult file = ResultOf(
+      open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, isPrivate ? 0600 : 0666));
+  // Who sweeps up behind dead programs asks for this lock (IsAbandoned). A disk without locks is
+  // no error.
+  if (file.Error == 0) (void)flock(static_cast<int>(file.Value), LOCK_EX | LOCK_NB);
+  return file;
 }
 
 DiskResult Disk::Write(std::int64_t file, std::string_view bytes) {
-  return Retried([&] { return write(static_cast<int>(file), bytes.data(), bytes.size()); });
+  return ResultOf(write(static_cast<int>(file), bytes.data(), bytes.size()));
 }
 
-DiskResult Disk::CopyRights(std::int64_t from, std::int64_t to) {
+DiskResult Disk::CutOff(std::int64_t file) {
+  const auto handle = static_cast<int>(file);
+  const DiskResult at = ResultOf(lseek(handle, 0, SEEK_CUR));
+  return at.Error != 0 ? at : ResultOf(ftruncate(handle, at.Value));
+}
+
+DiskResult Disk::CopyRights(const std::string& from, std::int64_t to) {
   struct stat state {};
-  if (fstat(static_cast<int>(from), &state) != 0) return {errno};
+  if (stat(from.c_str(), &state) != 0) return {errno};
   // The owner first, because a change of owner takes rights away. Only root may give a file to
   // somebody else; the group can still be one of the user's own.
   const auto handle = static_cast<int>(to);
@@ -161,7 +214,7 @@ DiskResult Disk::CopyRights(std::int64_t from, std::int64_t to) {
 }
 
 DiskResult Disk::Sync(std::int64_t file) {
-  const DiskResult result = Retried([&] { return fsync(static_cast<int>(file)); });
+  const DiskResult result = ResultOf(fsync(static_cast<int>(file)));
   const bool nothing = result.Error == EINVAL || result.Error == ENOTSUP;
   return nothing ? DiskResult{} : result;
 }
@@ -173,13 +226,12 @@ DiskResult Disk::Close(std::int64_t file) {
 }
 
 DiskResult Disk::Move(const std::string& from, const std::string& to) {
-  return Retried([&] { return rename(from.c_str(), to.c_str()); });
+  return ResultOf(rename(from.c_str(), to.c_str()));
 }
 
 DiskResult Disk::SyncFolder(const std::string& folder) {
   const std::string path = folder.empty() ? "." : folder;
-  const DiskResult opened =
-      Retried([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+  const DiskResult opened = ResultOf(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (opened.Error == EACCES || opened.Error == EPERM) return {};
   if (opened.Error != 0) return opened;
   const DiskResult result = Disk::Sync(opened.Value);
@@ -188,11 +240,25 @@ DiskResult Disk::SyncFolder(const std::string& folder) {
 }
 
 DiskResult Disk::Remove(const std::string& path) {
-  return Retried([&] { return unlink(path.c_str()); });
+  return ResultOf(unlink(path.c_str()));
 }
 
 long long ProcessId() {
   return getpid();
+}
+
+bool IsRunning(long long processId) {
+  return kill(static_cast<pid_t>(processId), 0) == 0 || errno == EPERM;
+}
+
+bool IsAbandoned(const std::string& path) {
+  const int file = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (file == -1) return false;
+  struct stat state {};
+  const bool own = fstat(file, &state) == 0 && S_ISREG(state.st_mode) && state.st_uid == geteuid();
+  const bool unused = own && flock(file, LOCK_EX | LOCK_NB) == 0;
+  (void)close(file);
+  return unused;
 }
 
 #endif

@@ -1,9 +1,11 @@
 #include "core/file_replacement.h"
 
 #include <cerrno>
+#include <charconv>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "core/disk.h"
 #include "core/files.h"
@@ -37,14 +39,61 @@ RuntimeError ErrorOf(int error, const std::string& target) {
   return SystemError(error, target);
 }
 
+// Gives the error, 0 for none.
+int WriteAll(std::int64_t file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const DiskResult written = Again([&] { return TheDisk().Write(file, bytes); });
+    if (written.Error != 0) return written.Error;
+    // Nothing taken and no error is a disk that would take nothing for ever.
+    if (written.Value <= 0) return EIO;
+    bytes.remove_prefix(static_cast<std::size_t>(written.Value));
+  }
+  return 0;
+}
+
+// How far a file that is written over in its place came.
+enum class Reached { Nothing, Changed };
+
+// The same of a whole file that stands there. What it held and is longer goes last: a disk that is
+// full has room for as much as stood there before.
+int WriteOver(const std::string& target, std::string_view bytes, Reached& reached) {
+  const DiskResult file = Again([&] { return TheDisk().OpenOld(target); });
+  if (file.Error != 0) return file.Error;
+  reached = Reached::Changed;
+  int error = WriteAll(file.Value, bytes);
+  if (error == 0) error = Again([&] { return TheDisk().CutOff(file.Value); }).Error;
+  if (error == 0) error = Again([&] { return TheDisk().Sync(file.Value); }).Error;
+  const int closed = TheDisk().Close(file.Value).Error;
+  return error != 0 ? error : closed;
+}
+
+// The number of the program that has left a file of that name beside one called `name`, as
+// CreateFresh calls them; none if it isn't called so.
+std::optional<long long> WriterOf(std::string_view leftover, std::string_view name) {
+  constexpr std::string_view ending = ".tmp";
+  if (!leftover.starts_with(name)) return std::nullopt;
+  leftover.remove_prefix(name.size());
+  if (!leftover.starts_with('.') || !leftover.ends_with(ending)) return std::nullopt;
+  while (leftover.ends_with(ending)) leftover.remove_suffix(ending.size());
+  if (leftover.size() < 2) return std::nullopt;
+  leftover.remove_prefix(1);
+  long long number = 0;
+  const char* end = leftover.data() + leftover.size();
+  const auto read = std::from_chars(leftover.data(), end, number);
+  const bool whole = read.ec == std::errc() && read.ptr == end && number > 0;
+  return whole ? std::optional(number) : std::nullopt;
+}
+
 }  // namespace
 
-FileReplacement::FileReplacement(const std::string& path) : path_(path), target_(Followed(path)) {
+FileReplacement::FileReplacement(const std::string& path, const std::string& rightsOf)
+    : path_(path), target_(Followed(path)), rightsOf_(rightsOf) {
   std::error_code unknown;
   if (FileName(target_).empty() && !fs::is_directory(NativePath(target_), unknown)) Check(ENOENT);
-  const DiskResult old = TheDisk().OpenOld(target_);
+  const DiskResult old = Again([&] { return TheDisk().OpenOld(target_); });
   if (old.Error == 0) old_ = old.Value;
   if (old.Error != ENOENT) Check(old.Error);
+  if (old_ >= 0 && rightsOf_.empty()) rightsOf_ = target_;
   try {
     CreateFresh();
   } catch (...) {
@@ -55,7 +104,7 @@ FileReplacement::FileReplacement(const std::string& path) : path_(path), target_
 
 FileReplacement::~FileReplacement() {
   if (file_ >= 0) (void)TheDisk().Close(file_);
-  if (!fresh_.empty()) (void)TheDisk().Remove(fresh_);
+  if (!fresh_.empty()) (void)Again([&] { return TheDisk().Remove(fresh_); });
   CloseOld();
 }
 
@@ -69,13 +118,19 @@ void FileReplacement::Write(std::string_view bytes) {
 
 void FileReplacement::Commit() {
   WriteThrough(std::exchange(buffer_, {}));
-  if (old_ >= 0) Check(TheDisk().CopyRights(old_, file_).Error);
-  Check(TheDisk().Sync(file_).Error);
+  if (!rightsOf_.empty()) {
+    Check(Again([&] { return TheDisk().CopyRights(rightsOf_, file_); }).Error);
+  }
+  Check(Again([&] { return TheDisk().Sync(file_); }).Error);
   Check(TheDisk().Close(std::exchange(file_, -1)).Error);
+  const bool over = old_ >= 0;
   CloseOld();
-  Check(TheDisk().Move(fresh_, target_).Error);
+  const int moved = Again([&] { return TheDisk().Move(fresh_, target_); }).Error;
+  if (over) CheckPlace(moved);
+  Check(moved);
   fresh_.clear();
-  Check(TheDisk().SyncFolder(PathText(NativePath(target_).parent_path())).Error);
+  const std::string folder = PathText(NativePath(target_).parent_path());
+  Check(Again([&] { return TheDisk().SyncFolder(folder); }).Error);
 }
 
 // The process's own number keeps the name apart from what another program, or one that was killed,
@@ -87,7 +142,7 @@ void FileReplacement::CreateFresh() {
   std::string ending = "." + DecimalText(ProcessId()) + ".tmp";
   for (;;) {
     const std::string fresh = PathText(folder / NativePath(name + ending));
-    const DiskResult file = TheDisk().Create(fresh, old_ >= 0);
+    const DiskResult file = Again([&] { return TheDisk().Create(fresh, !rightsOf_.empty()); });
     if (file.Error == 0) {
       file_ = file.Value;
       fresh_ = fresh;
@@ -98,33 +153,70 @@ void FileReplacement::CreateFresh() {
     } else if (file.Error == ENAMETOOLONG && CharCount(name) > 1) {
       name = FirstChars(name, CharCount(name) / 2);
     } else {
+      if (old_ >= 0) CheckPlace(file.Error);
       Check(file.Error);
     }
   }
 }
 
 void FileReplacement::WriteThrough(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const DiskResult written = TheDisk().Write(file_, bytes);
-    Check(written.Error);
-    // Nothing taken and no error is a disk that would take nothing for ever.
-    if (written.Value <= 0) Check(EIO);
-    bytes.remove_prefix(static_cast<std::size_t>(written.Value));
-  }
+  Check(WriteAll(file_, bytes));
 }
 
 void FileReplacement::Check(int error) const {
   if (error != 0) throw ErrorInFile(path_, ErrorOf(error, target_));
 }
 
+void FileReplacement::CheckPlace(int error) const {
+  if (error == EACCES || error == EPERM) {
+    throw NoFileBeside(ErrorInFile(path_, ErrorOf(error, target_)));
+  }
+}
+
 void FileReplacement::CloseOld() {
   if (old_ >= 0) (void)TheDisk().Close(std::exchange(old_, -1));
 }
 
-void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  FileReplacement replacement(path);
+void ReplaceWholeFile(const std::string& path, std::string_view bytes,
+                      const std::string& rightsOf) {
+  FileReplacement replacement(path, rightsOf);
   replacement.Write(bytes);
   replacement.Commit();
+}
+
+Overwriting OverwriteWholeFile(const std::string& path, std::string_view bytes,
+                               std::string_view former) {
+  const std::string target = Followed(path);
+  Reached reached = Reached::Nothing;
+  const int error = WriteOver(target, bytes, reached);
+  if (error == 0) return {};
+  const bool holdsFormer = reached == Reached::Nothing || WriteOver(target, former, reached) == 0;
+  return {ErrorInFile(path, ErrorOf(error, target)), holdsFormer};
+}
+
+bool HasOtherNames(const std::string& path) {
+  std::error_code error;
+  const auto names = fs::hard_link_count(NativePath(path), error);
+  return !error && names > 1;
+}
+
+void SweepLeftovers(const std::string& path, std::string_view ending) {
+  const fs::path target = NativePath(Followed(path));
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  const std::string name = PathText(target.filename());
+  if (name.empty()) return;
+  std::error_code error;
+  std::vector<std::string> leftovers;
+  fs::directory_iterator entries(folder, error);
+  for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+    const std::string entry = PathText(entries->path().filename());
+    std::optional<long long> writer = WriterOf(entry, name);
+    if (!writer) writer = WriterOf(entry, name + std::string(ending));
+    if (writer && !IsRunning(*writer)) leftovers.push_back(PathText(entries->path()));
+  }
+  for (const std::string& leftover : leftovers) {
+    if (IsAbandoned(leftover)) (void)Again([&] { return TheDisk().Remove(leftover); });
+  }
 }
 
 }  // namespace orvane

@@ -1,11 +1,13 @@
 #include "core/files.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <system_error>
 
+#include "core/disk.h"
 #include "core/runtime_error.h"
 
 #ifdef _WIN32
@@ -23,20 +25,42 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-enum class Use { Read, Write };
-
-FileHandle Open(const std::string& path, Use use) {
+FileHandle OpenToWrite(const std::string& path) {
   errno = 0;
 #ifdef _WIN32
-  const wchar_t* mode = use == Use::Read ? L"rb" : L"wb";
-  FileHandle file(_wfopen(NativePath(path).c_str(), mode));
+  FileHandle file(_wfopen(NativePath(path).c_str(), L"wb"));
 #else
-  const char* mode = use == Use::Read ? "rb" : "wb";
-  FileHandle file(std::fopen(path.c_str(), mode));
+  FileHandle file(std::fopen(path.c_str(), "wb"));
 #endif
   if (!file) throw SystemError(errno, path);
   return file;
 }
+
+// A file that is open for reading.
+class FileToRead {
+ public:
+  explicit FileToRead(const std::string& path) : path_(path) {
+    handle_ = Checked(Again([&] { return TheDisk().OpenToRead(path); }));
+  }
+  ~FileToRead() { (void)TheDisk().Close(handle_); }
+  FileToRead(const FileToRead&) = delete;
+  FileToRead& operator=(const FileToRead&) = delete;
+
+  // The number of bytes read, 0 at the end.
+  std::size_t Read(char* bytes, std::size_t size) const {
+    return static_cast<std::size_t>(
+        Checked(Again([&] { return TheDisk().Read(handle_, bytes, size); })));
+  }
+
+ private:
+  std::int64_t Checked(const DiskResult& result) const {
+    if (result.Error != 0) throw SystemError(result.Error, path_);
+    return result.Value;
+  }
+
+  const std::string& path_;
+  std::int64_t handle_ = -1;
+};
 
 // Asks the system to bring the file to the disk. A device or pipe has nothing to bring, and says so
 // by EINVAL or ENOTSUP; that is no failure.
@@ -77,7 +101,7 @@ std::string PathText(const std::filesystem::path& path) {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-  const FileHandle file = Open(path, Use::Read);
+  const FileToRead file(path);
   std::error_code unknown;
   const auto size = std::filesystem::file_size(NativePath(path), unknown);
   if (!unknown && size > LargestFile) throw SystemError(EFBIG, path);
@@ -87,11 +111,10 @@ std::string ReadWholeFile(const std::string& path) {
   std::string bytes(told + 1, '\0');
   std::size_t length = 0;
   for (;;) {
-    errno = 0;
-    const std::size_t got = std::fread(bytes.data() + length, 1, bytes.size() - length, file.get());
-    if (std::ferror(file.get()) != 0) throw SystemError(errno, path);
+    const std::size_t got = file.Read(bytes.data() + length, bytes.size() - length);
+    if (got == 0) break;
     length += got;
-    if (length < bytes.size()) break;
+    if (length < bytes.size()) continue;
     if (bytes.size() > told + LargestSurplus) throw SystemError(EFBIG, path);
     bytes.resize(bytes.size() * 2);
   }
@@ -100,7 +123,7 @@ std::string ReadWholeFile(const std::string& path) {
 }
 
 void WriteWholeFile(const std::string& path, std::string_view bytes) {
-  WriteAndClose(Open(path, Use::Write), path, bytes);
+  WriteAndClose(OpenToWrite(path), path, bytes);
 }
 
 std::string AbsolutePath(const std::string& path) {

@@ -17,8 +17,8 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "tests/core/file_replacement_fixture.h"
 #include "tests/support/failing_disk.h"
-#include "tests/support/fixture.h"
 
 namespace {
 
@@ -28,35 +28,11 @@ using orvane::test::BytesOf;
 using orvane::test::ErrorOf;
 using orvane::test::FailingDisk;
 using orvane::test::Fault;
+using orvane::test::FileReplacements;
 using orvane::test::ForEachFault;
+using orvane::test::Names;
 using orvane::test::OutcomeOf;
 namespace fs = std::filesystem;
-
-using Names = std::vector<std::string>;
-
-class FileReplacements : public orvane::test::SystemTest {
- protected:
-  std::string Folder(const std::string& name, unsigned mode = 0755) {
-    std::string path = TempPath(name);
-    fs::create_directories(path);
-    Mode(path, mode);
-    return path;
-  }
-  static void Mode(const std::string& path, unsigned mode) {
-    fs::permissions(path, fs::perms(mode));
-  }
-  static unsigned ModeOf(const std::string& path) {
-    return static_cast<unsigned>(fs::status(path).permissions());
-  }
-  Names NamesIn(const std::string& folder) {
-    Names names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-};
 
 TEST_F(FileReplacements, Leaves_the_new_text_and_nothing_else) {
   const std::string folder = Folder("f");
