@@ -16,6 +16,8 @@
 
 namespace orvane {
 
+Boolean SettingsLossTold = False;
+
 namespace {
 
 // The keys below the root.
@@ -136,8 +138,12 @@ std::string StoredText(const Setting& setting, const std::string& callersDefault
 }
 
 void StoreText(const Setting& setting, const std::string& text) {
-  SetRegValue(TheSettingsRoot, SettingsKey + std::string(setting.Key), std::string(setting.Name),
-              text);
+  const bool stored = SetRegValue(TheSettingsRoot, SettingsKey + std::string(setting.Key),
+                                  std::string(setting.Name), text);
+  if (stored || SettingsLossTold != False) return;
+  SettingsLossTold = True;
+  TheDesktop().Message(
+      "The settings can't be stored.\rWhat is set now holds until the program ends.");
 }
 
 // A line on a stored number that can't be held: the setting, what is stored, what takes its place.

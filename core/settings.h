@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/numbers.h"
 #include "core/settings_store.h"
 
 namespace orvane {
@@ -14,7 +15,7 @@ std::string GetRegValue(SettingsRoot root, const std::string& key, const std::st
                         const std::string& defaultText);
 
 // Stores the text; true when it was stored. An error raised inside shows the same message box and
-// gives false. Callers don't look at the result: what can't be stored is lost at the next start.
+// gives false.
 bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& name,
                  const std::string& text);
 
@@ -24,7 +25,11 @@ bool SetRegValue(SettingsRoot root, const std::string& key, const std::string& n
 // the form "0" and read back by number prefix, margins then rounded to 16 bits. A stored number
 // that its field can't hold is told with its setting, and that setting alone gets its default: one
 // bad margin must not take the others off the paper. MinHoleSep is typed in whole
-// millimetres, so the form "0" takes no fraction from it that a person entered.
+// millimetres, so the form "0" takes no fraction from it that a person entered. What can't be
+// stored is lost at the next start; that is told, once.
+
+// It was told since the start.
+extern Boolean SettingsLossTold;
 
 // Raises "Overflow" where a stored number is more than its value can hold; the others are loaded
 // then or not. For who works alone through the night: what the Load procedures below do, fall to

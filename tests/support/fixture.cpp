@@ -12,6 +12,7 @@
 #include "core/catalogues.h"
 #include "core/program_folder.h"
 #include "core/runtime_error.h"
+#include "core/settings.h"
 
 namespace orvane::test {
 
@@ -34,6 +35,7 @@ enum class ChildEnd { Done, NoResult, Exception, FailedTest };
 
 SystemTest::SystemTest() {
   ResetModel();
+  SettingsLossTold = False;
   InstallDesktop(desktop);
   ProgramFolder = ORVANE_SOURCE_DIR "/catalogue";
 }
