@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "core/text.h"
 
@@ -76,6 +77,22 @@ std::string PastedLine(std::string_view text) {
     line += c == '\r' || c == '\n' || c == '\t' ? ' ' : c;
   }
   return line;
+}
+
+EnteredText TextToEnter(std::string_view text, TextForm form) {
+  if (form == TextForm::Plain && text.find(',') != std::string_view::npos) {
+    return {"", "The project file can't hold a comma here"};
+  }
+  std::string entered;
+  entered.reserve(text.size());
+  for (const char c : text) {
+    if (c == '"' && form == TextForm::Quoted) {
+      entered += "''";
+    } else {
+      entered += c;
+    }
+  }
+  return {std::move(entered), ""};
 }
 
 PastedNumber NumberToPaste(std::string_view text, NumberForm form) {

@@ -12,6 +12,22 @@ namespace orvane {
 // every tab becomes one blank. CR LF is one line end. All else stays, blanks too.
 std::string PastedLine(std::string_view text);
 
+// How the project file stores a text, and so what a field must not bring into it. There is no
+// escape in that file: a double quote between quotes ends the text, and so does a comma in a text
+// that stands without them.
+enum class TextForm {
+  Any,     // in no project file
+  Quoted,  // between double quotes; one that is entered becomes two apostrophes, an inch sign too
+  Plain    // without; a comma is refused
+};
+
+// A text that is entered into a field of that form, or why it is refused; one of the two is empty.
+struct EnteredText {
+  std::string Text;
+  std::string Refusal;
+};
+EnteredText TextToEnter(std::string_view text, TextForm form);
+
 // What a field takes as a number.
 enum class NumberForm {
   Whole,     // digits alone, such as a length or a quantity

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "core/pasted_text.h"
 #include "core/runtime_error.h"
 #include "core/section_families.h"
 #include "core/text.h"
@@ -172,6 +173,8 @@ TakenCell TakeCell(const SectionColumn& column, Item& item, std::string_view tex
   using enum TakenCell::Result;
   const std::string former = column.Text(item);
   const CellEdit edit = EditOf(column, item.SectionType);
+  const EnteredText entered = TextToEnter(text, edit == Text ? TextForm::Quoted : TextForm::Any);
+  text = entered.Text;
   // A product that the list lacks stays as long as nothing else is chosen.
   if ((edit == None || edit == Choice) && Trim(text) == Trim(former)) return {Same, {}};
   if (edit == None) return RefusedCell("Can't be changed");

@@ -68,7 +68,7 @@ TEST_F(SectionRowTest, A_whole_row_is_taken_into_a_new_section) {
   EXPECT_EQ(item.Product, "Z14014");
   EXPECT_EQ(item.Length, 7250);
   EXPECT_EQ(item.Quantity, 12);
-  EXPECT_EQ(item.Notes, "sleeved, \"left\"");
+  EXPECT_EQ(item.Notes, "sleeved, ''left''");
   EXPECT_EQ(ProjectDirty, False);
 }
 
@@ -139,7 +139,7 @@ const std::vector<CellCase> CellCases = {
     {MarkColumn,     "P1",       Result::Same,    "P1",       ""},
     {MarkColumn,     " P1",      Result::Changed, " P1",      ""},
     {MarkColumn,     "p1",       Result::Changed, "p1",       ""},
-    {MarkColumn,     "A, \"b\"", Result::Changed, "A, \"b\"", ""},
+    {MarkColumn,     "A, \"b\"", Result::Changed, "A, ''b''", ""},  // a double quote would end it
     {ProductColumn,  "Z14012",   Result::Same,    "Z14012",   ""},
     {ProductColumn,  " Z14012 ", Result::Same,    "Z14012",   ""},
     {ProductColumn,  "Z14014",   Result::Changed, "Z14014",   ""},
@@ -171,6 +171,13 @@ const std::vector<CellCase> CellCases = {
     {NotesColumn,    "12 \u00F8 ", Result::Changed, "12 \u00F8 ", ""},
     // clang-format on
 };
+
+TEST_F(SectionRowTest, Duplicate_marks_are_looked_for_behind_the_change_of_their_quotes) {
+  Items.Append(Section("12''"));
+  Items.Append(Section("P1"));
+  const TakenRow row = TakeRow(std::int16_t{2}, {std::nullopt, "12\""});
+  EXPECT_EQ(ReasonOf(row, MarkColumn), "Error - Duplicate Mark");
+}
 
 TEST_F(SectionRowTest, Each_cell_is_taken_or_refused_as_the_grid_does_and_in_its_words) {
   for (const CellCase& trial : CellCases) {

@@ -2,6 +2,7 @@
 #include <QtTest/QTest>
 
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
@@ -14,6 +15,7 @@
 
 #include "output/validation.h"
 #include "tests/screens/dialog_fixture.h"
+#include "ui/controls/refused_look.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_errors.h"
 #include "ui/dialogs/frm_project_details.h"
@@ -160,7 +162,7 @@ TEST_F(ProjectDetails, Typing_takes_effect_at_once_in_its_own_field_and_never_ma
   std::array<std::string, 5> expected;
   for (int index = 0; index < 5; ++index) {
     Field(form, index).setFocus();
-    for (const char letter : {'A', 'b', ' ', '"', ','}) {
+    for (const char letter : {'A', 'b', ' ', '.', ';'}) {
       QTest::keyClick(&Field(form, index), letter);
       expected.at(static_cast<std::size_t>(index)) += letter;
       EXPECT_EQ(txtProject, expected);
@@ -169,8 +171,41 @@ TEST_F(ProjectDetails, Typing_takes_effect_at_once_in_its_own_field_and_never_ma
     expected.at(static_cast<std::size_t>(index)).pop_back();
     EXPECT_EQ(txtProject, expected);
   }
-  EXPECT_EQ(txtProject, (std::array<std::string, 5>{"Ab \"", "Ab \"", "Ab \"", "Ab \"", "Ab \""}));
+  EXPECT_EQ(txtProject, (std::array<std::string, 5>{"Ab .", "Ab .", "Ab .", "Ab .", "Ab ."}));
   EXPECT_EQ(ProjectDirty, False);
+}
+
+TEST_F(ProjectDetails, What_the_file_cannot_hold_is_not_taken) {
+  FrmProjectDetails form;
+  ShowActive(form);
+  for (int index = 1; index < 5; ++index) {
+    QTest::keyClicks(&Field(form, index), "a\"b,");
+    EXPECT_EQ(txtProject.at(static_cast<std::size_t>(index)), "a''b,");
+    EXPECT_FALSE(IsFieldRefused(Field(form, index)));
+  }
+  // The number stands in the file without quotes.
+  QTest::keyClicks(&Field(form, 0), "1\"2");
+  EXPECT_EQ(txtProject.at(0), "1\"2");
+  QTest::keyClick(&Field(form, 0), ',');
+  EXPECT_EQ(txtProject.at(0), "1\"2");
+  EXPECT_EQ(FromQt(RefusalOf(Field(form, 0))), "The project file can't hold a comma here");
+  QTest::keyClick(&Field(form, 0), '5');
+  EXPECT_EQ(txtProject.at(0), "1\"25");
+  EXPECT_FALSE(IsFieldRefused(Field(form, 0)));
+  QGuiApplication::clipboard()->setText("7,8");
+  QTest::keyClick(&Field(form, 0), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(txtProject.at(0), "1\"25");
+  EXPECT_EQ(FromQt(RefusalOf(Field(form, 0))), "The project file can't hold a comma here");
+}
+
+TEST_F(ProjectDetails, It_can_begin_at_another_field_once) {
+  FrmProjectDetails form;
+  form.BeginAt(4);
+  ShowActive(form);
+  EXPECT_EQ(form.focusWidget(), &Field(form, 4));
+  form.hide();
+  ShowActive(form);
+  EXPECT_EQ(form.focusWidget(), &Field(form, 1));
 }
 
 TEST_F(ProjectDetails, A_typed_date_takes_effect_at_once_and_never_marks_the_project) {

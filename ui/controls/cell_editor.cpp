@@ -441,7 +441,7 @@ bool CellEditor::BeginsBy(const QKeyEvent& key) {
 void CellEditor::TakePastedAs(CellEdit edit) {
   if (edit == CellEdit::Digits) return txtEdit_->TakePastedNumber(NumberForm::Whole);
   if (edit == CellEdit::Number) return txtEdit_->TakePastedNumber(NumberForm::Signed);
-  txtEdit_->TakePastedText();
+  txtEdit_->TakeText(edit == CellEdit::Plain ? TextForm::Plain : TextForm::Quoted);
 }
 
 // Of typed characters a cell may take digits alone. What edits the text passes.

@@ -6,6 +6,7 @@
 #include <QDragLeaveEvent>
 #include <QDropEvent>
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -22,10 +23,37 @@ PlainField::PlainField(QWidget* parent) : QLineEdit(parent) {
   connect(this, &QLineEdit::textChanged, this, [this] { AcceptField(*this); });
 }
 
+// Typing.
+
+std::optional<QString> PlainField::Entered(const QString& text) {
+  const EnteredText entered = TextToEnter(FromQt(text), form_);
+  if (entered.Refusal.empty()) return ToQt(entered.Text);
+  Refuse(ToQt(entered.Refusal));
+  return std::nullopt;
+}
+
+void PlainField::inputMethodEvent(QInputMethodEvent* event) {
+  const QString& composed = event->commitString();
+  const std::optional<QString> entered = composed.isEmpty() ? composed : Entered(composed);
+  if (entered == composed) return QLineEdit::inputMethodEvent(event);
+  // The event goes on without what isn't taken, as it also ends the composing.
+  QInputMethodEvent taken(event->preeditString(), event->attributes());
+  taken.setCommitString(entered.value_or(QString()), event->replacementStart(),
+                        event->replacementLength());
+  QLineEdit::inputMethodEvent(&taken);
+}
+
 // Pasting.
 
 void PlainField::keyPressEvent(QKeyEvent* event) {
-  if (!event->matches(QKeySequence::Paste)) return QLineEdit::keyPressEvent(event);
+  if (!event->matches(QKeySequence::Paste)) {
+    const QString typed = event->text();
+    const std::optional<QString> entered = isReadOnly() ? typed : Entered(typed);
+    if (entered == typed) return QLineEdit::keyPressEvent(event);
+    event->accept();
+    if (entered) insert(*entered);
+    return;
+  }
   event->accept();
   // The one of the keys that asks for what is selected elsewhere.
   const bool selection = event->key() == Qt::Key_Insert &&
@@ -69,9 +97,9 @@ void PlainField::PasteFrom(QClipboard::Mode mode) {
 bool PlainField::TakePasted(const QString& pasted) {
   if (isReadOnly()) return false;
   if (!number_) {
-    const QString line = ToQt(PastedLine(FromQt(pasted)));
-    if (!line.isEmpty()) insert(line);
-    return !line.isEmpty();
+    const std::optional<QString> line = Entered(ToQt(PastedLine(FromQt(pasted))));
+    if (line && !line->isEmpty()) insert(*line);
+    return line && !line->isEmpty();
   }
   const PastedNumber number = NumberToPaste(FromQt(pasted), *number_);
   if (!number.Refusal.empty()) {

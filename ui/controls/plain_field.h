@@ -15,16 +15,24 @@ class PlainField : public QLineEdit {
  public:
   explicit PlainField(QWidget* parent = nullptr);
 
-  // What is pasted: a text, made one line and put in at the cursor, or a number of that form. A
-  // number takes the place of all that stands in the field, since figures beside it would make it
+  // What is entered: a text, typed or pasted, as its form takes it; what is pasted is made one line
+  // and put in at the cursor. Or a number of that form, of what is pasted alone, which takes the
+  // place of all that stands in the field, since figures beside it would make it
   // another. One that the field can't take changes nothing; the field bears the refused look and
   // its tip the reason, until its text changes or it is left.
-  void TakePastedText() { number_.reset(); }
-  void TakePastedNumber(NumberForm form) { number_ = form; }
+  void TakeText(TextForm form) {
+    number_.reset();
+    form_ = form;
+  }
+  void TakePastedNumber(NumberForm form) {
+    number_ = form;
+    form_ = TextForm::Any;
+  }
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -36,6 +44,10 @@ class PlainField : public QLineEdit {
   bool TakePasted(const QString& pasted);
   void Refuse(const QString& reason);
 
+  // The text as the field takes it; none, with the refused look, if it doesn't.
+  std::optional<QString> Entered(const QString& text);
+
+  TextForm form_ = TextForm::Any;
   std::optional<NumberForm> number_;
   bool clickedInto_ = false;  // by a press that isn't over yet
   QPoint pressedAt_;

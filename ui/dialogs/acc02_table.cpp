@@ -61,6 +61,7 @@ bool HasChoices(const AccDef& accessory, int column) {
 
 CellEdit AccCellEdit(std::int16_t AccIndex, int column) {
   if (HasChoices(AccDefs.At(AccIndex), column)) return CellEdit::Choice;
+  if (column == AccMarkColumn) return CellEdit::Plain;
   return column == AccNoOffColumn ? CellEdit::Digits : CellEdit::Text;
 }
 

@@ -110,6 +110,8 @@ void FrmProjectDetails::AddFields() {
     auto* field = new PlainField(this);
     field->setObjectName(IndexedName("txtProject", static_cast<int>(at)));
     field->setMinimumWidth(width);
+    // The number stands without quotes in the project file, the others between them.
+    field->TakeText(at == 0 ? TextForm::Plain : TextForm::Quoted);
     connect(field, &QLineEdit::textEdited, this, [at](const QString& text) {
       Guard([&] {
         Change(ChangeKind::ProjectDetails, 0, [&] { txtProject.at(at) = FromQt(text); });
@@ -148,8 +150,9 @@ void FrmProjectDetails::showEvent(QShowEvent* event) {
   if (event->spontaneous()) return;
   Guard([this] {
     Refresh();
-    txtProject_.at(1)->setFocus();
-    txtProject_.at(1)->selectAll();
+    PlainField* first = txtProject_.at(std::exchange(firstField_, FirstField));
+    first->setFocus();
+    first->selectAll();
   });
 }
 

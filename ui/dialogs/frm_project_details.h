@@ -3,9 +3,10 @@
 #pragma once
 
 #include <QDateEdit>
-#include <QLineEdit>
 #include <array>
+#include <cstddef>
 
+#include "ui/controls/plain_field.h"
 #include "ui/platform/plain_dialog.h"
 
 namespace orvane {
@@ -18,6 +19,8 @@ class FrmProjectDetails : public PlainDialog {
 
   // Brings the model's texts and date into the fields, without counting as typing.
   void Refresh();
+  // The next time it is shown the cursor comes to txtProject(`index`) instead of the first field.
+  void BeginAt(int index) { firstField_ = static_cast<std::size_t>(index); }
 
   // A year half typed is completed before it closes.
   void done(int result) override;
@@ -37,7 +40,9 @@ class FrmProjectDetails : public PlainDialog {
   QString typed_;
   QDateTimeEdit::Section section_ = QDateTimeEdit::NoSection;
 
-  std::array<QLineEdit*, 5> txtProject_{};
+  static constexpr std::size_t FirstField = 1;
+  std::size_t firstField_ = FirstField;
+  std::array<PlainField*, 5> txtProject_{};
   QDateEdit* picker_ = nullptr;
 };
 
