@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/dates.h"
 #include "core/settings_store.h"
@@ -34,6 +35,11 @@ class Desktop : public Clock {
   // gives No where there is one and no Cancel, else Cancel or Ok.
   virtual Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                                 Icon icon) = 0;
+
+  // A question with answers of its own, whose number from 0 it gives. The first is the one that
+  // Enter gives at once, the last the one of a box that is closed without a button.
+  virtual int Choose(const std::string& text, const std::string& title,
+                     const std::vector<std::string>& answers) = 0;
 
   // A file dialog of the open or the save form; none when it was cancelled. Paths are UTF-8,
   // absolute and in the platform's own form.

@@ -197,7 +197,7 @@ Overwriting OverwriteWholeFile(const std::string& path, std::string_view bytes,
 bool HasOtherNames(const std::string& path) {
   std::error_code error;
   const auto names = fs::hard_link_count(NativePath(path), error);
-  return !error && names > 1;
+  return !error && names > 1 && IsRegularFile(path);  // a folder has a name in each folder below it
 }
 
 void SweepLeftovers(const std::string& path, std::string_view ending) {

@@ -15,6 +15,11 @@ Answer HeadlessDesktop::ShowMessageBox(const std::string& /*text*/, const std::s
   return Answer::Cancel;
 }
 
+int HeadlessDesktop::Choose(const std::string& /*text*/, const std::string& /*title*/,
+                            const std::vector<std::string>& answers) {
+  return static_cast<int>(answers.size()) - 1;
+}
+
 std::optional<std::string> HeadlessDesktop::ShowOpenDialog(const FileDialog& /*dialog*/) {
   return std::nullopt;
 }

@@ -12,6 +12,9 @@ class HeadlessDesktop : public Desktop {
   // Nothing is shown. The answer is that of a box closed without a button.
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
+  // The last answer.
+  int Choose(const std::string& text, const std::string& title,
+             const std::vector<std::string>& answers) override;
   // Both are cancelled.
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;

@@ -8,9 +8,15 @@
 
 namespace orvane {
 
+// The last opening stopped half-way: the tables hold what it read, and their file is still the one
+// before, which they must not be written over. Until New, a whole opening or a save.
+extern Boolean NotFullyRead;
+
 // "New": the save prompt, then an empty project, whose details are asked for; it counts as changed.
 // A save asked for by Yes that failed or was cancelled stops neither this, nor "Open", nor the
-// exit; the project then goes quietly to the user's data folder.
+// exit, as long as the project then goes to the user's data folder. If it can't be kept there
+// either, it is asked whether to lose it. Who goes to a text that the file can't hold has stopped
+// it.
 void NewProject();
 
 // "Open": the save prompt, then the open dialog, then OpenFile. The dialog starts in its own last
@@ -20,12 +26,15 @@ void OpenProject();
 // Reads a project into the model and shows it; asks nothing, and counts as a change. A file that
 // can't be opened shows the error's description and leaves everything as it is. An error of reading
 // shows its description; the model then holds what was read until then, the grid shows it,
-// and the name, the flag and the recent list stay. A path of blanks does nothing.
+// and the name, the flag and the recent list stay; the name is shown as not fully read. A path of
+// blanks does nothing.
 void OpenFile(const std::string& path);
 
-// "Save", and "Save As" with a true argument: true when the file was written. A cancelled dialog is
-// no error and changes nothing. An error shows its description; the name, the flag and the recent
-// list then stay, and a file that was begun stays half written.
+// "Save", and "Save As" with a true argument: true when the file was written. After a reading that
+// stopped half-way "Save" is "Save As". A cancelled dialog is no error and changes nothing. Texts
+// that the file can't hold are told with their places, and it is asked what to do; a project that
+// wouldn't open again isn't written. An error shows its description; the name, the flag and the
+// recent list then stay, and so does the file.
 bool SaveProject(Boolean SaveAs);
 
 // True when the system may close: asks about holes beyond a section's end, then about unsaved

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "project/unfit_texts.h"
+
 namespace orvane {
 
 class MainScreen {
@@ -53,6 +55,9 @@ class MainScreen {
 
   // Shows the project details and waits until the user has closed them.
   virtual void ShowProjectDetails() = 0;
+
+  // Puts the cursor where that text is entered. A dialog that it takes is waited for.
+  virtual void GoTo(const TextPlace& place) = 0;
 };
 
 // The main window, application-wide; kept alive by who installs it until it is replaced or

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <exception>
+#include <filesystem>
+#include <system_error>
 
 #include "core/file_replacement.h"
 #include "core/files.h"
@@ -84,6 +86,38 @@ bool EndsItsLastLine(const std::string& bytes) {
   return bytes.back() == '\n' || (bytes.back() == '\r' && bytes.find('\n') == std::string::npos);
 }
 
+bool IsWorthKeeping(const std::string& bytes, const std::string& backup) {
+  switch (CheckProjectContent(bytes)) {
+    case ProjectContent::Whole:
+    case ProjectContent::Old:
+    case ProjectContent::Odd:
+      return true;
+    case ProjectContent::Cut:
+      return !IsRegularFile(backup);
+    case ProjectContent::Broken:
+      break;
+  }
+  return false;
+}
+
+// What stands under the backup's name and is no file; empty where there is nothing or a file.
+// Whoever put a link there, in a folder of many, would have the job written where it leads.
+std::string Obstacle(const std::string& backup) {
+  using Kind = std::filesystem::file_type;
+  std::error_code unknown;
+  switch (std::filesystem::symlink_status(NativePath(backup), unknown).type()) {
+    case Kind::regular:
+    case Kind::not_found:
+      return {};
+    case Kind::symlink:
+      return "a link has that name";
+    case Kind::directory:
+      return "a folder has that name";
+    default:
+      return "what has that name is no file";
+  }
+}
+
 }  // namespace
 
 ProjectContent CheckProjectContent(const std::string& bytes) {
@@ -105,26 +139,21 @@ ProjectContent CheckProjectContent(const std::string& bytes) {
   }
 }
 
-void KeepProjectBackup(const std::string& path) {
+FormerContent KeepFormerContent(const std::string& path) {
+  FormerContent former;
   try {
-    if (!IsRegularFile(path)) return;
-    const std::string bytes = ReadWholeFile(path);
-    const std::string backup = path + ".bak";
-    switch (CheckProjectContent(bytes)) {
-      case ProjectContent::Whole:
-      case ProjectContent::Old:
-      case ProjectContent::Odd:
-        ReplaceWholeFile(backup, bytes);
-        break;
-      case ProjectContent::Cut:
-        if (!IsRegularFile(backup)) ReplaceWholeFile(backup, bytes);
-        break;
-      case ProjectContent::Broken:
-        break;
-    }
-  } catch (const std::exception&) {
-    // Saving goes on without a backup.
+    if (!IsRegularFile(path)) return former;
+    former.Bytes = ReadWholeFile(path);
+    const std::string backup = path + std::string(BackupEnding);
+    if (!IsWorthKeeping(*former.Bytes, backup)) return former;
+    former.Trouble = Obstacle(backup);
+    if (!former.Trouble.empty()) return former;
+    ReplaceWholeFile(backup, *former.Bytes, path);
+    former.KeptAs = backup;
+  } catch (const std::exception& error) {
+    former.Trouble = error.what();
   }
+  return former;
 }
 
 }  // namespace orvane

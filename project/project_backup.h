@@ -1,6 +1,7 @@
 // The copy of a file's former content, which saving keeps beside it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,11 +26,22 @@ enum class ProjectContent {
 // table. Blank lines at the end are nothing.
 ProjectContent CheckProjectContent(const std::string& bytes);
 
-// Copies the content of `path` to PATH.bak, synced and then put in place in one step, so that
-// nobody loses work by a save that fails half-way. Only an ordinary file that reads back whole, an
-// old or odd one too, is copied, lest a half-written file replace a good backup; one that opens but
-// was cut is copied where no backup stands yet, since saving it is how the rest of it would be
-// lost. What goes wrong is passed over: a missing backup must not stop the saving.
-void KeepProjectBackup(const std::string& path);
+// A backup is called as its file, with this behind it.
+constexpr std::string_view BackupEnding = ".bak";
+
+// What a file holds that a save is about to replace, and where that is kept.
+struct FormerContent {
+  std::optional<std::string> Bytes;  // none of a file that isn't there or can't be read
+  std::string KeptAs;   // the path under which the bytes stand whole; empty for nowhere
+  std::string Trouble;  // why it isn't kept although it should be
+};
+
+// Copies the content of `path` to PATH.bak, with its permissions, synced and then put in place in
+// one step. Only an ordinary file that reads back whole, an old or odd one too, is copied, lest a
+// half-written file replace a good backup; one that opens but was cut is copied where no backup
+// stands yet, since saving it is how the rest of it would be lost. A link, a folder or whatever
+// else bears the backup's name is left alone. Nothing is raised: a missing backup alone must not
+// stop the saving.
+FormerContent KeepFormerContent(const std::string& path);
 
 }  // namespace orvane

@@ -8,41 +8,37 @@
 #include <utility>
 
 #include "core/desktop.h"
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "core/text_file.h"
 #include "project/project_backup.h"
 #include "project/project_layout.h"
+#include "project/unfit_texts.h"
 
 namespace orvane {
 
 namespace {
 
-// The version stamp is written and never compared with anything: reading drops as many characters
-// as it has, whatever they are.
-constexpr std::string_view VersionStamp = "v1.07:";
 constexpr std::size_t VersionStampLength = VersionStamp.size();
+
+bool IsLineEnd(char c) {
+  return c == '\r' || c == '\n';
+}
 
 // The layout's visitor that builds the file's text.
 class ProjectWriter {
  public:
-  void OrvaneNumber(const std::string& text) {
-    Plain(std::string(VersionStamp).append(Trim(text)));
-  }
+  void OrvaneNumber(const std::string& text) { lines_.Line(OrvaneNumberLine(text)); }
   void Detail(const std::string& text) { lines_.QuotedLine(Trim(text)); }
   void ProjectDate(const Date& date) { Plain(ProjectDateText(date, TheDesktop().ShortDateForm())); }
 
-  // A line end inside a plain text would add a line and make the file unreadable; it becomes a
-  // blank. A quoted text keeps its own, since a quoted field may span lines.
   void Plain(const std::string& text) {
-    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
-    if (std::none_of(text.begin(), text.end(), isLineEnd)) {
+    if (std::none_of(text.begin(), text.end(), IsLineEnd)) {
       lines_.Line(text);
     } else {
-      std::string line = text;
-      std::replace_if(line.begin(), line.end(), isLineEnd, ' ');
-      lines_.Line(line);
+      lines_.Line(PlainLine(text));
     }
   }
   void Quoted(const std::string& text) { lines_.QuotedLine(text); }
@@ -143,6 +139,16 @@ ProjectNotes ReadRecords(TextFile& file, JobRecords job) {
 
 }  // namespace
 
+std::string PlainLine(const std::string& text) {
+  std::string line = text;
+  std::replace_if(line.begin(), line.end(), IsLineEnd, ' ');
+  return line;
+}
+
+std::string OrvaneNumberLine(const std::string& number) {
+  return PlainLine(std::string(VersionStamp).append(Trim(number)));
+}
+
 std::string ProjectText() {
   return ProjectText(OpenJob());
 }
@@ -155,10 +161,62 @@ std::string ProjectText(const JobView& job) {
   return writer.TakeText();
 }
 
-void WriteProjectFile(const std::string& path) {
+std::string WriteProjectFile(const std::string& path) {
   const std::string text = ProjectText();
-  KeepProjectBackup(path);
-  WriteWholeFile(path, text);
+  if (FitOf(text, OpenJob()) != FileFit::Same) {
+    throw ErrorInFile(path, RuntimeError(Failure::TypeMismatch,
+                                         "The project file can't hold these texts as they are:" +
+                                             Described(UnfitTexts())));
+  }
+  return WriteProjectText(path, text);
+}
+
+namespace {
+
+// What is told of a job that was saved.
+std::string LineOf(const FormerContent& former, const std::string& path) {
+  if (former.Trouble.empty()) return {};
+  return "Saved, but the version before is not kept as " + FileName(path) +
+         ".bak: " + former.Trouble;
+}
+
+// Writes over the job in its place, which must not begin before what it holds stands elsewhere.
+void WriteInPlace(const std::string& path, const std::string& text, const FormerContent& former,
+                  const std::string& why) {
+  if (former.KeptAs.empty()) {
+    const std::string& trouble = former.Trouble;
+    throw ErrorInFile(
+        path, RuntimeError(Failure::PermissionDenied,
+                           why +
+                               ". It can only be written in its place, and what it holds now is "
+                               "not kept first: " +
+                               (trouble.empty() ? "it doesn't read back whole" : trouble) +
+                               ".\rSave under another name."));
+  }
+  const Overwriting done = OverwriteWholeFile(path, text, former.Bytes.value_or(""));
+  if (!done.Error) return;
+  if (done.HoldsFormer) throw *done.Error;
+  throw ErrorInFile(path, RuntimeError(done.Error->Number(),
+                                       done.Error->Description() + "\r" + FileName(path) +
+                                           " is only half written. What it held before stands in " +
+                                           former.KeptAs));
+}
+
+}  // namespace
+
+std::string WriteProjectText(const std::string& path, const std::string& text) {
+  SweepLeftovers(path, BackupEnding);
+  const FormerContent former = KeepFormerContent(path);
+  if (HasOtherNames(path)) {
+    WriteInPlace(path, text, former, "The file has other names on the disk");
+  } else {
+    try {
+      ReplaceWholeFile(path, text);
+    } catch (const NoFileBeside& refused) {
+      WriteInPlace(path, text, former, refused.Description());
+    }
+  }
+  return LineOf(former, path);
 }
 
 std::string ProjectNotes::Line() const {

@@ -18,10 +18,18 @@ std::string ProjectText();
 // The same of any job. The flags are as many as the present catalogues have accessories.
 std::string ProjectText(const JobView& job);
 
-// The table half of SaveProject: builds the text, keeps the former content of a file that reads
-// back whole as PATH.bak, then replaces what the file held. Raises the system's error. An error of
-// building the text touches no file; a backup that can't be made stops nothing.
-void WriteProjectFile(const std::string& path);
+// The disk's half of SaveProject: keeps the former content (KeepFormerContent), then puts a new
+// file with this text, ProjectText, in the place of the former one in one step, with its
+// permissions; a link stays one. On an error, which is raised, the former file stands whole. Only a
+// file that has other names, or whose folder takes no file, is written in its place, and only once
+// its content is kept; an error then brings that back, or says where it stands. What dead programs
+// have left beside the file is swept. Gives a line that tells of a former content that wasn't kept
+// although it could be; empty for nothing.
+std::string WriteProjectText(const std::string& path, const std::string& text);
+
+// Builds the text of the open project and writes it, for who has nobody to ask: a text that would
+// come back otherwise is an error that names its places, and touches no file.
+std::string WriteProjectFile(const std::string& path);
 
 // What is worth a quiet line of a project that was read.
 struct ProjectNotes {

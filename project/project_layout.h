@@ -24,11 +24,23 @@
 #include <algorithm>
 #include <concepts>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "core/model.h"
 
 namespace orvane {
+
+// The version stamp is written and never compared with anything: reading drops as many characters
+// as it has, whatever they are.
+constexpr std::string_view VersionStamp = "v1.07:";
+
+// A line end inside a plain text would add a line and make the file unreadable; it becomes a blank.
+// A quoted text keeps its own, since a quoted field may span lines.
+std::string PlainLine(const std::string& text);
+
+// The file's first line.
+std::string OrvaneNumberLine(const std::string& number);
 
 // A record of the model, to be read into or only to be looked at.
 template <class Row, class Record>

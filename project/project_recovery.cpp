@@ -11,6 +11,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "project/project_file.h"
+#include "project/unfit_texts.h"
 
 namespace orvane {
 
@@ -34,14 +35,16 @@ std::filesystem::path FreeRecoveryPath(const std::filesystem::path& folder, cons
 
 }  // namespace
 
-void KeepRecoveredProject() {
+bool KeepRecoveredProject() {
   try {
     const std::string text = ProjectText();
     const std::string folder = TheDesktop().UserDataFolder();
-    if (folder.empty()) return;
+    if (folder.empty()) return false;
     ReplaceWholeFile(PathText(FreeRecoveryPath(NativePath(folder), TheDesktop().Now())), text);
+    // One that doesn't open can still be mended by hand.
+    return FitOf(text, OpenJob()) != FileFit::Broken;
   } catch (const std::exception&) {
-    // The user has been told that the saving failed, or chose to cancel it.
+    return false;
   }
 }
 

@@ -86,9 +86,11 @@ int JobRunner::Do(const NamedJob& job) {
 
   int code = ExitDone;
   // Before the export, which makes the holes afresh.
-  if (!resave_.empty() && !console_.Try(options_.Resave, [&] { WriteProjectFile(resave_); })) {
-    code = ExitFault;
-  }
+  const auto resave = [&] {
+    const std::string note = WriteProjectFile(resave_);
+    if (!note.empty()) console_.Say(note);
+  };
+  if (!resave_.empty() && !console_.Try(options_.Resave, resave)) code = ExitFault;
   if (options_.Cam) {
     // The accessory list takes values that were never set for 0 from then on; what is drawn shows
     // what was entered, with an export and without.

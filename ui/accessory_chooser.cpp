@@ -134,6 +134,18 @@ void AccessoryChooser::EditAccessories() {
   }
 }
 
+void AccessoryChooser::EditLine(int line, int column) {
+  const std::int16_t index = AccLines2.At(line).AccIndex;
+  if (index < 1 || index > count() || IsType1Accessory(index)) return;
+  setCurrentRow(index - 1);
+  CurrentAcc = index;
+  int row = 0;  // of the dialog, which shows this accessory's lines alone
+  for (int at = 1; at <= line; ++at) row += AccLines2.At(at).AccIndex == index ? 1 : 0;
+  FrmAcc02 dialog(index, window());
+  dialog.GoTo(row, column);
+  dialog.exec();
+}
+
 void AccessoryChooser::ClearAccessory() {
   if (Selected() > 0) orvane::ClearAccessory(Selected());
 }

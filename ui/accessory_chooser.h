@@ -25,6 +25,9 @@ class AccessoryChooser : public QListWidget {
   // The dialog of the selected accessory; nothing opens without one. Unless the dialog was left
   // without a change, the mark of that one entry follows.
   void EditAccessories();
+  // The dialog of a line's accessory, the cursor in that cell of it. `line` is a row of AccLines2;
+  // nothing opens for one of an accessory that the catalogue hasn't got.
+  void EditLine(int line, int column);
   // The project loses all lines of the selected accessory, without a question.
   void ClearAccessory();
 

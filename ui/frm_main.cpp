@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/desktop.h"
 #include "core/numbers.h"
@@ -15,6 +16,7 @@
 #include "project/history.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
+#include "project/rules/section_columns.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_max_dims.h"
 #include "ui/dialogs/frm_registration.h"
@@ -442,6 +444,18 @@ void FrmMain::ShowProjectDetails() {
   EndStep();
   // The sheet's bottom strip shows them.
   ShowSelectedRow();
+}
+
+void FrmMain::GoTo(const TextPlace& place) {
+  switch (place.Where) {
+    case TextPlace::In::Details:
+      details_.BeginAt(place.Row);
+      return ShowProjectDetails();
+    case TextPlace::In::Section:
+      return sections_->GoTo(place.Row, std::max(place.Column, MarkColumn));
+    case TextPlace::In::Accessory:
+      return accessories_->EditLine(place.Row, place.Column);
+  }
 }
 
 }  // namespace orvane

@@ -63,6 +63,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void ClearDrawing() override;
   void RefreshProjectDetails() override;
   void ShowProjectDetails() override;
+  void GoTo(const TextPlace& place) override;
 
   // OutputScreen.
   void ShowExportErrors() override;

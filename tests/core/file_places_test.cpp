@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <string>
 
@@ -116,7 +117,9 @@ TEST_F(FileReplacements, A_fault_while_a_file_is_written_over_brings_the_former_
   ForEachFault([&] { TempFile("a.txt", former); }, write,
                [&](const Fault& fault, const FailingDisk& disk) {
                  const std::string where = TextOf(fault, disk);
-                 if (fault.Heals()) {
+                 // An interrupted closing has closed.
+                 const bool closed = fault.Error == EINTR && disk.Calls.back() == "close";
+                 if (fault.Heals() || closed) {
                    EXPECT_EQ(told, "") << where;
                    EXPECT_EQ(BytesOf(path), "new") << where;
                    return;

@@ -1,10 +1,12 @@
 #include "tests/project/lifecycle_fixture.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 
 #include "core/model.h"
+#include "project/lifecycle.h"
 #include "project/recent_files.h"
 
 namespace orvane::test {
@@ -39,6 +41,12 @@ void ScriptedMainScreen::DisplayItems() {
   log_.Add("DisplayItems");
 }
 
+void ScriptedMainScreen::GoTo(const TextPlace& place) {
+  const std::array names = {"details", "section", "accessory line"};
+  log_.Add(std::string("GoTo ") + names.at(static_cast<std::size_t>(place.Where)) + " " +
+           std::to_string(place.Row) + ", " + std::to_string(place.Column));
+}
+
 bool LoggedSettings::Store(SettingsRoot root, const std::string& key, const std::string& name,
                            const std::string& text) {
   log_.Add("store " + name + "=" + text);
@@ -49,6 +57,12 @@ Answer LoggedDesktop::ShowMessageBox(const std::string& text, const std::string&
                                      Buttons buttons, Icon icon) {
   log_.Add(buttons == Buttons::Ok ? "tell " + text : "ask " + title);
   return ScriptedDesktop::ShowMessageBox(text, title, buttons, icon);
+}
+
+int LoggedDesktop::Choose(const std::string& text, const std::string& title,
+                          const std::vector<std::string>& answers) {
+  log_.Add("choose " + title);
+  return ScriptedDesktop::Choose(text, title, answers);
 }
 
 std::optional<std::string> LoggedDesktop::ShowOpenDialog(const FileDialog& dialog) {
@@ -67,6 +81,7 @@ std::string LoggedDesktop::UserDataFolder() {
 }
 
 LifecycleTest::LifecycleTest() {
+  NotFullyRead = False;
   RecentFiles.fill("");
   log.Folder = TempPath("");
   person.DataFolder = TempPath("data");

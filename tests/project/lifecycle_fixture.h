@@ -52,6 +52,7 @@ class ScriptedMainScreen : public MainScreen {
   void ClearDrawing() override { log_.Add("ClearDrawing"); }
   void RefreshProjectDetails() override { log_.Add("RefreshProjectDetails"); }
   void ShowProjectDetails() override { log_.Add("ShowProjectDetails"); }
+  void GoTo(const TextPlace& place) override;
 
   std::string Note;  // shown last
 
@@ -76,14 +77,16 @@ class LoggedSettings : public SettingsStore {
   SettingsStore& store_;
 };
 
-// The scripted desktop, with "ask TITLE", "tell TEXT", "open dialog", "save dialog" and "user's
-// data folder" in the log.
+// The scripted desktop, with "ask TITLE" or "choose TITLE", "tell TEXT", "open dialog", "save
+// dialog" and "user's data folder" in the log.
 class LoggedDesktop : public ScriptedDesktop {
  public:
   explicit LoggedDesktop(EventLog& log) : log_(log) {}
 
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
+  int Choose(const std::string& text, const std::string& title,
+             const std::vector<std::string>& answers) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
   std::string UserDataFolder() override;

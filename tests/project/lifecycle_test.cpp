@@ -40,8 +40,13 @@ Log Opened(const std::string& path) {
 
 // And of one that wasn't read to the end.
 Log Failed(const std::string& description) {
-  return {"ForgetEditors",    "tell " + description,   "DisplayItems",
-          "ClearDetailPanel", "RefreshProjectDetails", "ClearDrawing"};
+  return {"ForgetEditors",
+          "tell " + description,
+          "DisplayItems",
+          "ClearDetailPanel",
+          "RefreshProjectDetails",
+          "ClearDrawing",
+          "ShowFileName @/old.ovd (not fully read)"};
 }
 
 void ExpectBox(const test::ShownBox& box, const std::string& text, const std::string& title,

@@ -1,5 +1,7 @@
 #include "project/project_backup.h"
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <limits>
 #include <set>
@@ -42,10 +44,12 @@ class ProjectBackupTest : public ProjectFileTest {
   void SaveOver(const std::string& bytes) {
     TempFile("job.ovd", bytes);
     FillSmallProject();
-    WriteProjectFile(Job());
+    saved = WriteProjectFile(Job());
     EXPECT_EQ(BytesOf(Job()), Joined(SmallProjectLines()));
     ExpectNoLeftovers();
   }
+
+  std::string saved;  // what SaveOver told
 };
 
 std::string Whole() {
@@ -235,24 +239,58 @@ TEST_F(ProjectBackupTest,
 TEST_F(ProjectBackupTest, A_backup_that_can_t_be_made_does_not_stop_the_saving) {
   std::filesystem::create_directory(Backup());
   SaveOver(Whole());
+  EXPECT_EQ(saved,
+            "Saved, but the version before is not kept as job.ovd.bak: a folder has that "
+            "name");
   EXPECT_TRUE(std::filesystem::is_directory(Backup()));
   EXPECT_TRUE(std::filesystem::is_empty(Backup()));
 }
 
-TEST_F(ProjectBackupTest, A_writable_file_in_a_read_only_folder_is_saved_without_a_backup) {
+TEST_F(ProjectBackupTest, A_link_or_a_pipe_of_the_backups_name_is_told_and_left_alone) {
+  const std::string elsewhere = TempPath("elsewhere");
+  std::filesystem::create_directory(elsewhere);
+  TempFile("elsewhere/other.txt", "somebody's");
+  std::filesystem::create_symlink("elsewhere/other.txt", Backup());
+  TempFile("job.ovd", Whole());
+  FillSmallProject();
+  EXPECT_EQ(WriteProjectFile(Job()),
+            "Saved, but the version before is not kept as job.ovd.bak: a link has that name");
+  EXPECT_EQ(BytesOf(TempPath("elsewhere/other.txt")), "somebody's");
+  EXPECT_TRUE(std::filesystem::is_symlink(Backup()));
+  std::filesystem::remove(Backup());
+  ASSERT_EQ(mkfifo(Backup().c_str(), 0600), 0);
+  EXPECT_EQ(WriteProjectFile(Job()),
+            "Saved, but the version before is not kept as job.ovd.bak: what has that name is no "
+            "file");
+  EXPECT_TRUE(std::filesystem::is_fifo(Backup()));
+  EXPECT_EQ(BytesOf(Job()), Joined(SmallProjectLines()));
+}
+
+TEST_F(ProjectBackupTest, The_backup_of_a_private_job_is_private) {
+  TempFile("job.ovd", Whole());
+  TempFile("job.ovd.bak", "open to all");
+  std::filesystem::permissions(Job(), std::filesystem::perms(0600));
+  FillSmallProject();
+  EXPECT_EQ(WriteProjectFile(Job()), "");
+  EXPECT_EQ(std::filesystem::status(Backup()).permissions(), std::filesystem::perms(0600));
+  EXPECT_EQ(std::filesystem::status(Job()).permissions(), std::filesystem::perms(0600));
+  std::filesystem::remove(Backup());
+  EXPECT_EQ(WriteProjectFile(Job()), "");
+  EXPECT_EQ(std::filesystem::status(Backup()).permissions(), std::filesystem::perms(0600));
+}
+
+TEST_F(ProjectBackupTest, A_file_in_a_folder_that_takes_no_backup_is_not_written_in_its_place) {
   const std::string folder = TempPath("closed");
   std::filesystem::create_directory(folder);
   const std::string path = TempFile("closed/job.ovd", Whole());
   std::filesystem::permissions(path, std::filesystem::perms(0666));
   std::filesystem::permissions(folder, std::filesystem::perms(0555));
   FillSmallProject();
-  EXPECT_EQ(AsOrdinaryUser([&]() -> std::string {
-              WriteProjectFile(path);
-              return "saved";
-            }),
-            "saved");
+  EXPECT_EQ(AsOrdinaryUser([&] { return ErrorOf([&] { WriteProjectFile(path); }); }),
+            "Permission denied. It can only be written in its place, and what it holds now is not "
+            "kept first: Permission denied.\rSave under another name.");
   std::filesystem::permissions(folder, std::filesystem::perms(0755));
-  EXPECT_EQ(BytesOf(path), Joined(SmallProjectLines()));
+  EXPECT_EQ(BytesOf(path), Whole());
   EXPECT_FALSE(std::filesystem::exists(path + ".bak"));
 }
 
@@ -263,11 +301,8 @@ TEST_F(ProjectBackupTest, A_file_that_can_be_written_but_not_read_is_saved_witho
   const std::string path = TempFile("open/job.ovd", Whole());
   std::filesystem::permissions(path, std::filesystem::perms(0222));
   FillSmallProject();
-  EXPECT_EQ(AsOrdinaryUser([&]() -> std::string {
-              WriteProjectFile(path);
-              return "saved";
-            }),
-            "saved");
+  EXPECT_EQ(AsOrdinaryUser([&]() -> std::string { return WriteProjectFile(path); }),
+            "Saved, but the version before is not kept as job.ovd.bak: Permission denied");
   std::filesystem::permissions(path, std::filesystem::perms(0644));
   EXPECT_EQ(BytesOf(path), Joined(SmallProjectLines()));
   EXPECT_FALSE(std::filesystem::exists(path + ".bak"));

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <limits>
 #include <string>
@@ -8,6 +9,7 @@
 #include "core/runtime_error.h"
 #include "project/project_file.h"
 #include "tests/project/small_project.h"
+#include "tests/support/failing_disk.h"
 
 namespace orvane {
 
@@ -386,9 +388,16 @@ TEST_F(ProjectFileTest, A_read_only_folder_and_a_read_only_file_refuse_the_savin
 }
 
 TEST_F(ProjectFileTest, A_full_disk_is_an_error_of_the_saving) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no full device here";
   FillSmallProject();
-  EXPECT_EQ(ErrorOf([] { WriteProjectFile("/dev/full"); }), "Disk full");
+  const std::string path = TempFile("job.ovd", "old");
+  const test::FailingDisk disk({3, ENOSPC, true});  // the former content is read, and nothing fits
+  EXPECT_EQ(ErrorOf([&] { WriteProjectFile(path); }), "Disk full");
+  EXPECT_EQ(BytesOf(path), "old");
+}
+
+TEST_F(ProjectFileTest, A_device_is_no_place_for_a_job) {
+  FillSmallProject();
+  EXPECT_EQ(ErrorOf([] { WriteProjectFile("/dev/full"); }), "Not a regular file");
   EXPECT_FALSE(std::filesystem::exists("/dev/full.bak"));
 }
 

@@ -56,6 +56,7 @@ class SectionLook : public SystemTest {
     void ClearDrawing() override {}
     void RefreshProjectDetails() override {}
     void ShowProjectDetails() override {}
+    void GoTo(const TextPlace&) override {}
 
    private:
     std::vector<std::string>& lines_;

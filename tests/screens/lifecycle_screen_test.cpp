@@ -161,17 +161,17 @@ TEST_F(LifecycleScreen, The_details_reach_the_project_with_each_stroke_and_leave
     for (int n = 0; n < 5; ++n) {
       auto& field = Find<QLineEdit>(dialog, "txtProject(" + std::to_string(n) + ")");
       field.setFocus();
-      QTest::keyClicks(&field, "Text, " + QString::number(n));
-      EXPECT_EQ(txtProject.at(static_cast<std::size_t>(n)), "Text, " + std::to_string(n));
+      QTest::keyClicks(&field, "Text; " + QString::number(n));
+      EXPECT_EQ(txtProject.at(static_cast<std::size_t>(n)), "Text; " + std::to_string(n));
     }
     dialog.close();
   });
   Click("SSCommand1(3)");
   Settle();
-  EXPECT_EQ(txtProject.at(4), "Text, 4");
+  EXPECT_EQ(txtProject.at(4), "Text; 4");
   EXPECT_EQ(ProjectDirty, False);
   // Closed by its frame it was only hidden.
-  ExpectDetails([this] { EXPECT_EQ(FromQt(Find<QLineEdit>("txtProject(2)").text()), "Text, 2"); });
+  ExpectDetails([this] { EXPECT_EQ(FromQt(Find<QLineEdit>("txtProject(2)").text()), "Text; 2"); });
   Entry("mnuProject(5)").trigger();
   Settle();
   BackToMain();

@@ -192,6 +192,36 @@ TEST_F(MessageBoxTest, Each_answer_of_each_set_of_buttons_comes_back) {
   }
 }
 
+TEST_F(MessageBoxTest, Answers_of_its_own_stand_in_their_order_and_come_back_by_number) {
+  const std::vector<std::string> answers = {"Go there", "Save all the same", "Cancel"};
+  const auto ask = [&](const std::function<void(QWidget&)>& answer) {
+    dialogs.ExpectDialog("MessageBox", [&](QWidget& window) {
+      std::vector<std::pair<int, std::string>> shown;
+      for (QAbstractButton* each : dynamic_cast<QMessageBox&>(window).buttons()) {
+        shown.emplace_back(each->x(), FromQt(each->text()));
+      }
+      std::sort(shown.begin(), shown.end());
+      ASSERT_EQ(shown.size(), answers.size());
+      EXPECT_EQ(shown.back().second, "Cancel");
+      answer(window);
+    });
+    return platform.Choose("?", "Title", answers);
+  };
+  for (int at = 0; at < 3; ++at) {
+    const std::string caption = answers.at(static_cast<std::size_t>(at));
+    EXPECT_EQ(ask([&](QWidget& window) {
+                for (QAbstractButton* each : dynamic_cast<QMessageBox&>(window).buttons()) {
+                  if (FromQt(each->text()) == caption)
+                    return QTest::mouseClick(each, Qt::LeftButton);
+                }
+              }),
+              at);
+  }
+  EXPECT_EQ(ask(Enter), 0);
+  EXPECT_EQ(ask(Escape), 2);
+  EXPECT_EQ(ask(Frame), 2);
+}
+
 TEST_F(MessageBoxTest, Each_set_of_buttons_shows_its_own) {
   const std::vector<std::pair<Buttons, std::size_t>> sets = {
       {Buttons::Ok, 1}, {Buttons::YesNo, 2}, {Buttons::YesNoCancel, 3}};

@@ -228,7 +228,7 @@ TEST_F(OpeningScreen, A_file_cut_within_its_sections_tells_why_and_shows_what_wa
   EXPECT_EQ(Sections().Model().GreyRow(), 0);
   EXPECT_TRUE(NoEditor());
   EXPECT_EQ(ProjectFileName, good);
-  EXPECT_EQ(FileLabel(), good);
+  EXPECT_EQ(FileLabel(), good + " (not fully read)");
   EXPECT_EQ(ProjectDirty, False);
   EXPECT_EQ(RecentFiles.front(), good);
   EXPECT_EQ(RecentCaptions().size(), 1U);

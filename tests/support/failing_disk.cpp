@@ -69,9 +69,8 @@ DiskResult FailingDisk::CopyRights(const std::string& from, std::int64_t to) {
   return Disk::CopyRights(from, to);
 }
 
-DiskResult FailingDisk::Sync(std::int64_t file) {
-  if (const int error = Due("sync")) return {error};
-  return Disk::Sync(file);
+DiskResult FailingDisk::Sync(std::int64_t) {
+  return {Due("sync")};
 }
 
 DiskResult FailingDisk::Close(std::int64_t file) {
@@ -85,9 +84,8 @@ DiskResult FailingDisk::Move(const std::string& from, const std::string& to) {
   return Disk::Move(from, to);
 }
 
-DiskResult FailingDisk::SyncFolder(const std::string& folder) {
-  if (const int error = Due("sync folder")) return {error};
-  return Disk::SyncFolder(folder);
+DiskResult FailingDisk::SyncFolder(const std::string&) {
+  return {Due("sync folder")};
 }
 
 DiskResult FailingDisk::Remove(const std::string& path) {

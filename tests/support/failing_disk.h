@@ -22,7 +22,8 @@ struct Fault {
 // "call 3, write: Disk full, for good", for the message of a test.
 std::string TextOf(const Fault& fault, const class FailingDisk& disk);
 
-// Installed for its life.
+// Installed for its life. Nothing is brought to the disk in truth: no test could tell, and it would
+// take most of the time.
 class FailingDisk : public Disk {
  public:
   explicit FailingDisk(const Fault& fault);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace orvane::test {
 
 Answer ScriptedDesktop::ShowMessageBox(const std::string& text, const std::string& title,
@@ -15,6 +17,19 @@ Answer ScriptedDesktop::ShowMessageBox(const std::string& text, const std::strin
   const Answer answer = Answers.front();
   Answers.pop_front();
   return answer;
+}
+
+int ScriptedDesktop::Choose(const std::string& text, const std::string& title,
+                            const std::vector<std::string>& answers) {
+  ChoiceBoxes.push_back({text, title, answers});
+  const std::string answer = Choices.empty() ? "(none was foreseen)" : Choices.front();
+  if (!Choices.empty()) Choices.pop_front();
+  const auto found = std::find(answers.begin(), answers.end(), answer);
+  if (found == answers.end()) {
+    ADD_FAILURE() << "unforeseen question: " << text << "\nwithout the answer " << answer;
+    return HeadlessDesktop::Choose(text, title, answers);
+  }
+  return static_cast<int>(found - answers.begin());
 }
 
 std::optional<std::string> ScriptedDesktop::ShowOpenDialog(const FileDialog& dialog) {

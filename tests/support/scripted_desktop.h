@@ -18,6 +18,13 @@ struct ShownBox {
   Icon Sign = Icon::None;
 };
 
+// A question with answers of its own.
+struct ShownChoice {
+  std::string Text;
+  std::string Title;
+  std::vector<std::string> Answers;
+};
+
 // Takes the next file that a script's person chooses; fails the test if none was foreseen.
 std::optional<std::string> NextChosen(std::deque<std::optional<std::string>>& chosen);
 
@@ -26,6 +33,7 @@ class ScriptedDesktop : public HeadlessDesktop {
  public:
   // The script.
   std::deque<Answer> Answers;                     // for the boxes with a choice, in order
+  std::deque<std::string> Choices;                // for those with answers of their own, in order
   std::deque<std::optional<std::string>> Chosen;  // for the file dialogs, in order; none cancels
   Moment Present{{2024, 3, 5}, 14, 7, 9};
   std::string DateForm = "dd/MM/yyyy";
@@ -35,6 +43,7 @@ class ScriptedDesktop : public HeadlessDesktop {
 
   // What happened.
   std::vector<ShownBox> Boxes;
+  std::vector<ShownChoice> ChoiceBoxes;
   std::vector<FileDialog> OpenDialogs;
   std::vector<FileDialog> SaveDialogs;
   int EventRuns = 0;
@@ -43,6 +52,8 @@ class ScriptedDesktop : public HeadlessDesktop {
 
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
+  int Choose(const std::string& text, const std::string& title,
+             const std::vector<std::string>& answers) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
   void ProcessEvents() override { ++EventRuns; }

@@ -17,6 +17,9 @@ class FrmAcc02 : public PlainDialog {
  public:
   explicit FrmAcc02(std::int16_t AccIndex, QWidget* parent = nullptr);
 
+  // Makes a cell of the table the current one.
+  void GoTo(int row, int column) { table_->GoTo(row, column); }
+
   // Whether the table may be stored. A refusal is told, and its row becomes the current one.
   bool AccValidate();
   // Stores the table and closes; a number beyond 16 bits raises "Overflow" and changes nothing.

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <QStandardPaths>
 #include <algorithm>
@@ -189,7 +190,21 @@ namespace {
 // The key that brought up a question doesn't answer it too while it is held down.
 class MessageBox : public QMessageBox {
  public:
-  using QMessageBox::QMessageBox;
+  MessageBox(const std::string& text, const std::string& title, QWidget* owner)
+      : QMessageBox(owner) {
+    setObjectName("MessageBox");
+    setWindowTitle(title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(title));
+    setTextFormat(Qt::PlainText);
+    setText(Breakable(WithLineEnds(text), *this));
+  }
+
+  // Shows it with the buttons that it has.
+  int Run() {
+    const int line = fontMetrics().height();
+    layout()->setContentsMargins(line, line, line, line);
+    WidenForTitle(*this);
+    return exec();
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
@@ -202,11 +217,7 @@ class MessageBox : public QMessageBox {
 Answer QtDesktop::ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                                  Icon icon) {
   const DialogStay stay;
-  MessageBox box(stay.Owner());
-  box.setObjectName("MessageBox");
-  box.setWindowTitle(title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(title));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(Breakable(WithLineEnds(text), box));
+  MessageBox box(text, title, stay.Owner());
   box.setIcon(icon == Icon::Stop ? QMessageBox::Critical : QMessageBox::NoIcon);
   for (const ButtonSet& set : ButtonSets) {
     if (set.Choice != buttons) continue;
@@ -214,10 +225,25 @@ Answer QtDesktop::ShowMessageBox(const std::string& text, const std::string& tit
     box.setDefaultButton(set.Default);
     box.setEscapeButton(set.Escape);
   }
-  const int line = box.fontMetrics().height();
-  box.layout()->setContentsMargins(line, line, line, line);
-  WidenForTitle(box);
-  return AnswerOf(box.exec());
+  return AnswerOf(box.Run());
+}
+
+int QtDesktop::Choose(const std::string& text, const std::string& title,
+                      const std::vector<std::string>& answers) {
+  const DialogStay stay;
+  MessageBox box(text, title, stay.Owner());
+  std::vector<QAbstractButton*> buttons;
+  for (const std::string& answer : answers) {
+    // The same part for each but the last, so that they stay in their order.
+    const bool last = buttons.size() + 1 == answers.size();
+    buttons.push_back(
+        box.addButton(ToQt(answer), last ? QMessageBox::RejectRole : QMessageBox::AcceptRole));
+  }
+  box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
+  box.setEscapeButton(buttons.back());
+  box.Run();
+  const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+  return static_cast<int>(std::min(pressed, buttons.end() - 1) - buttons.begin());
 }
 
 std::optional<std::string> QtDesktop::ShowOpenDialog(const FileDialog& dialog) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/desktop.h"
 
@@ -17,6 +18,8 @@ class QtDesktop : public Desktop {
   // application's name. "No" is the answer by default of a box with Yes and No, and that of Escape.
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
+  int Choose(const std::string& text, const std::string& title,
+             const std::vector<std::string>& answers) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
   void ProcessEvents() override;
