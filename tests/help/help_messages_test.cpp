@@ -42,6 +42,15 @@ const std::multiset<std::string> Messages = {
     "Discard the changes?",
     // New, open, exit.
     "Save changes to current project?",
+    "The project file can't hold these texts as they are:\n\nP4, Notes: 12\" deep\ncomes back as: "
+    "12",
+    "With these texts the project could not be opened again. It isn't saved.\n\nP4, Notes: 12\" x "
+    "3\", see drawing\ncomes back as: 12",
+    "The project isn't saved, and no copy that opens could be put into your data folder either.\n"
+    "Leave it all the same? What was changed in it is lost then.",
+    "Permission denied. It can only be written in its place, and what it holds now is not kept "
+    "first: Disk full.\nSave under another name.",
+    "Disk full\nshed.ovd is only half written. What it held before stands in /jobs/shed.ovd.bak",
     "P1 : Z24520 Length shorter than last hole position \nQuit anyway?",
     // File dialogs.
     "shed.ovd already exists.\nDo you want to replace it?",
@@ -71,6 +80,7 @@ const std::multiset<std::string> Messages = {
     // Catalogues and settings.
     "Error loading data from /opt/lintaro/dims.csv\nFile not found",
     "ERROR #3 : Permission denied",
+    "The settings can't be stored.\nWhat is set now holds until the program ends.",
     "Overflow in the settings\nPageSetup, LeftMargin: 40000 becomes 10",
     "The help can't be shown: no viewer for /opt/lintaro/Lintaro.chm was found",
     // The system's descriptions.
