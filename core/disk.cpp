@@ -4,8 +4,6 @@
 #include <filesystem>
 #include <limits>
 
-#include "core/files.h"
-
 #ifdef _WIN32
 #include <windows.h>
 // (after windows.h, which they need)
@@ -46,6 +44,11 @@ DiskResult ResultOf(std::int64_t value) {
 #ifdef _WIN32
 
 namespace {
+
+// As core/files has it, which reads by this disk.
+std::filesystem::path NativePath(const std::string& path) {
+  return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
 
 DiskResult Ended(bool done) {
   return {done ? 0 : errno, 0};

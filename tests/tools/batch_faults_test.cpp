@@ -307,7 +307,7 @@ TEST_F(BatchFaults, A_resave_that_fails_does_not_keep_the_export_back) {
 
   const Outcome full = Run({"--resave", "/dev/full", "a.ovd"});
   EXPECT_EQ(full.Code, 3);
-  EXPECT_EQ(full.Err, "/dev/full: Disk full\n");
+  EXPECT_EQ(full.Err, "/dev/full: Not a regular file\n");
 }
 
 TEST_F(BatchFaults, A_setting_that_no_value_can_hold_is_a_fault_of_the_settings_file) {
