@@ -6,6 +6,7 @@
 #include <QProcess>
 
 #include "tests/screens/accessories_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/platform/printing.h"
 
 namespace orvane::test {
@@ -82,7 +83,7 @@ class Acc01Test : public AccessoriesTest {
   static std::string TextOfPdf(const std::string& path) {
     QProcess process;
     process.start("pdftotext", {"-raw", ToQt(path), "-"});
-    EXPECT_TRUE(process.waitForFinished(60000));
+    EXPECT_TRUE(process.waitForFinished(Patience));
     return FromQt(QString::fromUtf8(process.readAllStandardOutput()));
   }
   void TearDown() override {

@@ -8,6 +8,7 @@
 
 #include "core/runtime_error.h"
 #include "tests/screens/acc02_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/controls/refused_look.h"
 
 namespace orvane::test {
@@ -217,7 +218,7 @@ TEST_F(Acc02EditingTest, Alt_and_Down_opens_the_list_and_its_own_arrows_choose) 
     Click(form, 1, 4);
     Key(Qt::Key_Down, Qt::AltModifier);
     QAbstractItemView* list = Choices(form, 4).view();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window(), Patience));
     EXPECT_TRUE(Find<QWidget>(form, "sspEditCombo(4)").isVisible());
     QTest::keyClick(list, Qt::Key_Down);
     QTest::keyClick(list, Qt::Key_Return);
@@ -323,7 +324,7 @@ TEST_F(Acc02EditingTest, Alt_and_A_in_an_open_list_closes_it_and_adds) {
     Click(form, 1, 4);
     Key(Qt::Key_Down, Qt::AltModifier);
     QAbstractItemView* list = Choices(form, 4).view();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window(), Patience));
     QTest::keyClick(list, Qt::Key_A, Qt::AltModifier);
     ASSERT_TRUE(QTest::qWaitFor([list] { return !list->isVisible(); }));
     ExpectEditing(form, 4, 1, "");
@@ -336,7 +337,7 @@ TEST_F(Acc02EditingTest, Escape_in_an_open_list_closes_the_list_alone) {
     Click(form, 1, 4);
     Key(Qt::Key_Down, Qt::AltModifier);
     QAbstractItemView* list = Choices(form, 4).view();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(list->window(), Patience));
     QTest::keyClick(list, Qt::Key_Down);
     QTest::keyClick(list, Qt::Key_Escape);
     ASSERT_TRUE(QTest::qWaitFor([list] { return !list->isVisible(); }));

@@ -4,6 +4,7 @@
 #include <QWheelEvent>
 
 #include "tests/screens/sections_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/accessory_chooser.h"
 
 namespace orvane::test {
@@ -143,7 +144,7 @@ TEST_F(AccessoryChooserTest, The_way_back_from_a_message_box_isnt_an_arrival) {
   main->Run(Command::HolesAbsolute);
   Settle();
   main->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(main.get(), Patience));
   EXPECT_EQ(Focus(), "lstAccessories");
   EXPECT_EQ(ProjectDirty, False);
 }

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "tests/screens/screen_fixture.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 
@@ -21,7 +22,7 @@ class DialogTest : public ScreenTest {
   // Keys that press a button from anywhere work in the active window alone.
   static void WaitUntilActive(QWidget& window) {
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
   }
 
   // A button that is pressed by its key of its own acts a moment later.

@@ -2,6 +2,7 @@
 #include <QScreen>
 
 #include "tests/screens/detail_fixture.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 namespace {
@@ -16,7 +17,7 @@ class DialogPlaceTest : public DetailTest {
   // Opens the dialog, runs the action on it and closes it.
   void InDialog(const PlacedDialog& placed, const std::function<void(QWidget&)>& action) {
     dialogs.ExpectDialog(placed.Name, [action](QWidget& dialog) {
-      EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+      EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog, Patience));
       action(dialog);
       dialog.close();
     });

@@ -1,4 +1,5 @@
 #include "tests/screens/edited_section_fixture.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 
@@ -23,7 +24,7 @@ void EditedSectionTest::ChooseInMenu(Qt::Key menu, Qt::Key entry) {
   Press(menu, Qt::AltModifier);
   QWidget* popup = QApplication::activePopupWidget();
   ASSERT_NE(popup, nullptr);
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(popup));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(popup, Patience));
   QTest::keyClick(popup, entry);
   Settle();
   BackToMain();

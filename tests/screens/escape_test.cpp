@@ -1,5 +1,6 @@
 // Escape in the sections grid: one press does one thing, and none leaves the program.
 #include "tests/screens/detail_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/controls/plain_combo.h"
 
 namespace orvane::test {
@@ -71,7 +72,7 @@ TEST_F(EscapeTest, In_the_product_cell_it_acts_on_list_letters_and_cell_in_this_
   Type("z2");
   Press(Qt::Key_F4);
   QWidget& view = *Products().view();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(view.window()));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(view.window(), Patience));
   QTest::keyClick(&view, Qt::Key_Escape);
   EXPECT_FALSE(view.isVisible());
   EXPECT_EQ(FromQt(Products().Typed().Letters()), "z2");

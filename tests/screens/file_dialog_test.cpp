@@ -14,6 +14,7 @@
 #include <filesystem>
 
 #include "tests/screens/dialog_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/platform/file_dialog.h"
 
 namespace orvane {
@@ -62,7 +63,7 @@ class FileDialogTest : public DialogTest {
     });
   }
   static void TypeName(QFileDialog& dialog, const std::string& name) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog, Patience));
     auto& field = Find<QLineEdit>(dialog, "fileNameEdit");
     EXPECT_EQ(dialog.focusWidget(), &field);
     field.selectAll();
@@ -422,7 +423,7 @@ TEST_F(FileDialogTest, The_window_behind_gets_its_focus_back) {
     Escape(dialog);
   });
   platform.ShowSaveDialog(Saving());
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
   EXPECT_EQ(QApplication::focusWidget(), &field);
 }
 

@@ -3,6 +3,7 @@
 #include <QWheelEvent>
 
 #include "tests/screens/notches_fixture.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 namespace {
@@ -230,12 +231,12 @@ TEST_F(NotchesTest, Alt_and_Down_and_F4_open_the_list_of_codes_and_Enter_takes_o
   InDialog([this](QWidget& form) {
     Click(form, 2, 1);
     Key(Qt::Key_Down, Qt::AltModifier);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(Codes(form).view()->window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(Codes(form).view()->window(), Patience));
     QTest::keyClick(Codes(form).view(), Qt::Key_Up);
     QTest::keyClick(Codes(form).view(), Qt::Key_Return);
     EXPECT_EQ(Cells(form).at(1).front(), "BL1");
     Key(Qt::Key_F4);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(Codes(form).view()->window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(Codes(form).view()->window(), Patience));
     // Escape closes the list alone.
     QTest::keyClick(Codes(form).view(), Qt::Key_Escape);
     EXPECT_TRUE(form.isVisible());

@@ -11,6 +11,7 @@
 
 #include "tests/screens/dialog_fixture.h"
 #include "tests/screens/run_clock.h"
+#include "tests/support/patience.h"
 #include "ui/platform/printing.h"
 
 namespace orvane::test {
@@ -36,7 +37,7 @@ inline Document NumberedPages(int count, double width = 297, double height = 210
 inline QString OutputOfProgram(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.start(program, arguments);
-  EXPECT_TRUE(process.waitForFinished(60000)) << FromQt(program);
+  EXPECT_TRUE(process.waitForFinished(Patience)) << FromQt(program);
   EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
   return QString::fromUtf8(process.readAllStandardOutput());
 }

@@ -1,4 +1,5 @@
 #include "tests/screens/screen_fixture.h"
+#include "tests/support/patience.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -9,8 +10,6 @@ namespace orvane::test {
 
 namespace {
 
-// How long anything queued may take, also on a slow machine under sanitizers, ms.
-constexpr int Patience = 10000;
 // How often the script looks for a modal window, ms.
 constexpr int LookEvery = 2;
 // What is queued may queue more: a focus that moves, a box that is told when it has moved, the

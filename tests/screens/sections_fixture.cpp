@@ -16,14 +16,14 @@
 
 #include "core/numbers.h"
 #include "project/rules/section_columns.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 
 namespace {
 
-constexpr int Patience = 10000;  // ms
-constexpr int Stayed = 77;       // exit code of a program that nobody ended
-constexpr int LastTurns = 10;    // of the loop, in which a queued end of the program would come
+constexpr int Stayed = 77;     // exit code of a program that nobody ended
+constexpr int LastTurns = 10;  // of the loop, in which a queued end of the program would come
 
 const std::map<std::string, std::string> AddButtons = {
     {"Z", "SSCommand1(6)"}, {"E", "SSCommand1(7)"},  {"C", "SSCommand1(8)"},

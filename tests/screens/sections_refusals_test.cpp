@@ -1,4 +1,5 @@
 #include "tests/screens/sections_fixture.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 namespace {
@@ -373,11 +374,11 @@ TEST_F(SectionsRefusals, Opening_a_menu_or_another_window_is_no_leaving) {
   other.setWindowTitle("Another program");
   other.show();
   other.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other, Patience));
   RunQueued();
   EXPECT_EQ(FromQt(Editor().text()), "0");
   main->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(main.get(), Patience));
   Settle();
   EXPECT_TRUE(CursorAt(2, 3, "0"));
   ExpectRefusal("Invalid length");

@@ -22,6 +22,7 @@
 #include "project/project_file.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/fixture.h"
+#include "tests/support/patience.h"
 #include "ui/platform/document_output.h"
 #include "ui/platform/qt_font_metrics.h"
 #include "ui/platform/qt_text.h"
@@ -36,7 +37,7 @@ constexpr double Close = 0.1;  // mm
 QString OutputOf(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.start(program, arguments);
-  EXPECT_TRUE(process.waitForFinished(60000)) << FromQt(program);
+  EXPECT_TRUE(process.waitForFinished(Patience)) << FromQt(program);
   EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
   return QString::fromUtf8(process.readAllStandardOutput());
 }

@@ -12,6 +12,7 @@
 #include "project/recent_files.h"
 #include "project/sections.h"
 #include "tests/screens/screen_fixture.h"
+#include "tests/support/patience.h"
 
 namespace orvane::test {
 
@@ -354,7 +355,7 @@ TEST_F(ShellTest, Printing_commands_show_their_preview_and_leave_the_cursor_in_i
     EXPECT_EQ(Items.UBound(), 1);
     EXPECT_EQ(ProjectDirty, False);
     main->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get(), Patience));
     EXPECT_EQ(Focus(), "txtEdit");
   }
 }

@@ -4,6 +4,7 @@
 
 #include "tests/screens/acc02_fixture.h"
 #include "tests/screens/notches_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/controls/plain_combo.h"
 #include "ui/controls/refused_look.h"
 
@@ -120,7 +121,7 @@ TEST_F(TypedCodes, Escape_acts_on_list_letters_cell_and_dialog_in_this_order) {
     Keys("b");
     Key(Qt::Key_F4);
     QWidget& view = *Codes(form).view();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(view.window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(view.window(), Patience));
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_FALSE(view.isVisible());
     const auto& codes = dynamic_cast<const PlainCombo&>(Codes(form));

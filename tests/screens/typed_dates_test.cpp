@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/screens/dialog_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/dialogs/frm_project_details.h"
 
 namespace orvane::test {
@@ -16,7 +17,7 @@ Date Typed(const std::string& keys) {
   FrmProjectDetails form;
   form.show();
   form.activateWindow();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&form, Patience));
   auto* picker = form.findChild<QDateEdit*>("DTPicker1");
   picker->setFocus(Qt::TabFocusReason);
   picker->setSelectedSection(QDateTimeEdit::DaySection);

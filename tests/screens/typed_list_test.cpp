@@ -9,6 +9,7 @@
 
 #include "core/model.h"
 #include "tests/screens/screen_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/controls/plain_combo.h"
 #include "ui/controls/refused_look.h"
 #include "ui/controls/typed_letters.h"
@@ -101,7 +102,7 @@ class TypedListTest : public ::testing::Test {
     window.resize(300, 120);
     window.show();
     window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
     list.setFocus(Qt::TabFocusReason);
   }
 
@@ -118,7 +119,7 @@ class TypedListTest : public ::testing::Test {
   }
   QAbstractItemView& Opened() {
     QAbstractItemView* view = list.view();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(view->window()));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(view->window(), Patience));
     return *view;
   }
   std::string Typed() const { return FromQt(list.Typed().Letters()); }

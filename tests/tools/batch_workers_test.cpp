@@ -1,4 +1,5 @@
 #include "tools/batch_workers.h"
+#include "tests/support/patience.h"
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -123,8 +124,7 @@ TEST(BatchWorkers, They_end_with_the_process_that_asked_for_them) {
   ASSERT_EQ(kill(asking, SIGKILL), 0);
   ASSERT_EQ(waitpid(asking, nullptr, 0), asking);
   pollfd end{pipe[0], POLLIN, 0};
-  constexpr int patience = 60000;  // ms, for one that would wait for ever
-  EXPECT_EQ(poll(&end, 1, patience), 1) << "the workers live on";
+  EXPECT_EQ(poll(&end, 1, test::Patience), 1) << "the workers live on";
   EXPECT_EQ(read(pipe[0], &letter, 1), 0);
   close(pipe[0]);
 }
