@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,12 @@ struct PromptPath {
   Log Before;  // what happens in front of the action
   bool GoesOn = true;
 };
+
+// Printed by its name: of a record without a form of its own the bytes between the fields are read
+// too.
+void PrintTo(const PromptPath& path, std::ostream* out) {
+  *out << path.Name;
+}
 
 const std::vector<PromptPath>& PromptPaths() {
   static const Log ask = {"ask New Project"};
