@@ -63,7 +63,7 @@ class FileDialogTest : public DialogTest {
     });
   }
   static void TypeName(QFileDialog& dialog, const std::string& name) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog, Patience));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog, test::Patience));
     auto& field = Find<QLineEdit>(dialog, "fileNameEdit");
     EXPECT_EQ(dialog.focusWidget(), &field);
     field.selectAll();
@@ -423,7 +423,7 @@ TEST_F(FileDialogTest, The_window_behind_gets_its_focus_back) {
     Escape(dialog);
   });
   platform.ShowSaveDialog(Saving());
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window, test::Patience));
   EXPECT_EQ(QApplication::focusWidget(), &field);
 }
 

@@ -243,7 +243,7 @@ TEST_F(MessageBoxTest, The_box_belongs_to_the_window_in_front_and_gives_the_focu
   second.setFocus();
   Ask("?", "", Buttons::YesNo, Icon::None, Escape);
   EXPECT_EQ(look.Parent, &window);
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window, test::Patience));
   EXPECT_EQ(QApplication::focusWidget(), &second);
 }
 
@@ -255,7 +255,7 @@ TEST_F(MessageBoxTest, A_box_over_a_dialog_belongs_to_the_dialog) {
   dialogs.ExpectDialog("Outer", [this](QWidget& outer) {
     Ask("?", "", Buttons::Ok, Icon::None, Enter);
     EXPECT_EQ(look.Parent, &outer);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&outer, Patience));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&outer, test::Patience));
     outer.close();
   });
   dialog.exec();
