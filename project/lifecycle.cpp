@@ -216,9 +216,7 @@ void OpenFile(const std::string& path) {
     screen.ClearDetailPanel();
     screen.RefreshProjectDetails();
     screen.ClearDrawing();
-    NotFullyRead = True;
-    const bool named = !Trim(ProjectFileName).empty();
-    screen.ShowFileName((named ? ProjectFileName : NoFile) + " (not fully read)");
+    MarkNotFullyRead(True);
     return;
   }
   SweepLeftovers(path, BackupEnding);
@@ -233,6 +231,12 @@ void OpenFile(const std::string& path) {
   // Opening counts as a change, so that leaving the project always brings the save prompt: looking
   // at a section already makes its holes afresh by the catalogue of today.
   Change(ChangeKind::ProjectReplaced);
+}
+
+void MarkNotFullyRead(Boolean isSo) {
+  NotFullyRead = isSo;
+  const std::string name = Trim(ProjectFileName).empty() ? NoFile : ProjectFileName;
+  TheMainScreen().ShowFileName(name + (isSo == False ? "" : " (not fully read)"));
 }
 
 bool SaveProject(Boolean SaveAs) {

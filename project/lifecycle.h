@@ -30,6 +30,10 @@ void OpenProject();
 // blanks does nothing.
 void OpenFile(const std::string& path);
 
+// A file that couldn't be read to its end stands in place of the job, whose name shows that, and
+// whose next save asks for a file; or its opening was taken back and the job is there again.
+void MarkNotFullyRead(Boolean isSo);
+
 // "Save", and "Save As" with a true argument: true when the file was written. After a reading that
 // stopped half-way "Save" is "Save As". A cancelled dialog is no error and changes nothing. Texts
 // that the file can't hold are told with their places, and it is asked what to do; a project that

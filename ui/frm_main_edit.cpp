@@ -5,6 +5,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "project/history.h"
+#include "project/lifecycle.h"
 #include "ui/dialogs/frm_mitres.h"
 #include "ui/dialogs/frm_notches.h"
 #include "ui/frm_main.h"
@@ -56,6 +57,8 @@ void FrmMain::TakeStep(bool back) {
   if (DropLetters() && back) return;
   RestoredStep restored;
   if (!(back ? UndoStep(restored) : RedoStep(restored))) return;
+  // Of openings only one that failed is a step.
+  if (restored.Kind == ChangeKind::OpenProject) MarkNotFullyRead(ToBoolean(restored.Redone));
   if (restored.Details) RefreshProjectDetails();
   if (restored.Accessories) accessories_->SetAccUsage();
   // Whoever took a hole back from the hole list goes on there.

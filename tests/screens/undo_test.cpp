@@ -7,6 +7,7 @@
 #include "project/project_file.h"
 #include "project/rules/accessory_rules.h"
 #include "tests/screens/detail_fixture.h"
+#include "ui/controls/eliding_label.h"
 
 namespace orvane::test {
 namespace {
@@ -274,6 +275,10 @@ TEST_F(UndoTest, A_failed_opening_is_taken_back_on_the_screen_too) {
   EXPECT_EQ(ProjectText(), before);
   EXPECT_TRUE(GridShowsItems());
   EXPECT_EQ(FromQt(Find<QLineEdit>(*details, "txtProject(1)").text()), "");
+  const auto& name = Find<ElidingLabel>("lblFilename(1)");
+  EXPECT_EQ(FromQt(name.ShownText()), "None");
+  Redo();
+  EXPECT_EQ(FromQt(name.ShownText()), "None (not fully read)");
 }
 
 TEST_F(UndoTest, Accessories_and_details_come_back) {
