@@ -164,6 +164,7 @@ int History::StepsToUndo() const {
 
 void History::MarkSaved() {
   Finish();
+  if (state_.Rows.size() != static_cast<std::size_t>(Items.UBound())) return Begin();
   open_ = false;
   savedStep_ = LastStep();
   Tell();

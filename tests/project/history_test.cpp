@@ -371,6 +371,17 @@ TEST_F(HistoryTest, Tables_filled_behind_its_back_begin_it_afresh) {
   EXPECT_TRUE(IsChangedSinceSaved()) << "nobody knows whether a file holds them";
 }
 
+TEST_F(HistoryTest, Tables_that_were_saved_are_saved_whoever_filled_them) {
+  AddPurlin("P1");
+  Items.Clear();
+  test::AppendItem("A");
+  test::AppendItem("B");
+  MarkSaved();
+  EXPECT_FALSE(IsChangedSinceSaved());
+  Change(ChangeKind::Notes, 2, [] {});
+  EXPECT_FALSE(IsChangedSinceSaved());
+}
+
 TEST_F(HistoryTest, Tables_filled_behind_its_back_are_led_nowhere) {
   AddPurlin("P1");
   Items.Clear();

@@ -278,7 +278,7 @@ TEST_F(UndoTest, A_failed_opening_is_taken_back_on_the_screen_too) {
   const auto& name = Find<ElidingLabel>("lblFilename(1)");
   EXPECT_EQ(FromQt(name.ShownText()), "None");
   Redo();
-  EXPECT_EQ(FromQt(name.ShownText()), "None (not fully read)");
+  EXPECT_EQ(FromQt(name.toolTip()), "None (not fully read)");
 }
 
 TEST_F(UndoTest, Accessories_and_details_come_back) {
