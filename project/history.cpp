@@ -90,6 +90,7 @@ class History {
   void Before(const ChangeNotice& change);
   void After(const ChangeNotice& change);
   void Finish();
+  void CompareTouched(const ChangeNotice& change, StateChange& found) const;
   void NoteLook(const ChangeNotice& change);
   void NoteAllLooks();
   bool IsTheTables(const ChangeNotice& change) const;
@@ -206,10 +207,6 @@ void History::After(const ChangeNotice& change) {
       if (!change.Failed) return Begin();
       // What could be read stands in place of the job before, which can be taken back.
       break;
-    case ChangeKind::ProjectReplaced:
-      // The showing of the first section belongs to the job that the history begins with.
-      if (entries_.empty()) Begin();
-      return;
     case ChangeKind::Registration:
     case ChangeKind::PrintAll:
     case ChangeKind::Export:
@@ -225,23 +222,26 @@ void History::After(const ChangeNotice& change) {
   Tell();
 }
 
-void History::NoteLook(const ChangeNotice& change) {
+// What one row, one accessory or the details hold otherwise than the state.
+void History::CompareTouched(const ChangeNotice& change, StateChange& found) const {
   switch (RuleOf(change.Kind).Subject) {
     case ChangeSubject::Section:
-      if (IsOfRow(change)) CompareSection(state_, change.Row, looked_);
-      break;
-    case ChangeSubject::SectionList:
-      if (change.Kind == ChangeKind::Delete) CompareSection(state_, change.Row, looked_);
+      if (IsOfRow(change)) CompareSection(state_, change.Row, found);
       break;
     case ChangeSubject::Accessory:
-      CompareAccessories(state_, looked_);
+      CompareAccessories(state_, found);
       break;
     case ChangeSubject::Details:
-      CompareDetails(state_, looked_);
+      CompareDetails(state_, found);
       break;
     default:
       break;
   }
+}
+
+void History::NoteLook(const ChangeNotice& change) {
+  if (change.Kind == ChangeKind::Delete) return CompareSection(state_, change.Row, looked_);
+  CompareTouched(change, looked_);
 }
 
 void History::NoteAllLooks() {
@@ -251,28 +251,16 @@ void History::NoteAllLooks() {
 }
 
 StateChange History::ChangeOf(const ChangeNotice& change) const {
+  const ChangeSubject subject = RuleOf(change.Kind).Subject;
   StateChange made;
-  switch (RuleOf(change.Kind).Subject) {
-    case ChangeSubject::Section:
-      if (IsOfRow(change)) CompareSection(state_, change.Row, made);
-      break;
-    case ChangeSubject::SectionList:
-      CompareRows(state_, made);
-      break;
-    case ChangeSubject::Accessory:
-      CompareAccessories(state_, made);
-      break;
-    case ChangeSubject::Details:
-      CompareDetails(state_, made);
-      break;
-    case ChangeSubject::WholeJob:
-      CompareRows(state_, made);
-      CompareAccessories(state_, made);
-      CompareDetails(state_, made);
-      break;
-    default:
-      break;
+  if (subject == ChangeSubject::SectionList || subject == ChangeSubject::WholeJob) {
+    CompareRows(state_, made);
   }
+  if (subject == ChangeSubject::WholeJob) {
+    CompareAccessories(state_, made);
+    CompareDetails(state_, made);
+  }
+  CompareTouched(change, made);
   return made;
 }
 
