@@ -1,16 +1,13 @@
-// The life of the open project: new, open, save, exit and their prompts. Everything goes through
-// TheDesktop and TheMainScreen.
+// The life of the open project: new, open, exit and their prompts; saving is a file of its own.
+// Everything goes through TheDesktop and TheMainScreen.
 #pragma once
 
 #include <string>
 
 #include "core/numbers.h"
+#include "project/saving.h"
 
 namespace orvane {
-
-// The last opening stopped half-way: the tables hold what it read, and their file is still the one
-// before, which they must not be written over. Until New, a whole opening or a save.
-extern Boolean NotFullyRead;
 
 // "New": the save prompt, then an empty project, whose details are asked for; it counts as changed.
 // A save asked for by Yes that failed or was cancelled stops neither this, nor "Open", nor the
@@ -33,13 +30,6 @@ void OpenFile(const std::string& path);
 // A file that couldn't be read to its end stands in place of the job, whose name shows that, and
 // whose next save asks for a file; or its opening was taken back and the job is there again.
 void MarkNotFullyRead(Boolean isSo);
-
-// "Save", and "Save As" with a true argument: true when the file was written. After a reading that
-// stopped half-way "Save" is "Save As". A cancelled dialog is no error and changes nothing. Texts
-// that the file can't hold are told with their places, and it is asked what to do; a project that
-// wouldn't open again isn't written. An error shows its description; the name, the flag and the
-// recent list then stay, and so does the file.
-bool SaveProject(Boolean SaveAs);
 
 // True when the system may close: asks about holes beyond a section's end, then about unsaved
 // changes; Yes and No both clear the flag, so that a second pass doesn't ask to save again.

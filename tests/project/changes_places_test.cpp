@@ -67,8 +67,8 @@ TEST(Places, The_search_knows_an_assignment) {
 }
 
 TEST(Places, The_changed_flag_is_set_by_the_gate_and_cleared_where_a_project_is_saved_or_given_up) {
-  EXPECT_EQ(FilesThatSet("ProjectDirty"),
-            (Files{"core/model.cpp", "project/changes.cpp", "project/lifecycle.cpp"}));
+  EXPECT_EQ(FilesThatSet("ProjectDirty"), (Files{"core/model.cpp", "project/changes.cpp",
+                                                 "project/lifecycle.cpp", "project/saving.cpp"}));
 }
 
 TEST(Places, The_sheet_of_the_window_is_drawn_by_the_sheet_alone) {

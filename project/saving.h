@@ -1,0 +1,49 @@
+// Saving the open project: the path, the questions, and what the window shows of it. Everything
+// goes through TheDesktop and TheMainScreen.
+#pragma once
+
+#include <string>
+
+#include "core/desktop.h"
+#include "core/numbers.h"
+
+namespace orvane {
+
+// The last opening stopped half-way: the tables hold what it read, and their file is still the one
+// before, which they must not be written over. Until New, a whole opening or a save.
+extern Boolean NotFullyRead;
+
+// The file dialog of a project, to open or to save; it starts beside the project's file.
+FileDialog ProjectDialog(const std::string& title);
+
+// Whether the changes are to be saved.
+Answer AskToSave(const std::string& title);
+
+// How a save ended.
+enum class Saving {
+  Done,
+  Failed,    // or was cancelled
+  WentThere  // the user went to a text that the file can't hold
+};
+
+// "Save", and "Save As" with a true argument. After a reading that stopped half-way "Save" is "Save
+// As". A cancelled dialog is no error and changes nothing. Texts that the file can't hold are told
+// with their places, and it is asked what to do; a project that wouldn't open again isn't written.
+// An error shows its description; the name, the flag and the recent list then stay, and so does the
+// file.
+Saving Save(Boolean SaveAs);
+
+// The same; true when the file was written.
+bool SaveProject(Boolean SaveAs);
+
+// The save that was asked for before the project goes; false if it mustn't go. It goes whatever
+// becomes of the save, as long as the user's work doesn't go with it.
+bool MayGoSaved(const std::string& title);
+
+// The job stands in that file.
+void TakeFileName(const std::string& path);
+
+// The changes are saved, or are to be lost.
+void ForgetChanges();
+
+}  // namespace orvane
