@@ -30,6 +30,15 @@ void Desktop::ShowError(const std::string& /*file*/, const std::string& descript
   Message(description);
 }
 
+void Desktop::RunApart(std::function<void()> action) {
+  try {
+    action();
+  } catch (const std::exception&) {
+    // As a thread of its own would lose it.
+    return;
+  }
+}
+
 void TellInMessageBox(const std::string& description) {
   TheDesktop().ShowError({}, description);
 }

@@ -59,6 +59,19 @@ class Desktop : public Clock {
   // at its end.
   virtual std::string UserDataFolder() = 0;
 
+  // Runs an action apart from the windows' thread, behind those handed over before, so that nobody
+  // waits for a disk. It touches no table and no screen, and what it raises is lost. Without a
+  // thread for it, it is run at once.
+  virtual void RunApart(std::function<void()> action);
+  // Waits until all that was handed over has run.
+  virtual void FinishApart() {}
+
+  // Bytes made smaller, for files that nobody else reads; and as they were before. A desktop that
+  // can't make them smaller leaves them as they are. Bytes that Compress hasn't made raise an
+  // error.
+  virtual std::string Compress(std::string_view bytes) { return std::string(bytes); }
+  virtual std::string Decompress(std::string_view bytes) { return std::string(bytes); }
+
   // Starts the help viewer on a file and does not wait for it.
   virtual void ShowHelp(const std::string& file) = 0;
 

@@ -130,6 +130,17 @@ std::string AbsolutePath(const std::string& path) {
   return path.empty() ? path : PathText(std::filesystem::absolute(NativePath(path)));
 }
 
+void MakePrivateFolder(const std::string& path) {
+  const std::filesystem::path folder = NativePath(path);
+  std::error_code error;
+  if (!std::filesystem::create_directories(folder, error)) {
+    if (error) throw SystemError(error.default_error_condition().value(), path);
+    return;
+  }
+  // A disk without permissions lets everybody look in anyway.
+  std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
+}
+
 bool IsRegularFile(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(NativePath(path), error);

@@ -34,6 +34,10 @@ std::string AbsolutePath(const std::string& path);
 // True for an ordinary file: no folder, no device.
 bool IsRegularFile(const std::string& path);
 
+// Makes a folder, which only the user may look into where the platform knows that, and those above
+// it. One that stands there stays as it is.
+void MakePrivateFolder(const std::string& path);
+
 // The last part of a path: what stands behind its last slash (or backslash, where the platform
 // separates folders with it).
 std::string FileName(const std::string& path);

@@ -81,6 +81,7 @@ class History {
   const Entry* StepBefore() const;
   const Entry* StepBehind() const;
   void MarkSaved();
+  void MarkUnsaved();
   bool IsChanged() const { return LastStep() != savedStep_; }
   bool Take(Direction direction, RestoredStep& restored);
   std::size_t Bytes() const { return bytes_ + stateBytes_; }
@@ -168,6 +169,11 @@ void History::MarkSaved() {
   if (state_.Rows.size() != static_cast<std::size_t>(Items.UBound())) return Begin();
   open_ = false;
   savedStep_ = LastStep();
+  Tell();
+}
+
+void History::MarkUnsaved() {
+  savedStep_ = 0;
   Tell();
 }
 
@@ -448,6 +454,10 @@ std::string StepToRedo() {
 
 void MarkSaved() {
   if (history) history->MarkSaved();
+}
+
+void MarkUnsaved() {
+  if (history) history->MarkUnsaved();
 }
 
 bool IsChangedSinceSaved() {

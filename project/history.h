@@ -40,6 +40,8 @@ std::string StepToRedo();
 // The job stands in its file now. And whether it does: false again once the steps since then have
 // been taken back. Without a history, and where nothing was done, it isn't changed.
 void MarkSaved();
+// The job stands in no file, though no step has been taken yet: it was opened from a copy.
+void MarkUnsaved();
 bool IsChangedSinceSaved();
 
 // What a step that was taken back or done again has touched, for whoever shows it.

@@ -1,5 +1,6 @@
 #include "project/lifecycle.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -23,16 +24,6 @@ namespace orvane {
 namespace {
 
 const std::string NoFile = "None";  // shown as the name of a project without one
-
-// The question before another project takes the place of this one; true when the action goes on.
-// The title is the same for both actions: what the user is asked is whether this project may go.
-bool MayReplaceProject() {
-  const std::string title = "New Project";
-  if (ProjectDirty == False) return true;
-  const Answer answer = AskToSave(title);
-  if (answer == Answer::Cancel) return false;
-  return answer == Answer::No || MayGoSaved(title);
-}
 
 // The file, before anything of it is read; none after its error was shown.
 std::optional<TextFile> OpenAndTell(const std::string& path) {
@@ -58,7 +49,48 @@ bool LengthsAllowExit() {
   return allowed;
 }
 
+// Reads a project into the model and shows it; what its file has to do with it is the caller's, and
+// is done before the first sheet is drawn. False after an error of reading, which was told.
+bool ShowWhatIsRead(TextFile& file, const std::function<void()>& takeName) {
+  MainScreen& screen = TheMainScreen();
+  screen.ForgetEditors();
+  CurrentItem = 0;  // its row may be gone before the sections are shown afresh
+
+  screen.ShowJobNote({});
+  ProjectNotes notes;
+  const auto read = [&] { notes = ReadProjectFile(file); };
+  const bool whole = Tell([&] { Change(ChangeKind::OpenProject, 0, read); });
+  screen.DisplayItems();
+  screen.ClearDetailPanel();
+  if (whole) screen.SetAccUsage();
+  screen.RefreshProjectDetails();
+  if (!whole) {
+    screen.ClearDrawing();
+    MarkNotFullyRead(True);
+    return false;
+  }
+  takeName();
+  screen.ShowJobNote(notes.Line());
+  ShowFirstItem();
+  return true;
+}
+
+// Opening counts as a change, so that leaving the project always brings the save prompt: looking at
+// a section already makes its holes afresh by the catalogue of today.
+void CountAsChanged() {
+  Change(ChangeKind::ProjectReplaced);
+}
+
 }  // namespace
+
+// The title is the same for both actions: what the user is asked is whether this project may go.
+bool MayReplaceProject() {
+  const std::string title = "New Project";
+  if (ProjectDirty == False) return true;
+  const Answer answer = AskToSave(title);
+  if (answer == Answer::Cancel) return false;
+  return answer == Answer::No || MayGoSaved(title);
+}
 
 void NewProject() {
   if (!MayReplaceProject()) return;
@@ -92,33 +124,24 @@ void OpenFile(const std::string& path) {
   // A file that is gone takes nothing off the screen.
   std::optional<TextFile> file = OpenAndTell(path);
   if (!file) return;
-  MainScreen& screen = TheMainScreen();
-  screen.ForgetEditors();
-  CurrentItem = 0;  // its row may be gone before the sections are shown afresh
-
-  screen.ShowJobNote({});
-  ProjectNotes notes;
-  const auto read = [&] { notes = ReadProjectFile(*file); };
-  if (!Tell([&] { Change(ChangeKind::OpenProject, 0, read); })) {
-    screen.DisplayItems();
-    screen.ClearDetailPanel();
-    screen.RefreshProjectDetails();
-    screen.ClearDrawing();
-    MarkNotFullyRead(True);
-    return;
-  }
-  SweepLeftovers(path, BackupEnding);
-  screen.DisplayItems();
-  screen.ClearDetailPanel();
-  screen.SetAccUsage();
-  screen.RefreshProjectDetails();
-  TakeFileName(path);
-  screen.ShowJobNote(notes.Line());
-  ShowFirstItem();
+  const bool whole = ShowWhatIsRead(*file, [&path] {
+    SweepLeftovers(path, BackupEnding);
+    TakeFileName(path);
+  });
+  if (!whole) return;
   AddRecent(path);
-  // Opening counts as a change, so that leaving the project always brings the save prompt: looking
-  // at a section already makes its holes afresh by the catalogue of today.
-  Change(ChangeKind::ProjectReplaced);
+  CountAsChanged();
+}
+
+bool OpenCopy(const std::string& bytes, const std::string& name) {
+  TextFile file(DecodeText(bytes));
+  const bool whole = ShowWhatIsRead(file, [&name] {
+    ProjectFileName = name;
+    MarkNotFullyRead(False);
+    MarkUnsaved();
+  });
+  if (whole) CountAsChanged();
+  return whole;
 }
 
 void MarkNotFullyRead(Boolean isSo) {

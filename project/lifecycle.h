@@ -16,6 +16,9 @@ namespace orvane {
 // it.
 void NewProject();
 
+// The save prompt before another project takes the place of this one; false if this one stays.
+bool MayReplaceProject();
+
 // "Open": the save prompt, then the open dialog, then OpenFile. The dialog starts in its own last
 // folder.
 void OpenProject();
@@ -26,6 +29,11 @@ void OpenProject();
 // and the name, the flag and the recent list stay; the name is shown as not fully read. A path of
 // blanks does nothing.
 void OpenFile(const std::string& path);
+
+// Opens a copy of a job, the bytes of a project file, as one that isn't saved: its file is `name`,
+// or none if that is empty, and stays as it is until a save. Asks nothing. One that can't be read
+// to its end ends as in OpenFile; false then.
+bool OpenCopy(const std::string& bytes, const std::string& name);
 
 // A file that couldn't be read to its end stands in place of the job, whose name shows that, and
 // whose next save asks for a file; or its opening was taken back and the job is there again.

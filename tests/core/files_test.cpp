@@ -146,6 +146,20 @@ TEST_F(Files, IsRegularFile_is_true_for_ordinary_files_only) {
   EXPECT_FALSE(IsRegularFile(""));
 }
 
+TEST_F(Files, A_private_folder_is_the_users_alone) {
+  using std::filesystem::perms;
+  const std::string path = TempPath("data/recovery");
+  MakePrivateFolder(path);
+  EXPECT_EQ(std::filesystem::status(path).permissions(), perms::owner_all);
+  // What somebody has set since then holds.
+  Mode(path, 0750);
+  MakePrivateFolder(path);
+  EXPECT_EQ(std::filesystem::status(path).permissions(),
+            perms::owner_all | perms::group_read | perms::group_exec);
+  TempFile("file", "");
+  EXPECT_EQ(ErrorOf([&] { MakePrivateFolder(TempPath("file/recovery")); }), "Path not found");
+}
+
 TEST_F(Files, FileName_is_what_stands_behind_the_last_slash) {
   EXPECT_EQ(FileName("/home/u/a.ovd"), "a.ovd");
   EXPECT_EQ(FileName("a.ovd"), "a.ovd");

@@ -9,6 +9,7 @@
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "core/settings.h"
+#include "project/history.h"
 #include "project/recent_files.h"
 #include "tests/project/lifecycle_fixture.h"
 
@@ -418,6 +419,39 @@ TEST_F(OpenFileTest, An_error_in_drawing_the_first_section_is_told_and_the_proje
                              StoredRecent({"@/job.ovd", "@/old.ovd", "/b.ovd"})}));
   EXPECT_EQ(ProjectFileName, JobPath());
   EXPECT_EQ(ProjectDirty, True);
+}
+
+TEST_F(OpenFileTest, A_copy_opens_as_changed_under_the_name_that_it_is_given) {
+  HoldOld(False);
+  BeginHistory();
+  WriteSmallProject(JobPath());
+  EXPECT_TRUE(OpenCopy(BytesOf(JobPath()), Path("@/north.ovd")));
+  EXPECT_EQ(Events(), Opened("@/north.ovd"));
+  EXPECT_EQ(Items.At(2).Mark, "R é");
+  EXPECT_EQ(ProjectFileName, Path("@/north.ovd"));
+  EXPECT_EQ(ProjectDirty, True);
+  EXPECT_TRUE(IsChangedSinceSaved());
+  EXPECT_EQ(StepToUndo(), "");
+  EXPECT_EQ(Recent(), (Log{"@/old.ovd", "/b.ovd", "", "", ""}));
+  EXPECT_FALSE(IsRegularFile(Path("@/north.ovd")));
+  EndHistory();
+}
+
+TEST_F(OpenFileTest, A_copy_without_a_name_is_a_job_without_a_file) {
+  HoldOld(False);
+  WriteSmallProject(JobPath());
+  EXPECT_TRUE(OpenCopy(BytesOf(JobPath()), ""));
+  EXPECT_EQ(Events(), Opened("None"));
+  EXPECT_EQ(ProjectFileName, "");
+  EXPECT_EQ(ProjectDirty, True);
+}
+
+TEST_F(OpenFileTest, A_copy_that_stops_half_way_takes_no_name) {
+  HoldOld(False);
+  EXPECT_FALSE(OpenCopy(Joined(With(SmallProjectLines(), line::Length, "x")), Path("@/north.ovd")));
+  EXPECT_EQ(Events(), Failed("Type mismatch"));
+  EXPECT_EQ(NotFullyRead, True);
+  ExpectKept(False);
 }
 
 TEST_F(OpenFileTest, A_recent_entry_opens_by_itself_and_stands_on_top_too) {

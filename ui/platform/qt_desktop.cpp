@@ -11,9 +11,11 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QtEndian>
 #include <algorithm>
 #include <vector>
 
+#include "core/runtime_error.h"
 #include "core/settings_file.h"
 #include "core/system_dates.h"
 #include "ui/platform/file_dialog.h"
@@ -274,6 +276,29 @@ std::string QtDesktop::UserDataFolder() {
       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Lintaro";
   QDir().mkpath(folder);
   return FromQt(QDir::toNativeSeparators(folder));
+}
+
+std::string QtDesktop::Compress(std::string_view bytes) {
+  const QByteArray packed =
+      qCompress(reinterpret_cast<const uchar*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+  return packed.toStdString();
+}
+
+std::string QtDesktop::Decompress(std::string_view bytes) {
+  // The length that it will have stands in front; a damaged one must not ask for all memory.
+  constexpr quint32 most = quint32{1} << 30;
+  constexpr std::size_t lengthBytes = sizeof(quint32);
+  const bool hasLength = bytes.size() >= lengthBytes;
+  const quint32 length = hasLength ? qFromBigEndian<quint32>(bytes.data()) : most + 1;
+  QByteArray whole;
+  if (length <= most) {
+    whole = qUncompress(reinterpret_cast<const uchar*>(bytes.data()),
+                        static_cast<qsizetype>(bytes.size()));
+  }
+  if (length > most || static_cast<quint32>(whole.size()) != length) {
+    throw RuntimeError(Failure::TypeMismatch, "The file is damaged");
+  }
+  return whole.toStdString();
 }
 
 Moment QtDesktop::Now() const {

@@ -1,12 +1,16 @@
 // What the logic needs of the person and the platform, on the toolkit.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/desktop.h"
+#include "ui/platform/apart_thread.h"
 
 namespace orvane {
 
@@ -25,12 +29,17 @@ class QtDesktop : public Desktop {
   void ProcessEvents() override;
   std::string ShortDateForm() const override;
   SettingsStore& Settings() override { return *settings_; }
+  void RunApart(std::function<void()> action) override { apart_.Run(std::move(action)); }
+  void FinishApart() override { apart_.Finish(); }
+  std::string Compress(std::string_view bytes) override;
+  std::string Decompress(std::string_view bytes) override;
   void ShowHelp(const std::string& file) override;
   std::string UserDataFolder() override;
   Moment Now() const override;
 
  private:
   std::unique_ptr<SettingsStore> settings_;
+  ApartThread apart_;
 };
 
 // The user's own store: the registry where there is one, else the settings file.
