@@ -16,6 +16,7 @@
 #include "project/project_backup.h"
 #include "project/project_layout.h"
 #include "project/unfit_texts.h"
+#include "project/versions.h"
 
 namespace orvane {
 
@@ -175,31 +176,48 @@ namespace {
 
 // What is told of a job that was saved.
 std::string LineOf(const FormerContent& former, const std::string& path) {
-  if (former.Trouble.empty()) return {};
-  return "Saved, but the version before is not kept as " + FileName(path) +
-         ".bak: " + former.Trouble;
+  if (!former.Trouble.empty()) {
+    return "Saved, but the version before is not kept as " + FileName(path) +
+           ".bak: " + former.Trouble;
+  }
+  // It may be that of a save before, which went on apart from it.
+  const std::string trouble = TakeVersionTrouble();
+  return trouble.empty() ? "" : "Saved, but an earlier version is not kept: " + trouble;
+}
+
+// Where a person finds what a job holds that is to be written over in its place: in the backup, or
+// else among the earlier versions, where it is put on the spot. Without such a place the error is
+// raised.
+std::string PlaceOfFormer(const std::string& path, const FormerContent& former,
+                          const std::string& why) {
+  if (!former.KeptAs.empty()) return former.KeptAs;
+  std::string trouble = former.Trouble.empty() ? "it doesn't read back whole" : former.Trouble;
+  if (former.Bytes && KeepsVersions()) {
+    try {
+      KeepVersion(VersionOf(path, VersionKind::BeforeSave, *former.Bytes));
+      return "Tools, Earlier versions";
+    } catch (const RuntimeError& error) {
+      trouble += "; as an earlier version: " + error.Description();
+    }
+  }
+  throw ErrorInFile(path, RuntimeError(Failure::PermissionDenied,
+                                       why +
+                                           ". It can only be written in its place, and what it "
+                                           "holds now is not kept first: " +
+                                           trouble + ".\rSave under another name."));
 }
 
 // Writes over the job in its place, which must not begin before what it holds stands elsewhere.
 void WriteInPlace(const std::string& path, const std::string& text, const FormerContent& former,
                   const std::string& why) {
-  if (former.KeptAs.empty()) {
-    const std::string& trouble = former.Trouble;
-    throw ErrorInFile(
-        path, RuntimeError(Failure::PermissionDenied,
-                           why +
-                               ". It can only be written in its place, and what it holds now is "
-                               "not kept first: " +
-                               (trouble.empty() ? "it doesn't read back whole" : trouble) +
-                               ".\rSave under another name."));
-  }
+  const std::string place = PlaceOfFormer(path, former, why);
   const Overwriting done = OverwriteWholeFile(path, text, former.Bytes.value_or(""));
   if (!done.Error) return;
   if (done.HoldsFormer) throw *done.Error;
-  throw ErrorInFile(path, RuntimeError(done.Error->Number(),
-                                       done.Error->Description() + "\r" + FileName(path) +
-                                           " is only half written. What it held before stands in " +
-                                           former.KeptAs));
+  throw ErrorInFile(
+      path, RuntimeError(done.Error->Number(),
+                         done.Error->Description() + "\r" + FileName(path) +
+                             " is only half written. What it held before stands in " + place));
 }
 
 }  // namespace
@@ -215,6 +233,9 @@ std::string WriteProjectText(const std::string& path, const std::string& text) {
     } catch (const NoFileBeside& refused) {
       WriteInPlace(path, text, former, refused.Description());
     }
+  }
+  if (former.Bytes && KeepsVersions()) {
+    KeepVersionApart(VersionOf(path, VersionKind::BeforeSave, *former.Bytes));
   }
   return LineOf(former, path);
 }

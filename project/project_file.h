@@ -22,9 +22,11 @@ std::string ProjectText(const JobView& job);
 // file with this text, ProjectText, in the place of the former one in one step, with its
 // permissions; a link stays one. On an error, which is raised, the former file stands whole. Only a
 // file that has other names, or whose folder takes no file, is written in its place, and only once
-// its content is kept; an error then brings that back, or says where it stands. What dead programs
-// have left beside the file is swept. Gives a line that tells of a former content that wasn't kept
-// although it could be; empty for nothing.
+// its content is kept, in the backup or else as an earlier version; an error then brings that back,
+// or says where it stands. What dead programs have left beside the file is swept. Once the job is
+// written, its former content, whatever it was, becomes an earlier version (KeepVersionApart).
+// Gives a line that tells of a former content that wasn't kept although it could be; empty for
+// nothing.
 std::string WriteProjectText(const std::string& path, const std::string& text);
 
 // Builds the text of the open project and writes it, for who has nobody to ask: a text that would
