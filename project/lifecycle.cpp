@@ -12,6 +12,7 @@
 #include "core/text_file.h"
 #include "project/changes.h"
 #include "project/history.h"
+#include "project/left_unsaved.h"
 #include "project/length_check.h"
 #include "project/main_screen.h"
 #include "project/project_backup.h"
@@ -49,9 +50,16 @@ bool LengthsAllowExit() {
   return allowed;
 }
 
+// What is lost when the job goes is kept as an earlier one of its file's. A job that was read half
+// is none of those that had the file's name.
+void KeepWhatIsLost() {
+  KeepUnsaved(NotFullyRead == False ? ProjectFileName : std::string());
+}
+
 // Reads a project into the model and shows it; what its file has to do with it is the caller's, and
 // is done before the first sheet is drawn. False after an error of reading, which was told.
 bool ShowWhatIsRead(TextFile& file, const std::function<void()>& takeName) {
+  KeepWhatIsLost();
   MainScreen& screen = TheMainScreen();
   screen.ForgetEditors();
   CurrentItem = 0;  // its row may be gone before the sections are shown afresh
@@ -94,6 +102,7 @@ bool MayReplaceProject() {
 
 void NewProject() {
   if (!MayReplaceProject()) return;
+  KeepWhatIsLost();
   MainScreen& screen = TheMainScreen();
   screen.ForgetEditors();
 
@@ -150,8 +159,10 @@ void MarkNotFullyRead(Boolean isSo) {
   TheMainScreen().ShowFileName(name + (isSo == False ? "" : " (not fully read)"));
 }
 
-bool ExitProject() {
-  if (!LengthsAllowExit()) return false;
+namespace {
+
+// The save prompt at the exit; false if the project stays.
+bool MayExit() {
   if (ProjectDirty == False) return true;
   const std::string title = "Exit";
   const Answer answer = AskToSave(title);
@@ -160,6 +171,15 @@ bool ExitProject() {
   if (answer == Answer::No || MayGoSaved(title)) return true;
   ProjectDirty = True;
   return false;
+}
+
+}  // namespace
+
+bool ExitProject() {
+  if (!LengthsAllowExit() || !MayExit()) return false;
+  KeepWhatIsLost();
+  TheDesktop().FinishApart();
+  return true;
 }
 
 }  // namespace orvane

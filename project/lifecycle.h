@@ -9,6 +9,9 @@
 
 namespace orvane {
 
+// New, an opening and the exit keep what they lose of a changed job (project/left_unsaved); the
+// exit waits until that is done.
+
 // "New": the save prompt, then an empty project, whose details are asked for; it counts as changed.
 // A save asked for by Yes that failed or was cancelled stops neither this, nor "Open", nor the
 // exit, as long as the project then goes to the user's data folder. If it can't be kept there

@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "project/history.h"
+#include "project/left_unsaved.h"
 #include "project/main_screen.h"
 #include "project/project_file.h"
 #include "project/project_recovery.h"
@@ -102,7 +103,11 @@ bool SaveProject(Boolean SaveAs) {
 bool MayGoSaved(const std::string& title) {
   const Saving saving = Save(False);
   if (saving == Saving::WentThere) return false;
-  if (saving == Saving::Done || KeepRecoveredProject()) return true;
+  if (saving == Saving::Done) return true;
+  if (KeepRecoveredProject()) {
+    MarkCopied();
+    return true;
+  }
   return TheDesktop().ShowMessageBox(
              "The project isn't saved, and no copy that opens could be put into your data folder "
              "either.\rLeave it all the same? What was changed in it is lost then.",
