@@ -74,6 +74,9 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuOutput, Command::None,                 "",                            "", "",       ""},
     {Place::mnuOutput, Command::ExportCam,            "&Export CAM File",            "", "Ctrl+E", "export"},
 
+    // &Tools
+    {Place::mnuTools, Command::EarlierVersions, "Earlier &versions...", "", "", "versions", 0, 0, "mnuToolsVersions"},
+
     // &Help
     {Place::mnuHelp, Command::HelpIndex,    "&Help Index",          "", "F1", "help"},
     {Place::mnuHelp, Command::About,        "&About",               "", "",   "about"},

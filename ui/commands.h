@@ -47,6 +47,7 @@ enum class Command {
   ClearAccessory,
   Undo,
   Redo,
+  EarlierVersions,
 };
 
 // Where an entry stands. The name is that of the control array.
@@ -56,6 +57,7 @@ enum class Place {
   mnuEdit,
   mnuSection,
   mnuOutput,
+  mnuTools,
   mnuHelp,
   mnuCHPUI,
   mnuAccPUI
@@ -87,10 +89,11 @@ struct BarMenu {
 };
 
 // In the order of the bar. Those of mnuBar keep their indices whatever stands between them.
-constexpr std::array<BarMenu, 5> BarMenus = {{{Place::mnuProject, "&Project", "mnuBar(0)"},
+constexpr std::array<BarMenu, 6> BarMenus = {{{Place::mnuProject, "&Project", "mnuBar(0)"},
                                               {Place::mnuEdit, "&Edit", "mnuEdit"},
                                               {Place::mnuSection, "&Section", "mnuBar(1)"},
                                               {Place::mnuOutput, "&Output", "mnuBar(2)"},
+                                              {Place::mnuTools, "&Tools", "mnuTools"},
                                               {Place::mnuHelp, "&Help", "mnuBar(3)"}}};
 
 }  // namespace orvane

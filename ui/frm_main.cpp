@@ -20,6 +20,7 @@
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_max_dims.h"
 #include "ui/dialogs/frm_registration.h"
+#include "ui/dialogs/frm_versions.h"
 #include "ui/platform/content_area.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -54,6 +55,7 @@ bool KeepsLetters(Command command) {
     case Command::Recent:
     case Command::Undo:
     case Command::Redo:
+    case Command::EarlierVersions:
       return true;
     default:
       return false;
@@ -332,6 +334,8 @@ void FrmMain::Dispatch(Command command, int number) {
       return TakeStep(true);
     case Command::Redo:
       return TakeStep(false);
+    case Command::EarlierVersions:
+      return OpenEarlierVersion();
     case Command::ExportCam:
       return ExportCAM();
     case Command::ToggleDrawing:
@@ -394,6 +398,12 @@ void FrmMain::ShowRegistration() {
   FrmRegistration(this).exec();
   // Every change shows on the sheet at once.
   ShowSelectedRow();
+}
+
+void FrmMain::OpenEarlierVersion() {
+  FrmVersions versions(this);
+  if (versions.exec() != QDialog::Accepted || !MayReplaceProject()) return;
+  OpenCopy(versions.Text(), {});
 }
 
 void FrmMain::ForgetEditors() {

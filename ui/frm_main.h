@@ -96,6 +96,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   bool LeadsToUndecided();
   void Exit();
   void ShowRegistration();
+  void OpenEarlierVersion();
   void EditSection(const std::function<void(std::int16_t)>& edit);
   // A step is taken back, or done again; in a field outside the tables its own typing first.
   void TakeStep(bool back);

@@ -46,6 +46,8 @@ std::string_view ArrayName(Place place) {
       return "mnuSection";
     case Place::mnuOutput:
       return "mnuOutput";
+    case Place::mnuTools:
+      return "mnuTools";
     case Place::mnuHelp:
       return "mnuHelp";
     case Place::mnuCHPUI:

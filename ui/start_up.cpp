@@ -4,7 +4,9 @@
 #include <QProxyStyle>
 
 #include "core/catalogues.h"
+#include "core/desktop.h"
 #include "core/settings.h"
+#include "project/versions.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_registration.h"
 #include "ui/platform/alt_letters.h"
@@ -41,6 +43,10 @@ void PrepareApplication() {
   KeepAltFromTyping();
 }
 
+StartUp::~StartUp() {
+  KeepVersionsIn({});
+}
+
 void StartUp::LoadAccessories() {
   LoadAccessoryCatalogues();
 }
@@ -66,6 +72,7 @@ void StartUp::AskRegistration() {
 }
 
 void StartUp::ShowMain() {
+  KeepVersionsIn(TheDesktop().UserDataFolder());
   details_ = std::make_unique<FrmProjectDetails>();
   main_ = std::make_unique<FrmMain>(*details_);
   main_->Load();

@@ -18,6 +18,7 @@ class StartUp {
   StartUp() = default;
   StartUp(const StartUp&) = delete;
   StartUp& operator=(const StartUp&) = delete;
+  ~StartUp();
 
   void LoadAccessories();  // accs1.csv, accs2.csv, the size of AccUsed
   void SetSettingsRoot();  // where the settings lie

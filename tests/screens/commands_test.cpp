@@ -1,6 +1,7 @@
 // The table of commands, and the toolbar and menus made from it.
 #include <QMenuBar>
 #include <algorithm>
+#include <array>
 #include <set>
 #include <tuple>
 
@@ -183,11 +184,11 @@ TEST(Commands, Captions_and_tips_of_the_families_are_those_of_the_section_famili
   }
 }
 
-TEST(Commands, The_bar_has_the_four_menus_and_behind_the_first_that_of_editing) {
+TEST(Commands, The_bar_has_the_four_menus_with_those_of_editing_and_of_tools_between_them) {
   std::vector<std::string> captions;
   for (const BarMenu& menu : BarMenus) captions.emplace_back(menu.Caption);
-  EXPECT_EQ(captions,
-            (std::vector<std::string>{"&Project", "&Edit", "&Section", "&Output", "&Help"}));
+  EXPECT_EQ(captions, (std::vector<std::string>{"&Project", "&Edit", "&Section", "&Output",
+                                                "&Tools", "&Help"}));
 }
 
 TEST(Commands, Shortcuts_are_as_told) {
@@ -271,11 +272,12 @@ TEST_F(CommandsOnScreen, Every_button_stands_on_the_toolbar_with_its_text_tip_an
 }
 
 TEST_F(CommandsOnScreen, Every_menu_holds_its_entries_in_the_order_of_their_index) {
-  ASSERT_EQ(main->menuBar()->actions().size(), 5);
+  ASSERT_EQ(main->menuBar()->actions().size(), 6);
+  // Those of editing and of tools stand between them.
+  const std::array<qsizetype, 4> places = {0, 2, 3, 5};
   for (std::size_t i = 0; i < Menus.size(); ++i) {
     SCOPED_TRACE(Menus[i].Name);
-    // The second is that of editing.
-    QAction* onBar = main->menuBar()->actions().at(static_cast<qsizetype>(i == 0 ? i : i + 1));
+    QAction* onBar = main->menuBar()->actions().at(places.at(i));
     EXPECT_EQ(FromQt(onBar->text()), Menus[i].BarCaption);
     auto& menu = Find<QMenu>(Indexed("mnuBar", static_cast<int>(i)));
     EXPECT_EQ(onBar->menu(), &menu);
@@ -330,6 +332,13 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
   EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
   EXPECT_FALSE(Entry("mnuEditUndo").icon().isNull());
   EXPECT_FALSE(Entry("mnuEditRedo").icon().isNull());
+}
+
+TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
+  EXPECT_EQ(main->menuBar()->actions().at(4)->menu(), &Find<QMenu>("mnuTools"));
+  EXPECT_EQ(Find<QMenu>("mnuTools").actions(), QList{&Entry("mnuToolsVersions")});
+  EXPECT_EQ(FromQt(Entry("mnuToolsVersions").text()), "Earlier &versions...");
+  EXPECT_FALSE(Entry("mnuToolsVersions").icon().isNull());
 }
 
 }  // namespace orvane::test
