@@ -139,21 +139,28 @@ ProjectContent CheckProjectContent(const std::string& bytes) {
   }
 }
 
-FormerContent KeepFormerContent(const std::string& path) {
+FormerContent ReadFormerContent(const std::string& path) {
   FormerContent former;
   try {
-    if (!IsRegularFile(path)) return former;
-    former.Bytes = ReadWholeFile(path);
+    if (IsRegularFile(path)) former.Bytes = ReadWholeFile(path);
+  } catch (const std::exception& error) {
+    former.Trouble = error.what();
+  }
+  return former;
+}
+
+void KeepFormerContent(const std::string& path, FormerContent& former) {
+  try {
+    if (!former.Bytes) return;
     const std::string backup = path + std::string(BackupEnding);
-    if (!IsWorthKeeping(*former.Bytes, backup)) return former;
+    if (!IsWorthKeeping(*former.Bytes, backup)) return;
     former.Trouble = Obstacle(backup);
-    if (!former.Trouble.empty()) return former;
+    if (!former.Trouble.empty()) return;
     ReplaceWholeFile(backup, *former.Bytes, path);
     former.KeptAs = backup;
   } catch (const std::exception& error) {
     former.Trouble = error.what();
   }
-  return former;
 }
 
 }  // namespace orvane

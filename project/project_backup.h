@@ -36,12 +36,15 @@ struct FormerContent {
   std::string Trouble;  // why it isn't kept although it should be
 };
 
-// Copies the content of `path` to PATH.bak, with its permissions, synced and then put in place in
+// Reads what a file holds that is about to be replaced. Nothing is raised.
+FormerContent ReadFormerContent(const std::string& path);
+
+// Copies that content of `path` to PATH.bak, with its permissions, synced and then put in place in
 // one step. Only an ordinary file that reads back whole, an old or odd one too, is copied, lest a
 // half-written file replace a good backup; one that opens but was cut is copied where no backup
 // stands yet, since saving it is how the rest of it would be lost. A link, a folder or whatever
 // else bears the backup's name is left alone. Nothing is raised: a missing backup alone must not
 // stop the saving.
-FormerContent KeepFormerContent(const std::string& path);
+void KeepFormerContent(const std::string& path, FormerContent& former);
 
 }  // namespace orvane

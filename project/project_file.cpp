@@ -13,7 +13,6 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "core/text_file.h"
-#include "project/project_backup.h"
 #include "project/project_layout.h"
 #include "project/unfit_texts.h"
 #include "project/versions.h"
@@ -223,8 +222,13 @@ void WriteInPlace(const std::string& path, const std::string& text, const Former
 }  // namespace
 
 std::string WriteProjectText(const std::string& path, const std::string& text) {
+  return WriteProjectText(path, text, ReadFormerContent(path));
+}
+
+std::string WriteProjectText(const std::string& path, const std::string& text,
+                             FormerContent former) {
   SweepLeftovers(path, BackupEnding);
-  const FormerContent former = KeepFormerContent(path);
+  KeepFormerContent(path, former);
   if (HasOtherNames(path)) {
     WriteInPlace(path, text, former, "The file has other names on the disk");
   } else {

@@ -8,6 +8,7 @@
 #include "core/model.h"
 #include "core/text_file.h"
 #include "project/job.h"
+#include "project/project_backup.h"
 
 namespace orvane {
 
@@ -28,6 +29,9 @@ std::string ProjectText(const JobView& job);
 // Gives a line that tells of a former content that wasn't kept although it could be; empty for
 // nothing.
 std::string WriteProjectText(const std::string& path, const std::string& text);
+// The same by who has read the former content already.
+std::string WriteProjectText(const std::string& path, const std::string& text,
+                             FormerContent former);
 
 // Builds the text of the open project and writes it, for who has nobody to ask: a text that would
 // come back otherwise is an error that names its places, and touches no file.
