@@ -171,12 +171,6 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
   return true;
 }
 
-// A flag for each accessory, none of them set.
-void ClearUsedFlags() {
-  AccUsed.Clear();
-  AccUsed.Resize(AccType1Count + AccType2Count);
-}
-
 }  // namespace
 
 bool LoadSectionDims(const std::string& path) {
@@ -213,6 +207,11 @@ bool LoadSectionCatalogues() {
   const bool dims = LoadSectionDims(ProgramPath(DimsFile));
   const bool patterns = LoadPunchPatterns(ProgramPath(PunchFile));
   return dims && patterns;
+}
+
+void ClearUsedFlags() {
+  AccUsed.Clear();
+  AccUsed.Resize(AccType1Count + AccType2Count);
 }
 
 CatalogueTables LoadedCatalogues() {

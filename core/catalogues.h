@@ -37,6 +37,9 @@ bool LoadAccessories2(const std::string& path);
 bool LoadAccessoryCatalogues();
 bool LoadSectionCatalogues();
 
+// A flag in AccUsed for each accessory of the catalogues and no more, none of them set.
+void ClearUsedFlags();
+
 // All that the four files gave, kept while the tables are reset between two jobs.
 struct CatalogueTables {
   Table<SectionDim> Dims;

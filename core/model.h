@@ -175,7 +175,9 @@ using TextRows = Table<Table<std::string>>;
 extern Table<Item> Items;          // the project's sections
 extern Table<AccLine1> AccLines1;  // the project's accessory lines, type 1
 extern Table<AccLine2> AccLines2;  // and type 2
-extern Table<Boolean> AccUsed;     // one flag for each AccDefs row: the project has lines of it
+// One flag for each AccDefs row: the project has lines of it. Behind them those that its file has
+// beyond the catalogues.
+extern Table<Boolean> AccUsed;
 // Project details: Orvane number, job number, customer, project, designer.
 extern std::array<std::string, 5> txtProject;
 extern Date DTPicker1;                           // project date

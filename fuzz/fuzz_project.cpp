@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   const std::string path = fuzz::InputFile(data, size);
   Succeeds([&] { ReadProjectFile(path); });
-  if (AccUsed.UBound() != 21) fuzz::Fail("the number of flags has changed");
+  if (AccUsed.UBound() < 21) fuzz::Fail("flags of the catalogue's accessories are missing");
   Succeeds([] { ProjectText(); });
   for (int row = 1; row <= Items.UBound(); ++row) {
     Succeeds([row] {

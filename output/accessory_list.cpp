@@ -1,11 +1,11 @@
 #include "output/accessory_list.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "core/desktop.h"
 #include "core/numbers.h"
 #include "output/accessory_rows.h"
+#include "project/accessory_lines.h"
 #include "project/changes.h"
 #include "project/error_names.h"
 
@@ -116,8 +116,7 @@ void WriteLines2(FactoryWriter& out) {
 }  // namespace
 
 ListOutcome ExportAccList(const std::string& camPath) {
-  const auto used = [](Boolean flag) { return flag != False; };
-  if (std::none_of(AccUsed.begin(), AccUsed.end(), used)) return ListOutcome::NotNeeded;
+  if (AccessoriesInUse().empty()) return ListOutcome::NotNeeded;
   const auto write = [&] {
     WriteFactoryFile(AccListPath(camPath), AccListFile(TheDesktop().Now()));
   };

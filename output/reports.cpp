@@ -20,6 +20,7 @@
 #include "output/output_screen.h"
 #include "output/page_room.h"
 #include "output/sheet_errors.h"
+#include "project/accessory_lines.h"
 #include "project/changes.h"
 #include "project/error_names.h"
 #include "project/rules/accessory_rules.h"
@@ -97,15 +98,6 @@ bool DrawAllSheets(PrintSurface& surface, RebuiltSections& rebuilt, SheetErrors&
     if (!TheOutputScreen().GoesOn(row, last)) return false;
   }
   return true;
-}
-
-// The accessories in use, rows of AccDefs.
-std::vector<std::int16_t> AccessoriesInUse() {
-  std::vector<std::int16_t> rows;
-  for (int row = 1; row <= AccUsed.UBound(); ++row) {
-    if (AccUsed.At(row) != False) rows.push_back(Int16(row));
-  }
-  return rows;
 }
 
 // The rows of an accessory's sheet. A number off for a size that the catalogue hasn't got would be

@@ -23,6 +23,24 @@ void SortLinesBy(Field Line::*second, Table<Line>& lines) {
 
 }  // namespace
 
+std::vector<std::int16_t> AccessoriesInUse() {
+  std::vector<std::int16_t> rows;
+  // A job may have more flags than there are accessories.
+  for (int row = 1; row <= std::min(AccUsed.UBound(), AccDefs.UBound()); ++row) {
+    if (AccUsed.At(row) != False) rows.push_back(Int16(row));
+  }
+  return rows;
+}
+
+bool IsBeyondCatalogue(const AccLine1& line) {
+  return line.AccIndex != 0 && (line.AccIndex < 1 || line.AccIndex > AccType1Count);
+}
+
+bool IsBeyondCatalogue(const AccLine2& line) {
+  return line.AccIndex != 0 &&
+         (line.AccIndex <= AccType1Count || line.AccIndex > AccType1Count + AccType2Count);
+}
+
 void ClearAccLines(std::int16_t Type, std::int16_t AccIndex) {
   if (Type == 1) RemoveLinesOf(AccIndex, AccLines1);
   if (Type == 2) RemoveLinesOf(AccIndex, AccLines2);

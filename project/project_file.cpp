@@ -13,6 +13,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "core/text_file.h"
+#include "project/accessory_lines.h"
 #include "project/project_layout.h"
 #include "project/unfit_texts.h"
 #include "project/versions.h"
@@ -48,6 +49,9 @@ class ProjectWriter {
   void Number(float field) { lines_.NumberLine(field); }
   void Number(double field) { lines_.NumberLine(field); }
   void Flag(Boolean flag) { lines_.NumberLine(ToBoolean(flag != False)); }
+  void FlagsBehind(const Table<Boolean>& flags, int count) {
+    for (int row = count + 1; row <= flags.UBound(); ++row) Flag(flags.At(row));
+  }
 
   template <class List>
   int Count(const List& table) {
@@ -97,6 +101,13 @@ class ProjectReader {
   void Number(float& field) { field = file_.ReadFloat(); }
   void Number(double& field) { field = file_.ReadDouble(); }
   void Flag(Boolean& flag) { flag = ToBoolean(file_.ReadDouble() != 0); }
+  void FlagsBehind(Table<Boolean>& flags, int) {
+    while (!file_.AtEnd()) {
+      Boolean flag = False;
+      Flag(flag);
+      flags.Append(flag);
+    }
+  }
 
   template <class Row>
   int Count(const Table<Row>&) {
@@ -123,18 +134,48 @@ class ProjectReader {
   ProjectNotes notes_;
 };
 
+template <class Line>
+int LinesBeyondCatalogue(const Table<Line>& lines) {
+  return static_cast<int>(std::count_if(lines.begin(), lines.end(),
+                                        [](const Line& line) { return IsBeyondCatalogue(line); }));
+}
+
 ProjectNotes ReadRecords(TextFile& file, JobRecords job) {
   ProjectReader reader(file);
   DescribeSections(reader, job);
 
   job.AccLines2.Clear();
+  // Of the flags of the project before, those that the catalogues have stay where a file has none.
+  const int accessories = AccType1Count + AccType2Count;
+  job.AccUsed.Resize(std::min(job.AccUsed.UBound(), accessories));
   try {
     DescribeType2Lines(reader, job);
     DescribeFlags(reader, job);
   } catch (const std::exception&) {
     // The whole of the handling of old files: they end in front of the type 2 lines or the flags.
   }
-  return reader.Notes();
+  ProjectNotes notes = reader.Notes();
+  notes.FlagsBeyond = std::max(job.AccUsed.UBound() - accessories, 0);
+  notes.LinesBeyond = LinesBeyondCatalogue(job.AccLines1) + LinesBeyondCatalogue(job.AccLines2);
+  return notes;
+}
+
+// "3 marks"
+std::string Counted(int count, const std::string& what) {
+  return DecimalText(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+// What the catalogues lack of a job, by how much; empty for nothing.
+std::string BeyondText(int flags, int lines) {
+  if (flags == 0 && lines == 0) return {};
+  std::string what;
+  if (flags > 0) what = Counted(flags, "accessory mark");
+  if (flags > 0 && lines > 0) what += " and ";
+  if (lines > 0) what += Counted(lines, "accessory line");
+  const bool one = flags + lines == 1;
+  return what + " of this job " + (one ? "isn't" : "aren't") +
+         " in the catalogue: " + (one ? "it is" : "they are") +
+         " kept, but can't be shown or edited";
 }
 
 }  // namespace
@@ -245,8 +286,11 @@ std::string WriteProjectText(const std::string& path, const std::string& text,
 }
 
 std::string ProjectNotes::Line() const {
-  return UnreadDate ? "The date \"" + *UnreadDate + "\" can't be read; today's is in its place"
-                    : "";
+  const std::string beyond = BeyondText(FlagsBeyond, LinesBeyond);
+  if (!UnreadDate) return beyond;
+  const std::string date =
+      "The date \"" + *UnreadDate + "\" can't be read; today's is in its place";
+  return beyond.empty() ? date : date + ". " + beyond;
 }
 
 ProjectNotes ReadProjectFile(const std::string& path) {

@@ -16,7 +16,8 @@ namespace orvane {
 // line can't hold, or more rows than 16 bits count, raise "Overflow"; an item or line that holds
 // fewer rows than its count raises "Subscript out of range".
 std::string ProjectText();
-// The same of any job. The flags are as many as the present catalogues have accessories.
+// The same of any job. The flags are as many as the present catalogues have accessories, or more
+// where the job has more.
 std::string ProjectText(const JobView& job);
 
 // The disk's half of SaveProject: keeps the former content (KeepFormerContent), then puts a new
@@ -42,6 +43,12 @@ struct ProjectNotes {
   // A date line that no form fits. The date of such a project is today's: a date is soon typed, and
   // a job that can't be opened is lost.
   std::optional<std::string> UnreadDate;
+
+  // Flags of AccUsed, and accessory lines, of accessories that the present catalogues haven't got:
+  // another catalogue than the job was made with, or one that couldn't be read to its end. They
+  // stand in the tables, so that saving writes them back, but nothing shows them.
+  int FlagsBeyond = 0;
+  int LinesBeyond = 0;
 
   // The line; empty for nothing.
   std::string Line() const;

@@ -10,6 +10,8 @@
 //   Number(field)             a number line for a 16-bit, 32-bit float or 64-bit float field
 //   Sign(text)                a plain line for a sign or none; blanks are none
 //   Flag(flag)                a number line for a flag of AccUsed
+//   FlagsBehind(flags, count) such lines for all that stand behind the first `count`: those of the
+//                             table when it is written, all that the file has left when it is read
 //   Count(table)              a number line for the number of a table's rows, which it returns:
 //                             that of the table when it is written, that of the file when it is
 //                             read
@@ -155,12 +157,13 @@ void DescribeType2Lines(Visitor& visit, Records& job) {
   visit.Rows(job.AccLines2, 1, lines);
 }
 
-// The end of the file: as many flags as the present catalogues have accessories. No line tells
-// their number.
+// The end of the file: as many flags as the present catalogues have accessories, and behind them
+// those of a job that was saved by longer catalogues. No line tells their number.
 template <class Visitor, class Records>
 void DescribeFlags(Visitor& visit, Records& job) {
   const int flags = AccType1Count + AccType2Count;
   for (int row = 1; row <= flags; ++row) visit.Flag(job.AccUsed.At(row));
+  visit.FlagsBehind(job.AccUsed, flags);
 }
 
 }  // namespace orvane

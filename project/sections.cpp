@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/catalogues.h"
 #include "core/runtime_error.h"
 #include "core/section_families.h"
 #include "holes/hole_coding.h"
@@ -202,8 +203,8 @@ void NewProjectTables(const Date& today) {
   ProjectFileName.clear();
   AccLines1.Clear();
   AccLines2.Clear();
-  // The flags go, their number stays: it is the catalogues' and not the project's.
-  std::fill(AccUsed.begin(), AccUsed.end(), False);
+  // So do the flags of a job with more accessories than the catalogues have.
+  ClearUsedFlags();
 }
 
 }  // namespace orvane

@@ -44,8 +44,9 @@ enum class SortKey { Mark = 1, Product = 2, Length = 3 };
 std::vector<int> SortItemRows(SortKey Key);
 
 // The table half of NewProject: empties the sections, the accessory lines and the project details,
-// sets every flag of AccUsed false (keeping their number), CurrentItem 0, ProjectFileName empty and
-// the project date to `today`. ProjectDirty stays; the command sets it last.
+// sets every flag of AccUsed false (as many as the catalogues have accessories), CurrentItem 0,
+// ProjectFileName empty and the project date to `today`. ProjectDirty stays; the command sets it
+// last.
 void NewProjectTables(const Date& today);
 
 }  // namespace orvane

@@ -39,6 +39,9 @@ class ReadBack {
   void Number(float field) { NeedDigits(file_.ReadFloat(), field); }
   void Number(double field) { NeedDigits(file_.ReadDouble(), field); }
   void Flag(Boolean flag) { Need((file_.ReadDouble() != 0) == (flag != False)); }
+  void FlagsBehind(const Table<Boolean>& flags, int count) {
+    for (int row = count + 1; row <= flags.UBound(); ++row) Flag(flags.At(row));
+  }
 
   template <class List>
   int Count(const List& table) {

@@ -15,6 +15,7 @@
 #include "core/text_file.h"
 #include "output/cam_export.h"
 #include "output/reports.h"
+#include "project/accessory_lines.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
 #include "project/section_look.h"
@@ -40,7 +41,7 @@ void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth) {
 }
 
 bool UsesAccessories() {
-  return std::any_of(AccUsed.begin(), AccUsed.end(), [](Boolean flag) { return flag != False; });
+  return !AccessoriesInUse().empty();
 }
 
 // Accessory lines that no list will hold, because the job has no flag set for any accessory.
@@ -126,7 +127,8 @@ bool JobRunner::Read(const NamedJob& job) {
   if (damaged) {
     console_.SayFault(job.Name, "read, but accessory lines or marks may be missing at its end");
   }
-  if (content == ProjectContent::Old) {
+  // Marks beyond the catalogue are told by the note.
+  if (content == ProjectContent::Old && notes.FlagsBeyond == 0) {
     console_.Say(
         "An older job: its accessory marks are not as many as the catalogue's accessories");
   }

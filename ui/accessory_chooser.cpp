@@ -8,6 +8,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "core/desktop.h"
 #include "core/model.h"
 #include "project/rules/accessory_rules.h"
 #include "ui/controls/refused_look.h"
@@ -136,7 +137,10 @@ void AccessoryChooser::EditAccessories() {
 
 void AccessoryChooser::EditLine(int line, int column) {
   const std::int16_t index = AccLines2.At(line).AccIndex;
-  if (index < 1 || index > count() || IsType1Accessory(index)) return;
+  if (index < 1 || index > count() || IsType1Accessory(index)) {
+    return TheDesktop().Message(
+        "This line's accessory isn't in the catalogue. It is kept, but can't be edited.");
+  }
   setCurrentRow(index - 1);
   CurrentAcc = index;
   int row = 0;  // of the dialog, which shows this accessory's lines alone

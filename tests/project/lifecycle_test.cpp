@@ -334,9 +334,13 @@ TEST_F(OpenFileTest, A_project_without_sections_leaves_the_drawing_empty) {
   ProjectFileName = JobPath();
   ASSERT_TRUE(SaveProject(False));
   Events();
+  // Its accessory lines, of the accessories 9 and 5, are beyond the catalogue's two of each type.
   OpenFile(JobPath());
   EXPECT_EQ(Events(), (Log{"ForgetEditors", "DisplayItems", "ClearDetailPanel", "SetAccUsage",
-                           "RefreshProjectDetails", "ShowFileName @/job.ovd", "ClearDrawing"}));
+                           "RefreshProjectDetails", "ShowFileName @/job.ovd",
+                           "ShowJobNote 2 accessory lines of this job aren't in the catalogue: "
+                           "they are kept, but can't be shown or edited",
+                           "ClearDrawing"}));
   EXPECT_EQ(ProjectDirty, True);
 }
 

@@ -350,8 +350,8 @@ TEST_F(SectionsTest, NewProjectTables_empties_the_project_and_keeps_the_rest) {
   AccDefs.Resize(3);
   AccType1Count = 1;
   AccType2Count = 2;
-  AccUsed.Resize(3);
-  AccUsed.At(1) = AccUsed.At(3) = True;
+  AccUsed.Resize(4);  // the last one is of an accessory that the catalogues haven't got
+  AccUsed.At(1) = AccUsed.At(3) = AccUsed.At(4) = True;
   PunchPatterns.Resize(2);
 
   NewProjectTables({2024, 3, 5});

@@ -5,11 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/catalogues.h"
 #include "core/files.h"
 #include "output/cam_export.h"
 #include "output/validation.h"
@@ -50,6 +52,17 @@ INSTANTIATE_TEST_SUITE_P(Samples, SampleFiles, ::testing::ValuesIn(SampleJobs),
                            for (char& c : name) c = c == '-' ? '_' : c;
                            return name;
                          });
+
+TEST_P(SampleFiles, Catalogues_without_the_accessories_give_the_project_file_back_as_it_is) {
+  AccDefs.Clear();
+  AccType1Count = AccType2Count = 0;
+  ClearUsedFlags();
+  ReadProjectFile(SamplePath(GetParam().Name, ".ovd"));
+  // Reading gives up the blank of a countersink that is none.
+  std::vector<std::string> expected = LinesOf(Committed(".ovd"));
+  std::replace(expected.begin(), expected.end(), std::string(" "), std::string());
+  EXPECT_EQ(LinesOf(ProjectText()), expected);
+}
 
 TEST_P(SampleFiles, The_project_file_is_what_the_builder_gives) {
   GetParam().Build();
