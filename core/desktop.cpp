@@ -39,6 +39,10 @@ void Desktop::RunApart(std::function<void()> action) {
   }
 }
 
+LaidLock Desktop::LayLock(const std::string& /*path*/, LockOfOthers /*others*/) {
+  return {};
+}
+
 void TellInMessageBox(const std::string& description) {
   TheDesktop().ShowError({}, description);
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/dates.h"
+#include "core/file_lock.h"
 #include "core/settings_store.h"
 
 namespace orvane {
@@ -71,6 +72,11 @@ class Desktop : public Clock {
   // error.
   virtual std::string Compress(std::string_view bytes) { return std::string(bytes); }
   virtual std::string Decompress(std::string_view bytes) { return std::string(bytes); }
+
+  // Lays a lock as that file. That of a program which has ended on this computer is nobody's and is
+  // taken over; one of another computer stands for its holder however old it is. Without a place
+  // to write there is neither a lock nor a holder, which is what a desktop without locks gives.
+  virtual LaidLock LayLock(const std::string& path, LockOfOthers others);
 
   // Starts the help viewer on a file and does not wait for it.
   virtual void ShowHelp(const std::string& file) = 0;

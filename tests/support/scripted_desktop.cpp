@@ -47,6 +47,36 @@ std::string ScriptedDesktop::UserDataFolder() {
   return DataFolder;
 }
 
+namespace {
+
+class ScriptedLock : public FileLock {
+ public:
+  ScriptedLock(std::shared_ptr<std::set<std::string>> locks, std::string path)
+      : locks_(std::move(locks)), path_(std::move(path)) {
+    EXPECT_TRUE(locks_->insert(path_).second) << "laid twice: " << path_;
+  }
+  ~ScriptedLock() override { locks_->erase(path_); }
+  ScriptedLock(const ScriptedLock&) = delete;
+  ScriptedLock& operator=(const ScriptedLock&) = delete;
+
+ private:
+  const std::shared_ptr<std::set<std::string>> locks_;
+  const std::string path_;
+};
+
+}  // namespace
+
+LaidLock ScriptedDesktop::LayLock(const std::string& path, LockOfOthers others) {
+  if (!LaysLocks) return {};
+  const auto found = LockHolders.find(path);
+  if (found != LockHolders.end()) {
+    const bool goes = others == LockOfOthers::Replaced && found->second.Computer != ThisComputer;
+    if (!goes) return {nullptr, found->second};
+    LockHolders.erase(found);
+  }
+  return {std::make_unique<ScriptedLock>(Locks, path), {}};
+}
+
 Moment ScriptedDesktop::Now() const {
   ++ClockReads;
   return Present;

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <deque>
+#include <map>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -40,6 +43,10 @@ class ScriptedDesktop : public HeadlessDesktop {
   MemorySettings Values;
   std::string DataFolder;  // the user's data folder; asking for it while empty fails the test
   SettingsStore* Store = &Values;  // the store in use; a test may put another
+  bool LaysLocks = false;          // no lock can be laid without it
+  // Those who hold a lock, by its path. One of another computer goes when it is replaced.
+  std::map<std::string, LockHolder> LockHolders;
+  std::string ThisComputer = "here";
 
   // What happened.
   std::vector<ShownBox> Boxes;
@@ -49,6 +56,8 @@ class ScriptedDesktop : public HeadlessDesktop {
   int EventRuns = 0;
   mutable int ClockReads = 0;
   std::vector<std::string> HelpFiles;
+  // The locks that stand by now. They may outlive the desktop.
+  std::shared_ptr<std::set<std::string>> Locks = std::make_shared<std::set<std::string>>();
 
   Answer ShowMessageBox(const std::string& text, const std::string& title, Buttons buttons,
                         Icon icon) override;
@@ -60,6 +69,7 @@ class ScriptedDesktop : public HeadlessDesktop {
   std::string ShortDateForm() const override { return DateForm; }
   SettingsStore& Settings() override { return *Store; }
   std::string UserDataFolder() override;
+  LaidLock LayLock(const std::string& path, LockOfOthers others) override;
   void ShowHelp(const std::string& file) override { HelpFiles.push_back(file); }
   Moment Now() const override;
 };

@@ -20,6 +20,7 @@
 #include "core/system_dates.h"
 #include "ui/platform/file_dialog.h"
 #include "ui/platform/help_viewer.h"
+#include "ui/platform/qt_lock.h"
 #include "ui/platform/qt_text.h"
 
 #ifdef Q_OS_WIN
@@ -299,6 +300,10 @@ std::string QtDesktop::Decompress(std::string_view bytes) {
     throw RuntimeError(Failure::TypeMismatch, "The file is damaged");
   }
   return whole.toStdString();
+}
+
+LaidLock QtDesktop::LayLock(const std::string& path, LockOfOthers others) {
+  return LayLockFile(path, others);
 }
 
 Moment QtDesktop::Now() const {

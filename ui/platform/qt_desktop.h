@@ -35,6 +35,7 @@ class QtDesktop : public Desktop {
   std::string Decompress(std::string_view bytes) override;
   void ShowHelp(const std::string& file) override;
   std::string UserDataFolder() override;
+  LaidLock LayLock(const std::string& path, LockOfOthers others) override;
   Moment Now() const override;
 
  private:
