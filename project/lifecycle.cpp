@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "core/desktop.h"
 #include "core/file_replacement.h"
@@ -12,6 +13,7 @@
 #include "core/text_file.h"
 #include "project/changes.h"
 #include "project/history.h"
+#include "project/job_lock.h"
 #include "project/left_unsaved.h"
 #include "project/length_check.h"
 #include "project/main_screen.h"
@@ -26,11 +28,11 @@ namespace {
 
 const std::string NoFile = "None";  // shown as the name of a project without one
 
-// The file, before anything of it is read; none after its error was shown.
-std::optional<TextFile> OpenAndTell(const std::string& path) {
-  std::optional<TextFile> file;
-  Tell([&] { file = TextFile::Open(path); });
-  return file;
+// The bytes of a file, before anything of them is read; none after its error was shown.
+std::optional<std::string> BytesOrTell(const std::string& path) {
+  std::optional<std::string> bytes;
+  Tell([&] { bytes = ReadWholeFile(path); });
+  return bytes;
 }
 
 // Draws the first section. What its holes or its sheet raise is shown; the project is open all the
@@ -54,6 +56,12 @@ bool LengthsAllowExit() {
 // is none of those that had the file's name.
 void KeepWhatIsLost() {
   KeepUnsaved(NotFullyRead == False ? ProjectFileName : std::string());
+}
+
+void ShowWhetherFullyRead(Boolean notFullyRead) {
+  NotFullyRead = notFullyRead;
+  const std::string name = Trim(ProjectFileName).empty() ? NoFile : ProjectFileName;
+  TheMainScreen().ShowFileName(name + (notFullyRead == False ? "" : " (not fully read)"));
 }
 
 // Reads a project into the model and shows it; what its file has to do with it is the caller's, and
@@ -108,6 +116,8 @@ void NewProject() {
 
   Change(ChangeKind::NewProject, 0, [] { NewProjectTables(TheDesktop().Now().Day); });
   NotFullyRead = False;
+  DropJobLock();
+  ForgetContent();
   MarkSaved();
   screen.DisplayItems();
   screen.ClearDetailPanel();
@@ -130,11 +140,20 @@ void OpenProject() {
 
 void OpenFile(const std::string& path) {
   if (Trim(path).empty()) return;
+  LockedOpening opening = LockToOpen(path);
+  if (opening.As == OpenAs::Nothing) return;
   // A file that is gone takes nothing off the screen.
-  std::optional<TextFile> file = OpenAndTell(path);
-  if (!file) return;
-  const bool whole = ShowWhatIsRead(*file, [&path] {
+  const std::optional<std::string> bytes = BytesOrTell(path);
+  if (!bytes) return;
+  if (opening.As == OpenAs::Copy) {
+    OpenCopy(*bytes, {});
+    return;
+  }
+  TextFile file(DecodeText(*bytes));
+  const bool whole = ShowWhatIsRead(file, [&] {
     SweepLeftovers(path, BackupEnding);
+    HoldJobLock(std::move(opening.Lock));
+    KnowContent(path, MarkOf(*bytes));
     TakeFileName(path);
   });
   if (!whole) return;
@@ -143,10 +162,15 @@ void OpenFile(const std::string& path) {
 }
 
 bool OpenCopy(const std::string& bytes, const std::string& name) {
+  LockedOpening opening;
+  if (!name.empty()) opening = LockToOpen(name);
+  if (opening.As == OpenAs::Nothing) return false;
   TextFile file(DecodeText(bytes));
-  const bool whole = ShowWhatIsRead(file, [&name] {
-    ProjectFileName = name;
-    MarkNotFullyRead(False);
+  const bool whole = ShowWhatIsRead(file, [&] {
+    HoldJobLock(std::move(opening.Lock));
+    ProjectFileName = opening.As == OpenAs::Copy ? std::string() : name;
+    KnowContentOf(ProjectFileName);
+    ShowWhetherFullyRead(False);
     MarkUnsaved();
   });
   if (whole) CountAsChanged();
@@ -154,9 +178,10 @@ bool OpenCopy(const std::string& bytes, const std::string& name) {
 }
 
 void MarkNotFullyRead(Boolean isSo) {
-  NotFullyRead = isSo;
-  const std::string name = Trim(ProjectFileName).empty() ? NoFile : ProjectFileName;
-  TheMainScreen().ShowFileName(name + (isSo == False ? "" : " (not fully read)"));
+  ShowWhetherFullyRead(isSo);
+  if (isSo != False) return DropJobLock();
+  if (LayJobLockAgain(ProjectFileName)) return;
+  TheMainScreen().ShowJobNote(FileName(ProjectFileName) + " is open somewhere else too");
 }
 
 namespace {

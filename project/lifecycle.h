@@ -26,20 +26,23 @@ bool MayReplaceProject();
 // folder.
 void OpenProject();
 
-// Reads a project into the model and shows it; asks nothing, and counts as a change. A file that
-// can't be opened shows the error's description and leaves everything as it is. An error of reading
+// Reads a project into the model and shows it; counts as a change. It asks nothing but what to do
+// about a job that somebody else has open (project/job_lock): a copy of it is opened without a
+// file, and Cancel leaves everything as it is. A file that can't be opened shows the error's
+// description and leaves everything as it is. An error of reading
 // shows its description; the model then holds what was read until then, the grid shows it,
 // and the name, the flag and the recent list stay; the name is shown as not fully read. A path of
 // blanks does nothing.
 void OpenFile(const std::string& path);
 
 // Opens a copy of a job, the bytes of a project file, as one that isn't saved: its file is `name`,
-// or none if that is empty, and stays as it is until a save. Asks nothing. One that can't be read
-// to its end ends as in OpenFile; false then.
+// or none if that is empty, and stays as it is until a save. About that file it asks as OpenFile
+// does. One that can't be read to its end ends as there; false then, and where it was cancelled.
 bool OpenCopy(const std::string& bytes, const std::string& name);
 
 // A file that couldn't be read to its end stands in place of the job, whose name shows that, and
-// whose next save asks for a file; or its opening was taken back and the job is there again.
+// whose next save asks for a file and whose lock is gone; or its opening was taken back and the job
+// is there again, with its lock if nobody else has one now.
 void MarkNotFullyRead(Boolean isSo);
 
 // True when the system may close: asks about holes beyond a section's end, then about unsaved

@@ -1,6 +1,10 @@
 #include "project/saving.h"
 
+#include <algorithm>
+#include <array>
+#include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "core/files.h"
@@ -8,8 +12,10 @@
 #include "core/settings.h"
 #include "core/text.h"
 #include "project/history.h"
+#include "project/job_lock.h"
 #include "project/left_unsaved.h"
 #include "project/main_screen.h"
+#include "project/project_backup.h"
 #include "project/project_file.h"
 #include "project/project_recovery.h"
 #include "project/recent_files.h"
@@ -54,6 +60,76 @@ UnfitAnswer AskAboutTexts(const std::vector<UnfitText>& texts, FileFit fit) {
   return meanings.at(static_cast<std::size_t>(answer));
 }
 
+// The contents that a path of the open job may have by our own doing: as it was read, or as a save
+// that ended in an error may have left it all the same.
+struct KnownContent {
+  std::string Path;
+  std::vector<ContentMark> Contents;
+};
+KnownContent known;
+
+bool IsKnown(const std::string& path, const FormerContent& former) {
+  if (!former.Bytes || known.Path != path || known.Contents.empty()) return true;
+  const auto& contents = known.Contents;
+  return std::find(contents.begin(), contents.end(), MarkOf(*former.Bytes)) != contents.end();
+}
+
+enum class OtherAnswer { OtherName, Overwrite, Cancel };
+
+// What is done about a job that somebody else has saved.
+OtherAnswer AskAboutOther(const std::string& path) {
+  const int answer = TheDesktop().Choose(
+      FileName(path) +
+          " was changed on the disk after you opened it or saved it last.\rIf you overwrite it, "
+          "what stands there now goes to " +
+          FileName(path) + std::string(BackupEnding) + ".",
+      "Save Project", {"Save under another name", "Overwrite", "Cancel"});
+  constexpr std::array meanings = {OtherAnswer::OtherName, OtherAnswer::Overwrite,
+                                   OtherAnswer::Cancel};
+  return meanings.at(static_cast<std::size_t>(answer));
+}
+
+// Where the job is written, and what is replaced there.
+struct SavePlace {
+  std::string Path;
+  JobLock Lock;
+  FormerContent Former;
+};
+
+// The place that this path is, or another one that the user chooses rather; none if it is to be
+// left alone.
+std::optional<SavePlace> PlaceToSave(std::string path) {
+  while (true) {
+    std::optional<JobLock> lock = LockToSave(path);
+    if (!lock) return std::nullopt;
+    // While the question stands, it may be saved once more: what is overwritten is what was asked
+    // about.
+    std::optional<ContentMark> overwritten;
+    OtherAnswer answer = OtherAnswer::Overwrite;
+    while (answer == OtherAnswer::Overwrite) {
+      FormerContent former = ReadFormerContent(path);
+      if (IsKnown(path, former) || MarkOf(*former.Bytes) == overwritten) {
+        return SavePlace{path, *std::move(lock), std::move(former)};
+      }
+      answer = AskAboutOther(path);
+      overwritten = MarkOf(*former.Bytes);
+    }
+    if (answer == OtherAnswer::Cancel) return std::nullopt;
+    const std::optional<std::string> other = PathToSave(True);
+    if (!other) return std::nullopt;
+    path = *other;
+  }
+}
+
+// Writes it; its content is known then.
+std::string WriteThere(SavePlace& place, const std::string& text) {
+  const ContentMark content = MarkOf(text);
+  if (known.Path == place.Path) known.Contents.push_back(content);
+  std::string note = WriteProjectText(place.Path, text, std::move(place.Former));
+  KnowContent(place.Path, content);
+  return note;
+}
+
 }  // namespace
 
 FileDialog ProjectDialog(const std::string& title) {
@@ -68,6 +144,27 @@ FileDialog ProjectDialog(const std::string& title) {
 Answer AskToSave(const std::string& title) {
   return TheDesktop().ShowMessageBox("Save changes to current project?", title,
                                      Buttons::YesNoCancel, Icon::None);
+}
+
+ContentMark MarkOf(std::string_view bytes) {
+  return {bytes.size(), std::hash<std::string_view>()(bytes)};
+}
+
+void KnowContent(const std::string& path, const ContentMark& content) {
+  known = {path, {content}};
+}
+
+void KnowContentOf(const std::string& path) {
+  const FormerContent content = ReadFormerContent(path);
+  if (content.Bytes) {
+    KnowContent(path, MarkOf(*content.Bytes));
+  } else {
+    ForgetContent();
+  }
+}
+
+void ForgetContent() {
+  known = {};
 }
 
 Saving Save(Boolean SaveAs) {
@@ -86,12 +183,15 @@ Saving Save(Boolean SaveAs) {
       }
       if (answer != UnfitAnswer::Save) return;
     }
-    const std::string note = WriteProjectText(*path, text);
+    std::optional<SavePlace> place = PlaceToSave(*path);
+    if (!place) return;
+    const std::string note = WriteThere(*place, text);
     saving = Saving::Done;
-    TakeFileName(*path);
+    HoldJobLock(std::move(place->Lock));
+    TakeFileName(place->Path);
     TheMainScreen().ShowJobNote(note);
     ForgetChanges();
-    AddRecent(*path);
+    AddRecent(place->Path);
   });
   return saving;
 }

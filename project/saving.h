@@ -2,7 +2,9 @@
 // goes through TheDesktop and TheMainScreen.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "core/desktop.h"
 #include "core/numbers.h"
@@ -19,6 +21,22 @@ FileDialog ProjectDialog(const std::string& title);
 // Whether the changes are to be saved.
 Answer AskToSave(const std::string& title);
 
+// What a file holds, to be told apart from what it held before.
+struct ContentMark {
+  std::size_t Size = 0;
+  std::size_t Hash = 0;
+
+  friend bool operator==(const ContentMark&, const ContentMark&) = default;
+};
+ContentMark MarkOf(std::string_view bytes);
+
+// The open job stands on the disk as these bytes, under that path: a save that finds others there
+// asks. Of a job without a file nothing is known.
+void KnowContent(const std::string& path, const ContentMark& content);
+// The same of what stands under that path now; nothing is known if that can't be read.
+void KnowContentOf(const std::string& path);
+void ForgetContent();
+
 // How a save ended.
 enum class Saving {
   Done,
@@ -29,8 +47,10 @@ enum class Saving {
 // "Save", and "Save As" with a true argument. After a reading that stopped half-way "Save" is "Save
 // As". A cancelled dialog is no error and changes nothing. Texts that the file can't hold are told
 // with their places, and it is asked what to do; a project that wouldn't open again isn't written.
-// An error shows its description; the name, the flag and the recent list then stay, and so does the
-// file.
+// It is asked too before a file is replaced that isn't the one that was opened or saved last, by
+// its content, since somebody else has saved it, or, behind a file dialog, one that somebody else
+// has open. A file that has gone is simply written again. An error shows its description; the name,
+// the flag and the recent list then stay, and so does the file.
 Saving Save(Boolean SaveAs);
 
 // The same; true when the file was written.

@@ -14,6 +14,7 @@
 #include "output/cam_export.h"
 #include "output/reports.h"
 #include "project/history.h"
+#include "project/job_lock.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
 #include "project/rules/section_columns.h"
@@ -97,6 +98,7 @@ FrmMain::~FrmMain() {
   // The focus moves once more while the controls go, and there is no window to tell then.
   disconnect(qApp, nullptr, this, nullptr);
   EndHistory();
+  DropJobLock();
   UninstallOutputScreen();
   UninstallMainScreen();
   details_.setParent(nullptr, details_.windowFlags());
