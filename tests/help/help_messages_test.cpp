@@ -38,10 +38,18 @@ const std::multiset<std::string> Messages = {
     "Maximum length for VCR section is 3050",
     "Tubular apex ties only suitable if pitch <= 25deg",
     "Please enter EITHER purlin OR rail centres",
+    "This line's accessory isn't in the catalogue. It is kept, but can't be edited.",
     // Leaving them, or the notches, by Escape or the frame.
     "Discard the changes?",
     // New, open, exit.
     "Save changes to current project?",
+    "shed.ovd is open already, for 2 hours now.\n\nUser: anna\nComputer: OFFICE-7\nProgram: "
+    "orvane\n\nTwo people who save one job lose each other's changes. A copy has no file until you "
+    "save it.",
+    "shed.ovd is open already, for 2 hours now.\n\nUser: anna\nComputer: OFFICE-7\nProgram: "
+    "orvane\n\nSaving puts this project in its place.",
+    "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "
+    "what stands there now goes to shed.ovd.bak.",
     "The project file can't hold these texts as they are:\n\nP4, Notes: 12\" deep\ncomes back as: "
     "12",
     "With these texts the project could not be opened again. It isn't saved.\n\nP4, Notes: 12\" x "
