@@ -126,6 +126,20 @@ TEST_F(StoredTexts, A_save_leads_to_the_cell_of_an_accessory_line) {
   Save();
 }
 
+TEST_F(StoredTexts, A_line_of_an_accessory_beyond_the_catalogue_is_told_to_be_out_of_reach) {
+  AccLine2 line;
+  line.AccIndex = Int16(AccDefs.UBound() + 1);
+  line.Mark = "a,b";
+  AccLines2.Append(line);
+  Show();
+  ProjectFileName = TempPath("job.ovd");
+  ExpectChoice("Go there");
+  dialogs.ExpectBox(
+      "This line's accessory isn't in the catalogue. It is kept, but can't be edited.");
+  Save();
+  EXPECT_FALSE(std::filesystem::exists(ProjectFileName));
+}
+
 TEST_F(StoredTexts, Save_all_the_same_saves) {
   Put("Z", "A1", "Z14012", 6000).Notes = "12\" deep";
   Show(1, MarkCell);
