@@ -280,7 +280,7 @@ std::string WriteProjectText(const std::string& path, const std::string& text,
     }
   }
   if (former.Bytes && KeepsVersions()) {
-    KeepVersionApart(VersionOf(path, VersionKind::BeforeSave, *former.Bytes));
+    KeepVersionApart(VersionOf(path, VersionKind::BeforeSave, std::move(*former.Bytes)));
   }
   return LineOf(former, path);
 }

@@ -147,6 +147,17 @@ TEST_F(SavedVersions, A_version_that_is_not_kept_is_told_by_a_line) {
   InstallDesktop(desktop);
 }
 
+TEST_F(SavedVersions, The_folders_of_a_first_version_are_brought_to_the_disk_with_it) {
+  Prepare(Former());
+  FailingDisk disk(Fault{});
+  KeepVersion(VersionOf(Job(), VersionKind::BeforeSave, Former()));
+  // That of all versions and that of the job, by the folders above them; its two files.
+  EXPECT_EQ(std::count(disk.Calls.begin(), disk.Calls.end(), "sync folder"), 4);
+  disk.Calls.clear();
+  KeepVersion(VersionOf(Job(), VersionKind::BeforeSave, Fresh()));
+  EXPECT_EQ(std::count(disk.Calls.begin(), disk.Calls.end(), "sync folder"), 1);
+}
+
 // --- In its place
 
 TEST_F(SavedVersions, A_job_that_is_written_in_its_place_is_a_version_first) {
