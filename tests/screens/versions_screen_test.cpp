@@ -92,6 +92,10 @@ TEST_F(VersionsScreen, Enter_opens_the_version_as_a_job_without_a_name) {
     ASSERT_EQ(list.topLevelItemCount(), 1);
     EXPECT_EQ(Row(list, 0), (Texts{"05/03/2024  14:08:09", "north.ovd", "Before a save", "2",
                                    "1 section added, 1 changed"}));
+    for (int column = 0; column < 4; ++column) {  // the figures aren't cut off
+      const QString text = list.topLevelItem(0)->text(column);
+      EXPECT_GT(list.columnWidth(column), list.fontMetrics().horizontalAdvance(text)) << column;
+    }
     QTest::keyClick(&list, Qt::Key_Return);
     EXPECT_FALSE(dialog.isVisible());
   });

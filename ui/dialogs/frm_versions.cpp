@@ -107,13 +107,12 @@ FrmVersions::FrmVersions(QWidget* parent) : PlainDialog(parent) {
   list_->setCurrentItem(list_->topLevelItem(0));
   list_->setFocus();
   const QFontMetrics metrics(list_->font());
-  resize(metrics.averageCharWidth() * 130, metrics.lineSpacing() * 24);
+  resize(metrics.averageCharWidth() * 160, metrics.lineSpacing() * 24);
 }
 
 void FrmVersions::AddRows() {
   for (const Version& version : versions_) {
     auto* row = new QTreeWidgetItem(list_);
-    row->setSizeHint(WhenColumn, QSize(0, list_->fontMetrics().height() * 3 / 2));
     row->setText(WhenColumn, ToQt(TimeText(version.Time)));
     row->setText(JobColumn, ToQt(version.IsUntitled ? "Untitled" : NameOfJob()));
     row->setText(WhatColumn,
@@ -122,6 +121,8 @@ void FrmVersions::AddRows() {
                  version.Sections ? ToQt(DecimalText(*version.Sections)) : QString("?"));
     row->setTextAlignment(SectionsColumn, Qt::AlignCenter);
     row->setText(SinceColumn, QString(QChar(0x2026)));
+    // The row's height is told by the one column that isn't as wide as its texts.
+    row->setSizeHint(SinceColumn, QSize(0, list_->fontMetrics().height() * 3 / 2));
   }
   const int gap = list_->fontMetrics().averageCharWidth() * 2;
   for (int column = WhenColumn; column < SinceColumn; ++column) {
