@@ -160,6 +160,16 @@ TEST_F(LeftUnsaved, A_job_that_changed_since_its_copy_was_made_is_kept) {
   EXPECT_EQ(Kept(Path("@/gone/job.ovd")), Contents{WithNotes("typed again")});
 }
 
+TEST_F(LeftUnsaved, A_copy_that_is_opened_keeps_it_and_is_kept_itself_when_it_is_left) {
+  TypeNotes("typed");
+  const std::string copy = Joined(With(SmallProjectLines(), line::FirstHoleCounterSunk, ""));
+  EXPECT_TRUE(OpenCopy(copy, Path("@/other.ovd")));
+  EXPECT_EQ(Kept(JobPath()), Contents{WithNotes("typed")});
+  OpenFile(JobPath());
+  EXPECT_EQ(Kept(Path("@/other.ovd")), Contents{copy});
+  EXPECT_EQ(Kept(JobPath()).size(), 1U);
+}
+
 TEST_F(LeftUnsaved, A_job_without_a_name_and_one_half_read_are_kept_as_such) {
   Hold("");
   TypeNotes("nameless");
