@@ -130,6 +130,14 @@ std::string AbsolutePath(const std::string& path) {
   return path.empty() ? path : PathText(std::filesystem::absolute(NativePath(path)));
 }
 
+std::optional<std::chrono::system_clock::time_point> WrittenAt(const std::string& path) {
+  std::error_code error;
+  const auto written = std::filesystem::last_write_time(NativePath(path), error);
+  if (error) return std::nullopt;
+  return std::chrono::time_point_cast<std::chrono::system_clock::duration>(
+      std::chrono::file_clock::to_sys(written));
+}
+
 void MakePrivateFolder(const std::string& path) {
   const std::filesystem::path folder = NativePath(path);
   std::error_code error;

@@ -2,7 +2,9 @@
 // the platform's own form. Failures raise RuntimeError with the system's description.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +35,9 @@ std::string AbsolutePath(const std::string& path);
 
 // True for an ordinary file: no folder, no device.
 bool IsRegularFile(const std::string& path);
+
+// When a file was last written; none of one that isn't there.
+std::optional<std::chrono::system_clock::time_point> WrittenAt(const std::string& path);
 
 // Makes a folder, which only the user may look into where the platform knows that, and those above
 // it. One that stands there stays as it is.

@@ -129,7 +129,11 @@ std::string PatternOfDateForm(std::string_view form) {
 
 Moment LocalMoment() {
   // The clock of whole seconds alone may still be in the second before.
-  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  return LocalMoment(std::chrono::system_clock::now());
+}
+
+Moment LocalMoment(std::chrono::system_clock::time_point time) {
+  const std::time_t now = std::chrono::system_clock::to_time_t(time);
   std::tm local{};
 #ifdef _WIN32
   localtime_s(&local, &now);

@@ -1,6 +1,7 @@
 // What the operating system says of the present moment and of the form of dates.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -8,8 +9,9 @@
 
 namespace orvane {
 
-// The present moment in local time.
+// The present moment in local time; and another one.
 Moment LocalMoment();
+Moment LocalMoment(std::chrono::system_clock::time_point time);
 
 // The system's short date form as a pattern of d, dd, M, MM, yy and yyyy. Where the country that is
 // set isn't installed, or its form has other parts, it is that of DateFormOfCountry.

@@ -86,6 +86,7 @@ class History {
   bool Take(Direction direction, RestoredStep& restored);
   std::size_t Bytes() const { return bytes_ + stateBytes_; }
   int StepsToUndo() const;
+  JobState StateNow() const;
 
  private:
   void Before(const ChangeNotice& change);
@@ -162,6 +163,12 @@ int History::StepsToUndo() const {
   const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(at_);
   return static_cast<int>(
       std::count_if(entries_.begin(), end, [](const Entry& entry) { return entry.Step != 0; }));
+}
+
+JobState History::StateNow() const {
+  JobState state = state_;
+  Lead(state, looked_, Direction::Forward);
+  return state;
 }
 
 void History::MarkSaved() {
@@ -462,6 +469,10 @@ void MarkUnsaved() {
 
 bool IsChangedSinceSaved() {
   return history && history->IsChanged();
+}
+
+JobState StateNow() {
+  return history ? history->StateNow() : JobState{};
 }
 
 bool UndoStep(RestoredStep& restored) {

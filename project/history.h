@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "project/changes.h"
+#include "project/job_states.h"
 
 namespace orvane {
 
@@ -43,6 +44,10 @@ void MarkSaved();
 // The job stands in no file, though no step has been taken yet: it was opened from a copy.
 void MarkUnsaved();
 bool IsChangedSinceSaved();
+
+// The job as it stands behind the last change or look, apart from the tables: it shares its
+// sections with the history, costs little and may go to another thread. Empty without a history.
+JobState StateNow();
 
 // What a step that was taken back or done again has touched, for whoever shows it.
 struct RestoredStep {

@@ -169,8 +169,10 @@ void LeadTables(const StateChange& change, Direction direction) {
     Items.At(row) = UnpackSection(Goal(section, direction));
   }
   if (change.RowsMoved && direction == Direction::Back) MoveTableRows(change, direction);
-  if (change.Accessories.Before) UnpackAccessories(Goal(change.Accessories, direction));
-  if (change.Details.Before) UnpackDetails(Goal(change.Details, direction));
+  if (change.Accessories.Before) {
+    UnpackAccessories(Goal(change.Accessories, direction), OpenJobRecords());
+  }
+  if (change.Details.Before) UnpackDetails(Goal(change.Details, direction), OpenJobRecords());
 }
 
 }  // namespace orvane

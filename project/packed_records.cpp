@@ -194,12 +194,12 @@ Packed PackAccessories() {
   return packer.Take();
 }
 
-void UnpackAccessories(const Packed& packed) {
+void UnpackAccessories(const Packed& packed, const JobRecords& records) {
   Unpacker unpacker(*packed);
-  DescribeLines(unpacker, AccLines1);
-  DescribeLines(unpacker, AccLines2);
-  AccUsed.Resize(unpacker.Bytes<std::int32_t>());
-  for (Boolean& flag : AccUsed) flag = unpacker.Bytes<Boolean>();
+  DescribeLines(unpacker, records.AccLines1);
+  DescribeLines(unpacker, records.AccLines2);
+  records.AccUsed.Resize(unpacker.Bytes<std::int32_t>());
+  for (Boolean& flag : records.AccUsed) flag = unpacker.Bytes<Boolean>();
 }
 
 Packed PackDetails() {
@@ -209,10 +209,10 @@ Packed PackDetails() {
   return packer.Take();
 }
 
-void UnpackDetails(const Packed& packed) {
+void UnpackDetails(const Packed& packed, const JobRecords& records) {
   Unpacker unpacker(*packed);
-  for (std::string& text : txtProject) unpacker.Plain(text);
-  DTPicker1 = unpacker.Bytes<Date>();
+  for (std::string& text : records.Details) unpacker.Plain(text);
+  records.ProjectDate = unpacker.Bytes<Date>();
 }
 
 bool IsSame(const Packed& one, const Packed& other) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/model.h"
+#include "project/job.h"
 
 namespace orvane {
 
@@ -20,11 +21,11 @@ Item UnpackSection(const Packed& packed);
 
 // The accessory lines of both types and the flags.
 Packed PackAccessories();
-void UnpackAccessories(const Packed& packed);
+void UnpackAccessories(const Packed& packed, const JobRecords& records);
 
 // The project's details and its date.
 Packed PackDetails();
-void UnpackDetails(const Packed& packed);
+void UnpackDetails(const Packed& packed, const JobRecords& records);
 
 // Both missing, or both there with one content.
 bool IsSame(const Packed& one, const Packed& other);

@@ -17,8 +17,8 @@
 #include "project/main_screen.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
-#include "project/project_recovery.h"
 #include "project/recent_files.h"
+#include "project/recovery.h"
 #include "project/unfit_texts.h"
 
 namespace orvane {
@@ -29,8 +29,8 @@ namespace {
 
 // The path to save under: the project's own, or one that the user chooses; none if he chose none.
 std::optional<std::string> PathToSave(Boolean SaveAs) {
-  const bool hasName = !Trim(ProjectFileName).empty() && NotFullyRead == False;
-  if (hasName && SaveAs == False) return ProjectFileName;
+  const std::string own = PathOfJob();
+  if (!own.empty() && SaveAs == False) return own;
 
   FileDialog dialog = ProjectDialog("Save Project");
   dialog.OverwritePrompt = true;
@@ -132,6 +132,10 @@ std::string WriteThere(SavePlace& place, const std::string& text) {
 
 }  // namespace
 
+std::string PathOfJob() {
+  return NotFullyRead != False || Trim(ProjectFileName).empty() ? std::string() : ProjectFileName;
+}
+
 FileDialog ProjectDialog(const std::string& title) {
   FileDialog dialog;
   dialog.Title = title;
@@ -204,7 +208,11 @@ bool MayGoSaved(const std::string& title) {
   const Saving saving = Save(False);
   if (saving == Saving::WentThere) return false;
   if (saving == Saving::Done) return true;
-  if (KeepRecoveredProject()) {
+  const std::string copy = KeepUnsavedProject(PathOfJob());
+  if (!copy.empty()) {
+    TheDesktop().ShowMessageBox("The project isn't saved. A copy of it stands in\r" + copy +
+                                    "\rand is offered when the program is started again.",
+                                title, Buttons::Ok, Icon::None);
     MarkCopied();
     return true;
   }

@@ -15,6 +15,9 @@ namespace orvane {
 // before, which they must not be written over. Until New, a whole opening or a save.
 extern Boolean NotFullyRead;
 
+// The file that the job is saved under; empty for none, and after an opening that stopped half-way.
+std::string PathOfJob();
+
 // The file dialog of a project, to open or to save; it starts beside the project's file.
 FileDialog ProjectDialog(const std::string& title);
 

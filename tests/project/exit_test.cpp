@@ -7,7 +7,6 @@
 #include "core/runtime_error.h"
 #include "core/settings.h"
 #include "project/lifecycle.h"
-#include "project/project_recovery.h"
 #include "project/recent_files.h"
 #include "tests/project/lifecycle_fixture.h"
 
@@ -23,6 +22,12 @@ using test::LinesOf;
 using test::Log;
 using test::SmallProjectLines;
 using test::StoredRecent;
+
+// What is told of a job that is left although its save came to nothing.
+const std::string Kept =
+    "tell The project isn't saved. A copy of it stands "
+    "in\r@/data/recovery/2024-03-05-140709/job1.ovd"
+    "\rand is offered when the program is started again.";
 
 class SaveTest : public LifecycleTest {
  protected:
@@ -215,18 +220,18 @@ TEST_F(ExitTest, A_cancelled_save_closes_all_the_same_and_the_project_is_kept) {
   person.Chosen = {std::nullopt};
   log.On["save dialog"] = [] { EXPECT_EQ(ProjectDirty, False); };  // before the save begins
   EXPECT_TRUE(ExitProject());
-  EXPECT_EQ(Events(), (Log{"ask Exit", "save dialog", "user's data folder"}));
+  EXPECT_EQ(Events(), (Log{"ask Exit", "save dialog", "user's data folder", Kept}));
   EXPECT_EQ(ProjectDirty, False);
-  EXPECT_EQ(Recovered(), Log{"recovered-2024-03-05-140709.ovd"});
+  EXPECT_EQ(Recovered(), Log{"2024-03-05-140709"});
 }
 
 TEST_F(ExitTest, A_failed_save_closes_all_the_same_and_the_project_is_kept) {
   HoldEarlierProject(Path("@/gone/old.ovd"), True);
   person.Answers = {Answer::Yes};
   EXPECT_TRUE(ExitProject());
-  EXPECT_EQ(Events(), (Log{"ask Exit", "tell Path not found", "user's data folder"}));
+  EXPECT_EQ(Events(), (Log{"ask Exit", "tell Path not found", "user's data folder", Kept}));
   EXPECT_EQ(ProjectDirty, False);
-  EXPECT_EQ(Recovered(), Log{"recovered-2024-03-05-140709.ovd"});
+  EXPECT_EQ(Recovered(), Log{"2024-03-05-140709"});
 }
 
 TEST_F(ExitTest, No_to_the_length_warning_stops_before_the_save_prompt) {
@@ -283,62 +288,6 @@ TEST_F(ExitTest, Details_edited_after_a_save_are_lost_without_a_prompt) {
   EXPECT_TRUE(ExitProject());
   EXPECT_EQ(Events(), Log{});
   EXPECT_EQ(BytesOf(JobPath()), Joined(SmallProjectLines()));
-}
-
-class RecoveryTest : public LifecycleTest {
- protected:
-  RecoveryTest() { FillSmallProject(); }
-};
-
-TEST_F(RecoveryTest, The_project_is_kept_under_the_present_moment) {
-  person.Present = {{2031, 12, 9}, 4, 5, 6};
-  KeepRecoveredProject();
-  EXPECT_EQ(Recovered(), Log{"recovered-2031-12-09-040506.ovd"});
-  EXPECT_EQ(BytesOf(Path("@/data/recovered-2031-12-09-040506.ovd")), Joined(SmallProjectLines()));
-  EXPECT_EQ(Events(), Log{"user's data folder"});
-}
-
-TEST_F(RecoveryTest, No_file_that_stands_there_is_overwritten) {
-  const std::string first = TempFile("data/recovered-2024-03-05-140709.ovd", "stays");
-  KeepRecoveredProject();
-  txtProject.at(0) = "OV 1235";
-  KeepRecoveredProject();
-  EXPECT_EQ(Recovered(),
-            (Log{"recovered-2024-03-05-140709-2.ovd", "recovered-2024-03-05-140709-3.ovd",
-                 "recovered-2024-03-05-140709.ovd"}));
-  EXPECT_EQ(BytesOf(first), "stays");
-  EXPECT_EQ(BytesOf(Path("@/data/recovered-2024-03-05-140709-2.ovd")), Joined(SmallProjectLines()));
-  EXPECT_EQ(LinesOf(BytesOf(Path("@/data/recovered-2024-03-05-140709-3.ovd"))).front(),
-            "v1.07:OV 1235");
-}
-
-TEST_F(RecoveryTest, A_link_that_leads_nowhere_keeps_its_name) {
-  std::filesystem::create_symlink(Path("@/nowhere.ovd"),
-                                  Path("@/data/recovered-2024-03-05-140709.ovd"));
-  KeepRecoveredProject();
-  EXPECT_FALSE(std::filesystem::exists(Path("@/nowhere.ovd")));
-  EXPECT_EQ(BytesOf(Path("@/data/recovered-2024-03-05-140709-2.ovd")), Joined(SmallProjectLines()));
-}
-
-TEST_F(RecoveryTest, What_goes_wrong_is_passed_over) {
-  person.DataFolder = TempPath("gone");
-  KeepRecoveredProject();
-  log.On["user's data folder"] = [] { throw RuntimeError(Failure::PermissionDenied); };
-  KeepRecoveredProject();
-  Items.At(1).Notches.Resize(32768);  // one more than a file can count
-  KeepRecoveredProject();
-  EXPECT_EQ(Events(), (Log{"user's data folder", "user's data folder"}));
-  EXPECT_FALSE(std::filesystem::exists(Path("@/gone")));
-}
-
-TEST_F(RecoveryTest, Without_a_data_folder_nothing_is_written) {
-  const std::filesystem::path before = std::filesystem::current_path();
-  std::filesystem::current_path(person.DataFolder);
-  person.HasNoDataFolder = true;
-  KeepRecoveredProject();
-  std::filesystem::current_path(before);
-  EXPECT_EQ(Events(), Log{"user's data folder"});
-  EXPECT_EQ(Recovered(), Log{});
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "holes/hole_list.h"
 #include "project/project_file.h"
+#include "project/recovery.h"
 #include "project/rules/accessory_rules.h"
 #include "project/rules/custom_holes.h"
 #include "project/rules/mitre_rules.h"
@@ -147,6 +148,8 @@ TEST_P(HistoryWalk, Every_state_before_and_behind_a_step_comes_back_byte_for_byt
     }
     for (int step = 0; step < back; ++step) Redo();
     ASSERT_EQ(hash(ProjectText()), behind.back());
+    // So does the copy of the job that is made apart from the tables.
+    ASSERT_EQ(TextOfState(StateNow()), ProjectText());
   }
   ASSERT_GT(before.size(), 1000U);
   ASSERT_EQ(StepsToUndo(), static_cast<int>(before.size()));

@@ -5,9 +5,11 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/files.h"
 #include "core/model.h"
 #include "project/lifecycle.h"
 #include "project/recent_files.h"
+#include "project/recovery.h"
 
 namespace orvane::test {
 
@@ -133,10 +135,9 @@ Log LifecycleTest::Recent() const {
 
 Log LifecycleTest::Recovered() {
   Log names;
-  for (const auto& entry : std::filesystem::directory_iterator(person.DataFolder)) {
-    names.push_back(entry.path().filename().string());
+  for (const std::string& folder : RecoveryFolders(person.DataFolder)) {
+    names.push_back(FileName(folder));
   }
-  std::sort(names.begin(), names.end());
   return names;
 }
 

@@ -80,6 +80,10 @@ void PrintTo(const PromptPath& path, std::ostream* out) {
 
 const std::vector<PromptPath>& PromptPaths() {
   static const Log ask = {"ask New Project"};
+  static const std::string kept =
+      "tell The project isn't saved. A copy of it stands "
+      "in\r@/data/recovery/2024-03-05-140709/job1.ovd"
+      "\rand is offered when the program is started again.";
   static const std::vector<PromptPath> paths = {
       // clang-format off
       {"clean",          False, std::nullopt,   Save::NotAsked,  {}, true},
@@ -88,9 +92,9 @@ const std::vector<PromptPath>& PromptPaths() {
       {"yes_saved",      True,  Answer::Yes,    Save::Done,
        Chain({ask, {"ShowFileName @/old.ovd"}, StoredRecent({"@/old.ovd"})}), true},
       {"yes_cancelled",  True,  Answer::Yes,    Save::Cancelled,
-       Chain({ask, {"save dialog", "user's data folder"}}), true},
+       Chain({ask, {"save dialog", "user's data folder", kept}}), true},
       {"yes_failed",     True,  Answer::Yes,    Save::Fails,
-       Chain({ask, {"tell Path not found", "user's data folder"}}), true},
+       Chain({ask, {"tell Path not found", "user's data folder", kept}}), true},
       // clang-format on
   };
   return paths;
@@ -124,9 +128,9 @@ class PromptTest : public LifecycleTest, public ::testing::WithParamInterface<Pr
     }
 
     const bool lost = GetParam().Saving == Save::Cancelled || GetParam().Saving == Save::Fails;
-    EXPECT_EQ(Recovered(), lost ? Log{"recovered-2024-03-05-140709.ovd"} : Log{});
+    EXPECT_EQ(Recovered(), lost ? Log{"2024-03-05-140709"} : Log{});
     if (lost) {
-      const std::string file = Path("@/data/recovered-2024-03-05-140709.ovd");
+      const std::string file = Path("@/data/recovery/2024-03-05-140709/job1.ovd");
       EXPECT_EQ(LinesOf(BytesOf(file)).at(7), "\"old mark\"");
     }
   }

@@ -30,8 +30,8 @@ TEST_F(PackedRecordsTest, Every_record_of_a_job_comes_back_as_it_was) {
   ASSERT_NE(ProjectText(), text);
   Items.Clear();
   for (const Packed& section : sections) Items.Append(UnpackSection(section));
-  UnpackAccessories(accessories);
-  UnpackDetails(details);
+  UnpackAccessories(accessories, OpenJobRecords());
+  UnpackDetails(details, OpenJobRecords());
   EXPECT_EQ(ProjectText(), text);
 }
 

@@ -151,7 +151,7 @@ TEST_F(SaveQuestionTest, A_copy_that_would_not_open_is_kept_but_does_not_count) 
   person.Choices = {"Cancel"};
   EXPECT_FALSE(ExitProject());
   EXPECT_EQ(Events(), (Log{"ask Exit", "choose Save Project", "user's data folder", "ask Exit"}));
-  EXPECT_EQ(Recovered(), Log{"recovered-2024-03-05-140709.ovd"});
+  EXPECT_EQ(Recovered(), Log{"2024-03-05-140709"});
   ExpectNothingWritten();
 }
 

@@ -12,7 +12,6 @@
 
 #include "core/numbers.h"
 #include "project/project_file.h"
-#include "project/project_recovery.h"
 #include "tests/project/small_project.h"
 #include "tests/support/failing_disk.h"
 
@@ -191,30 +190,6 @@ TEST_F(SavingTest, A_save_sweeps_what_a_killed_one_left) {
   TempFile("f/job.ovd.bak." + DecimalText(child) + ".tmp", "half");
   Save();
   EXPECT_EQ(NamesBeside(), (Names{"job.ovd", "job.ovd.bak"}));
-}
-
-// --- The copy that is kept when a save came to nothing
-
-TEST_F(SavingTest, After_any_fault_the_copy_in_the_data_folder_is_whole_or_said_to_be_missing) {
-  bool kept = false;
-  ForEachFault(
-      [&] {
-        Prepare();
-        fs::remove(Job());
-        fs::remove(Backup());
-        desktop.DataFolder = TempPath("f");
-      },
-      [&] { kept = KeepRecoveredProject(); },
-      [&](const Fault& fault, const FailingDisk& disk) {
-        const std::string where = TextOf(fault, disk);
-        const Names names = NamesBeside();
-        EXPECT_LE(names.size(), 1U) << where;
-        for (const std::string& name : names) {
-          EXPECT_EQ(BytesOf(TempPath("f/" + name)), Fresh()) << where;
-        }
-        EXPECT_TRUE(!kept || names.size() == 1) << where;
-        EXPECT_TRUE(!kept || fault.Heals()) << where;
-      });
 }
 
 }  // namespace
