@@ -215,6 +215,11 @@ std::optional<Date> ParseProjectDate(std::string_view text, std::string_view sho
   return std::nullopt;
 }
 
+std::string MomentText(const Moment& moment, std::string_view shortForm) {
+  return ProjectDateText(moment.Day, shortForm) + "  " + PaddedText(moment.Hour, 2) + ":" +
+         PaddedText(moment.Minute, 2) + ":" + PaddedText(moment.Second, 2);
+}
+
 std::optional<Moment> ParseMoment(std::string_view text) {
   if (text.size() != 19 || text[10] != 'T' || text[13] != ':' || text[16] != ':') {
     return std::nullopt;

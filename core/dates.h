@@ -44,6 +44,10 @@ std::string FullYearText(const Date& date);
 // hours: "Tue Mar 05 2024 14:07:09".
 std::string CreatedText(const Moment& moment);
 
+// A moment for a person's eyes: the date as in ProjectDateText, two blanks, hours, minutes and
+// seconds.
+std::string MomentText(const Moment& moment, std::string_view shortForm);
+
 // The project file's date line. `shortForm` is the system's short date form as a pattern of d, dd,
 // M, MM, yy, yyyy and separators, text in single quotes standing for itself. The year is written
 // with four digits whatever the form says, since two would come back in the wrong century; a form

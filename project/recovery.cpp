@@ -13,7 +13,6 @@
 #include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"
-#include "core/system_dates.h"
 #include "core/text.h"
 #include "project/job.h"
 #include "project/packed_records.h"
@@ -148,7 +147,7 @@ std::optional<LeftJob> CopyIn(const std::string& folder) {
   job.Path = PathOfCopy(folder, last).value_or("");  // a job without a name is better than none
   const auto written = WrittenAt(job.File);
   if (!written) return std::nullopt;
-  job.Time = LocalMoment(*written);
+  job.Written = *written;
   const auto saved = job.Path.empty() ? std::nullopt : WrittenAt(job.Path);
   job.IsOlder = saved && *saved > *written;
   return job;

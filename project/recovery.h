@@ -5,6 +5,7 @@
 // raised.
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,10 +17,10 @@ namespace orvane {
 
 // A job of which a copy was left.
 struct LeftJob {
-  std::string File;      // the copy, a project file
-  std::string Path;      // that the job is saved under; empty for none
-  Moment Time;           // of the copy, local
-  bool IsOlder = false;  // than the job's own file
+  std::string File;                               // the copy, a project file
+  std::string Path;                               // that the job is saved under; empty for none
+  std::chrono::system_clock::time_point Written;  // when the copy was made
+  bool IsOlder = false;                           // than the job's own file
 };
 
 // Makes a new folder for copies, which is called by that moment: "2024-03-05-140709", and with -2,

@@ -99,6 +99,7 @@ FrmMain::~FrmMain() {
   disconnect(qApp, nullptr, this, nullptr);
   EndHistory();
   DropJobLock();
+  recovery_.reset();
   UninstallOutputScreen();
   UninstallMainScreen();
   details_.setParent(nullptr, details_.windowFlags());

@@ -26,6 +26,7 @@
 #include "ui/dialogs/frm_preview.h"
 #include "ui/dialogs/frm_project_details.h"
 #include "ui/platform/progress.h"
+#include "ui/recovery_keeper.h"
 #include "ui/sections_grid.h"
 #include "ui/sheet_view.h"
 
@@ -43,6 +44,11 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // The ten steps of the load, in one guard: an error shows its description and stops there, and
   // the window stays up. Called once, before the window is shown.
   void Load();
+
+  // Offers what programs that died have left; called once the window is shown.
+  void OfferRecovered();
+  // Writes the copy for recovery at once, for a program that is ended from outside.
+  void KeepForRecovery();
 
   // What every menu entry, button and shortcut ends in. An error shows its description. `number`
   // tells families apart, as CommandEntry holds it, and recent files, 1 to 5.
@@ -156,6 +162,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   SectionsGrid* sections_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryChooser* accessories_ = nullptr;
+
+  std::unique_ptr<RecoveryKeeper> recovery_;  // from the load on
 
   std::unique_ptr<FrmPreview> preview_;    // being drawn, not shown yet
   std::unique_ptr<ProgressRun> printRun_;  // of the commands that draw it

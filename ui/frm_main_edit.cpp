@@ -1,13 +1,18 @@
 // The main window's part in editing: the dialogs on the selected section, and the steps that are
-// taken back and done again.
+// taken back and done again, and what recovery brings back.
 #include <QLineEdit>
+#include <optional>
+#include <utility>
+#include <vector>
 
+#include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"
 #include "project/history.h"
 #include "project/lifecycle.h"
 #include "ui/dialogs/frm_mitres.h"
 #include "ui/dialogs/frm_notches.h"
+#include "ui/dialogs/frm_recovery.h"
 #include "ui/frm_main.h"
 
 namespace orvane {
@@ -65,6 +70,27 @@ void FrmMain::TakeStep(bool back) {
   const QWidget* focus = focusWidget();
   const bool elsewhere = focus == accessories_ || focus == sheet_ || detail_->isAncestorOf(focus);
   sections_->ShowRestored(restored, !elsewhere);
+}
+
+void FrmMain::OfferRecovered() {
+  if (!recovery_) return;
+  std::vector<OfferedJob> left = recovery_->LeftBehind();
+  if (left.empty()) return;
+  std::optional<OfferedJob> job;
+  {
+    FrmRecovery offer(std::move(left), RecoveryKeeper::Remove, this);
+    if (offer.exec() == QDialog::Accepted) job = offer.Chosen();
+  }
+  activateWindow();
+  if (!job || !MayReplaceProject()) return;
+  if (!OpenCopy(ReadWholeFile(job->Job.File), job->Job.Path)) return;
+  if (job->Job.IsOlder) ShowJobNote("The file of this job was saved later than the copy");
+  // It goes when the copy of this program has taken its place.
+  if (recovery_->WriteNow()) RecoveryKeeper::Remove(*job);
+}
+
+void FrmMain::KeepForRecovery() {
+  if (recovery_) recovery_->WriteNow();
 }
 
 }  // namespace orvane

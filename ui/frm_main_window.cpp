@@ -109,12 +109,17 @@ void FrmMain::Load() {
     RestoreBars();
     RestoreState(state);
   });
+  Guard([this] {
+    recovery_ = std::make_unique<RecoveryKeeper>(
+        [this](const std::string& line) { ShowJobNote(line); }, this);
+  });
   // Whatever failed, and behind all who follow changes: what the sheet makes of the gaps when it is
   // told is a look.
   Guard([this] {
     BeginHistory([this] {
       ShowTitle();
       ShowSteps();
+      if (recovery_) recovery_->NoteChange();
     });
   });
 }
@@ -309,6 +314,9 @@ void FrmMain::closeEvent(QCloseEvent* event) {
   Guard([&] { consent = AskToExit(); });
   if (!consent && !Ending_) return;
   Guard([this] { StoreWindow(); });
+  Guard([this] {
+    if (recovery_) recovery_->End();
+  });
   event->accept();
   // Later, when this window is gone: ending the program asks each window that is still open.
   QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,

@@ -78,6 +78,9 @@ void StartUp::ShowMain() {
   main_->Load();
   main_->show();
   QApplication::setQuitOnLastWindowClosed(true);
+  // Behind the window's first picture.
+  QMetaObject::invokeMethod(
+      main_.get(), [this] { Guard([this] { main_->OfferRecovered(); }); }, Qt::QueuedConnection);
 }
 
 void StartUp::Run() {

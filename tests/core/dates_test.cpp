@@ -230,6 +230,11 @@ TEST(Dates, The_factory_forms_have_two_or_four_digits_of_year) {
   EXPECT_EQ(FullYearText(Date{}), "30/12/1899");
 }
 
+TEST(Dates, A_moment_is_shown_in_the_form_of_the_system) {
+  EXPECT_EQ(MomentText({FifthOfMarch, 14, 7, 9}, "dd/MM/yyyy"), "05/03/2024  14:07:09");
+  EXPECT_EQ(MomentText({{2026, 11, 22}, 0, 5, 0}, "d.M.yyyy"), "22.11.2026  00:05:00");
+}
+
 TEST(Dates, The_moment_of_creation_is_English_and_of_24_hours) {
   // Days of the week as a calendar shows them.
   EXPECT_EQ(CreatedText({FifthOfMarch, 14, 7, 9}), "Tue Mar 05 2024 14:07:09");
