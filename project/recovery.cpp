@@ -143,6 +143,7 @@ std::optional<LeftJob> CopyIn(const std::string& folder) {
   const int last = LastCopy(folder);
   if (last == 0) return std::nullopt;
   LeftJob job;
+  job.Folder = folder;
   job.File = NameOf(folder, last, CopyEnding);
   job.Path = PathOfCopy(folder, last).value_or("");  // a job without a name is better than none
   const auto written = WrittenAt(job.File);

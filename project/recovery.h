@@ -17,6 +17,7 @@ namespace orvane {
 
 // A job of which a copy was left.
 struct LeftJob {
+  std::string Folder;                             // of the copy
   std::string File;                               // the copy, a project file
   std::string Path;                               // that the job is saved under; empty for none
   std::chrono::system_clock::time_point Written;  // when the copy was made

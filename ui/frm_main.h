@@ -109,6 +109,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   bool FieldTakes(bool back) const;
   bool DropLetters();
   void ShowSteps();
+  void Offer(std::vector<LeftJob> left);
   void EditMitres();
   void EditNotches();
   void ToggleDrawingArea();

@@ -14,6 +14,7 @@
 #include "ui/dialogs/frm_notches.h"
 #include "ui/dialogs/frm_recovery.h"
 #include "ui/frm_main.h"
+#include "ui/platform/guard.h"
 
 namespace orvane {
 
@@ -74,19 +75,25 @@ void FrmMain::TakeStep(bool back) {
 
 void FrmMain::OfferRecovered() {
   if (!recovery_) return;
-  std::vector<OfferedJob> left = recovery_->LeftBehind();
-  if (left.empty()) return;
-  std::optional<OfferedJob> job;
+  if (std::vector<LeftJob> left = recovery_->TakeLeft(); !left.empty()) {
+    Guard([&] { Offer(std::move(left)); });
+  }
+  recovery_->LetGo();
+}
+
+void FrmMain::Offer(std::vector<LeftJob> left) {
+  std::optional<LeftJob> job;
   {
-    FrmRecovery offer(std::move(left), RecoveryKeeper::Remove, this);
+    const auto discard = [this](const LeftJob& each) { recovery_->RemoveLeft(each); };
+    FrmRecovery offer(std::move(left), discard, this);
     if (offer.exec() == QDialog::Accepted) job = offer.Chosen();
   }
   activateWindow();
   if (!job || !MayReplaceProject()) return;
-  if (!OpenCopy(ReadWholeFile(job->Job.File), job->Job.Path)) return;
-  if (job->Job.IsOlder) ShowJobNote("The file of this job was saved later than the copy");
+  if (!OpenCopy(ReadWholeFile(job->File), job->Path)) return;
+  if (job->IsOlder) ShowJobNote("The file of this job was saved later than the copy");
   // It goes when the copy of this program has taken its place.
-  if (recovery_->WriteNow()) RecoveryKeeper::Remove(*job);
+  if (recovery_->WriteNow()) recovery_->RemoveLeft(*job);
 }
 
 void FrmMain::KeepForRecovery() {

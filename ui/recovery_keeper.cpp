@@ -137,8 +137,8 @@ void RecoveryKeeper::End() {
   copies_->DataFolder.clear();
 }
 
-std::vector<OfferedJob> RecoveryKeeper::LeftBehind() const {
-  std::vector<OfferedJob> left;
+std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
+  std::vector<LeftJob> left;
   if (copies_->DataFolder.empty()) return left;
   TheDesktop().FinishApart();
   for (const std::string& folder : RecoveryFolders(copies_->DataFolder)) {
@@ -146,20 +146,21 @@ std::vector<OfferedJob> RecoveryKeeper::LeftBehind() const {
     std::shared_ptr<QLockFile> lock = LockOf(folder);
     if (!lock->tryLock(0)) continue;
     if (std::optional<LeftJob> job = CopyIn(folder)) {
-      left.push_back({folder, std::move(*job), std::move(lock)});
+      left.push_back(std::move(*job));
+      taken_[folder] = std::move(lock);
     } else {
       lock->unlock();
       RemoveRecoveryFolder(folder);
     }
   }
-  std::stable_sort(left.begin(), left.end(), [](const OfferedJob& one, const OfferedJob& other) {
-    return one.Job.Written > other.Job.Written;
+  std::stable_sort(left.begin(), left.end(), [](const LeftJob& one, const LeftJob& other) {
+    return one.Written > other.Written;
   });
   return left;
 }
 
-void RecoveryKeeper::Remove(OfferedJob& job) {
-  job.Lock->unlock();
+void RecoveryKeeper::RemoveLeft(const LeftJob& job) {
+  taken_.erase(job.Folder);
   RemoveRecoveryFolder(job.Folder);
 }
 

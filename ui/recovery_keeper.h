@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <atomic>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,13 +18,6 @@
 class QLockFile;
 
 namespace orvane {
-
-// A copy that this program has taken in hand, so that no other one offers it.
-struct OfferedJob {
-  std::string Folder;
-  LeftJob Job;
-  std::shared_ptr<QLockFile> Lock;
-};
 
 class RecoveryKeeper : public QObject {
  public:
@@ -40,10 +34,12 @@ class RecoveryKeeper : public QObject {
   // The program ends by the user's consent: nothing is left.
   void End();
 
-  // What other programs have left, the latest first. Folders without a copy are removed.
-  std::vector<OfferedJob> LeftBehind() const;
-  // Removes what was offered, as it is brought back or discarded.
-  static void Remove(OfferedJob& job);
+  // What other programs have left, the latest first. No other program is given them until they are
+  // let go. Folders without a copy are removed.
+  std::vector<LeftJob> TakeLeft();
+  // Removes one of them, as it is brought back or discarded.
+  void RemoveLeft(const LeftJob& job);
+  void LetGo() { taken_.clear(); }
 
  private:
   // What the actions apart from the windows share.
@@ -55,6 +51,7 @@ class RecoveryKeeper : public QObject {
 
   const std::function<void(const std::string&)> tell_;
   const std::shared_ptr<Copies> copies_;
+  std::map<std::string, std::shared_ptr<QLockFile>> taken_;  // by the folder
   QTimer timer_{this};
   bool isWritten_ = false;  // a copy was handed over
   bool isTold_ = false;     // that it can't be written

@@ -1,4 +1,5 @@
 #include "project/project_file.h"
+#include "project/recovery.h"
 #include "tests/screens/sections_fixture.h"
 
 namespace orvane::test {
@@ -25,11 +26,8 @@ class ExitScreen : public SectionsTest {
   bool Exits() {
     return EndsProgram([this] { Click("SSCommand1(0)"); });
   }
-  // The one file in the user's data folder.
-  std::string Kept() {
-    const std::filesystem::directory_iterator kept(platform.DataFolder);
-    return kept == std::filesystem::directory_iterator() ? "" : BytesOf(kept->path().string());
-  }
+  // Jobs that are kept aside.
+  std::size_t Kept() { return RecoveryFolders(platform.DataFolder).size(); }
 };
 
 TEST_F(ExitScreen, An_untouched_program_closes_without_a_question) {
@@ -70,7 +68,7 @@ TEST_F(ExitScreen, No_closes_without_saving) {
   EXPECT_TRUE(Closes());
   EXPECT_EQ(ProjectDirty, False);
   EXPECT_FALSE(std::filesystem::exists(ProjectFileName));
-  EXPECT_EQ(Kept(), "");
+  EXPECT_EQ(Kept(), 0U);
 }
 
 TEST_F(ExitScreen, Yes_saves_and_closes) {
@@ -82,7 +80,7 @@ TEST_F(ExitScreen, Yes_saves_and_closes) {
   ExpectExitQuestion(QMessageBox::Yes);
   EXPECT_TRUE(Exits());
   EXPECT_EQ(BytesOf(path), ProjectText());
-  EXPECT_EQ(Kept(), "");
+  EXPECT_EQ(Kept(), 0U);
 }
 
 TEST_F(ExitScreen, A_cancelled_save_stops_nothing_and_the_work_is_kept_aside) {
@@ -91,8 +89,9 @@ TEST_F(ExitScreen, A_cancelled_save_stops_nothing_and_the_work_is_kept_aside) {
   ProjectDirty = True;
   platform.Chosen.push_back(std::nullopt);
   ExpectExitQuestion(QMessageBox::Yes);
+  ExpectKeptAside("Exit");
   EXPECT_TRUE(Closes());
-  EXPECT_EQ(Kept(), ProjectText());
+  EXPECT_EQ(BytesOf(KeptAside()), ProjectText());
 }
 
 TEST_F(ExitScreen, A_failed_save_tells_why_and_stops_nothing) {
@@ -102,8 +101,9 @@ TEST_F(ExitScreen, A_failed_save_tells_why_and_stops_nothing) {
   ProjectFileName = TempPath("missing") + "/job.ovd";
   ExpectExitQuestion(QMessageBox::Yes);
   dialogs.ExpectBox("Path not found");
+  ExpectKeptAside("Exit");
   EXPECT_TRUE(Exits());
-  EXPECT_EQ(Kept(), ProjectText());
+  EXPECT_EQ(BytesOf(KeptAside()), ProjectText());
 }
 
 TEST_F(ExitScreen, A_section_shorter_than_its_last_hole_is_asked_about_before_the_saving) {

@@ -127,14 +127,12 @@ TEST_F(LifecycleScreen, New_goes_on_when_the_save_was_cancelled_and_keeps_the_wo
   const std::string text = ProjectText();
   platform.Chosen.push_back(std::nullopt);
   ExpectSaveQuestion(QMessageBox::Yes);
+  ExpectKeptAside("New Project");
   ExpectDetails();
   Click("SSCommand1(1)");
   Settle();
   ExpectEmptyProject();
-  const std::filesystem::directory_iterator kept(platform.DataFolder);
-  ASSERT_NE(kept, std::filesystem::directory_iterator());
-  EXPECT_EQ(kept->path().filename().string(), "recovered-2024-03-05-140709.ovd");
-  EXPECT_EQ(BytesOf(kept->path().string()), text);
+  EXPECT_EQ(BytesOf(KeptAside()), text);
 }
 
 TEST_F(LifecycleScreen, New_while_a_refusable_cell_is_edited_tells_nothing) {

@@ -214,6 +214,12 @@ void ScreenTest::Settle() {
   EXPECT_TRUE(QTest::qWaitFor(quiet, Patience));
 }
 
+void ScreenTest::ExpectKeptAside(const std::string& title) {
+  dialogs.ExpectBox("The project isn't saved. A copy of it stands in\n" + KeptAside() +
+                        "\nand is offered when the program is started again.",
+                    title);
+}
+
 QObject* ScreenTest::FindObject(QObject& parent, const std::string& name) {
   if (parent.objectName() == ToQt(name)) return &parent;
   return parent.findChild<QObject*>(ToQt(name));

@@ -142,6 +142,10 @@ class ScreenTest : public SystemTest {
   // Lets queued work run until the foreseen dialogs are answered and nothing is left to do.
   void Settle();
 
+  // The box that tells where a job stands that is left although its save came to nothing.
+  void ExpectKeptAside(const std::string& title);
+  std::string KeptAside() { return platform.DataFolder + "/recovery/2024-03-05-140709/job1.ovd"; }
+
   // Text of a cell of the sections grid.
   std::string Cell(int row, int column) { return Sections().TextMatrix(row, column); }
 

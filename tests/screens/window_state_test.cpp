@@ -337,6 +337,7 @@ TEST_F(WindowStateTest, Yes_closes_although_the_save_was_cancelled) {
   Click("SSCommand1(6)");
   platform.Chosen = {std::nullopt};
   ExpectSaveQuestion(QMessageBox::Yes);
+  ExpectKeptAside("Exit");
   EXPECT_TRUE(main->close());
   EXPECT_FALSE(main->isVisible());
 }

@@ -50,7 +50,7 @@ std::string DifferenceText(const LeftJob& left, const Job& copy) {
 
 }  // namespace
 
-FrmRecovery::FrmRecovery(std::vector<OfferedJob> jobs, std::function<void(OfferedJob&)> discard,
+FrmRecovery::FrmRecovery(std::vector<LeftJob> jobs, std::function<void(const LeftJob&)> discard,
                          QWidget* parent)
     : PlainDialog(parent), jobs_(std::move(jobs)), discard_(std::move(discard)) {
   setObjectName("frmRecovery");
@@ -100,8 +100,7 @@ FrmRecovery::FrmRecovery(std::vector<OfferedJob> jobs, std::function<void(Offere
 }
 
 void FrmRecovery::AddRows() {
-  for (const OfferedJob& offered : jobs_) {
-    const LeftJob& left = offered.Job;
+  for (const LeftJob& left : jobs_) {
     auto* row = new QTreeWidgetItem(list_);
     row->setText(LeftJobColumn, ToQt(left.Path.empty() ? "Untitled" : FileName(left.Path)));
     row->setToolTip(LeftJobColumn, PlainTip(left.Path));

@@ -5,8 +5,8 @@
 #include <functional>
 #include <vector>
 
+#include "project/recovery.h"
 #include "ui/platform/plain_dialog.h"
-#include "ui/recovery_keeper.h"
 
 namespace orvane {
 
@@ -15,18 +15,18 @@ namespace orvane {
 class FrmRecovery : public PlainDialog {
  public:
   // `discard` does so; an error that it raises is told, and the job stays in the list.
-  FrmRecovery(std::vector<OfferedJob> jobs, std::function<void(OfferedJob&)> discard,
+  FrmRecovery(std::vector<LeftJob> jobs, std::function<void(const LeftJob&)> discard,
               QWidget* parent = nullptr);
 
-  OfferedJob& Chosen() { return jobs_.at(static_cast<std::size_t>(Row())); }
+  const LeftJob& Chosen() const { return jobs_.at(static_cast<std::size_t>(Row())); }
 
  private:
   void AddRows();
   int Row() const;
   void Discard();
 
-  std::vector<OfferedJob> jobs_;  // row by row
-  const std::function<void(OfferedJob&)> discard_;
+  std::vector<LeftJob> jobs_;  // row by row
+  const std::function<void(const LeftJob&)> discard_;
   QTreeWidget* list_ = nullptr;  // lvwRecovered
 };
 
