@@ -10,6 +10,7 @@
 #include "core/numbers.h"
 #include "project/history.h"
 #include "project/lifecycle.h"
+#include "project/versions.h"
 #include "ui/dialogs/frm_mitres.h"
 #include "ui/dialogs/frm_notches.h"
 #include "ui/dialogs/frm_recovery.h"
@@ -84,7 +85,12 @@ void FrmMain::OfferRecovered() {
 void FrmMain::Offer(std::vector<LeftJob> left) {
   std::optional<LeftJob> job;
   {
-    const auto discard = [this](const LeftJob& each) { recovery_->RemoveLeft(each); };
+    const auto discard = [this](const LeftJob& each) {
+      if (KeepsVersions()) {
+        KeepVersion(VersionOf(each.Path, VersionKind::LeftUnsaved, ReadWholeFile(each.File)));
+      }
+      recovery_->RemoveLeft(each);
+    };
     FrmRecovery offer(std::move(left), discard, this);
     if (offer.exec() == QDialog::Accepted) job = offer.Chosen();
   }

@@ -13,6 +13,7 @@
 #include "project/project_file.h"
 #include "project/recovery.h"
 #include "project/saving.h"
+#include "project/versions.h"
 #include "tests/screens/sections_fixture.h"
 #include "ui/platform/end_watch.h"
 
@@ -290,10 +291,18 @@ TEST_F(RecoveryScreen, Several_are_offered_and_those_that_wait_are_offered_again
   });
   Offer();
   EXPECT_EQ(Folders().size(), 1U);
+  // What is discarded is an earlier version from then on.
+  EXPECT_TRUE(VersionsOf("").empty());
+  KeepVersionsIn(platform.DataFolder);
   // Behind the last one nothing is left to ask.
   dialogs.ExpectDialog("frmRecovery", [&](QWidget&) { Press(Qt::Key_D, Qt::AltModifier); });
   Offer();
   EXPECT_TRUE(Folders().empty());
+  const std::vector<Version> kept = VersionsOf(TempPath("gone.ovd"));
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_EQ(kept.front().Kind, VersionKind::LeftUnsaved);
+  EXPECT_EQ(kept.front().Sections, 1);
+  KeepVersionsIn({});
 }
 
 TEST_F(RecoveryScreen, Before_one_takes_the_place_of_a_changed_job_it_is_asked) {

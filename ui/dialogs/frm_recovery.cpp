@@ -96,7 +96,7 @@ FrmRecovery::FrmRecovery(std::vector<LeftJob> jobs, std::function<void(const Lef
   list_->setCurrentItem(list_->topLevelItem(0));
   list_->setFocus();
   const QFontMetrics metrics(list_->font());
-  resize(metrics.averageCharWidth() * 120, metrics.lineSpacing() * 16);
+  resize(metrics.averageCharWidth() * 120, metrics.lineSpacing() * 24);
 }
 
 void FrmRecovery::AddRows() {
@@ -114,6 +114,8 @@ void FrmRecovery::AddRows() {
     row->setTextAlignment(LeftSectionsColumn, Qt::AlignRight | Qt::AlignVCenter);
     row->setText(LeftDifferenceColumn, ToQt(difference));
     row->setToolTip(LeftDifferenceColumn, PlainTip(difference));
+    // The row's height is told by the one column that isn't as wide as its texts.
+    row->setSizeHint(LeftDifferenceColumn, QSize(0, list_->fontMetrics().height() * 3 / 2));
   }
   const int gap = list_->fontMetrics().averageCharWidth() * 2;
   for (int column = LeftJobColumn; column < LeftDifferenceColumn; ++column) {

@@ -23,11 +23,6 @@ namespace {
 
 enum VersionColumn { WhenColumn, JobColumn, WhatColumn, SectionsColumn, SinceColumn };
 
-std::string TimeText(const Moment& time) {
-  return ProjectDateText(time.Day, TheDesktop().ShortDateForm()) + "  " + PaddedText(time.Hour, 2) +
-         ":" + PaddedText(time.Minute, 2) + ":" + PaddedText(time.Second, 2);
-}
-
 std::string NameOfJob() {
   return Trim(ProjectFileName).empty() ? "Untitled" : FileName(ProjectFileName);
 }
@@ -113,7 +108,7 @@ FrmVersions::FrmVersions(QWidget* parent) : PlainDialog(parent) {
 void FrmVersions::AddRows() {
   for (const Version& version : versions_) {
     auto* row = new QTreeWidgetItem(list_);
-    row->setText(WhenColumn, ToQt(TimeText(version.Time)));
+    row->setText(WhenColumn, ToQt(MomentText(version.Time, TheDesktop().ShortDateForm())));
     row->setText(JobColumn, ToQt(version.IsUntitled ? "Untitled" : NameOfJob()));
     row->setText(WhatColumn,
                  version.Kind == VersionKind::LeftUnsaved ? "Left unsaved" : "Before a save");
