@@ -14,6 +14,8 @@
 #include <QPixmap>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest/QTest>
 #include <algorithm>
@@ -36,6 +38,7 @@
 #include "ui/frm_main.h"
 #include "ui/platform/qt_desktop.h"
 #include "ui/platform/qt_font_metrics.h"
+#include "ui/platform/qt_text.h"
 #include "ui/sheet_view.h"
 
 namespace orvane {
@@ -101,9 +104,19 @@ double Percentile95(std::vector<double> times) {
   return times.empty() ? 0 : times.at((times.size() - 1) * 95 / 100);
 }
 
+// The program's desktop, with a data folder of its own.
+class BenchDesktop : public QtDesktop {
+ public:
+  BenchDesktop() : QtDesktop(std::make_unique<MemorySettings>()) {}
+  std::string UserDataFolder() override { return FromQt(folder_.path()); }
+
+ private:
+  QTemporaryDir folder_;
+};
+
 class Window {
  public:
-  Window() : desktop_(std::make_unique<MemorySettings>()) {
+  Window() {
     ResetModel();
     InstallDesktop(desktop_);
     ProgramFolder = ORVANE_SOURCE_DIR "/catalogue";
@@ -143,7 +156,7 @@ class Window {
   }
 
  private:
-  QtDesktop desktop_;
+  BenchDesktop desktop_;
   std::unique_ptr<FrmProjectDetails> details_;
   std::unique_ptr<FrmMain> main_;
 };
@@ -200,6 +213,15 @@ void BM_MarkKeyStroke(benchmark::State& state) {
 }
 void BM_LengthKeyStroke(benchmark::State& state) {
   KeyStrokes(state, 3, "7250");
+}
+
+// The same while copies for recovery are written one behind the other.
+void BM_LengthKeyStrokeWhileCopying(benchmark::State& state) {
+  Window window;
+  FillSections(static_cast<int>(state.range(0)));
+  // A key makes the next one due at once, and each that is over is followed by another.
+  window.Main().findChild<QTimer*>("RecoveryTimer")->setInterval(0);
+  TypeKeys(state, window, 3, "7250");
 }
 
 // The live sheet of one section of that many holes.
@@ -336,6 +358,11 @@ void BM_StartProgram(benchmark::State& state) {
 
 BENCHMARK(BM_MarkKeyStroke)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LengthKeyStroke)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LengthKeyStrokeWhileCopying)
     ->Arg(1000)
     ->Arg(10000)
     ->UseManualTime()
