@@ -1,6 +1,5 @@
 #include "ui/recovery_keeper.h"
 
-#include <QLockFile>
 #include <algorithm>
 #include <exception>
 #include <filesystem>
@@ -8,11 +7,11 @@
 #include <utility>
 
 #include "core/desktop.h"
+#include "core/file_lock.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "project/history.h"
 #include "project/saving.h"
-#include "ui/platform/qt_text.h"
 
 namespace orvane {
 
@@ -21,11 +20,9 @@ namespace {
 // A copy has two seconds to be written in, after which no more than five have gone since the step.
 constexpr int WriteAfterMs = 3000;
 
-std::shared_ptr<QLockFile> LockOf(const std::string& folder) {
-  auto lock = std::make_shared<QLockFile>(ToQt(folder) + "/lock");
-  // Never dead by its age alone: a program that has stood open over a holiday still lives.
-  lock->setStaleLockTime(0);
-  return lock;
+// The lock of a folder; none if another program holds it, or none can be laid.
+std::shared_ptr<FileLock> LockOf(const std::string& folder) {
+  return TheDesktop().LayLock(folder + "/lock", LockOfOthers::Stands).Lock;
 }
 
 }  // namespace
@@ -33,7 +30,7 @@ std::shared_ptr<QLockFile> LockOf(const std::string& folder) {
 struct RecoveryKeeper::Copies {
   std::string DataFolder;
   std::string Folder;  // of this program; empty until its first copy
-  std::shared_ptr<QLockFile> Lock;
+  std::shared_ptr<FileLock> Lock;
   std::atomic<bool> Busy = false;
   std::string Error;  // of the last copy; read when it is over
 
@@ -48,8 +45,8 @@ struct RecoveryKeeper::Copies {
     constexpr int mostTries = 5;
     for (int tries = 0; tries < mostTries; ++tries) {
       std::string folder = MakeRecoveryFolder(DataFolder, now);
-      std::shared_ptr<QLockFile> lock = LockOf(folder);
-      if (!lock->tryLock(0)) continue;
+      std::shared_ptr<FileLock> lock = LockOf(folder);
+      if (!lock) continue;
       Folder = std::move(folder);
       Lock = std::move(lock);
       return;
@@ -129,7 +126,7 @@ void RecoveryKeeper::End() {
   timer_.stop();
   TheDesktop().RunApart([copies = copies_] {
     if (copies->Folder.empty()) return;
-    copies->Lock->unlock();
+    copies->Lock.reset();
     RemoveRecoveryFolder(copies->Folder);
     copies->Folder.clear();
   });
@@ -143,13 +140,13 @@ std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
   TheDesktop().FinishApart();
   for (const std::string& folder : RecoveryFolders(copies_->DataFolder)) {
     if (folder == copies_->Folder) continue;
-    std::shared_ptr<QLockFile> lock = LockOf(folder);
-    if (!lock->tryLock(0)) continue;
+    std::shared_ptr<FileLock> lock = LockOf(folder);
+    if (!lock) continue;
     if (std::optional<LeftJob> job = CopyIn(folder)) {
       left.push_back(std::move(*job));
       taken_[folder] = std::move(lock);
     } else {
-      lock->unlock();
+      lock.reset();
       RemoveRecoveryFolder(folder);
     }
   }

@@ -13,9 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "core/file_lock.h"
 #include "project/recovery.h"
-
-class QLockFile;
 
 namespace orvane {
 
@@ -51,7 +50,7 @@ class RecoveryKeeper : public QObject {
 
   const std::function<void(const std::string&)> tell_;
   const std::shared_ptr<Copies> copies_;
-  std::map<std::string, std::shared_ptr<QLockFile>> taken_;  // by the folder
+  std::map<std::string, std::shared_ptr<FileLock>> taken_;  // by the folder
   QTimer timer_{this};
   bool isWritten_ = false;  // a copy was handed over
   bool isTold_ = false;     // that it can't be written
