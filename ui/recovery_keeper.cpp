@@ -8,6 +8,7 @@
 
 #include "core/desktop.h"
 #include "core/file_lock.h"
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "project/history.h"
@@ -20,9 +21,13 @@ namespace {
 // A copy has two seconds to be written in, after which no more than five have gone since the step.
 constexpr int WriteAfterMs = 3000;
 
-// The lock of a folder; none if another program holds it, or none can be laid.
-std::shared_ptr<FileLock> LockOf(const std::string& folder) {
-  return TheDesktop().LayLock(folder + "/lock", LockOfOthers::Stands).Lock;
+LaidLock LockOf(const std::string& folder) {
+  return TheDesktop().LayLock(folder + "/lock", LockOfOthers::Stands);
+}
+
+// Raises what the disk has against a file in that folder: a lock that can't be laid doesn't tell.
+void TryDisk(const std::string& folder) {
+  ReplaceWholeFile(folder + "/try", "A file\n");
 }
 
 }  // namespace
@@ -41,15 +46,25 @@ struct RecoveryKeeper::Copies {
   }
 
   // Another program that looks for what was left may hold a new folder for a moment, and remove it.
+  // One that takes no lock mustn't stay: on a full disk there would be more of them at each step.
   void MakeFolder(const Moment& now) {
     constexpr int mostTries = 5;
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 1; tries <= mostTries; ++tries) {
       std::string folder = MakeRecoveryFolder(DataFolder, now);
-      std::shared_ptr<FileLock> lock = LockOf(folder);
-      if (!lock) continue;
-      Folder = std::move(folder);
-      Lock = std::move(lock);
-      return;
+      LaidLock laid = LockOf(folder);
+      if (laid.Lock) {
+        Folder = std::move(folder);
+        Lock = std::move(laid.Lock);
+        return;
+      }
+      if (laid.Holder) continue;
+      try {
+        TryDisk(folder);
+        RemoveRecoveryFolder(folder);
+      } catch (const std::exception&) {
+        RemoveRecoveryFolder(folder);
+        if (tries == mostTries) throw;
+      }
     }
     throw RuntimeError(Failure::PermissionDenied);
   }
@@ -140,7 +155,7 @@ std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
   TheDesktop().FinishApart();
   for (const std::string& folder : RecoveryFolders(copies_->DataFolder)) {
     if (folder == copies_->Folder) continue;
-    std::shared_ptr<FileLock> lock = LockOf(folder);
+    std::shared_ptr<FileLock> lock = LockOf(folder).Lock;
     if (!lock) continue;
     if (std::optional<LeftJob> job = CopyIn(folder)) {
       left.push_back(std::move(*job));

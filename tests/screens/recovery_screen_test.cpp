@@ -4,6 +4,7 @@
 #include <QLockFile>
 #include <QTimer>
 #include <QTreeWidget>
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 
@@ -15,6 +16,7 @@
 #include "project/saving.h"
 #include "project/versions.h"
 #include "tests/screens/sections_fixture.h"
+#include "tests/support/failing_disk.h"
 #include "ui/platform/end_watch.h"
 
 namespace orvane::test {
@@ -179,6 +181,23 @@ TEST_F(RecoveryScreen, The_end_of_the_session_writes_what_is_not_written_yet) {
   emit qGuiApp->commitDataRequest(*manager);
   EXPECT_EQ(CopiedText(), ProjectText());
   EXPECT_FALSE(Timer().isActive());
+}
+
+TEST_F(RecoveryScreen, A_full_disk_is_told_and_no_folder_stays_on_it) {
+  ShowSaved();
+  platform.LaysLocks = false;
+  Retype("7250");
+  {
+    const FailingDisk full({1, ENOSPC, true});
+    LetTimeGoBy();
+  }
+  EXPECT_EQ(Note(), "No recovery copy of the job can be written: Disk full");
+  EXPECT_EQ(Folders(), Rows());
+  platform.LaysLocks = true;
+  Retype("7251");
+  LetTimeGoBy();
+  EXPECT_EQ(Note(), "Recovery copies of the job are written again");
+  EXPECT_EQ(CopiedText(), ProjectText());
 }
 
 TEST_F(RecoveryScreen, A_data_folder_that_takes_nothing_is_told_once_in_a_quiet_line) {

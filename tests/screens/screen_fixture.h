@@ -33,6 +33,7 @@ class TestDesktop : public QtDesktop {
   Moment Present{{2024, 3, 5}, 14, 7, 9};
   std::string DataFolder;
   bool RealFileDialogs = false;
+  bool LaysLocks = true;
   std::deque<std::optional<std::string>> Chosen;  // for the file dialogs, in order; none cancels
   // Answers all of them instead, for a test that can't foresee them.
   std::function<std::optional<std::string>()> AnyFile;
@@ -46,6 +47,9 @@ class TestDesktop : public QtDesktop {
   std::string UserDataFolder() override { return DataFolder; }
   void ShowHelp(const std::string& file) override { HelpFiles.push_back(file); }
   Moment Now() const override { return Present; }
+  LaidLock LayLock(const std::string& path, LockOfOthers others) override {
+    return LaysLocks ? QtDesktop::LayLock(path, others) : LaidLock();
+  }
 
  private:
   std::optional<std::string> NextFile();
