@@ -7,17 +7,24 @@
 #include <charconv>
 #include <cmath>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/bench_support.h"
 #include "core/disk.h"
 #include "core/file_replacement.h"
 #include "core/files.h"
+#include "core/headless_desktop.h"
 #include "core/model.h"
 #include "holes/hole_list.h"
 #include "output/cam_export.h"
+#include "project/history.h"
+#include "project/main_screen.h"
 #include "project/project_file.h"
+#include "project/saving.h"
+#include "project/versions.h"
 
 namespace {
 
@@ -188,6 +195,69 @@ BENCHMARK(SaveProject)
     ->ArgsProduct({{0, 1}, {5000, Sections}})
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+
+// A main window that nobody looks at.
+class StillScreen : public MainScreen {
+ public:
+  void ForgetEditors() override {}
+  void DisplayItems() override {}
+  void ClearDetailPanel() override {}
+  void EmptyHoleList() override {}
+  void SelectFirstItem() override {}
+  void SetAccUsage() override {}
+  void ClearAccUsage() override {}
+  void ShowFileName(const std::string&) override {}
+  void ShowRecentFiles() override {}
+  void ShowSectionErrors(const std::string&) override {}
+  void ShowJobNote(const std::string&) override {}
+  void ClearDrawing() override {}
+  void RefreshProjectDetails() override {}
+  void ShowProjectDetails() override {}
+  void GoTo(const TextPlace&) override {}
+};
+
+// A desktop whose thread apart from the windows has its turn when it is waited for.
+class LaterDesktop : public HeadlessDesktop {
+ public:
+  void RunApart(std::function<void()> action) override { handedOver_.push_back(std::move(action)); }
+  void FinishApart() override {
+    for (const auto& action : std::exchange(handedOver_, {})) action();
+  }
+
+ private:
+  std::vector<std::function<void()>> handedOver_;
+};
+
+// What the user waits for at "Save" of a job that stands in its file: whether somebody else has
+// changed it is looked at, a backup is made, and what is replaced is handed over as an earlier
+// version.
+void SaveCommand(benchmark::State& state) {
+  bench::FillTables(static_cast<int>(state.range(0)), HolesEach);
+  LaterDesktop desktop;
+  StillScreen screen;
+  InstallDesktop(desktop);
+  InstallMainScreen(screen);
+  const std::string path = bench::TempPath("command.ovd");
+  KeepVersionsIn(bench::TempPath("data"));
+  WriteProjectFile(path);
+  ProjectFileName = path;
+  BeginHistory();
+  KnowContentOf(path);
+  desktop.FinishApart();
+  for (auto _ : state) {
+    if (!orvane::SaveProject(False)) state.SkipWithError("it isn't saved");
+    state.PauseTiming();
+    desktop.FinishApart();
+    state.ResumeTiming();
+  }
+  ForgetContent();
+  EndHistory();
+  ProjectFileName.clear();
+  KeepVersionsIn({});
+  UninstallMainScreen();
+  bench::InstallStillDesktop();
+}
+BENCHMARK(SaveCommand)->Arg(5000)->Arg(Sections)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // Puts a text in the place of a file by the straight steps: beside it, brought to the disk, moved
 // over it, the folder brought to the disk.
