@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "core/model.h"
-#include "project/error_names.h"
 #include "project/job_states.h"
+#include "project/step_kinds.h"
 
 namespace orvane {
 
@@ -32,38 +32,9 @@ struct Running {
   std::int16_t CursorRow = 0;
 };
 
-// Kinds of which one key is one change.
-constexpr bool IsTyped(ChangeKind kind) {
-  switch (kind) {
-    case ChangeKind::Mark:
-    case ChangeKind::Product:
-    case ChangeKind::Length:
-    case ChangeKind::Quantity:
-    case ChangeKind::Notes:
-    case ChangeKind::JointingPieces:
-    case ChangeKind::ProjectDetails:
-      return true;
-    default:
-      return false;
-  }
-}
-
 bool IsOfRow(const ChangeNotice& change) {
   return RuleOf(change.Kind).Subject == ChangeSubject::Section && change.Row >= 1 &&
          change.Row <= Items.UBound();
-}
-
-std::string NameOf(const ChangeNotice& change) {
-  const ChangeRule& rule = RuleOf(change.Kind);
-  std::string name(rule.Name);
-  if (change.Row < 1 || change.Kind == ChangeKind::AddSection) return name;
-  if (rule.Subject == ChangeSubject::Accessory) return name + " of " + NameOfAccessory(change.Row);
-  return name + " of " + NameOfSection(change.Row);
-}
-
-// Kinds that a person calls by the section that they were done to, not by the one that came of it.
-constexpr bool NamesSource(ChangeKind kind) {
-  return kind == ChangeKind::Duplicate || kind == ChangeKind::OppositeHand;
 }
 
 class History {
@@ -82,6 +53,7 @@ class History {
   const Entry* StepBehind() const;
   void MarkSaved();
   void MarkUnsaved();
+  JobInTables WhoseJob() const;
   bool IsChanged() const { return LastStep() != savedStep_; }
   bool Take(Direction direction, RestoredStep& restored);
   std::size_t Bytes() const { return bytes_ + stateBytes_; }
@@ -103,6 +75,7 @@ class History {
   void DropFrom(std::size_t at);
   void DropOldest();
   int LastStep() const;
+  int LastOpening() const;
   void Tell() const {
     if (changed_) changed_();
   }
@@ -118,7 +91,10 @@ class History {
   int steps_ = 0;               // counted so far
   int droppedStep_ = 0;         // the last of those that were too old
   int savedStep_ = 0;
-  bool open_ = false;  // the last step takes further keys of its cell
+  // Steps that are openings which failed; 0 for the job that the history began with.
+  int droppedOpening_ = 0;
+  int savedOpening_ = 0;  // whose pieces were saved
+  bool open_ = false;     // the last step takes further keys of its cell
   std::optional<Running> running_;
   const ChangeFollower follower_;
 };
@@ -126,6 +102,8 @@ class History {
 // The tables as they stand begin a history, whatever they were before. Where it lost track of them
 // nobody knows whether the file holds what they do.
 void History::Begin(bool saved) {
+  droppedOpening_ = saved ? 0 : LastOpening();
+  if (saved) savedOpening_ = 0;
   entries_.clear();
   at_ = 0;
   bytes_ = 0;
@@ -143,6 +121,20 @@ void History::Begin(bool saved) {
 int History::LastStep() const {
   const Entry* last = StepBefore();
   return last == nullptr ? droppedStep_ : last->Step;
+}
+
+// The last opening that failed and stands: the tables hold its pieces and what was done to them.
+int History::LastOpening() const {
+  for (std::size_t at = at_; at > 0; --at) {
+    if (entries_[at - 1].Kind == ChangeKind::OpenProject) return entries_[at - 1].Step;
+  }
+  return droppedOpening_;
+}
+
+JobInTables History::WhoseJob() const {
+  const int opening = LastOpening();
+  if (opening == savedOpening_) return JobInTables::Saved;
+  return opening > savedOpening_ ? JobInTables::Pieces : JobInTables::Former;
 }
 
 const Entry* History::StepBefore() const {
@@ -176,6 +168,7 @@ void History::MarkSaved() {
   if (state_.Rows.size() != static_cast<std::size_t>(Items.UBound())) return Begin();
   open_ = false;
   savedStep_ = LastStep();
+  savedOpening_ = LastOpening();
   Tell();
 }
 
@@ -206,7 +199,7 @@ void History::Before(const ChangeNotice& change) {
   NoteLook(change);
   ChangeNotice named = change;
   if (NamesSource(change.Kind)) named.Row = CurrentItem;
-  running_ = Running{change, NameOf(named), CurrentItem};
+  running_ = Running{change, NameOfChange(named), CurrentItem};
 }
 
 void History::After(const ChangeNotice& change) {
@@ -301,7 +294,7 @@ void History::Finish() {
   step.RowBefore = ran.CursorRow;
   step.RowAfter = ran.Notice.Row;
   const bool former = ran.Notice.Kind == ChangeKind::Delete || NamesSource(ran.Notice.Kind);
-  step.Name = former ? ran.Name : NameOf(ran.Notice);
+  step.Name = former ? ran.Name : NameOfChange(ran.Notice);
   Lead(state_, step.Change, Direction::Forward);
   Append(std::move(step));
   open_ = IsTyped(ran.Notice.Kind);
@@ -326,7 +319,7 @@ void History::Extend(const ChangeNotice& change) {
   for (const auto& [row, section] : more.Sections)
     last.Change.Sections.at(row).After = section.After;
   if (more.Details.Before) last.Change.Details.After = more.Details.After;
-  last.Name = NameOf(change);
+  last.Name = NameOfChange(change);
   const auto isSame = [](const PackedChange& part) { return IsSame(part.Before, part.After); };
   if (isSame(last.Change.Details) &&
       std::all_of(last.Change.Sections.begin(), last.Change.Sections.end(),
@@ -359,6 +352,7 @@ void History::DropOldest() {
   while (Bytes() > MostHistoryBytes && kept_ > LeastSteps) {
     if (entries_.front().Step != 0) {
       droppedStep_ = entries_.front().Step;
+      if (entries_.front().Kind == ChangeKind::OpenProject) droppedOpening_ = droppedStep_;
       --kept_;
     }
     bytes_ -= entries_.front().Bytes;
@@ -469,6 +463,10 @@ void MarkUnsaved() {
 
 bool IsChangedSinceSaved() {
   return history && history->IsChanged();
+}
+
+JobInTables WhoseJob() {
+  return history ? history->WhoseJob() : JobInTables::Saved;
 }
 
 JobState StateNow() {

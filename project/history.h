@@ -45,6 +45,12 @@ void MarkSaved();
 void MarkUnsaved();
 bool IsChangedSinceSaved();
 
+// Whose job the tables hold, as an opening that fails is a step: that of the last save, or of the
+// beginning; the pieces of an opening that failed since then; or what stood there before an opening
+// whose pieces were saved, and which has been taken back.
+enum class JobInTables { Saved, Pieces, Former };
+JobInTables WhoseJob();
+
 // The job as it stands behind the last change or look, apart from the tables: it shares its
 // sections with the history, costs little and may go to another thread. Empty without a history.
 JobState StateNow();

@@ -58,10 +58,23 @@ void KeepWhatIsLost() {
   KeepUnsaved(NotFullyRead == False ? ProjectFileName : std::string());
 }
 
-void ShowWhetherFullyRead(Boolean notFullyRead) {
-  NotFullyRead = notFullyRead;
+// What stands behind the name of the file while the tables hold something else than its job.
+const char* Remark(JobInTables job) {
+  switch (job) {
+    case JobInTables::Saved:
+      return "";
+    case JobInTables::Pieces:
+      return " (not fully read)";
+    case JobInTables::Former:
+      break;
+  }
+  return " (another project)";
+}
+
+void ShowWhoseJob(JobInTables job) {
+  NotFullyRead = ToBoolean(job != JobInTables::Saved);
   const std::string name = Trim(ProjectFileName).empty() ? NoFile : ProjectFileName;
-  TheMainScreen().ShowFileName(name + (notFullyRead == False ? "" : " (not fully read)"));
+  TheMainScreen().ShowFileName(name + Remark(job));
 }
 
 // Reads a project into the model and shows it; what its file has to do with it is the caller's, and
@@ -82,7 +95,8 @@ bool ShowWhatIsRead(TextFile& file, const std::function<void()>& takeName) {
   screen.RefreshProjectDetails();
   if (!whole) {
     screen.ClearDrawing();
-    MarkNotFullyRead(True);
+    ShowWhoseJob(JobInTables::Pieces);
+    DropJobLock();
     return false;
   }
   takeName();
@@ -170,16 +184,16 @@ bool OpenCopy(const std::string& bytes, const std::string& name) {
     HoldJobLock(std::move(opening.Lock));
     ProjectFileName = opening.As == OpenAs::Copy ? std::string() : name;
     KnowContentOf(ProjectFileName);
-    ShowWhetherFullyRead(False);
+    ShowWhoseJob(JobInTables::Saved);
     MarkUnsaved();
   });
   if (whole) CountAsChanged();
   return whole;
 }
 
-void MarkNotFullyRead(Boolean isSo) {
-  ShowWhetherFullyRead(isSo);
-  if (isSo != False) return DropJobLock();
+void FollowTakenOpening() {
+  ShowWhoseJob(WhoseJob());
+  if (NotFullyRead != False) return DropJobLock();
   if (LayJobLockAgain(ProjectFileName)) return;
   TheMainScreen().ShowJobNote(FileName(ProjectFileName) + " is open somewhere else too");
 }

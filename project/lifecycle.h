@@ -40,10 +40,11 @@ void OpenFile(const std::string& path);
 // does. One that can't be read to its end ends as there; false then, and where it was cancelled.
 bool OpenCopy(const std::string& bytes, const std::string& name);
 
-// A file that couldn't be read to its end stands in place of the job, whose name shows that, and
-// whose next save asks for a file and whose lock is gone; or its opening was taken back and the job
-// is there again, with its lock if nobody else has one now.
-void MarkNotFullyRead(Boolean isSo);
+// An opening that failed was taken back or done again. While the tables then hold something else
+// than the job that was saved last (WhoseJob), its name shows that, the next save asks for a file
+// and the lock is gone; once they hold it again it has its name, and its lock if nobody else has
+// one now.
+void FollowTakenOpening();
 
 // True when the system may close: asks about holes beyond a section's end, then about unsaved
 // changes; Yes and No both clear the flag, so that a second pass doesn't ask to save again.

@@ -11,11 +11,13 @@
 
 namespace orvane {
 
-// The last opening stopped half-way: the tables hold what it read, and their file is still the one
-// before, which they must not be written over. Until New, a whole opening or a save.
+// The tables hold something else than the job of their file, which they must not be written over:
+// what the last opening read before it stopped half-way, or, with such an opening taken back after
+// its pieces were saved, the job before. Until New, a whole opening or a save.
 extern Boolean NotFullyRead;
 
-// The file that the job is saved under; empty for none, and after an opening that stopped half-way.
+// The file that the job is saved under; empty for none, and while the tables
+// hold something else than its job.
 std::string PathOfJob();
 
 // The file dialog of a project, to open or to save; it starts beside the project's file.

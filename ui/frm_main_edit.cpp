@@ -65,7 +65,7 @@ void FrmMain::TakeStep(bool back) {
   RestoredStep restored;
   if (!(back ? UndoStep(restored) : RedoStep(restored))) return;
   // Of openings only one that failed is a step.
-  if (restored.Kind == ChangeKind::OpenProject) MarkNotFullyRead(ToBoolean(restored.Redone));
+  if (restored.Kind == ChangeKind::OpenProject) FollowTakenOpening();
   if (restored.Details) RefreshProjectDetails();
   if (restored.Accessories) accessories_->SetAccUsage();
   // Whoever took a hole back from the hole list goes on there.

@@ -256,7 +256,7 @@ class TornJobLock : public JobLockTest {
     RestoredStep restored;
     ASSERT_TRUE(UndoStep(restored));
     ASSERT_EQ(restored.Kind, ChangeKind::OpenProject);
-    MarkNotFullyRead(False);
+    FollowTakenOpening();
   }
 };
 
@@ -267,7 +267,9 @@ TEST_F(TornJobLock, The_former_jobs_goes_and_it_has_none) {
 TEST_F(TornJobLock, Taken_back_the_former_job_has_its_own_again) {
   TakeBack();
   EXPECT_EQ(Locks(), (Paths{JobsLock()}));
-  MarkNotFullyRead(True);  // done again
+  RestoredStep restored;
+  ASSERT_TRUE(RedoStep(restored));
+  FollowTakenOpening();
   EXPECT_EQ(Locks(), Paths{});
 }
 

@@ -175,7 +175,7 @@ TEST_F(LeftUnsaved, A_job_without_a_name_and_one_half_read_are_kept_as_such) {
   TypeNotes("nameless");
   OpenFile(Path("@/other.ovd"));
   Hold(JobPath());
-  MarkNotFullyRead(True);
+  NotFullyRead = True;
   TypeNotes("half");
   OpenFile(Path("@/other.ovd"));
   EXPECT_EQ(Kept(""), (Contents{WithNotes("half"), WithNotes("nameless")}));

@@ -281,6 +281,31 @@ TEST_F(UndoTest, A_failed_opening_is_taken_back_on_the_screen_too) {
   EXPECT_EQ(FromQt(name.toolTip()), "None (not fully read)");
 }
 
+TEST_F(UndoTest, Of_two_failed_openings_the_first_ones_pieces_stay_pieces) {
+  ShowPurlins();
+  const std::string own = TempPath("own.ovd");
+  platform.Chosen.push_back(own);
+  Press(Qt::Key_S, Qt::ControlModifier);
+  const std::string before = ProjectText();
+  const std::string torn = TempFile("torn.ovd", "v1.07:7\r\n\"J\"\r\n\"C\"\r\n");
+  const std::string other = TempFile("other.ovd", "v1.07:7\r\n\"K\"\r\n\"C\"\r\n");
+  for (const std::string& path : {torn, other}) {
+    dialogs.ExpectBox("Input past end of file");
+    OpenFile(path);
+    Settle();
+  }
+  Undo();
+  const auto& name = Find<ElidingLabel>("lblFilename(1)");
+  EXPECT_EQ(FromQt(name.toolTip()), own + " (not fully read)");
+  platform.Chosen.push_back(std::nullopt);
+  Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(platform.Chosen.empty());  // it has asked for a file
+  EXPECT_EQ(BytesOf(own), before);
+  Undo();
+  EXPECT_EQ(ProjectText(), before);
+  EXPECT_EQ(FromQt(name.toolTip()), own);
+}
+
 TEST_F(UndoTest, Accessories_and_details_come_back) {
   ShowPurlins();
   TextRows rows;
