@@ -104,9 +104,13 @@ bool LayJobLockAgain(const std::string& job) {
   const std::string path = LockPathOf(job);
   if (IsHeld(path)) return true;
   LaidLock laid = TheDesktop().LayLock(path, LockOfOthers::Stands);
-  const bool free = !laid.Holder;
+  // With none that is known here the next save asks: nobody has been asked about that holder yet.
+  if (laid.Holder) {
+    DropJobLock();
+    return false;
+  }
   HoldJobLock({path, std::move(laid.Lock)});
-  return free;
+  return true;
 }
 
 }  // namespace orvane

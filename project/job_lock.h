@@ -46,7 +46,7 @@ void HoldJobLock(JobLock lock);
 void DropJobLock();
 
 // The job is open again after its lock was dropped: lays it. False if somebody else has taken it
-// meanwhile; nobody is asked.
+// meanwhile; nobody is asked then, but at the next save.
 bool LayJobLockAgain(const std::string& job);
 
 }  // namespace orvane

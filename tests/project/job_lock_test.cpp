@@ -282,6 +282,21 @@ TEST_F(TornJobLock, Somebody_who_took_the_former_job_meanwhile_keeps_it_and_is_t
   EXPECT_EQ(window.Note, "job.ovd is open somewhere else too");
 }
 
+TEST_F(TornJobLock, Whoever_was_only_told_of_somebody_is_asked_at_the_next_save) {
+  LetAnnaHold(JobsLock());
+  TakeBack();
+  ProjectDirty = True;
+  Items.At(1).Mark = "mine";
+  person.Choices = {"Cancel", "Save all the same"};
+  EXPECT_FALSE(SaveProject(False));
+  EXPECT_EQ(BytesOf(JobPath()), Joined(SmallProjectLines()));
+  EXPECT_TRUE(SaveProject(False));
+  EXPECT_NE(BytesOf(JobPath()), Joined(SmallProjectLines()));
+  // Now it has been asked.
+  EXPECT_TRUE(SaveProject(False));
+  EXPECT_EQ(person.ChoiceBoxes.size(), 2U);
+}
+
 // --- A job that comes back from its recovery
 
 TEST_F(JobLockTest, A_recovered_job_lays_it_and_asks_as_an_opened_one) {
