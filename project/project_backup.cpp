@@ -149,6 +149,11 @@ FormerContent ReadFormerContent(const std::string& path) {
   return former;
 }
 
+bool MakesBackup(const std::string& path, const std::string& bytes) {
+  const std::string backup = path + std::string(BackupEnding);
+  return IsWorthKeeping(bytes, backup) && Obstacle(backup).empty();
+}
+
 void KeepFormerContent(const std::string& path, FormerContent& former) {
   try {
     if (!former.Bytes) return;

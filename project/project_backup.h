@@ -39,6 +39,9 @@ struct FormerContent {
 // Reads what a file holds that is about to be replaced. Nothing is raised.
 FormerContent ReadFormerContent(const std::string& path);
 
+// Whether KeepFormerContent would copy that content of `path`, unless the disk fails.
+bool MakesBackup(const std::string& path, const std::string& bytes);
+
 // Copies that content of `path` to PATH.bak, with its permissions, synced and then put in place in
 // one step. Only an ordinary file that reads back whole, an old or odd one too, is copied, lest a
 // half-written file replace a good backup; one that opens but was cut is copied where no backup

@@ -20,6 +20,7 @@
 #include "project/recent_files.h"
 #include "project/recovery.h"
 #include "project/unfit_texts.h"
+#include "project/versions.h"
 
 namespace orvane {
 
@@ -76,13 +77,20 @@ bool IsKnown(const std::string& path, const FormerContent& former) {
 
 enum class OtherAnswer { OtherName, Overwrite, Cancel };
 
+// What becomes of the content of a file that a save replaces.
+std::string FateOf(const std::string& path, const std::string& content) {
+  if (MakesBackup(path, content)) return "goes to " + FileName(path) + std::string(BackupEnding);
+  return KeepsVersions() ? "makes no backup: it goes to the earlier versions alone"
+                         : "is lost: it makes no backup";
+}
+
 // What is done about a job that somebody else has saved.
-OtherAnswer AskAboutOther(const std::string& path) {
+OtherAnswer AskAboutOther(const std::string& path, const std::string& theirs) {
   const int answer = TheDesktop().Choose(
       FileName(path) +
           " was changed on the disk after you opened it or saved it last.\rIf you overwrite it, "
-          "what stands there now goes to " +
-          FileName(path) + std::string(BackupEnding) + ".",
+          "what stands there now " +
+          FateOf(path, theirs) + ".",
       "Save Project", {"Save under another name", "Overwrite", "Cancel"});
   constexpr std::array meanings = {OtherAnswer::OtherName, OtherAnswer::Overwrite,
                                    OtherAnswer::Cancel};
@@ -111,7 +119,7 @@ std::optional<SavePlace> PlaceToSave(std::string path) {
       if (IsKnown(path, former) || MarkOf(*former.Bytes) == overwritten) {
         return SavePlace{path, *std::move(lock), std::move(former)};
       }
-      answer = AskAboutOther(path);
+      answer = AskAboutOther(path, *former.Bytes);
       overwritten = MarkOf(*former.Bytes);
     }
     if (answer == OtherAnswer::Cancel) return std::nullopt;

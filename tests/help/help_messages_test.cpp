@@ -50,6 +50,11 @@ const std::multiset<std::string> Messages = {
     "orvane\n\nSaving puts this project in its place.",
     "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "
     "what stands there now goes to shed.ovd.bak.",
+    "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "
+    "what stands there now makes no backup: it goes to the earlier versions alone.",
+    "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "
+    "what stands there now is lost: it makes no backup.",
+    "What was changed since the last save could not be kept: Disk full.\nLeave it all the same?",
     "The project file can't hold these texts as they are:\n\nP4, Notes: 12\" deep\ncomes back as: "
     "12",
     "With these texts the project could not be opened again. It isn't saved.\n\nP4, Notes: 12\" x "

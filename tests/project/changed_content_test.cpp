@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "project/lifecycle.h"
+#include "project/versions.h"
 #include "tests/project/lifecycle_fixture.h"
 #include "tests/support/failing_disk.h"
 
@@ -74,6 +76,41 @@ TEST_F(ChangedContentTest, Another_content_is_asked_about_and_cancel_touches_not
   EXPECT_EQ(BytesOf(JobPath()), Theirs());
   EXPECT_EQ(BytesOf(JobPath() + ".bak"), "the backup");
   EXPECT_EQ(ProjectDirty, True);
+}
+
+TEST_F(ChangedContentTest, What_makes_no_backup_is_told_to_go_elsewhere_or_to_be_lost) {
+  const std::string asked =
+      "job.ovd was changed on the disk after you opened it or saved it last.\rIf you overwrite it, "
+      "what stands there now ";
+  const auto ask = [this] {
+    person.Choices = {"Cancel"};
+    EXPECT_FALSE(SaveProject(False));
+    return person.ChoiceBoxes.back().Text;
+  };
+  const std::string lost = asked + "is lost: it makes no backup.";
+  // Broken.
+  TempFile("job.ovd", "no job at all");
+  EXPECT_EQ(ask(), lost);
+  KeepVersionsIn(TempPath(""));
+  const std::string kept = asked + "makes no backup: it goes to the earlier versions alone.";
+  EXPECT_EQ(ask(), kept);
+  // Cut, beside a good backup and without one.
+  TempFile("job.ovd", Theirs() + "-1");
+  EXPECT_EQ(ask(), asked + "goes to job.ovd.bak.");
+  TempFile("job.ovd.bak", Theirs());
+  EXPECT_EQ(ask(), kept);
+  // The backup's name is taken.
+  SaveTheirs();
+  EXPECT_EQ(ask(), asked + "goes to job.ovd.bak.");
+  fs::remove(JobPath() + ".bak");
+  fs::create_directory(JobPath() + ".bak");
+  EXPECT_EQ(ask(), kept);
+  person.Choices = {"Overwrite"};
+  EXPECT_TRUE(SaveProject(False));
+  const std::vector<Version> versions = VersionsOf(JobPath());
+  ASSERT_EQ(versions.size(), 1U);
+  EXPECT_EQ(ReadVersion(versions.front().File), Theirs());
+  KeepVersionsIn({});
 }
 
 TEST_F(ChangedContentTest, Overwritten_it_stands_in_the_backup) {
