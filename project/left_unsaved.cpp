@@ -1,10 +1,16 @@
 #include "project/left_unsaved.h"
 
-#include <utility>
+#include <exception>
+#include <filesystem>
+#include <optional>
+#include <vector>
 
+#include "core/desktop.h"
+#include "core/files.h"
 #include "core/runtime_error.h"
 #include "project/history.h"
 #include "project/project_file.h"
+#include "project/recovery.h"
 #include "project/versions.h"
 
 namespace orvane {
@@ -12,23 +18,51 @@ namespace orvane {
 namespace {
 
 std::string copiedText;
+std::vector<std::string> copyFolders;    // of the open job
+std::optional<std::string> givenUpText;  // empty for a job that can't be written down
 
-}  // namespace
-
-void KeepUnsaved(const std::string& jobPath) {
-  if (!KeepsVersions() || !IsChangedSinceSaved()) return;
-  const std::string copied = std::exchange(copiedText, {});
+std::string TextIfAny() {
   try {
-    std::string text = ProjectText();
-    if (text == copied) return;
-    KeepVersionApart(VersionOf(jobPath, VersionKind::LeftUnsaved, std::move(text)));
+    return ProjectText();
   } catch (const RuntimeError&) {
-    // A number that no file holds: it could not be saved either, which was told then.
+    return {};
   }
 }
 
-void MarkCopied() {
-  if (KeepsVersions()) copiedText = ProjectText();
+}  // namespace
+
+std::string KeepUnsaved(const std::string& jobPath) {
+  if (!KeepsVersions() || !IsChangedSinceSaved()) return {};
+  try {
+    const std::string text = ProjectText();
+    if (text == copiedText) return {};
+    // What saves have handed over goes before it, in the same folder.
+    TheDesktop().FinishApart();
+    KeepVersion(VersionOf(jobPath, VersionKind::LeftUnsaved, text));
+    return {};
+  } catch (const std::exception& error) {
+    return givenUpText == TextIfAny() ? std::string() : error.what();
+  }
+}
+
+void MarkCopied(const std::string& copy) {
+  copiedText = ProjectText();
+  copyFolders.push_back(PathText(NativePath(copy).parent_path()));
+}
+
+void MarkGivenUp() {
+  givenUpText = TextIfAny();
+}
+
+void ForgetCopies() {
+  copiedText.clear();
+  copyFolders.clear();
+  givenUpText.reset();
+}
+
+void RemoveCopies() {
+  for (const std::string& folder : copyFolders) RemoveRecoveryFolder(folder);
+  ForgetCopies();
 }
 
 }  // namespace orvane

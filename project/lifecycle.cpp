@@ -52,10 +52,13 @@ bool LengthsAllowExit() {
   return allowed;
 }
 
-// What is lost when the job goes is kept as an earlier one of its file's. A job that was read half
-// is none of those that had the file's name.
-void KeepWhatIsLost() {
-  KeepUnsaved(NotFullyRead == False ? ProjectFileName : std::string());
+// What is lost when another job takes the place of this one is kept as an earlier one of its
+// file's. The line that tells why it couldn't be; empty for nothing.
+std::string KeepWhatIsReplaced() {
+  const std::string trouble = KeepUnsaved(PathOfJob());
+  ForgetCopies();
+  if (trouble.empty()) return {};
+  return "What was changed in the project before could not be kept: " + trouble;
 }
 
 // What stands behind the name of the file while the tables hold something else than its job.
@@ -80,12 +83,12 @@ void ShowWhoseJob(JobInTables job) {
 // Reads a project into the model and shows it; what its file has to do with it is the caller's, and
 // is done before the first sheet is drawn. False after an error of reading, which was told.
 bool ShowWhatIsRead(TextFile& file, const std::function<void()>& takeName) {
-  KeepWhatIsLost();
+  const std::string lost = KeepWhatIsReplaced();
   MainScreen& screen = TheMainScreen();
   screen.ForgetEditors();
   CurrentItem = 0;  // its row may be gone before the sections are shown afresh
 
-  screen.ShowJobNote({});
+  screen.ShowJobNote(lost);
   ProjectNotes notes;
   const auto read = [&] { notes = ReadProjectFile(file); };
   const bool whole = Tell([&] { Change(ChangeKind::OpenProject, 0, read); });
@@ -100,7 +103,8 @@ bool ShowWhatIsRead(TextFile& file, const std::function<void()>& takeName) {
     return false;
   }
   takeName();
-  screen.ShowJobNote(notes.Line());
+  const std::string line = notes.Line();
+  screen.ShowJobNote(line.empty() || lost.empty() ? line + lost : line + ". " + lost);
   ShowFirstItem();
   return true;
 }
@@ -124,7 +128,7 @@ bool MayReplaceProject() {
 
 void NewProject() {
   if (!MayReplaceProject()) return;
-  KeepWhatIsLost();
+  const std::string lost = KeepWhatIsReplaced();
   MainScreen& screen = TheMainScreen();
   screen.ForgetEditors();
 
@@ -138,7 +142,7 @@ void NewProject() {
   screen.EmptyHoleList();
   screen.ClearAccUsage();
   screen.ShowFileName(NoFile);
-  screen.ShowJobNote({});
+  screen.ShowJobNote(lost);
   screen.ClearDrawing();
   screen.RefreshProjectDetails();
   screen.ShowProjectDetails();
@@ -200,23 +204,38 @@ void FollowTakenOpening() {
 
 namespace {
 
+const std::string ExitTitle = "Exit";
+
 // The save prompt at the exit; false if the project stays.
 bool MayExit() {
   if (ProjectDirty == False) return true;
-  const std::string title = "Exit";
-  const Answer answer = AskToSave(title);
+  const Answer answer = AskToSave(ExitTitle);
   if (answer == Answer::Cancel) return false;
   ForgetChanges();
-  if (answer == Answer::No || MayGoSaved(title)) return true;
+  if (answer == Answer::No || MayGoSaved(ExitTitle)) return true;
   ProjectDirty = True;
   return false;
+}
+
+// Keeps what is lost at the exit; false if it can't be kept and the project stays for it.
+bool MayLose() {
+  const std::string trouble = KeepUnsaved(PathOfJob());
+  if (trouble.empty()) return true;
+  const std::string question =
+      "What was changed since the last save could not be kept: " + trouble +
+      ".\rLeave it all the same?";
+  if (TheDesktop().ShowMessageBox(question, ExitTitle, Buttons::YesNo, Icon::None) != Answer::Yes) {
+    ProjectDirty = True;
+    return false;
+  }
+  MarkGivenUp();
+  return true;
 }
 
 }  // namespace
 
 bool ExitProject() {
-  if (!LengthsAllowExit() || !MayExit()) return false;
-  KeepWhatIsLost();
+  if (!LengthsAllowExit() || !MayExit() || !MayLose()) return false;
   TheDesktop().FinishApart();
   return true;
 }

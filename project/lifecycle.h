@@ -9,8 +9,8 @@
 
 namespace orvane {
 
-// New, an opening and the exit keep what they lose of a changed job (project/left_unsaved); the
-// exit waits until that is done.
+// New, an opening and the exit keep what they lose of a changed job (project/left_unsaved). What
+// can't be kept is told in the line of the job that takes its place; the exit asks before it goes.
 
 // "New": the save prompt, then an empty project, whose details are asked for; it counts as changed.
 // A save asked for by Yes that failed or was cancelled stops neither this, nor "Open", nor the

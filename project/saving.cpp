@@ -201,6 +201,7 @@ Saving Save(Boolean SaveAs) {
     saving = Saving::Done;
     HoldJobLock(std::move(place->Lock));
     TakeFileName(place->Path);
+    RemoveCopies();
     TheMainScreen().ShowJobNote(note);
     ForgetChanges();
     AddRecent(place->Path);
@@ -221,13 +222,16 @@ bool MayGoSaved(const std::string& title) {
     TheDesktop().ShowMessageBox("The project isn't saved. A copy of it stands in\r" + copy +
                                     "\rand is offered when the program is started again.",
                                 title, Buttons::Ok, Icon::None);
-    MarkCopied();
+    MarkCopied(copy);
     return true;
   }
-  return TheDesktop().ShowMessageBox(
-             "The project isn't saved, and no copy that opens could be put into your data folder "
-             "either.\rLeave it all the same? What was changed in it is lost then.",
-             title, Buttons::YesNo, Icon::None) == Answer::Yes;
+  const Answer answer = TheDesktop().ShowMessageBox(
+      "The project isn't saved, and no copy that opens could be put into your data folder "
+      "either.\rLeave it all the same? What was changed in it is lost then.",
+      title, Buttons::YesNo, Icon::None);
+  if (answer != Answer::Yes) return false;
+  MarkGivenUp();
+  return true;
 }
 
 void TakeFileName(const std::string& path) {
