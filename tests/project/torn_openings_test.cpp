@@ -145,7 +145,7 @@ TEST_F(TornOpenings, Saved_itself_then_it_has_that_file_and_the_pieces_have_none
 
 TEST_F(TornOpenings, Where_the_history_loses_track_of_the_tables_the_pieces_stay_pieces) {
   FailToOpen();
-  Items.Resize(2);  // behind the gate's back
+  Items.Resize(3);  // behind the gate's back
   TypeNotes("typed");
   ASSERT_EQ(StepsToUndo(), 1);
   FailToOpen();
