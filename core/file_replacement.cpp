@@ -194,6 +194,12 @@ Overwriting OverwriteWholeFile(const std::string& path, std::string_view bytes,
   return {ErrorInFile(path, ErrorOf(error, target)), holdsFormer};
 }
 
+void BringNameToDisk(const std::string& folder) {
+  const std::string above = PathText(NativePath(folder).parent_path());
+  const int error = Again([&] { return TheDisk().SyncFolder(above); }).Error;
+  if (error != 0) throw SystemError(error, above);
+}
+
 bool HasOtherNames(const std::string& path) {
   std::error_code error;
   const auto names = fs::hard_link_count(NativePath(path), error);

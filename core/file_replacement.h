@@ -74,6 +74,9 @@ struct Overwriting {
 Overwriting OverwriteWholeFile(const std::string& path, std::string_view bytes,
                                std::string_view former);
 
+// Brings the name of a new folder to the disk, which stands in the one above it.
+void BringNameToDisk(const std::string& folder);
+
 // Whether other names lead to the same file, which would keep the old one if it were replaced.
 bool HasOtherNames(const std::string& path);
 

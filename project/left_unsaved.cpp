@@ -1,5 +1,6 @@
 #include "project/left_unsaved.h"
 
+#include <atomic>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -18,7 +19,8 @@ namespace orvane {
 namespace {
 
 std::string copiedText;
-std::vector<std::string> copyFolders;    // of the open job
+std::vector<std::string> copyFolders;  // of the open job
+std::atomic<bool> isLost = false;
 std::optional<std::string> givenUpText;  // empty for a job that can't be written down
 
 std::string TextIfAny() {
@@ -39,10 +41,16 @@ std::string KeepUnsaved(const std::string& jobPath) {
     // What saves have handed over goes before it, in the same folder.
     TheDesktop().FinishApart();
     KeepVersion(VersionOf(jobPath, VersionKind::LeftUnsaved, text));
+    isLost = false;
     return {};
   } catch (const std::exception& error) {
+    isLost = true;
     return givenUpText == TextIfAny() ? std::string() : error.what();
   }
+}
+
+bool TakeLost() {
+  return isLost.exchange(false);
 }
 
 void MarkCopied(const std::string& copy) {
@@ -62,6 +70,7 @@ void ForgetCopies() {
 
 void RemoveCopies() {
   for (const std::string& folder : copyFolders) RemoveRecoveryFolder(folder);
+  isLost = false;
   ForgetCopies();
 }
 

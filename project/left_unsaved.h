@@ -12,6 +12,10 @@ namespace orvane {
 // once it was given up as it stands.
 std::string KeepUnsaved(const std::string& jobPath);
 
+// Whether the last of them couldn't be kept, since this was asked: what else holds it must stay.
+// Asked by any thread.
+bool TakeLost();
+
 // The job as it stands has been kept in another way, in that file alone in its folder: left so, it
 // isn't kept again.
 void MarkCopied(const std::string& copy);

@@ -179,15 +179,19 @@ void OpenFile(const std::string& path) {
   CountAsChanged();
 }
 
-bool OpenCopy(const std::string& bytes, const std::string& name) {
+bool OpenCopy(const std::string& bytes, const std::string& name, FileNow file) {
   LockedOpening opening;
   if (!name.empty()) opening = LockToOpen(name);
   if (opening.As == OpenAs::Nothing) return false;
-  TextFile file(DecodeText(bytes));
-  const bool whole = ShowWhatIsRead(file, [&] {
+  TextFile text(DecodeText(bytes));
+  const bool whole = ShowWhatIsRead(text, [&] {
     HoldJobLock(std::move(opening.Lock));
     ProjectFileName = opening.As == OpenAs::Copy ? std::string() : name;
-    KnowContentOf(ProjectFileName);
+    if (file == FileNow::AsItWas) {
+      KnowContentOf(ProjectFileName);
+    } else {
+      KnowNothingOf(ProjectFileName);
+    }
     ShowWhoseJob(JobInTables::Saved);
     MarkUnsaved();
   });

@@ -35,10 +35,16 @@ void OpenProject();
 // blanks does nothing.
 void OpenFile(const std::string& path);
 
+// What stands under the name that a copy of a job is opened under.
+enum class FileNow {
+  AsItWas,  // what the job was when it was copied from there
+  Another   // somebody has saved it since: a save asks before that is replaced
+};
+
 // Opens a copy of a job, the bytes of a project file, as one that isn't saved: its file is `name`,
 // or none if that is empty, and stays as it is until a save. About that file it asks as OpenFile
 // does. One that can't be read to its end ends as there; false then, and where it was cancelled.
-bool OpenCopy(const std::string& bytes, const std::string& name);
+bool OpenCopy(const std::string& bytes, const std::string& name, FileNow file = FileNow::AsItWas);
 
 // An opening that failed was taken back or done again. While the tables then hold something else
 // than the job that was saved last (WhoseJob), its name shows that, the next save asks for a file

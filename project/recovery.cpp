@@ -14,6 +14,7 @@
 #include "core/model.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "project/content_mark.h"
 #include "project/job.h"
 #include "project/packed_records.h"
 #include "project/project_file.h"
@@ -25,8 +26,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A copy and its path are called job1.ovd and job1.path, the next one job2 if its path is another:
-// so no copy ever stands beside the path of another job.
+// A copy and what is told of it, the mark of its file and its path in two lines, are called
+// job1.ovd and job1.path, the next one job2 if its path is another: so no copy ever stands beside
+// the path of another job.
 constexpr std::string_view CopyName = "job";
 constexpr std::string_view CopyEnding = ".ovd";
 constexpr std::string_view PathEnding = ".path";
@@ -73,12 +75,22 @@ int LastCopy(const std::string& folder) {
   return last;
 }
 
-// The path that stands beside a copy; none if it can't be read.
-std::optional<std::string> PathOfCopy(const std::string& folder, int number) {
+// What stands beside a copy; none if it can't be read.
+std::optional<std::string> ToldOfCopy(const std::string& folder, int number) {
   try {
     return ReadWholeFile(NameOf(folder, number, PathEnding));
   } catch (const std::exception&) {
     return std::nullopt;
+  }
+}
+
+// Whether a job's file is otherwise than that mark tells; one that can't be read is.
+bool IsOtherThan(const std::string& path, const std::string& known) {
+  if (path.empty() || !IsRegularFile(path)) return false;
+  try {
+    return MarkText(MarkOf(ReadWholeFile(path))) != known;
+  } catch (const std::exception&) {
+    return true;
   }
 }
 
@@ -112,6 +124,14 @@ std::string MakeRecoveryFolder(const std::string& dataFolder, const Moment& now)
     if (!isTaken()) throw SystemError(error.default_error_condition().value(), PathText(folder));
     folder = copies / (name + "-" + DecimalText(number));
   }
+  // A power cut mustn't take the folder of a copy that was brought to the disk.
+  try {
+    BringNameToDisk(PathText(copies));
+    BringNameToDisk(PathText(folder));
+  } catch (const RuntimeError&) {
+    RemoveRecoveryFolder(PathText(folder));
+    throw;
+  }
   return PathText(folder);
 }
 
@@ -124,13 +144,15 @@ std::vector<std::string> RecoveryFolders(const std::string& dataFolder) {
   return folders;
 }
 
-void KeepCopy(const std::string& folder, const std::string& path, const std::string& text) {
+void KeepCopy(const std::string& folder, const std::string& path, const std::string& known,
+              const std::string& text) {
   const int last = LastCopy(folder);
-  if (last > 0 && PathOfCopy(folder, last) == path) {
+  const std::string told = known + "\n" + path;
+  if (last > 0 && ToldOfCopy(folder, last) == told) {
     ReplaceWholeFile(NameOf(folder, last, CopyEnding), text);
     return;
   }
-  ReplaceWholeFile(NameOf(folder, last + 1, PathEnding), path);
+  ReplaceWholeFile(NameOf(folder, last + 1, PathEnding), told);
   ReplaceWholeFile(NameOf(folder, last + 1, CopyEnding), text);
   if (last > 0) RemoveCopy(folder, last);
 }
@@ -145,12 +167,16 @@ std::optional<LeftJob> CopyIn(const std::string& folder) {
   LeftJob job;
   job.Folder = folder;
   job.File = NameOf(folder, last, CopyEnding);
-  job.Path = PathOfCopy(folder, last).value_or("");  // a job without a name is better than none
+  // A job without a name is better than none.
+  const std::string told = ToldOfCopy(folder, last).value_or("\n");
+  const std::size_t end = std::min(told.find('\n'), told.size());
+  job.Path = told.substr(std::min(end + 1, told.size()));
   const auto written = WrittenAt(job.File);
   if (!written) return std::nullopt;
   job.Written = *written;
   const auto saved = job.Path.empty() ? std::nullopt : WrittenAt(job.Path);
   job.IsOlder = saved && *saved > *written;
+  job.IsChanged = IsOtherThan(job.Path, told.substr(0, end));
   return job;
 }
 
@@ -177,14 +203,14 @@ std::string TextOfState(const JobState& state) {
       {job.Details, job.ProjectDate, sections, job.AccLines1, job.AccLines2, job.AccUsed});
 }
 
-std::string KeepUnsavedProject(const std::string& path) {
+std::string KeepUnsavedProject(const std::string& path, const std::string& known) {
   std::string folder;
   try {
     const std::string text = ProjectText();
     const std::string dataFolder = TheDesktop().UserDataFolder();
     if (dataFolder.empty()) return {};
     folder = MakeRecoveryFolder(dataFolder, TheDesktop().Now());
-    KeepCopy(folder, path, text);
+    KeepCopy(folder, path, known, text);
     // One that doesn't open can still be mended by hand.
     if (FitOf(text, OpenJob()) == FileFit::Broken) return {};
     return NameOf(folder, LastCopy(folder), CopyEnding);

@@ -22,6 +22,8 @@ struct LeftJob {
   std::string Path;                               // that the job is saved under; empty for none
   std::chrono::system_clock::time_point Written;  // when the copy was made
   bool IsOlder = false;                           // than the job's own file
+  // The job's own file isn't what it was when the job was read from there or saved.
+  bool IsChanged = false;
 };
 
 // Makes a new folder for copies, which is called by that moment: "2024-03-05-140709", and with -2,
@@ -33,12 +35,15 @@ std::vector<std::string> RecoveryFolders(const std::string& dataFolder);
 
 // Puts a copy of the job into the folder and takes the one before away, in such an order that one
 // with its own path stands there at every moment.
-void KeepCopy(const std::string& folder, const std::string& path, const std::string& text);
+// `known` tells what the job's own file held when it was read or saved (MarkText); empty where
+// there was none.
+void KeepCopy(const std::string& folder, const std::string& path, const std::string& known,
+              const std::string& text);
 
 // Takes the copy away. What can't be removed stays.
 void DropCopy(const std::string& folder);
 
-// The copy in a folder; none where there is none.
+// The copy in a folder; none where there is none. The job's own file is read for it.
 std::optional<LeftJob> CopyIn(const std::string& folder);
 
 // Removes a folder with all that it holds. What can't be removed stays.
@@ -49,9 +54,9 @@ void RemoveRecoveryFolder(const std::string& folder);
 std::string TextOfState(const JobState& state);
 
 // Puts the open project into a folder of its own in the user's data folder, for one that is about
-// to be left although the save that was asked for came to nothing. `path` is its own. Asks and
-// tells nothing; gives the path of the copy, empty if something went wrong, or if what was kept
-// wouldn't open.
-std::string KeepUnsavedProject(const std::string& path);
+// to be left although the save that was asked for came to nothing. `path` and `known` are as in
+// KeepCopy. Asks and tells nothing; gives the path of the copy, empty if something went wrong, or
+// if what was kept wouldn't open.
+std::string KeepUnsavedProject(const std::string& path, const std::string& known);
 
 }  // namespace orvane

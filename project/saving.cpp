@@ -66,11 +66,13 @@ UnfitAnswer AskAboutTexts(const std::vector<UnfitText>& texts, FileFit fit) {
 struct KnownContent {
   std::string Path;
   std::vector<ContentMark> Contents;
+  bool IsOther = false;  // whatever stands there is somebody else's doing
 };
 KnownContent known;
 
 bool IsKnown(const std::string& path, const FormerContent& former) {
-  if (!former.Bytes || known.Path != path || known.Contents.empty()) return true;
+  if (!former.Bytes || known.Path != path) return true;
+  if (known.Contents.empty()) return !known.IsOther;
   const auto& contents = known.Contents;
   return std::find(contents.begin(), contents.end(), MarkOf(*former.Bytes)) != contents.end();
 }
@@ -158,12 +160,8 @@ Answer AskToSave(const std::string& title) {
                                      Buttons::YesNoCancel, Icon::None);
 }
 
-ContentMark MarkOf(std::string_view bytes) {
-  return {bytes.size(), std::hash<std::string_view>()(bytes)};
-}
-
 void KnowContent(const std::string& path, const ContentMark& content) {
-  known = {path, {content}};
+  known = {path, {content}, false};
 }
 
 void KnowContentOf(const std::string& path) {
@@ -173,6 +171,15 @@ void KnowContentOf(const std::string& path) {
   } else {
     ForgetContent();
   }
+}
+
+void KnowNothingOf(const std::string& path) {
+  known = {path, {}, true};
+}
+
+std::string KnownMark() {
+  const bool isKnown = known.Path == ProjectFileName && !known.Contents.empty();
+  return isKnown ? MarkText(known.Contents.back()) : std::string();
 }
 
 void ForgetContent() {
@@ -217,7 +224,7 @@ bool MayGoSaved(const std::string& title) {
   const Saving saving = Save(False);
   if (saving == Saving::WentThere) return false;
   if (saving == Saving::Done) return true;
-  const std::string copy = KeepUnsavedProject(PathOfJob());
+  const std::string copy = KeepUnsavedProject(PathOfJob(), KnownMark());
   if (!copy.empty()) {
     TheDesktop().ShowMessageBox("The project isn't saved. A copy of it stands in\r" + copy +
                                     "\rand is offered when the program is started again.",

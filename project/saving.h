@@ -2,12 +2,11 @@
 // goes through TheDesktop and TheMainScreen.
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "core/desktop.h"
 #include "core/numbers.h"
+#include "project/content_mark.h"
 
 namespace orvane {
 
@@ -26,20 +25,15 @@ FileDialog ProjectDialog(const std::string& title);
 // Whether the changes are to be saved.
 Answer AskToSave(const std::string& title);
 
-// What a file holds, to be told apart from what it held before.
-struct ContentMark {
-  std::size_t Size = 0;
-  std::size_t Hash = 0;
-
-  friend bool operator==(const ContentMark&, const ContentMark&) = default;
-};
-ContentMark MarkOf(std::string_view bytes);
-
 // The open job stands on the disk as these bytes, under that path: a save that finds others there
 // asks. Of a job without a file nothing is known.
 void KnowContent(const std::string& path, const ContentMark& content);
 // The same of what stands under that path now; nothing is known if that can't be read.
 void KnowContentOf(const std::string& path);
+// Nothing that may stand under that path is known: a save that finds a file there asks.
+void KnowNothingOf(const std::string& path);
+// What is known of the open job, as a text (MarkText); empty for nothing.
+std::string KnownMark();
 void ForgetContent();
 
 // How a save ended.

@@ -169,13 +169,6 @@ std::vector<KeptVersion> KeptVersionsIn(const std::string& folder) {
   return versions;
 }
 
-// Brings the name of a folder to the disk, which stands in the one above it.
-void BringNameToDisk(const std::string& folder) {
-  const std::string above = PathText(NativePath(folder).parent_path());
-  const int error = Again([&] { return TheDisk().SyncFolder(above); }).Error;
-  if (error != 0) throw SystemError(error, above);
-}
-
 // Makes what a job's versions need in its folder, and gives the file whose rights they get.
 std::string MakeReady(const std::string& folder, const std::string& jobPath) {
   const std::string pathFile = InFolder(folder, PathFile);

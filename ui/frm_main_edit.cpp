@@ -96,8 +96,8 @@ void FrmMain::Offer(std::vector<LeftJob> left) {
   }
   activateWindow();
   if (!job || !MayReplaceProject()) return;
-  if (!OpenCopy(ReadWholeFile(job->File), job->Path)) return;
-  if (job->IsOlder) ShowJobNote("The file of this job was saved later than the copy");
+  const FileNow file = job->IsOlder || job->IsChanged ? FileNow::Another : FileNow::AsItWas;
+  if (!OpenCopy(ReadWholeFile(job->File), job->Path, file)) return;
   // It goes when the copy of this program has taken its place.
   if (recovery_->WriteNow()) recovery_->RemoveLeft(*job);
 }

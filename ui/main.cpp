@@ -5,6 +5,7 @@
 
 #include "core/desktop.h"
 #include "core/program_folder.h"
+#include "project/job_lock.h"
 #include "ui/platform/end_watch.h"
 #include "ui/platform/qt_desktop.h"
 #include "ui/platform/qt_text.h"
@@ -20,6 +21,6 @@ int main(int argc, char** argv) {
   orvane::StartUp start;
   start.Run();
   if (start.Main() == nullptr) return EXIT_FAILURE;  // its reason was shown
-  const orvane::EndWatch watch([&start] { start.Main()->KeepForRecovery(); });
+  const orvane::EndWatch watch([&start] { start.Main()->KeepForRecovery(); }, orvane::DropJobLock);
   return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "ui/recovery_keeper.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "core/files.h"
 #include "core/runtime_error.h"
 #include "project/history.h"
+#include "project/left_unsaved.h"
 #include "project/saving.h"
 
 namespace orvane {
@@ -20,6 +22,9 @@ namespace {
 
 // A copy has two seconds to be written in, after which no more than five have gone since the step.
 constexpr int WriteAfterMs = 3000;
+
+// A folder without a copy is of no use to anybody after that time.
+constexpr std::chrono::hours EmptyFor{1};
 
 LaidLock LockOf(const std::string& folder) {
   return TheDesktop().LayLock(folder + "/lock", LockOfOthers::Stands);
@@ -69,15 +74,36 @@ struct RecoveryKeeper::Copies {
     throw RuntimeError(Failure::PermissionDenied);
   }
 
-  void Keep(const JobState& state, const std::string& path, const Moment& now) {
+  void Keep(const JobState& state, const std::string& path, const std::string& known,
+            const Moment& now) {
     try {
       if (!IsThere()) MakeFolder(now);
-      KeepCopy(Folder, path, TextOfState(state));
+      KeepCopy(Folder, path, known, TextOfState(state));
       Error.clear();
     } catch (const std::exception& error) {
       Error = error.what();
     }
     Busy = false;
+  }
+
+  // Takes the copy away; but one that is all that is left of what the user did stays for the next
+  // start.
+  void Drop() {
+    if (Folder.empty()) return;
+    if (TakeLost()) return LeaveFolder();
+    DropCopy(Folder);
+  }
+  void Remove() {
+    if (Folder.empty()) return;
+    if (TakeLost()) return LeaveFolder();
+    const std::string folder = Folder;
+    RemoveRecoveryFolder(folder);
+    LeaveFolder();
+    RemoveRecoveryFolder(folder);  // where a file in use, as the lock was, can't be removed
+  }
+  void LeaveFolder() {
+    Lock.reset();
+    Folder.clear();
   }
 };
 
@@ -103,17 +129,21 @@ void RecoveryKeeper::NoteChange() {
 void RecoveryKeeper::Write() {
   timer_.stop();
   // A disk that is slower than the fingers has one copy at a time to write.
-  if (copies_->Busy.exchange(true)) return timer_.start();
+  isWanted_ = copies_->Busy.exchange(true);
+  if (isWanted_) return;
   isWritten_ = true;
-  const auto keep = [this, copies = copies_, state = StateNow(), path = PathOfJob(),
-                     now = TheDesktop().Now()] {
-    copies->Keep(state, path, now);
+  auto keep = [this, copies = copies_, state = StateNow(), path = PathOfJob(), known = KnownMark(),
+               now = TheDesktop().Now()] {
+    copies->Keep(state, path, known, now);
     QMetaObject::invokeMethod(this, [this, error = copies->Error] { Told(error); });
   };
-  TheDesktop().RunApart(keep);
+  TheDesktop().RunApart(std::move(keep));
 }
 
 void RecoveryKeeper::Told(const std::string& error) {
+  // What wasn't written is tried again, and what has come meanwhile is written at once.
+  if (IsChangedSinceSaved() && std::exchange(isWanted_, false)) Write();
+  if (IsChangedSinceSaved() && !error.empty() && !timer_.isActive()) timer_.start();
   if (error.empty() != isTold_) return;
   isTold_ = !error.empty();
   tell_(isTold_ ? "No recovery copy of the job can be written: " + error
@@ -122,16 +152,15 @@ void RecoveryKeeper::Told(const std::string& error) {
 
 void RecoveryKeeper::Drop() {
   timer_.stop();
+  isWanted_ = false;
+  isTold_ = false;  // the line has gone with the job that it was told of
   if (!std::exchange(isWritten_, false)) return;
-  TheDesktop().RunApart([copies = copies_] {
-    if (!copies->Folder.empty()) DropCopy(copies->Folder);
-  });
+  TheDesktop().RunApart([copies = copies_] { copies->Drop(); });
 }
 
 bool RecoveryKeeper::WriteNow() {
-  if (copies_->DataFolder.empty() || !IsChangedSinceSaved()) return false;
-  timer_.stop();
   TheDesktop().FinishApart();
+  if (copies_->DataFolder.empty() || !IsChangedSinceSaved()) return false;
   Write();
   TheDesktop().FinishApart();
   return copies_->Error.empty();
@@ -139,12 +168,7 @@ bool RecoveryKeeper::WriteNow() {
 
 void RecoveryKeeper::End() {
   timer_.stop();
-  TheDesktop().RunApart([copies = copies_] {
-    if (copies->Folder.empty()) return;
-    copies->Lock.reset();
-    RemoveRecoveryFolder(copies->Folder);
-    copies->Folder.clear();
-  });
+  TheDesktop().RunApart([copies = copies_] { copies->Remove(); });
   TheDesktop().FinishApart();
   copies_->DataFolder.clear();
 }
@@ -155,15 +179,18 @@ std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
   TheDesktop().FinishApart();
   for (const std::string& folder : RecoveryFolders(copies_->DataFolder)) {
     if (folder == copies_->Folder) continue;
-    std::shared_ptr<FileLock> lock = LockOf(folder).Lock;
-    if (!lock) continue;
+    const auto made = WrittenAt(folder);  // before a lock is written there
+    LaidLock laid = LockOf(folder);
+    // A disk that takes no lock doesn't hide what was left there.
+    if (laid.Holder) continue;
     if (std::optional<LeftJob> job = CopyIn(folder)) {
       left.push_back(std::move(*job));
-      taken_[folder] = std::move(lock);
-    } else {
-      lock.reset();
-      RemoveRecoveryFolder(folder);
+      taken_[folder] = std::move(laid.Lock);
+      continue;
     }
+    laid.Lock.reset();
+    // One that has just been made gets its copy.
+    if (made && std::chrono::system_clock::now() - *made > EmptyFor) RemoveRecoveryFolder(folder);
   }
   std::stable_sort(left.begin(), left.end(), [](const LeftJob& one, const LeftJob& other) {
     return one.Written > other.Written;
@@ -172,8 +199,9 @@ std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
 }
 
 void RecoveryKeeper::RemoveLeft(const LeftJob& job) {
-  taken_.erase(job.Folder);
   RemoveRecoveryFolder(job.Folder);
+  taken_.erase(job.Folder);
+  RemoveRecoveryFolder(job.Folder);  // where a file in use, as the lock was, can't be removed
 }
 
 }  // namespace orvane

@@ -53,6 +53,7 @@ class RecoveryKeeper : public QObject {
   std::map<std::string, std::shared_ptr<FileLock>> taken_;  // by the folder
   QTimer timer_{this};
   bool isWritten_ = false;  // a copy was handed over
+  bool isWanted_ = false;   // another one, once the present one is written
   bool isTold_ = false;     // that it can't be written
 };
 

@@ -12,6 +12,7 @@
 #include "core/disk.h"
 #include "core/files.h"
 #include "core/runtime_error.h"
+#include "project/content_mark.h"
 #include "project/project_file.h"
 #include "project/rules/section_columns.h"
 #include "tests/project/history_fixture.h"
@@ -80,19 +81,19 @@ TEST_F(RecoveryFolderTest, Where_no_folder_can_be_made_there_is_an_error) {
 TEST_F(RecoveryFolderTest, A_copy_stands_with_the_path_of_its_job) {
   const std::string folder = NewFolder();
   EXPECT_FALSE(CopyIn(folder));
-  KeepCopy(folder, "/jobs/north.ovd", "one");
+  KeepCopy(folder, "/jobs/north.ovd", "", "one");
   ASSERT_TRUE(CopyIn(folder));
   EXPECT_EQ(CopyIn(folder)->Path, "/jobs/north.ovd");
   EXPECT_EQ(BytesOf(CopyIn(folder)->File), "one");
-  KeepCopy(folder, "/jobs/north.ovd", "two");
+  KeepCopy(folder, "/jobs/north.ovd", "", "two");
   EXPECT_EQ(BytesOf(CopyIn(folder)->File), "two");
   EXPECT_EQ(NamesIn(folder), (std::set<std::string>{"job1.ovd", "job1.path"}));
 }
 
 TEST_F(RecoveryFolderTest, A_copy_of_another_job_takes_its_place) {
   const std::string folder = NewFolder();
-  KeepCopy(folder, "/jobs/north.ovd", "north");
-  KeepCopy(folder, "", "without a name");
+  KeepCopy(folder, "/jobs/north.ovd", "", "north");
+  KeepCopy(folder, "", "", "without a name");
   EXPECT_EQ(CopyIn(folder)->Path, "");
   EXPECT_EQ(BytesOf(CopyIn(folder)->File), "without a name");
   EXPECT_EQ(NamesIn(folder), (std::set<std::string>{"job2.ovd", "job2.path"}));
@@ -105,7 +106,7 @@ TEST_F(RecoveryFolderTest, Of_two_copies_the_later_one_counts_as_its_writer_died
   const std::string folder = NewFolder();
   for (const std::string name : {"job9.ovd", "job9.path", "job10.ovd", "job10.path", "job11.path",
                                  "job.ovd", "jobx.ovd", "job99999999999.ovd", "a.ovd"}) {
-    WriteWholeFile(folder + "/" + name, name);
+    WriteWholeFile(folder + "/" + name, "1 2\n" + name);
   }
   EXPECT_EQ(CopyIn(folder)->File, folder + "/job10.ovd");
   EXPECT_EQ(CopyIn(folder)->Path, "job10.path");
@@ -114,7 +115,7 @@ TEST_F(RecoveryFolderTest, Of_two_copies_the_later_one_counts_as_its_writer_died
 TEST_F(RecoveryFolderTest, The_job_that_was_saved_later_than_its_copy_is_newer) {
   const std::string folder = NewFolder();
   const std::string job = TempFile("north.ovd", "saved");
-  KeepCopy(folder, job, "copy");
+  KeepCopy(folder, job, MarkText(MarkOf("saved")), "copy");
   const auto copied = fs::last_write_time(CopyIn(folder)->File);
   fs::last_write_time(job, copied - std::chrono::seconds(1));
   EXPECT_FALSE(CopyIn(folder)->IsOlder);
@@ -122,6 +123,23 @@ TEST_F(RecoveryFolderTest, The_job_that_was_saved_later_than_its_copy_is_newer) 
   EXPECT_TRUE(CopyIn(folder)->IsOlder);
   fs::remove(job);
   EXPECT_FALSE(CopyIn(folder)->IsOlder);
+}
+
+TEST_F(RecoveryFolderTest, A_job_whose_file_is_not_what_was_read_has_changed_whatever_its_time) {
+  const std::string folder = NewFolder();
+  const std::string job = TempFile("north.ovd", "saved");
+  KeepCopy(folder, job, MarkText(MarkOf("saved")), "copy");
+  EXPECT_FALSE(CopyIn(folder)->IsChanged);
+  WriteWholeFile(job, "sAved");
+  fs::last_write_time(job, fs::last_write_time(CopyIn(folder)->File) - std::chrono::hours(1));
+  EXPECT_TRUE(CopyIn(folder)->IsChanged);
+  EXPECT_FALSE(CopyIn(folder)->IsOlder);
+  fs::remove(job);
+  EXPECT_FALSE(CopyIn(folder)->IsChanged);
+  // Nothing is known of a file that came while the job had none.
+  KeepCopy(folder, job, "", "copy");
+  TempFile("north.ovd", "saved");
+  EXPECT_TRUE(CopyIn(folder)->IsChanged);
 }
 
 TEST_F(RecoveryFolderTest, Whatever_fails_a_copy_stands_with_its_own_path) {
@@ -133,9 +151,9 @@ TEST_F(RecoveryFolderTest, Whatever_fails_a_copy_stands_with_its_own_path) {
         [&] {
           fs::remove_all(Data() + "/recovery");
           folder = NewFolder();
-          KeepCopy(folder, before, "before");
+          KeepCopy(folder, before, "1 2", "before");
         },
-        [&] { error = OutcomeOf([&] { KeepCopy(folder, "/jobs/north.ovd", "after"); }); },
+        [&] { error = OutcomeOf([&] { KeepCopy(folder, "/jobs/north.ovd", "1 2", "after"); }); },
         [&](const Fault& fault, const FailingDisk& disk) {
           ++faults;
           const std::string where = TextOf(fault, disk);
@@ -157,7 +175,7 @@ TEST_F(RecoveryFolderTest, Whatever_fails_a_copy_stands_with_its_own_path) {
 
 TEST_F(RecoveryFolderTest, A_folder_goes_with_all_that_it_holds) {
   const std::string folder = NewFolder();
-  KeepCopy(folder, "", "job");
+  KeepCopy(folder, "", "", "job");
   RemoveRecoveryFolder(folder);
   EXPECT_TRUE(RecoveryFolders(Data()).empty());
   RemoveRecoveryFolder(folder);
@@ -172,7 +190,7 @@ class UnsavedProjectTest : public test::LifecycleTest {
 
 TEST_F(UnsavedProjectTest, It_is_kept_in_a_folder_of_its_own_with_its_path) {
   person.Present = {{2031, 12, 9}, 4, 5, 6};
-  const std::string copy = KeepUnsavedProject("/jobs/north.ovd");
+  const std::string copy = KeepUnsavedProject("/jobs/north.ovd", "1 2");
   EXPECT_EQ(copy, Path("@/data/recovery/2031-12-09-040506/job1.ovd"));
   EXPECT_EQ(BytesOf(copy), Joined(SmallProjectLines()));
   EXPECT_EQ(CopyIn(Path("@/data/recovery/2031-12-09-040506"))->Path, "/jobs/north.ovd");
@@ -180,9 +198,9 @@ TEST_F(UnsavedProjectTest, It_is_kept_in_a_folder_of_its_own_with_its_path) {
 }
 
 TEST_F(UnsavedProjectTest, Each_one_has_its_own) {
-  KeepUnsavedProject("");
+  KeepUnsavedProject("", "");
   txtProject.at(0) = "OV 1235";
-  KeepUnsavedProject("");
+  KeepUnsavedProject("", "");
   EXPECT_EQ(Recovered(), (Log{"2024-03-05-140709", "2024-03-05-140709-2"}));
   const std::string second = Path("@/data/recovery/2024-03-05-140709-2/job1.ovd");
   EXPECT_EQ(LinesOf(BytesOf(second)).front(), "v1.07:OV 1235");
@@ -190,11 +208,11 @@ TEST_F(UnsavedProjectTest, Each_one_has_its_own) {
 
 TEST_F(UnsavedProjectTest, What_goes_wrong_gives_no_path) {
   person.DataFolder = TempPath("gone");
-  EXPECT_EQ(KeepUnsavedProject(""), "");
+  EXPECT_EQ(KeepUnsavedProject("", ""), "");
   log.On["user's data folder"] = [] { throw RuntimeError(Failure::PermissionDenied); };
-  EXPECT_EQ(KeepUnsavedProject(""), "");
+  EXPECT_EQ(KeepUnsavedProject("", ""), "");
   Items.At(1).Notches.Resize(32768);  // one more than a file can count
-  EXPECT_EQ(KeepUnsavedProject(""), "");
+  EXPECT_EQ(KeepUnsavedProject("", ""), "");
   EXPECT_EQ(Events(), (Log{"user's data folder", "user's data folder"}));
   EXPECT_FALSE(fs::exists(Path("@/gone")));
 }
@@ -203,7 +221,7 @@ TEST_F(UnsavedProjectTest, Without_a_data_folder_nothing_is_written) {
   const fs::path before = fs::current_path();
   fs::current_path(person.DataFolder);
   person.HasNoDataFolder = true;
-  EXPECT_EQ(KeepUnsavedProject(""), "");
+  EXPECT_EQ(KeepUnsavedProject("", ""), "");
   fs::current_path(before);
   EXPECT_EQ(Events(), Log{"user's data folder"});
   EXPECT_TRUE(fs::is_empty(person.DataFolder));
@@ -212,7 +230,7 @@ TEST_F(UnsavedProjectTest, Without_a_data_folder_nothing_is_written) {
 TEST_F(UnsavedProjectTest, After_any_fault_it_is_whole_or_said_to_be_missing) {
   std::string copy;
   ForEachFault([&] { fs::remove_all(Path("@/data/recovery")); },
-               [&] { copy = KeepUnsavedProject(""); },
+               [&] { copy = KeepUnsavedProject("", ""); },
                [&](const Fault& fault, const FailingDisk& disk) {
                  const std::string where = TextOf(fault, disk);
                  EXPECT_EQ(Recovered().size(), copy.empty() ? 0U : 1U) << where;

@@ -76,18 +76,20 @@ class RecoveryScreen : public SectionsTest {
   // What was left.
 
   // What a program that died has left: these purlins, under that path.
-  std::string LeaveCopy(const std::string& path, const Rows& marks) {
+  std::string LeaveCopy(const std::string& path, const Rows& marks,
+                        const std::string& known = KnownMark()) {
     const Table<Item> items = Items;
     Items.Clear();
     for (const std::string& mark : marks) Put("Z", mark, "Z14012", 7000);
     const std::string folder = MakeRecoveryFolder(platform.DataFolder, {{2024, 3, 5}, 9, 0, 0});
-    KeepCopy(folder, path, ProjectText());
+    KeepCopy(folder, path, known, ProjectText());
     Items = items;
     return folder;
   }
   // The rows that are offered, cell by cell but for the time.
   static Rows RowsOf(QWidget& dialog) {
     auto& list = Find<QTreeWidget>(dialog, "lvwRecovered");
+    RunQueued();
     Rows rows;
     for (int at = 0; at < list.topLevelItemCount(); ++at) {
       const QTreeWidgetItem& row = *list.topLevelItem(at);
@@ -232,7 +234,11 @@ TEST_F(RecoveryScreen, A_folder_that_somebody_has_removed_is_made_again) {
 
 TEST_F(RecoveryScreen, Without_anything_left_nothing_is_asked) {
   Offer();
-  fs::create_directories(TempPath("data/recovery/2024-03-05-090000"));
+  const std::string empty = TempPath("data/recovery/2024-03-05-090000");
+  fs::create_directories(empty);
+  Offer();
+  EXPECT_EQ(Folders(), Rows{empty}) << "another program may be about to write its copy";
+  fs::last_write_time(empty, fs::last_write_time(empty) - std::chrono::hours(2));
   Offer();
   EXPECT_TRUE(Folders().empty()) << "a folder without a copy is of no use";
 }
@@ -264,7 +270,6 @@ TEST_F(RecoveryScreen, A_recovered_job_opens_under_its_name_and_its_file_stays) 
   EXPECT_EQ(Title(), "north.ovd* - Orvane Detailing System");
   EXPECT_EQ(ProjectDirty, True);
   EXPECT_EQ(ReadWholeFile(path), saved);
-  EXPECT_EQ(Note(), "");
   // This program keeps it now.
   ASSERT_EQ(Folders().size(), 1U);
   EXPECT_NE(Folders().front(), folder);
@@ -277,9 +282,10 @@ TEST_F(RecoveryScreen, A_recovered_job_opens_under_its_name_and_its_file_stays) 
   EXPECT_FALSE(Copy());
 }
 
-TEST_F(RecoveryScreen, A_file_that_was_saved_later_is_told) {
+TEST_F(RecoveryScreen, A_file_that_was_saved_later_is_told_and_not_replaced_without_a_question) {
   ShowSaved();
   const std::string path = ProjectFileName;
+  const std::string saved = ReadWholeFile(path);
   const std::string folder = LeaveCopy(path, {"P1"});
   fs::last_write_time(path, fs::last_write_time(CopyIn(folder)->File) + std::chrono::seconds(1));
   ForgetJob();
@@ -289,7 +295,63 @@ TEST_F(RecoveryScreen, A_file_that_was_saved_later_is_told) {
     Press(Qt::Key_Return);
   });
   Offer();
-  EXPECT_EQ(Note(), "The file of this job was saved later than the copy");
+  dialogs.ExpectDialog("MessageBox", [](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), "Save Project");
+    QTest::keyClick(&box, Qt::Key_Escape);
+  });
+  Press(Qt::Key_S, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(ReadWholeFile(path), saved);
+}
+
+TEST_F(RecoveryScreen, A_file_that_somebody_else_has_saved_before_the_copy_is_told_too) {
+  ShowSaved();
+  const std::string path = ProjectFileName;
+  const std::string folder = LeaveCopy(path, {"P1", "P2"}, "of another content");
+  fs::last_write_time(path, fs::last_write_time(CopyIn(folder)->File) - std::chrono::seconds(1));
+  ForgetJob();
+  dialogs.ExpectDialog("frmRecovery", [&](QWidget& dialog) {
+    EXPECT_EQ(RowsOf(dialog),
+              Rows{"north.ovd|2|2 sections changed (its file was changed by somebody else)"});
+    Press(Qt::Key_Escape);
+  });
+  Offer();
+}
+
+TEST_F(RecoveryScreen, What_could_not_be_kept_as_a_version_stays_for_the_next_start) {
+  ShowSaved();
+  Retype("7250");
+  LetTimeGoBy();
+  ASSERT_TRUE(Copy());
+  const std::string copied = CopiedText();
+  KeepVersionsIn(platform.DataFolder);
+  TempFile("data/versions", "a file in its place");
+  OpenFile(ProjectFileName);
+  Settle();
+  ASSERT_TRUE(Copy());
+  EXPECT_EQ(CopiedText(), copied);
+  KeepVersionsIn({});
+}
+
+TEST_F(RecoveryScreen, A_copy_that_failed_is_tried_again_without_a_key) {
+  ShowSaved();
+  TempFile("data/recovery", "a file in its place");
+  Retype("7250");
+  LetTimeGoBy();
+  fs::remove(TempPath("data/recovery"));
+  LetTimeGoBy();
+  EXPECT_EQ(CopiedText(), ProjectText());
+}
+
+TEST_F(RecoveryScreen, A_disk_that_takes_no_lock_hides_nothing) {
+  LeaveCopy("", {"L1"});
+  platform.LaysLocks = false;
+  dialogs.ExpectDialog("frmRecovery", [&](QWidget& dialog) {
+    EXPECT_EQ(RowsOf(dialog), Rows{"Untitled|1|was never saved"});
+    Press(Qt::Key_Return);
+  });
+  Offer();
+  EXPECT_EQ(Marks(), Rows{"L1"});
 }
 
 TEST_F(RecoveryScreen, Several_are_offered_and_those_that_wait_are_offered_again) {

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QTimer>
 #include <algorithm>
 #include <exception>
 #include <optional>
@@ -44,7 +45,11 @@ std::string DifferenceText(const LeftJob& left, const Job& copy) {
   const std::optional<Job> saved = JobIn(left.Path, trouble);
   if (!saved) return "its file can't be read: " + trouble;
   std::string words = Described(DifferenceOf(ViewOf(*saved), ViewOf(copy)));
-  if (left.IsOlder) words += " (its file was saved later than this copy)";
+  if (left.IsOlder) {
+    words += " (its file was saved later than this copy)";
+  } else if (left.IsChanged) {
+    words += " (its file was changed by somebody else)";
+  }
   return words;
 }
 
@@ -106,14 +111,8 @@ void FrmRecovery::AddRows() {
     row->setToolTip(LeftJobColumn, PlainTip(left.Path));
     row->setText(LeftTimeColumn,
                  ToQt(MomentText(LocalMoment(left.Written), TheDesktop().ShortDateForm())));
-    std::string trouble;
-    const std::optional<Job> copy = JobIn(left.File, trouble);
-    const std::string difference =
-        copy ? DifferenceText(left, *copy) : "the copy can't be read: " + trouble;
-    row->setText(LeftSectionsColumn, ToQt(copy ? DecimalText(copy->Items.UBound()) : "?"));
     row->setTextAlignment(LeftSectionsColumn, Qt::AlignRight | Qt::AlignVCenter);
-    row->setText(LeftDifferenceColumn, ToQt(difference));
-    row->setToolTip(LeftDifferenceColumn, PlainTip(difference));
+    row->setText(LeftDifferenceColumn, QString(QChar(0x2026)));
     // The row's height is told by the one column that isn't as wide as its texts.
     row->setSizeHint(LeftDifferenceColumn, QSize(0, list_->fontMetrics().height() * 3 / 2));
   }
@@ -122,6 +121,27 @@ void FrmRecovery::AddRows() {
     list_->resizeColumnToContents(column);
     list_->setColumnWidth(column, list_->columnWidth(column) + gap);
   }
+}
+
+void FrmRecovery::showEvent(QShowEvent* event) {
+  PlainDialog::showEvent(event);
+  QTimer::singleShot(0, this, [this] { Guard([this] { CompareNext(); }); });
+}
+
+// A row at a time, between the keys: for each the copy is read, and the job's own file.
+void FrmRecovery::CompareNext() {
+  if (!isVisible() || compared_ >= list_->topLevelItemCount()) return;
+  QTreeWidgetItem* row = list_->topLevelItem(compared_);
+  const LeftJob& left = jobs_.at(static_cast<std::size_t>(compared_));
+  std::string trouble;
+  const std::optional<Job> copy = JobIn(left.File, trouble);
+  const std::string difference =
+      copy ? DifferenceText(left, *copy) : "the copy can't be read: " + trouble;
+  row->setText(LeftSectionsColumn, ToQt(copy ? DecimalText(copy->Items.UBound()) : "?"));
+  row->setText(LeftDifferenceColumn, ToQt(difference));
+  row->setToolTip(LeftDifferenceColumn, PlainTip(difference));
+  ++compared_;
+  QTimer::singleShot(0, this, [this] { Guard([this] { CompareNext(); }); });
 }
 
 int FrmRecovery::Row() const {
@@ -133,6 +153,7 @@ void FrmRecovery::Discard() {
   discard_(jobs_.at(static_cast<std::size_t>(row)));
   jobs_.erase(jobs_.begin() + row);
   delete list_->takeTopLevelItem(row);
+  if (row < compared_) --compared_;
   if (jobs_.empty()) return Cancel();
   list_->setCurrentItem(list_->topLevelItem(std::min(row, list_->topLevelItemCount() - 1)));
   list_->setFocus();

@@ -20,13 +20,18 @@ class FrmRecovery : public PlainDialog {
 
   const LeftJob& Chosen() const { return jobs_.at(static_cast<std::size_t>(Row())); }
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void AddRows();
+  void CompareNext();
   int Row() const;
   void Discard();
 
   std::vector<LeftJob> jobs_;  // row by row
   const std::function<void(const LeftJob&)> discard_;
+  int compared_ = 0;             // rows whose difference stands there
   QTreeWidget* list_ = nullptr;  // lvwRecovered
 };
 

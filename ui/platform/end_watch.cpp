@@ -47,7 +47,8 @@ void Handle(int number, void (*handler)(int)) {
 
 #endif
 
-EndWatch::EndWatch(std::function<void()> last) : last_(std::move(last)) {
+EndWatch::EndWatch(std::function<void()> last, std::function<void()> end)
+    : last_(std::move(last)), end_(std::move(end)) {
   connect(
       qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Guard(last_); },
       Qt::DirectConnection);
@@ -73,6 +74,7 @@ void EndWatch::Take() {
   unsigned char number = 0;
   if (read(signalPipe[0], &number, 1) != 1) return;
   Guard(last_);
+  if (end_) Guard(end_);
   Handle(number, SIG_DFL);
   raise(number);
 #endif
