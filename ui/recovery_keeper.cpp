@@ -97,9 +97,9 @@ struct RecoveryKeeper::Copies {
     if (Folder.empty()) return;
     if (TakeLost()) return LeaveFolder();
     const std::string folder = Folder;
-    RemoveRecoveryFolder(folder);
+    DropCopy(folder);  // behind the lock another program may look for it
     LeaveFolder();
-    RemoveRecoveryFolder(folder);  // where a file in use, as the lock was, can't be removed
+    RemoveRecoveryFolder(folder);
   }
   void LeaveFolder() {
     Lock.reset();
@@ -199,9 +199,10 @@ std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
 }
 
 void RecoveryKeeper::RemoveLeft(const LeftJob& job) {
-  RemoveRecoveryFolder(job.Folder);
+  // The copy goes first: behind the lock another program may look for it.
+  DropCopy(job.Folder);
   taken_.erase(job.Folder);
-  RemoveRecoveryFolder(job.Folder);  // where a file in use, as the lock was, can't be removed
+  RemoveRecoveryFolder(job.Folder);
 }
 
 }  // namespace orvane
