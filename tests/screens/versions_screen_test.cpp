@@ -55,7 +55,7 @@ class VersionsScreen : public SectionsTest {
     BackToMain();
   }
   void ExpectVersions(std::function<void(QWidget&, QTreeWidget&)> act) {
-    dialogs.ExpectDialog("frmVersions", [this, act](QWidget& dialog) {
+    dialogs.ExpectDialog("frmVersions", [act](QWidget& dialog) {
       act(dialog, Find<QTreeWidget>(dialog, "lvwVersions"));
     });
   }
