@@ -65,9 +65,15 @@ void AppendUtf8(std::string& out, char32_t point) {
   }
 }
 
+// A block of bytes is looked at as one, which processors do many at a time: jobs have megabytes.
 bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  constexpr std::size_t Block = 1024;
+  for (; !text.empty(); text.remove_prefix(std::min(Block, text.size()))) {
+    unsigned char bits = 0;
+    for (const char c : text.substr(0, Block)) bits |= static_cast<unsigned char>(c);
+    if (bits >= 0x80) return false;
+  }
+  return true;
 }
 
 // The letters of Windows-1252 that bear a mark: the mark's own code point, the letters that it
@@ -177,7 +183,7 @@ bool IsUtf8(std::string_view bytes) {
 
 std::string DecodeText(std::string bytes) {
   // The mark is no text in any case, not even before bytes that break the encoding it announces.
-  if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
+  if (bytes.starts_with(Utf8Mark)) bytes.erase(0, Utf8Mark.size());
   if (IsUtf8(bytes)) return bytes;
   if (const std::size_t whole = CutWithinLetter(bytes)) return bytes.substr(0, whole);
   std::string text;

@@ -23,6 +23,9 @@ std::string_view LastChars(std::string_view text, std::size_t count);
 
 bool IsUtf8(std::string_view bytes);
 
+// The byte-order mark that some programs put in front of UTF-8.
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+
 // The bytes of a text file as UTF-8, a byte-order mark in front dropped: as they stand when all of
 // them are valid UTF-8, else read as Windows-1252, in which every byte is one character. A file
 // that holds letters of UTF-8 and breaks off within one was cut there: it is UTF-8 up to that

@@ -37,26 +37,31 @@ TextFile TextFile::Open(const std::string& path) {
   return TextFile(DecodeText(ReadWholeFile(path)));
 }
 
+TextFile TextFile::Over(std::string_view bytes) {
+  const std::string_view text = bytes.substr(bytes.starts_with(Utf8Mark) ? Utf8Mark.size() : 0);
+  if (!IsUtf8(text)) return TextFile(DecodeText(std::string(bytes)));
+  return TextFile(InPlace{text});
+}
+
 std::string_view TextFile::ReadField() {
   if (AtEnd()) throw RuntimeError(Failure::InputPastEndOfFile);
-  const std::string_view text = text_;
   fieldRow_ = row_;
   fieldColumn_ = ++column_;
-  while (!AtEnd() && text[at_] == ' ') ++at_;
+  while (!AtEnd() && text_[at_] == ' ') ++at_;
 
   std::string_view field;
-  if (!AtEnd() && text[at_] == '"') {
-    const std::size_t close = std::min(text.find('"', at_ + 1), text.size());
-    field = text.substr(at_ + 1, close - at_ - 1);
+  if (!AtEnd() && text_[at_] == '"') {
+    const std::size_t close = std::min(text_.find('"', at_ + 1), text_.size());
+    field = text_.substr(at_ + 1, close - at_ - 1);
     row_ += LineEndsIn(field);
-    at_ = FieldEnd(text, close);
+    at_ = FieldEnd(text_, close);
   } else {
-    const std::size_t end = FieldEnd(text, at_);
-    field = text.substr(at_, end - at_);
+    const std::size_t end = FieldEnd(text_, at_);
+    field = text_.substr(at_, end - at_);
     at_ = end;
   }
 
-  rowEnded_ = AtEnd() || text[at_] != ',';
+  rowEnded_ = AtEnd() || text_[at_] != ',';
   if (rowEnded_) {
     ConsumeLineEnd();
   } else {
@@ -77,10 +82,9 @@ double TextFile::ReadDouble() {
 
 std::string_view TextFile::ReadRestOfLine() {
   if (std::exchange(rowEnded_, false)) return {};
-  const std::string_view text = text_;
   std::size_t end = at_;
-  while (end < text.size() && !IsLineEnd(text[end])) ++end;
-  const std::string_view rest = text.substr(at_, end - at_);
+  while (end < text_.size() && !IsLineEnd(text_[end])) ++end;
+  const std::string_view rest = text_.substr(at_, end - at_);
   at_ = end;
   ConsumeLineEnd();
   return rest;

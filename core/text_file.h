@@ -15,7 +15,12 @@ namespace orvane {
 class TextFile {
  public:
   // Takes a file's content as UTF-8 text.
-  explicit TextFile(std::string text) : text_(std::move(text)) {}
+  explicit TextFile(std::string text) : kept_(std::move(text)), text_(kept_) {}
+  // Reads where the bytes stand, as DecodeText would have them: they must stay as long as this
+  // object does. They are copied only where they aren't UTF-8.
+  static TextFile Over(std::string_view bytes);
+  TextFile(const TextFile&) = delete;
+  TextFile& operator=(const TextFile&) = delete;
 
   // Reads the whole file named by `path`; its bytes may be UTF-8 or Windows-1252. A file that can't
   // be read raises the system's error.
@@ -47,9 +52,15 @@ class TextFile {
   int Column() const { return fieldColumn_; }
 
  private:
+  struct InPlace {
+    std::string_view Text;
+  };
+  explicit TextFile(InPlace text) : text_(text.Text) {}
+
   void ConsumeLineEnd();
 
-  std::string text_;
+  const std::string kept_;  // empty where the text is read in place
+  const std::string_view text_;
   std::size_t at_ = 0;
   bool rowEnded_ = false;  // the last field consumed its line's end
   int row_ = 1;

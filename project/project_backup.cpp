@@ -71,12 +71,14 @@ ProjectContent ContentByFlags(TextFile& file) {
   return flags == all ? ProjectContent::Whole : ProjectContent::Old;
 }
 
-// The text without blank lines at its end, which an editor may have left there.
-std::string WithoutBlankEnd(const std::string& bytes) {
+// The text without blank lines at its end, which an editor may have left there; the end of the last
+// line stays.
+std::string_view WithoutBlankEnd(std::string_view bytes) {
   const std::size_t last = bytes.find_last_not_of(" \t\r\n");
-  const std::size_t end =
-      last == std::string::npos ? bytes.size() : bytes.find_first_of("\r\n", last);
-  return end == std::string::npos ? bytes : bytes.substr(0, end) + "\r\n";
+  if (last == std::string_view::npos) return bytes;
+  const std::size_t end = bytes.find_first_of("\r\n", last);
+  if (end == std::string_view::npos) return bytes;
+  return bytes.substr(0, end + (bytes.compare(end, 2, "\r\n") == 0 ? 2 : 1));
 }
 
 // Whether the last line has its line end. A carriage return is one only in a file that has no line
@@ -121,7 +123,7 @@ std::string Obstacle(const std::string& backup) {
 }  // namespace
 
 ProjectContent CheckProjectContent(const std::string& bytes) {
-  TextFile file(DecodeText(WithoutBlankEnd(bytes)));
+  TextFile file = TextFile::Over(WithoutBlankEnd(bytes));
   FileCheck check(file);
   Job counted;  // stays empty but for its counts
   try {

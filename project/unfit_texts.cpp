@@ -78,7 +78,7 @@ class ReadBack {
 };
 
 bool ComesBack(const std::string& text, const JobView& job) {
-  TextFile file(DecodeText(text));
+  TextFile file = TextFile::Over(text);
   ReadBack back(file);
   try {
     DescribeSections(back, job);

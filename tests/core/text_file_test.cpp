@@ -284,6 +284,28 @@ TEST_F(TextFileOpening, A_file_is_read_as_UTF_8_or_as_Windows_1252_without_its_m
   EXPECT_TRUE(TextFile::Open(TempFile("d.csv", "")).AtEnd());
 }
 
+TEST(TextFiles, Bytes_that_are_UTF_8_are_read_where_they_stand) {
+  const std::string bytes =
+      "\xEF\xBB\xBF"
+      "a,\xC3\xA9\r\n";
+  TextFile file = TextFile::Over(bytes);
+  const std::string_view first = file.ReadField();
+  EXPECT_EQ(first, "a");
+  EXPECT_EQ(first.data(), bytes.data() + 3) << "behind the mark, and no copy";
+  EXPECT_EQ(file.ReadField(), "\xC3\xA9");
+  EXPECT_TRUE(file.AtEnd());
+}
+
+TEST(TextFiles, Other_bytes_are_read_as_Windows_1252_behind_a_mark_too) {
+  const std::string plain = "caf\xE9,b\r\n";
+  const std::string marked = "\xEF\xBB\xBF" + plain;
+  for (const std::string& bytes : {plain, marked}) {
+    TextFile file = TextFile::Over(bytes);
+    EXPECT_EQ(file.ReadField(), "caf\xC3\xA9");
+    EXPECT_EQ(file.ReadField(), "b");
+  }
+}
+
 TEST_F(TextFileOpening, A_missing_file_is_an_error) {
   EXPECT_EQ(ErrorOf([&] { TextFile::Open(TempPath("gone.csv")); }), "File not found");
   EXPECT_EQ(ErrorOf([&] { TextFile::Open(TempPath("gone/gone.csv")); }), "Path not found");

@@ -70,6 +70,19 @@ TEST(Text, Texts_order_by_code_point) {
   for (std::size_t i = 1; i < ordered.size(); ++i) EXPECT_LT(ordered[i - 1], ordered[i]);
 }
 
+// Megabytes are looked at block by block.
+TEST(Text, A_broken_byte_is_found_wherever_it_stands_in_a_long_text) {
+  std::string text(5000, 'a');
+  EXPECT_TRUE(IsUtf8(text));
+  for (const std::size_t at : {0U, 1023U, 1024U, 2047U, 4096U, 4999U}) {
+    text[at] = '\xE9';
+    EXPECT_FALSE(IsUtf8(text)) << at;
+    text[at] = 'a';
+  }
+  text.replace(1023, 2, "\xC3\xA9");
+  EXPECT_TRUE(IsUtf8(text)) << "a letter that lies in two blocks";
+}
+
 TEST(Text, IsUtf8_knows_well_formed_text) {
   for (const std::string_view text :
        {std::string_view(""), std::string_view("abc"), Letters, std::string_view("\xC2\x80"),
