@@ -49,6 +49,16 @@ enum class ChangeKind {
   ProjectReplaced,
   Undo,
   Redo,
+  NextSection,
+  DeleteSections,
+  DuplicateSections,
+  OppositeHandSections,
+  ConvertSections,
+  PasteSections,
+  CutSections,
+  ImportSections,
+  FillSections,
+  ChangeSections,
   ShowSection,
   PrintAll,
   Export,
@@ -58,11 +68,13 @@ enum class ChangeKind {
 enum class ChangeSubject {
   Section,      // one row of Items
   SectionList,  // which rows Items has, and their order; the row is that of the section, or 0
-  Accessory,    // the lines and the flag of one row of AccDefs
-  Details,      // txtProject and DTPicker1; row 0
-  WholeJob,     // all of these; row 0
-  Settings,     // what is kept with the program and not with the job; row 0
-  Nothing       // no table: it only counts as a change
+  Sections,   // several rows of Items at once, what they hold and which there are; the row is that
+              // of the section to be shown, or 0
+  Accessory,  // the lines and the flag of one row of AccDefs
+  Details,    // txtProject and DTPicker1; row 0
+  WholeJob,   // all of these; row 0
+  Settings,   // what is kept with the program and not with the job; row 0
+  Nothing     // no table: it only counts as a change
 };
 
 // What it does to ProjectDirty.
@@ -87,7 +99,7 @@ struct ChangeRule {
 };
 
 // One row a kind, in their order.
-constexpr std::size_t ChangeKinds = 38;
+constexpr std::size_t ChangeKinds = 48;
 constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
     // clang-format off
     // Kind                            Name                 Subject                      ProjectDirty         holes   redraw  by
@@ -160,6 +172,19 @@ constexpr std::array<ChangeRule, ChangeKinds> ChangeRules = {{
     // is, 0 for a step of more; it is shown by the command.
     {ChangeKind::Undo,                "Undo",              ChangeSubject::WholeJob,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
     {ChangeKind::Redo,                "Redo",              ChangeSubject::WholeJob,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+
+    // Rows by the hundred: the section behind another one, and what is done to many at once. All of
+    // them set the flag, whatever the same done to one section does.
+    {ChangeKind::NextSection,          "Next section",     ChangeSubject::SectionList,  Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::DeleteSections,       "Delete sections",  ChangeSubject::Sections,     Dirties::WhenDone,   false,  false,  ChangeBy::User},
+    {ChangeKind::DuplicateSections,    "Duplicate sections", ChangeSubject::Sections,   Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::OppositeHandSections, "Opposite hands",   ChangeSubject::Sections,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::ConvertSections,      "Convert sections to custom", ChangeSubject::Sections, Dirties::WhenDone, true, false, ChangeBy::User},
+    {ChangeKind::PasteSections,        "Paste sections",   ChangeSubject::Sections,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::CutSections,          "Cut sections",     ChangeSubject::Sections,     Dirties::WhenDone,   false,  false,  ChangeBy::User},
+    {ChangeKind::ImportSections,       "Import sections",  ChangeSubject::Sections,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::FillSections,         "Fill sections",    ChangeSubject::Sections,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
+    {ChangeKind::ChangeSections,       "Change sections",  ChangeSubject::Sections,     Dirties::WhenDone,   true,   false,  ChangeBy::User},
 
     // Looks. A move of the cursor and the showing of a section make its pattern holes afresh and
     // settle its sag bars; a run over all sheets leaves the holes that it has drawn (row 0), and an

@@ -247,6 +247,10 @@ void History::CompareTouched(const ChangeNotice& change, StateChange& found) con
 
 void History::NoteLook(const ChangeNotice& change) {
   if (change.Kind == ChangeKind::Delete) return CompareSection(state_, change.Row, looked_);
+  const bool ofMany = RuleOf(change.Kind).Subject == ChangeSubject::Sections;
+  if (ofMany && CurrentItem >= 1 && CurrentItem <= Items.UBound()) {
+    return CompareSection(state_, CurrentItem, looked_);
+  }
   CompareTouched(change, looked_);
 }
 
@@ -259,9 +263,11 @@ void History::NoteAllLooks() {
 StateChange History::ChangeOf(const ChangeNotice& change) const {
   const ChangeSubject subject = RuleOf(change.Kind).Subject;
   StateChange made;
-  if (subject == ChangeSubject::SectionList || subject == ChangeSubject::WholeJob) {
+  const bool ofMany = subject == ChangeSubject::Sections;
+  if (subject == ChangeSubject::SectionList || ofMany || subject == ChangeSubject::WholeJob) {
     CompareRows(state_, made);
   }
+  if (ofMany) CompareAllSections(state_, made);
   if (subject == ChangeSubject::WholeJob) {
     CompareAccessories(state_, made);
     CompareDetails(state_, made);
@@ -293,7 +299,7 @@ void History::Finish() {
   step.Kind = ran.Notice.Kind;
   step.RowBefore = ran.CursorRow;
   step.RowAfter = ran.Notice.Row;
-  const bool former = ran.Notice.Kind == ChangeKind::Delete || NamesSource(ran.Notice.Kind);
+  const bool former = TakesAway(ran.Notice.Kind) || NamesSource(ran.Notice.Kind);
   step.Name = former ? ran.Name : NameOfChange(ran.Notice);
   Lead(state_, step.Change, Direction::Forward);
   Append(std::move(step));
@@ -374,9 +380,10 @@ RestoredStep RestoredOf(const Entry& step, Direction direction) {
   restored.RowsMoved = step.Change.RowsMoved;
   const ChangeSubject subject = RuleOf(step.Kind).Subject;
   if (subject == ChangeSubject::Section) restored.Row = step.RowAfter;
-  if (subject == ChangeSubject::SectionList) {
+  restored.Several = subject == ChangeSubject::Sections;
+  if (subject == ChangeSubject::SectionList || restored.Several) {
     // A section that came goes again, and the cursor to where it stood.
-    restored.Row = back && step.Kind != ChangeKind::Delete ? step.RowBefore : step.RowAfter;
+    restored.Row = back && !TakesAway(step.Kind) ? step.RowBefore : step.RowAfter;
   }
   if (!restored.RowsMoved) return restored;
   const std::vector<std::int16_t>& former = step.Change.FormerRows;

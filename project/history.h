@@ -60,6 +60,7 @@ struct RestoredStep {
   ChangeKind Kind = ChangeKind::GridTexts;
   bool Redone = false;
   std::int16_t Row = 0;         // of Items that it is about; 0 for none
+  bool Several = false;         // it was done to several sections at once
   bool RowsMoved = false;       // there are others, or they stand in another order:
   std::vector<int> FormerRows;  // row i was row FormerRows[i - 1] before, 0 for one that is new
   bool Accessories = false;

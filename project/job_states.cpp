@@ -145,6 +145,18 @@ void CompareSection(const JobState& state, int row, StateChange& change) {
   }
 }
 
+void CompareAllSections(const JobState& state, StateChange& change) {
+  for (int row = 1; row <= Items.UBound(); ++row) {
+    const int former =
+        change.RowsMoved ? change.FormerRows.at(static_cast<std::size_t>(row) - 1) : row;
+    if (former == 0) continue;
+    PackedChange section;
+    Compare(state.Rows.at(static_cast<std::size_t>(former) - 1).Section, PackSection(Items.At(row)),
+            section);
+    if (section.Before) change.Sections[row] = std::move(section);
+  }
+}
+
 void CompareAccessories(const JobState& state, StateChange& change) {
   Compare(state.Accessories, PackAccessories(), change.Accessories);
 }

@@ -54,9 +54,11 @@ struct StateChange {
 };
 
 // Adds to a change what the tables hold otherwise than the state: which sections came, went and
-// moved; the content of one that stayed in its row; and the rest of the job.
+// moved; the content of one that stayed in its row; those of all that stayed anywhere, behind
+// CompareRows; and the rest of the job.
 void CompareRows(const JobState& state, StateChange& change);
 void CompareSection(const JobState& state, int row, StateChange& change);
+void CompareAllSections(const JobState& state, StateChange& change);
 void CompareAccessories(const JobState& state, StateChange& change);
 void CompareDetails(const JobState& state, StateChange& change);
 

@@ -125,7 +125,9 @@ void ForgetSaid(const ChangeNotice& change) {
   const ChangeRule& rule = RuleOf(change.Kind);
   if (rule.By != ChangeBy::User) return;
   const bool step = change.Kind == ChangeKind::Undo || change.Kind == ChangeKind::Redo;
-  if (rule.Subject == ChangeSubject::WholeJob && !step) return ForgetSaid();
+  const bool ofMany =
+      rule.Subject == ChangeSubject::WholeJob || rule.Subject == ChangeSubject::Sections;
+  if (ofMany && !step) return ForgetSaid();
   const bool ofOne = rule.Subject == ChangeSubject::Section || step;
   if (!ofOne || change.Kind == ChangeKind::SamePattern) return;
   if (change.Row >= 1 && change.Row <= Items.UBound()) said.erase(SerialOf(change.Row));

@@ -7,7 +7,8 @@ namespace orvane {
 std::string NameOfChange(const ChangeNotice& change) {
   const ChangeRule& rule = RuleOf(change.Kind);
   std::string name(rule.Name);
-  if (change.Row < 1 || change.Kind == ChangeKind::AddSection) return name;
+  const bool ofMany = rule.Subject == ChangeSubject::Sections;
+  if (change.Row < 1 || ofMany || change.Kind == ChangeKind::AddSection) return name;
   if (rule.Subject == ChangeSubject::Accessory) return name + " of " + NameOfAccessory(change.Row);
   return name + " of " + NameOfSection(change.Row);
 }

@@ -29,7 +29,14 @@ constexpr bool IsTyped(ChangeKind kind) {
 
 // Kinds that a person calls by the section that they were done to, not by the one that came of it.
 constexpr bool NamesSource(ChangeKind kind) {
-  return kind == ChangeKind::Duplicate || kind == ChangeKind::OppositeHand;
+  return kind == ChangeKind::Duplicate || kind == ChangeKind::OppositeHand ||
+         kind == ChangeKind::NextSection;
+}
+
+// Kinds that take sections away. What stood behind them comes under the cursor.
+constexpr bool TakesAway(ChangeKind kind) {
+  return kind == ChangeKind::Delete || kind == ChangeKind::DeleteSections ||
+         kind == ChangeKind::CutSections;
 }
 
 }  // namespace orvane

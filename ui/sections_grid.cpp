@@ -12,6 +12,7 @@
 #include "project/rules/section_columns.h"
 #include "project/rules/section_details.h"
 #include "project/section_look.h"
+#include "project/step_kinds.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -79,6 +80,7 @@ void SectionsGrid::Follow(const ChangeNotice& change) {
     case ChangeKind::AddSection:
     case ChangeKind::Duplicate:
     case ChangeKind::OppositeHand:
+    case ChangeKind::NextSection:
       // After an error too: the row stays as far as it came.
       model_->FollowAppended();
       return grid_->FitFigures();
@@ -97,6 +99,8 @@ void SectionsGrid::Follow(const ChangeNotice& change) {
     case ChangeKind::MaxDims:
       return model_->FollowLimits();
     default:
+      // After an error too.
+      if (RuleOf(change.Kind).Subject == ChangeSubject::Sections) DisplayItems(true);
       return;
   }
 }
@@ -187,6 +191,22 @@ void SectionsGrid::SortItems(SortKey Key) {
   ShowCurrentRow();
 }
 
+bool SectionsGrid::RunOnRows(const std::function<int()>& command) {
+  if (!SettleEditor()) return false;
+  const Busy busy(GridBusy_);
+  ForgetEditors();
+  int row = 0;
+  try {
+    row = command();
+  } catch (...) {
+    ShowCurrentRow();
+    throw;
+  }
+  if (row > 0) grid_->SetCurrent(row, grid_->Col());
+  ShowCurrentRow();
+  return true;
+}
+
 // Showing.
 
 void SectionsGrid::DisplayItems(bool keepRow) {
@@ -247,9 +267,11 @@ void SectionsGrid::EnterSlidCell() {
 void SectionsGrid::ShowRestored(const RestoredStep& step, bool entersCell) {
   const Busy busy(GridBusy_);
   ForgetEditors();
-  if (step.RowsMoved) {
-    model_->MoveRefusals(step.FormerRows);
-    detail_->MoveUndecided(step.FormerRows);
+  if (step.RowsMoved || step.Several) {
+    if (step.RowsMoved) {
+      model_->MoveRefusals(step.FormerRows);
+      detail_->MoveUndecided(step.FormerRows);
+    }
     DisplayItems(true);
   } else if (step.Row >= 1) {
     for (int column = MarkColumn; column < SectionColumns; ++column) {
@@ -262,13 +284,12 @@ void SectionsGrid::ShowRestored(const RestoredStep& step, bool entersCell) {
   if (row >= 1) grid_->SetCurrent(row, ColumnOf(step.Kind).value_or(grid_->Col()));
   MakeCurrent(0);
   // A section that comes under the cursor because another has gone is looked at as behind Delete.
-  const bool moved =
-      step.Redone && (step.Kind == ChangeKind::Delete || step.Kind == ChangeKind::Sort);
+  const bool moved = step.Redone && (TakesAway(step.Kind) || step.Kind == ChangeKind::Sort);
   // It may be an opposite hand as it stood before its pattern was put in its place.
   mirroredRow_ = row;
   const int hole = detail_->MarkedHole();
   ShowCurrentRow(moved ? ShownHoles::Afresh : ShownHoles::AsTheyStand,
-                 entersCell || step.RowsMoved);
+                 entersCell || step.RowsMoved || step.Several);
   if (!entersCell) detail_->MarkHole(hole);
 }
 

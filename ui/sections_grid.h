@@ -40,6 +40,11 @@ class SectionsGrid : public QWidget {
   void DeleteItem(int ItemIndex);
   void SortItems(SortKey Key);
 
+  // Runs a command on several rows, while no cell is edited, and shows the row that it gives; 0 for
+  // the one that is current. After an error the current one is shown. False where the cell being
+  // edited was refused: then nothing is run.
+  bool RunOnRows(const std::function<int()>& command);
+
   // Shows Items afresh, the heading and one row each, with CurrentItem 0 and no cell being edited.
   // `keepRow` leaves the current cell where it was, as far as there are rows.
   void DisplayItems(bool keepRow = false);

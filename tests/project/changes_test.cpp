@@ -56,9 +56,9 @@ struct Expected {
 };
 
 // Typed by hand from what the system states: the texts of the grid and of the pattern's list, the
-// arrival in the list of accessories, the five commands that make something of nothing, and the two
-// that take steps back and do them again. Not the
-// details, not the dialogs, not the panel's other choices, not delete and sort by themselves.
+// arrival in the list of accessories, the five commands that make something of nothing, the two
+// that take steps back and do them again, and those on many sections at once. Not the details, not
+// the dialogs, not the panel's other choices, not delete and sort by themselves.
 constexpr Expected ExpectedFlags[] = {
     // clang-format off
     {ChangeKind::AddSection,           true,  false},
@@ -96,6 +96,16 @@ constexpr Expected ExpectedFlags[] = {
     {ChangeKind::ProjectReplaced,      true,  false},
     {ChangeKind::Undo,                 true,  false},
     {ChangeKind::Redo,                 true,  false},
+    {ChangeKind::NextSection,          true,  false},
+    {ChangeKind::DeleteSections,       true,  false},
+    {ChangeKind::DuplicateSections,    true,  false},
+    {ChangeKind::OppositeHandSections, true,  false},
+    {ChangeKind::ConvertSections,      true,  false},
+    {ChangeKind::PasteSections,        true,  false},
+    {ChangeKind::CutSections,          true,  false},
+    {ChangeKind::ImportSections,       true,  false},
+    {ChangeKind::FillSections,         true,  false},
+    {ChangeKind::ChangeSections,       true,  false},
     {ChangeKind::ShowSection,          false, false},
     {ChangeKind::PrintAll,             false, false},
     {ChangeKind::Export,               false, false},
