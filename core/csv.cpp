@@ -65,20 +65,34 @@ bool IsLineEnd(char c) {
   return c == '\r' || c == '\n';
 }
 
-// Fields of each of the first rows.
+// Fields of each of the first rows, as ReadCsv would part them.
 std::vector<std::size_t> FieldCounts(std::string_view text, char separator) {
   constexpr std::size_t Looked = 20;
   std::vector<std::size_t> counts(1, 1);
   bool quoted = false;
-  for (const char c : text) {
-    if (c == Quote) quoted = !quoted;
-    if (quoted) continue;
+  bool begins = true;  // a field does
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
+    const bool opens = begins && c == Quote;
+    begins = false;
+    if (quoted || opens) {
+      // Of two quotes within quotes each ends them and begins them again.
+      if (c == Quote) quoted = !quoted;
+      if (!quoted) begins = text.substr(at + 1, 1) == "\"";
+      continue;
+    }
+    begins = c == separator || IsLineEnd(c);
     if (c == separator) ++counts.back();
-    if (c != '\n') continue;
+    if (!IsLineEnd(c) || text.substr(at, 2) == "\r\n") continue;
     if (counts.size() == Looked) break;
     counts.push_back(1);
   }
   return counts;
+}
+
+// The number of the row that is read behind those.
+std::string NumberOf(const std::vector<CsvRow>& rows) {
+  return DecimalText(static_cast<long long>(rows.size()) + 1);
 }
 
 bool NeedsQuotes(std::string_view field, char separator) {
@@ -134,10 +148,15 @@ std::vector<CsvRow> ReadCsv(std::string_view text, char separator) {
     if (rows.size() == MostCsvRows) {
       throw RuntimeError(
           Failure::Overflow,
-          "The list has more than " + DecimalText(static_cast<long long>(MostCsvRows)) + " rows");
+          "The list has more than " + DecimalText(static_cast<long long>(MostListRows)) + " rows");
     }
     CsvRow row;
     for (bool more = true; more;) {
+      if (row.size() == MostCsvFields) {
+        throw RuntimeError(Failure::Overflow,
+                           "Row " + NumberOf(rows) + " has more than " +
+                               DecimalText(static_cast<long long>(MostCsvFields)) + " columns");
+      }
       std::string field;
       if (!atEnd() && text[at] == Quote) {
         bool closed = false;
@@ -149,9 +168,7 @@ std::vector<CsvRow> ReadCsv(std::string_view text, char separator) {
         }
         if (!closed) {
           throw RuntimeError(Failure::InputPastEndOfFile,
-                             "A quote in row " +
-                                 DecimalText(static_cast<long long>(rows.size()) + 1) +
-                                 " is not closed");
+                             "A quote in row " + NumberOf(rows) + " is not closed");
         }
       }
       while (!atEnd() && text[at] != separator && !IsLineEnd(text[at])) field += text[at++];

@@ -51,8 +51,19 @@ TEST(Csv, A_quote_that_is_never_closed_is_told_with_its_row) {
 TEST(Csv, No_more_rows_are_read_than_a_job_holds) {
   std::string most;
   for (std::size_t row = 0; row < MostCsvRows; ++row) most += "P,1\n";
-  EXPECT_EQ(ReadCsv(most, ',').size(), MostCsvRows);
+  // A heading and 32,767 sections.
+  EXPECT_EQ(ReadCsv(most, ',').size(), 32768U);
   EXPECT_EQ(ErrorOfReading(most + "P,1\n"), "The list has more than 32767 rows");
+}
+
+TEST(Csv, A_file_of_separators_takes_no_memory_beyond_measure) {
+  EXPECT_EQ(ReadCsv(std::string(255, ','), ',').front().size(), 256U);
+  EXPECT_EQ(ErrorOfReading("P,1\n" + std::string(256, ',')), "Row 2 has more than 256 columns");
+}
+
+TEST(Csv, A_file_that_is_too_long_is_not_read) {
+  EXPECT_EQ(DecodeCsv(std::string(MostCsvBytes, 'a')).size(), MostCsvBytes);
+  EXPECT_THROW(DecodeCsv(std::string(MostCsvBytes + 1, 'a')), RuntimeError);
 }
 
 TEST(Csv, The_separator_is_found_out) {
@@ -62,6 +73,12 @@ TEST(Csv, The_separator_is_found_out) {
   EXPECT_EQ(CsvSeparator("\"a;b;c\",1\n\"d\",2\n"), ',');
   EXPECT_EQ(CsvSeparator("Mark\nP1\n"), ',');
   EXPECT_EQ(CsvSeparator(""), ',');
+  // Each line end of any system ends a row.
+  EXPECT_EQ(CsvSeparator("a;b\rc,d,e;f\r"), ';');
+  EXPECT_EQ(CsvSeparator("a;b\r\nc,d,e;f\r\n"), ';');
+  // A sign for inches in the middle of a field opens no quotes.
+  EXPECT_EQ(CsvSeparator("12\" deep;1\n10 deep;1\n"), ';');
+  EXPECT_EQ(CsvSeparator("\"say \"\"a,b\"\", c\";1\n"), ';');
 }
 
 TEST(Csv, Bytes_of_any_spreadsheet_become_UTF_8) {
