@@ -3,7 +3,7 @@
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/arrows.txt)
 file(STRINGS ${PROJECT_SOURCE_DIR}/arrows.txt arrows REGEX "^[a-z]")
 foreach(arrow IN LISTS arrows)
-  string(REGEX MATCH "^([a-z/]+):(.*)$" matched "${arrow}")
+  string(REGEX MATCH "^([a-z_/]+):(.*)$" matched "${arrow}")
   set(folder ${CMAKE_MATCH_1})
   separate_arguments(named UNIX_COMMAND "${CMAKE_MATCH_2}")
   set(seen ${folder})
