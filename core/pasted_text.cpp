@@ -1,9 +1,12 @@
 #include "core/pasted_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <utility>
+#include <vector>
 
+#include "core/numbers.h"
 #include "core/text.h"
 
 namespace orvane {
@@ -55,6 +58,70 @@ bool IsTooLarge(std::string_view digits) {
 
 bool AreDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// The number without its unit if that is metres, written with a decimal point; empty for any other.
+std::string InMetres(std::string_view number) {
+  constexpr std::size_t MostDigits = 12;  // of anything that is a length
+  const std::string upper = UpperCase(number);
+  std::string_view rest = upper;
+  for (const std::string_view unit : {"METRES", "METERS", "METRE", "METER", "M"}) {
+    if (!rest.ends_with(unit)) continue;
+    rest = WithoutBlanks(rest.substr(0, rest.size() - unit.size()));
+    std::string metres(rest);
+    std::replace(metres.begin(), metres.end(), ',', '.');
+    const bool plain =
+        metres.size() <= MostDigits && metres.find_first_not_of(".0123456789") == std::string::npos;
+    return plain && IsNumber(metres) ? metres : std::string();
+  }
+  return {};
+}
+
+// What parts the digits of a number, between groups of them.
+constexpr std::array<std::string_view, 6> Dividers = {
+    " ", NoBreakSpace, NarrowNoBreakSpace, "\xE2\x80\x89", ",", "."};
+
+struct DividedDigits {
+  std::vector<std::string_view> Groups;
+  std::vector<std::string_view> Between;  // one fewer
+  bool Whole = true;                      // nothing but digits and dividers
+};
+
+DividedDigits Divided(std::string_view number) {
+  DividedDigits parts;
+  std::size_t begin = 0;
+  for (std::size_t at = 0; at < number.size();) {
+    const auto divides = [&](std::string_view sign) { return number.substr(at).starts_with(sign); };
+    const auto sign = std::find_if(Dividers.begin(), Dividers.end(), divides);
+    if (sign == Dividers.end()) {
+      parts.Whole = parts.Whole && AreDigits(number.substr(at, 1));
+      ++at;
+      continue;
+    }
+    parts.Groups.push_back(number.substr(begin, at - begin));
+    parts.Between.push_back(*sign);
+    at += sign->size();
+    begin = at;
+  }
+  parts.Groups.push_back(number.substr(begin));
+  return parts;
+}
+
+bool IsPointOrComma(std::string_view sign) {
+  return sign == "," || sign == ".";
+}
+
+// The first `count` groups are a number of thousands: up to three digits, then three each time,
+// behind the same sign.
+bool AreThousands(const DividedDigits& parts, std::size_t count) {
+  const std::string_view first = parts.Groups.front();
+  if (first.empty() || first.size() > ThousandsDigits || first.front() == '0') return false;
+  for (std::size_t at = 1; at < count; ++at) {
+    if (parts.Groups[at].size() != ThousandsDigits || parts.Between[at - 1] != parts.Between[0]) {
+      return false;
+    }
+  }
+  return true;
 }
 
 PastedNumber Refusal(std::string_view text, std::string_view reason) {
@@ -122,6 +189,45 @@ PastedNumber NumberToPaste(std::string_view text, NumberForm form) {
     return Refusal(text, "only whole numbers are taken here");
   }
   return {std::string(whole), ""};
+}
+
+TableNumber NumberInTable(std::string_view text, ThreeDigits told) {
+  const auto refused = [](std::string reason) { return TableNumber{"", std::move(reason)}; };
+  const std::string_view number = WithoutUnit(WithoutBlanks(text));
+  if (number.empty()) return {};
+  if (const std::string metres = InMetres(number); !metres.empty()) {
+    constexpr double MmPerMetre = 1000;
+    return refused("Metres aren't taken here: in millimetres it is " +
+                   ShortestText(Val(metres) * MmPerMetre));
+  }
+  if (number.front() == '-' || number.front() == '+') return refused("No sign is taken here");
+  const DividedDigits parts = Divided(number);
+  const std::size_t count = parts.Groups.size();
+  if (!parts.Whole) return refused("It isn't a number");
+
+  // Where the last comma or point stands, and whether it divides a fraction.
+  const bool pointed = count > 1 && IsPointOrComma(parts.Between.back());
+  bool fraction = pointed && !AreThousands(parts, count);
+  const bool ambiguous = pointed && count == 2 && !fraction;
+  if (ambiguous && told == ThreeDigits::NotTold) {
+    return {"", "It may be thousands or a fraction", true};
+  }
+  if (ambiguous) fraction = told == ThreeDigits::Fraction;
+
+  const std::size_t whole = fraction ? count - 1 : count;
+  if (whole > 1 && !AreThousands(parts, whole)) return refused("It isn't a number");
+  std::string digits;
+  for (std::size_t at = 0; at < whole; ++at) digits += parts.Groups[at];
+  if (digits.empty()) return refused("It isn't a number");
+  TableNumber taken{"", "", ambiguous};
+  if (fraction && parts.Groups.back().find_first_not_of('0') != std::string_view::npos) {
+    taken.Refusal = "Only whole numbers are taken here";
+  } else if (IsTooLarge(digits)) {
+    taken.Refusal = "It is larger than 32767";
+  } else {
+    taken.Text = std::move(digits);
+  }
+  return taken;
 }
 
 }  // namespace orvane

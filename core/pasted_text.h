@@ -49,4 +49,23 @@ struct PastedNumber {
 // where the field has none, a whole number that no 16-bit field holds, and any other letter.
 PastedNumber NumberToPaste(std::string_view text, NumberForm form);
 
+// What one comma or one point before exactly three digits divides: "6,000" is six thousand or six.
+enum class ThreeDigits { NotTold, Thousands, Fraction };
+
+// A number of a table from elsewhere: its digits, or why it is refused. One of the two is empty,
+// but for an empty text, which is neither taken nor refused.
+struct TableNumber {
+  std::string Text;
+  std::string Refusal;
+  // It is one of those that only a person can tell. It is refused as long as nobody has.
+  bool IsAmbiguous = false;
+};
+
+// The number of a cell that holds whole millimetres, or pieces. Blanks of every kind and "mm" may
+// stand around it, and one blank of any kind, a comma or a point between groups of three digits. A
+// fraction of zeros is left off. One comma or point before exactly three digits is read as `told`,
+// unless what stands before it can be no thousands. Refused are metres, which it says in
+// millimetres, any other fraction, a sign, and what no 16-bit field holds.
+TableNumber NumberInTable(std::string_view text, ThreeDigits told);
+
 }  // namespace orvane

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvane {
 
@@ -19,6 +20,13 @@ std::string Refusal(std::string_view text, NumberForm field) {
   EXPECT_EQ(pasted.Text, "") << text;
   return pasted.Refusal;
 }
+
+// A number of a table, and what becomes of it as long as nobody has told of thousands.
+struct TableCase {
+  std::string Text;
+  std::string Number;
+  std::string Refusal;
+};
 
 }  // namespace
 
@@ -119,6 +127,103 @@ TEST(PastedText, A_paste_of_nothing_but_blanks_is_neither_taken_nor_refused) {
 TEST(PastedText, A_reason_shows_the_beginning_of_a_long_text_on_one_line) {
   EXPECT_EQ(Refusal("a first line\nand a second line of it", NumberForm::Whole),
             "\"a first line and a s...\" wasn't pasted: it isn't a number");
+}
+
+TEST(NumberInTable, Blanks_and_millimetres_are_no_part_of_it) {
+  const std::string noBreak = "\xC2\xA0";
+  const std::string narrow = "\xE2\x80\xAF";
+  const std::string thin = "\xE2\x80\x89";
+  const std::vector<TableCase> cases = {
+      {"", "", ""},
+      {"  ", "", ""},
+      {"6000", "6000", ""},
+      {" 6000 mm", "6000", ""},
+      {"6000MM", "6000", ""},
+      {"6 000", "6000", ""},
+      {"6" + noBreak + "000", "6000", ""},
+      {"12" + narrow + "500 mm", "12500", ""},
+      {"6" + thin + "000", "6000", ""},
+      {"0", "0", ""},
+      {"007", "007", ""},
+      {"60 00", "", "It isn't a number"},
+      {"6 000 0", "", "It isn't a number"},
+      {"6  000", "", "It isn't a number"},
+      {"1 2", "", "It isn't a number"},
+      {"0 500", "", "It isn't a number"},
+      {"1 234 567", "", "It is larger than 32767"},
+      {"32767", "32767", ""},
+      {"32 768", "", "It is larger than 32767"},
+      {"6000 mm each", "", "It isn't a number"},
+      {"6x", "", "It isn't a number"},
+      {"six", "", "It isn't a number"},
+      {"mm", "", "It isn't a number"},
+      {"-5", "", "No sign is taken here"},
+      {"+5", "", "No sign is taken here"},
+  };
+  for (const TableCase& each : cases) {
+    const TableNumber number = NumberInTable(each.Text, ThreeDigits::NotTold);
+    EXPECT_EQ(number.Text, each.Number) << each.Text;
+    EXPECT_EQ(number.Refusal, each.Refusal) << each.Text;
+    EXPECT_FALSE(number.IsAmbiguous) << each.Text;
+  }
+}
+
+TEST(NumberInTable, A_fraction_of_zeros_is_left_off_and_no_other_is) {
+  const std::string noBreak = "\xC2\xA0";
+  const std::vector<TableCase> cases = {
+      {"6000.00", "6000", ""},
+      {"6000,0", "6000", ""},
+      {"6,000.00", "6000", ""},
+      {"6.000,00", "6000", ""},
+      {"6 000,00 mm", "6000", ""},
+      {"6" + noBreak + "000.000", "6000", ""},
+      {"6000.000", "6000", ""},  // four digits are no thousands of thousands
+      {"0.000", "0", ""},
+      {"6.", "6", ""},
+      {"6.5", "", "Only whole numbers are taken here"},
+      {"6,25", "", "Only whole numbers are taken here"},
+      {"0,500", "", "Only whole numbers are taken here"},
+      {"1,234.5", "", "Only whole numbers are taken here"},
+      {"1,234,567", "", "It is larger than 32767"},
+      {"1,234.567,00", "", "It isn't a number"},
+      {"1,23,456", "", "It isn't a number"},
+      {".", "", "It isn't a number"},
+      {",000", "", "It isn't a number"},
+      {"6,000 000", "", "It isn't a number"},
+  };
+  for (const TableCase& each : cases) {
+    const TableNumber number = NumberInTable(each.Text, ThreeDigits::NotTold);
+    EXPECT_EQ(number.Text, each.Number) << each.Text;
+    EXPECT_EQ(number.Refusal, each.Refusal) << each.Text;
+    EXPECT_FALSE(number.IsAmbiguous) << each.Text;
+  }
+}
+
+TEST(NumberInTable, One_comma_or_point_before_three_digits_is_never_guessed) {
+  for (const std::string text : {"6,000", "6.000", "12,500 mm", " 1.200 "}) {
+    const TableNumber number = NumberInTable(text, ThreeDigits::NotTold);
+    EXPECT_TRUE(number.IsAmbiguous) << text;
+    EXPECT_EQ(number.Text, "") << text;
+    EXPECT_EQ(number.Refusal, "It may be thousands or a fraction") << text;
+  }
+  EXPECT_EQ(NumberInTable("6,000", ThreeDigits::Thousands).Text, "6000");
+  EXPECT_EQ(NumberInTable("12.500 mm", ThreeDigits::Thousands).Text, "12500");
+  EXPECT_EQ(NumberInTable("6,000", ThreeDigits::Fraction).Text, "6");
+  EXPECT_EQ(NumberInTable("7,250", ThreeDigits::Fraction).Refusal,
+            "Only whole numbers are taken here");
+  EXPECT_EQ(NumberInTable("99,000", ThreeDigits::Thousands).Refusal, "It is larger than 32767");
+  // It stays one of those that were asked for.
+  EXPECT_TRUE(NumberInTable("6,000", ThreeDigits::Thousands).IsAmbiguous);
+}
+
+TEST(NumberInTable, Metres_are_refused_and_said_in_millimetres) {
+  const std::string said = "Metres aren't taken here: in millimetres it is ";
+  EXPECT_EQ(NumberInTable("6 m", ThreeDigits::NotTold).Refusal, said + "6000");
+  EXPECT_EQ(NumberInTable("6.5m", ThreeDigits::NotTold).Refusal, said + "6500");
+  EXPECT_EQ(NumberInTable("7,25 M", ThreeDigits::NotTold).Refusal, said + "7250");
+  EXPECT_EQ(NumberInTable("6,125 metres", ThreeDigits::NotTold).Refusal, said + "6125");
+  EXPECT_EQ(NumberInTable("m", ThreeDigits::NotTold).Refusal, "It isn't a number");
+  EXPECT_EQ(NumberInTable("6 km", ThreeDigits::NotTold).Refusal, "It isn't a number");
 }
 
 }  // namespace orvane
