@@ -36,6 +36,13 @@ std::int16_t DiameterOf(SagBars choice) {
   return choice == SagBars::Threaded ? ThreadedDia : NoSagBars;
 }
 
+std::optional<SagBars> ChoiceOfPattern(const Item& item, std::string_view listText) {
+  if (PunchPatterns.Empty()) return std::nullopt;
+  // The first row of that name decides, whichever letter it has; "Custom" finds the blank row 0.
+  const bool has = PunchPatterns.At(FindPunchPattern(listText)).HasSagBars != False;
+  return has ? OptionOf(item) : SagBars::Hidden;
+}
+
 }  // namespace
 
 const Table<std::string> Pitches = TableOf({"0", "5", "10", "15", "22.5", "30"});
@@ -54,6 +61,16 @@ std::optional<std::string> ProductNamed(std::string_view letter, std::string_vie
   // Not by way of the list, whose copy would cost a job of many rows more than all else.
   for (const SectionDim& dims : SectionDims) {
     if (dims.SectionType == letter && Trim(dims.Product) == wanted) return dims.Product;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> PatternNamed(std::string_view letter, std::string_view text) {
+  const std::string_view wanted = Trim(text);
+  if (wanted.empty()) return std::nullopt;
+  if (wanted == CustomPattern) return std::string(CustomPattern);
+  for (const PunchPattern& pattern : PunchPatterns) {
+    if (pattern.SectionType == letter && Trim(pattern.Name) == wanted) return pattern.Name;
   }
   return std::nullopt;
 }
@@ -107,15 +124,17 @@ void SetPattern(std::int16_t ItemIndex, std::string_view listText) {
 }
 
 std::optional<SagBars> SagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText) {
-  if (ItemIndex < 1 || PunchPatterns.Empty()) return std::nullopt;
-  // The first row of that name decides, whichever letter it has; "Custom" finds the blank row 0.
-  const bool has = PunchPatterns.At(FindPunchPattern(listText)).HasSagBars != False;
-  return has ? OptionOf(Items.At(ItemIndex)) : SagBars::Hidden;
+  if (ItemIndex < 1) return std::nullopt;
+  return ChoiceOfPattern(Items.At(ItemIndex), listText);
 }
 
 void SetSagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText) {
-  const std::optional<SagBars> choice = SagBarsOfPattern(ItemIndex, listText);
-  if (choice) Items.At(ItemIndex).SagBarDia = DiameterOf(*choice);
+  if (ItemIndex >= 1) SetSagBarsOfPattern(Items.At(ItemIndex), listText);
+}
+
+void SetSagBarsOfPattern(Item& item, std::string_view listText) {
+  const std::optional<SagBars> choice = ChoiceOfPattern(item, listText);
+  if (choice) item.SagBarDia = DiameterOf(*choice);
 }
 
 void SetSagBars(std::int16_t ItemIndex, int option) {

@@ -24,6 +24,8 @@ Table<std::string> PatternNames(std::string_view letter);
 // The first of the letter's products that the text names, blanks at both ends apart; none for
 // another text, and for an empty one.
 std::optional<std::string> ProductNamed(std::string_view letter, std::string_view text);
+// The same of its patterns and "Custom".
+std::optional<std::string> PatternNamed(std::string_view letter, std::string_view text);
 
 // True for the letters of families whose panel shows the pitch, or the jointing pieces.
 bool HasPitch(std::string_view letter);
@@ -56,6 +58,8 @@ void SetPattern(std::int16_t ItemIndex, std::string_view listText);
 std::optional<SagBars> SagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText);
 // Gives the section what that choice stands for: SagBarDia 0, 14 or 18; none changes nothing.
 void SetSagBarsOfPattern(std::int16_t ItemIndex, std::string_view listText);
+// The same for a section wherever it stands.
+void SetSagBarsOfPattern(Item& item, std::string_view listText);
 
 // Choosing option 0 or 1 of the sag bars, without the rebuild that follows.
 void SetSagBars(std::int16_t ItemIndex, int option);
