@@ -4,15 +4,18 @@
 #include <numeric>
 #include <string>
 #include <tuple>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "core/catalogues.h"
 #include "core/runtime_error.h"
 #include "core/section_families.h"
+#include "core/text.h"
 #include "holes/hole_coding.h"
 #include "holes/hole_list.h"
 #include "project/changes.h"
+#include "project/marks.h"
 
 namespace orvane {
 
@@ -98,6 +101,13 @@ auto PatternHoles(const Item& item) {
   return holes;
 }
 
+// The first mark behind that one which no section bears; empty where none can be counted up.
+std::string FreeMarkBehind(std::string_view mark) {
+  std::unordered_set<std::string_view> marks;
+  for (const Item& item : Items) marks.insert(Trim(item.Mark));
+  return NextFreeMark(Trim(mark), [&](const std::string& next) { return !marks.contains(next); });
+}
+
 template <class Field>
 std::vector<int> SortItemsBy(Field Item::*key) {
   std::vector<int> rows(static_cast<std::size_t>(Items.UBound()));
@@ -121,6 +131,24 @@ std::int16_t AddSectionRow(std::string_view SectionType) {
     item.SectionType = SectionType;
     if (const SectionFamily* family = FamilyOf(SectionType)) item.Product = family->FixedProduct;
     Items.Append(std::move(item));
+  });
+  return row;
+}
+
+std::int16_t NextSectionRow(std::int16_t ItemIndex) {
+  if (ItemIndex < 1) return 0;
+  const std::int16_t row = NextRow();
+  Change(ChangeKind::NextSection, row, [&] {
+    const Item& source = Items.At(ItemIndex);
+    Item next;
+    next.SectionType = source.SectionType;
+    next.Product = source.Product;
+    next.Length = source.Length;
+    next.PatternName = source.PatternName;
+    next.SagBarDia = source.SagBarDia;
+    next.Pitch = source.Pitch;
+    next.Mark = FreeMarkBehind(source.Mark);
+    Items.Append(std::move(next));
   });
   return row;
 }

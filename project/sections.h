@@ -15,6 +15,14 @@ namespace orvane {
 // of its family if it has one, sets ProjectDirty and returns the new row.
 std::int16_t AddSectionRow(std::string_view SectionType);
 
+// Appends the section that comes behind another one in a list of marks, for a row of at least 1,
+// and returns the new row; 0 for a row below 1: of the same family, with its product, pattern, sag
+// bars, pitch and length, a mark counted up to the first that no section bears, blanks at both ends
+// apart, no quantity and no notes. A section without a mark, or with one that can't be counted up,
+// gives none. Holes are the pattern's alone, which the look at the new row makes. Sets
+// ProjectDirty.
+std::int16_t NextSectionRow(std::int16_t ItemIndex);
+
 // The table half of Duplicate, for a row of at least 1: appends a copy with "A" behind its mark,
 // sorts its holes and adjusts their gaps, sets ProjectDirty and returns the new row; 0 for a row
 // below 1. Gaps that can't be adjusted raise their error; the copy then stays appended, and

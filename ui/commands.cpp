@@ -46,6 +46,8 @@ const std::vector<CommandEntry> Rows = {
     // &Edit
     {Place::mnuEdit, Command::Undo, "&Undo", "", "Ctrl+Z",               "undo", 0, 0, "mnuEditUndo"},
     {Place::mnuEdit, Command::Redo, "&Redo", "", "Ctrl+Shift+Z; Ctrl+Y", "redo", 0, 0, "mnuEditRedo"},
+    {Place::mnuEdit, Command::None, "",      "", "",                     ""},
+    {Place::mnuEdit, Command::NextSection, "&Next section", "", "Ctrl+Return; Ctrl+Enter", "next-section", 0, 0, "mnuEditNextSection"},
 
     // &Section
     {Place::mnuSection, Command::AddSection,    "",                        "", "",       ""},

@@ -47,6 +47,7 @@ enum class Command {
   ClearAccessory,
   Undo,
   Redo,
+  NextSection,
   EarlierVersions,
 };
 

@@ -309,6 +309,8 @@ void FrmMain::Dispatch(Command command, int number) {
       const SectionFamily& family = SectionFamilies.at(static_cast<std::size_t>(number) - 1);
       return sections_->AddSection(std::string(family.Letter));
     }
+    case Command::NextSection:
+      return sections_->NextSection(SelectedRow());
     case Command::Duplicate:
       return sections_->Duplicate(SelectedRow());
     case Command::OppositeHand:

@@ -139,6 +139,15 @@ void SectionsGrid::AddSection(const std::string& Letter) {
   GridEnterCell();
 }
 
+// What is left to type of a further section like that one is how many there are of it.
+void SectionsGrid::NextSection(int ItemIndex) {
+  if (ItemIndex < 1 || !SettleEditor()) return;
+  const Busy busy(GridBusy_);
+  const std::int16_t row = Append([&] { return NextSectionRow(ItemRow(ItemIndex)); });
+  Select(row, QuantityColumn);
+  GridEnterCell();
+}
+
 void SectionsGrid::Duplicate(int ItemIndex) {
   if (ItemIndex < 1 || !SettleEditor()) return;
   const Busy busy(GridBusy_);

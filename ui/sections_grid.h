@@ -35,6 +35,7 @@ class SectionsGrid : public QWidget {
 
   // Commands; rows are rows of Items, and one that takes a row does nothing for a row below 1.
   void AddSection(const std::string& Letter);
+  void NextSection(int ItemIndex);
   void Duplicate(int ItemIndex);
   void CreateOppHand(int ItemIndex);
   void DeleteItem(int ItemIndex);

@@ -194,14 +194,23 @@ TEST(Commands, The_bar_has_the_four_menus_with_those_of_editing_and_of_tools_bet
 TEST(Commands, Shortcuts_are_as_told) {
   using Given = std::tuple<Command, int, std::string>;
   const std::vector<Given> expected = {
-      {Command::New, 0, "Ctrl+N"},        {Command::Open, 0, "Ctrl+O"},
-      {Command::Save, 0, "Ctrl+S"},       {Command::SaveAs, 0, "Ctrl+Shift+S"},
-      {Command::Undo, 0, "Ctrl+Z"},       {Command::Redo, 0, "Ctrl+Shift+Z; Ctrl+Y"},
-      {Command::AddSection, 1, "Ctrl+1"}, {Command::AddSection, 2, "Ctrl+2"},
-      {Command::AddSection, 3, "Ctrl+3"}, {Command::AddSection, 4, "Ctrl+4"},
-      {Command::AddSection, 5, "Ctrl+5"}, {Command::AddSection, 6, "Ctrl+6"},
-      {Command::Duplicate, 0, "Ctrl+D"},  {Command::PrintSummary, 0, "Ctrl+P"},
-      {Command::ExportCam, 0, "Ctrl+E"},  {Command::HelpIndex, 0, "F1"},
+      {Command::New, 0, "Ctrl+N"},
+      {Command::Open, 0, "Ctrl+O"},
+      {Command::Save, 0, "Ctrl+S"},
+      {Command::SaveAs, 0, "Ctrl+Shift+S"},
+      {Command::Undo, 0, "Ctrl+Z"},
+      {Command::Redo, 0, "Ctrl+Shift+Z; Ctrl+Y"},
+      {Command::NextSection, 0, "Ctrl+Return; Ctrl+Enter"},
+      {Command::AddSection, 1, "Ctrl+1"},
+      {Command::AddSection, 2, "Ctrl+2"},
+      {Command::AddSection, 3, "Ctrl+3"},
+      {Command::AddSection, 4, "Ctrl+4"},
+      {Command::AddSection, 5, "Ctrl+5"},
+      {Command::AddSection, 6, "Ctrl+6"},
+      {Command::Duplicate, 0, "Ctrl+D"},
+      {Command::PrintSummary, 0, "Ctrl+P"},
+      {Command::ExportCam, 0, "Ctrl+E"},
+      {Command::HelpIndex, 0, "F1"},
   };
   std::vector<Given> found;
   for (const CommandEntry& entry : CommandTable()) {
@@ -326,12 +335,15 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
     return keys;
   };
   EXPECT_EQ(Find<QMenu>("mnuEdit").actions(),
-            (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo")}));
+            (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo"), &Entry("mnuEdit(2)"),
+                   &Entry("mnuEditNextSection")}));
   EXPECT_EQ(main->menuBar()->actions().at(1)->menu(), &Find<QMenu>("mnuEdit"));
   EXPECT_EQ(keysOf("mnuEditUndo"), std::vector<std::string>{"Ctrl+Z"});
   EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
-  EXPECT_FALSE(Entry("mnuEditUndo").icon().isNull());
-  EXPECT_FALSE(Entry("mnuEditRedo").icon().isNull());
+  EXPECT_EQ(keysOf("mnuEditNextSection"), (std::vector<std::string>{"Ctrl+Return", "Ctrl+Enter"}));
+  for (const char* name : {"mnuEditUndo", "mnuEditRedo", "mnuEditNextSection"}) {
+    EXPECT_FALSE(Entry(name).icon().isNull()) << name;
+  }
 }
 
 TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
