@@ -77,7 +77,10 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuOutput, Command::ExportCam,            "&Export CAM File",            "", "Ctrl+E", "export"},
 
     // &Tools
-    {Place::mnuTools, Command::EarlierVersions, "Earlier &versions...", "", "", "versions", 0, 0, "mnuToolsVersions"},
+    {Place::mnuTools, Command::EarlierVersions, "Earlier &versions...",  "", "", "versions",     0, 0, "mnuToolsVersions"},
+    {Place::mnuTools, Command::None,            "",                      "", "", "",             0, 0, ""},
+    {Place::mnuTools, Command::ImportSections,  "&Import sections...",   "", "", "import",       0, 0, "mnuToolsImport"},
+    {Place::mnuTools, Command::SectionList,     "Section &list...",      "", "", "section-list", 0, 0, "mnuToolsSectionList"},
 
     // &Help
     {Place::mnuHelp, Command::HelpIndex,    "&Help Index",          "", "F1", "help"},

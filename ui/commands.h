@@ -49,6 +49,8 @@ enum class Command {
   Redo,
   NextSection,
   EarlierVersions,
+  ImportSections,
+  SectionList,
 };
 
 // Where an entry stands. The name is that of the control array.

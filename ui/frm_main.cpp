@@ -341,6 +341,10 @@ void FrmMain::Dispatch(Command command, int number) {
       return TakeStep(false);
     case Command::EarlierVersions:
       return OpenEarlierVersion();
+    case Command::ImportSections:
+      return ImportSections();
+    case Command::SectionList:
+      return WriteSectionList();
     case Command::ExportCam:
       return ExportCAM();
     case Command::ToggleDrawing:

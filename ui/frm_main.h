@@ -17,6 +17,7 @@
 #include "output/output_screen.h"
 #include "project/changes.h"
 #include "project/main_screen.h"
+#include "project/section_list/section_list.h"
 #include "project/section_look.h"
 #include "ui/accessory_chooser.h"
 #include "ui/commands.h"
@@ -103,6 +104,12 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void Exit();
   void ShowRegistration();
   void OpenEarlierVersion();
+  // Lists of sections, read and written, and blocks that are pasted; PasteBlock gives false for a
+  // text that is none.
+  void Import(SectionList list, int firstRow, ChangeKind kind);
+  void ImportSections();
+  void WriteSectionList();
+  bool PasteBlock(const std::string& text);
   void EditSection(const std::function<void(std::int16_t)>& edit);
   // A step is taken back, or done again; in a field outside the tables its own typing first.
   void TakeStep(bool back);

@@ -70,6 +70,13 @@ const std::multiset<std::string> Messages = {
     "The folder /jobs/north doesn't exist.",
     "north.ovd is a folder.",
     "shed.ovd doesn't exist.",
+    // Section lists.
+    "2 rows are refused and are left out. Go on?",
+    "There are no sections in that list",
+    "A quote in row 2 is not closed",
+    "The list has more than 32767 rows",
+    "Row 2 has more than 256 columns",
+    "The list is longer than 64 MB",
     // Export, the lines of the validation errors among it.
     SleeveQuestion,
     "Item 3:  No mark",

@@ -348,7 +348,14 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
 
 TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
   EXPECT_EQ(main->menuBar()->actions().at(4)->menu(), &Find<QMenu>("mnuTools"));
-  EXPECT_EQ(Find<QMenu>("mnuTools").actions(), QList{&Entry("mnuToolsVersions")});
+  EXPECT_EQ(Find<QMenu>("mnuTools").actions(),
+            (QList{&Entry("mnuToolsVersions"), &Entry("mnuTools(1)"), &Entry("mnuToolsImport"),
+                   &Entry("mnuToolsSectionList")}));
+  EXPECT_TRUE(Entry("mnuTools(1)").isSeparator());
+  EXPECT_EQ(FromQt(Entry("mnuToolsImport").text()), "&Import sections...");
+  EXPECT_EQ(FromQt(Entry("mnuToolsSectionList").text()), "Section &list...");
+  EXPECT_FALSE(Entry("mnuToolsImport").icon().isNull());
+  EXPECT_FALSE(Entry("mnuToolsSectionList").icon().isNull());
   EXPECT_EQ(FromQt(Entry("mnuToolsVersions").text()), "Earlier &versions...");
   EXPECT_FALSE(Entry("mnuToolsVersions").icon().isNull());
 }
