@@ -18,6 +18,7 @@
 #include "tools/batch_clashes.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_exit.h"
+#include "tools/batch_import.h"
 #include "tools/batch_job.h"
 #include "tools/batch_options.h"
 #include "tools/batch_platform.h"
@@ -78,6 +79,7 @@ void OpenFolders(std::vector<std::string>& jobs) {
 
 // Why the jobs can't be done; empty if they can.
 std::string FaultOf(const BatchOptions& options) {
+  if (!options.Import.empty()) return ImportFault(options);
   if (AsksForPages(options) && !SheetsInThisBuild()) {
     return "--sheets, --svg, --accessory-sheets and --summary are not in this build";
   }
@@ -154,8 +156,9 @@ int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console)
   }
   CatalogueTables catalogues;
   if (!LoadCatalogues(catalogues)) return ExitFault;
+  if (!options.Import.empty()) return ImportList(options, catalogues, console);
   const std::string outFolder = AbsolutePath(options.OutFolder);
-  if ((options.Cam || AsksForPages(options)) && !outFolder.empty() &&
+  if (WritesResults(options) && !outFolder.empty() &&
       !console.Try(options.OutFolder, [&] { EnterOutFolder(outFolder); })) {
     return ExitFault;
   }

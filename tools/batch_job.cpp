@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/model.h"
 #include "core/runtime_error.h"
@@ -18,6 +19,7 @@
 #include "project/accessory_lines.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
+#include "project/section_list/section_table.h"
 #include "project/section_look.h"
 #include "tools/batch_exit.h"
 
@@ -26,19 +28,6 @@ namespace orvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Tables and values as a fresh start has them, so that no job sees anything of the one before.
-void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth) {
-  ResetModel();
-  InstallCatalogues(catalogues);
-  ForgetSaid();
-  RequireStoredNumbers();
-  LoadRegistration();
-  LoadPageSetup();
-  LoadDrawingSettings();
-  LoadMaxDims();
-  DrawingWidth = drawingWidth;
-}
 
 bool UsesAccessories() {
   return !AccessoriesInUse().empty();
@@ -50,6 +39,18 @@ bool HasUnmarkedLines() {
 }
 
 }  // namespace
+
+void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth) {
+  ResetModel();
+  InstallCatalogues(catalogues);
+  ForgetSaid();
+  RequireStoredNumbers();
+  LoadRegistration();
+  LoadPageSetup();
+  LoadDrawingSettings();
+  LoadMaxDims();
+  DrawingWidth = drawingWidth;
+}
 
 FormerSheets SheetsInFolder() {
   FormerSheets sheets;
@@ -92,6 +93,7 @@ int JobRunner::Do(const NamedJob& job) {
     if (!note.empty()) console_.Say(note);
   };
   if (!resave_.empty() && !console_.Try(options_.Resave, resave)) code = ExitFault;
+  if (options_.SectionList) code = std::max(code, WriteSectionList(job));
   if (options_.Cam) {
     // The accessory list takes values that were never set for 0 from then on; what is drawn shows
     // what was entered, with an export and without.
@@ -134,6 +136,13 @@ bool JobRunner::Read(const NamedJob& job) {
   }
   if (!notes.Line().empty()) console_.Say(notes.Line());
   return true;
+}
+
+int JobRunner::WriteSectionList(const NamedJob& job) {
+  const std::string file = SectionListFileName(job.Path);
+  if (!console_.Try(file, [&] { ReplaceWholeFile(file, SectionListFile()); })) return ExitFault;
+  console_.Say("Section list complete");
+  return ExitDone;
 }
 
 int JobRunner::Export() {

@@ -1,6 +1,7 @@
 // One job of a run: read, checked, exported and printed.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -25,6 +26,9 @@ using FormerSheets = std::map<std::string, std::vector<int>>;
 // Those of the current folder. Raises the system's error.
 FormerSheets SheetsInFolder();
 
+// Tables and values as a fresh start has them, so that no job sees anything of the one before.
+void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth);
+
 // Does jobs one behind the other, in the folder of the results. All of it lives as long as the run.
 class JobRunner {
  public:
@@ -38,6 +42,7 @@ class JobRunner {
 
  private:
   bool Read(const NamedJob& job);
+  int WriteSectionList(const NamedJob& job);
   int Export();
   int Print(const NamedJob& job);
   bool PrintSheets(const NamedJob& job);

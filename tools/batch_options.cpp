@@ -66,7 +66,7 @@ struct ValueOption {
   bool (*Set)(BatchOptions& options, const std::string& value);
 };
 
-constexpr std::array<ValueOption, 10> ValueOptions = {{
+constexpr std::array<ValueOption, 12> ValueOptions = {{
     {"--catalogue", "a folder", SetText<&BatchOptions::CatalogueFolder>},
     {"--out", "a folder", SetText<&BatchOptions::OutFolder>},
     {"--created", "a moment of the form YYYY-MM-DDTHH:MM:SS", SetCreated},
@@ -75,6 +75,8 @@ constexpr std::array<ValueOption, 10> ValueOptions = {{
     {"--paper", "A4, A3, Letter or Tabloid", SetPaper},
     {"--settings", "a file", SetText<&BatchOptions::SettingsFile>},
     {"--resave", "a file", SetText<&BatchOptions::Resave>},
+    {"--import", "a file", SetText<&BatchOptions::Import>},
+    {"--to", "a file", SetText<&BatchOptions::ImportTo>},
     {"--jobs", "a number from 1 to 256", SetWorkers},
     {"--date-form", "a form of day, month and year in figures, such as dd.MM.yyyy", SetDateForm},
 }};
@@ -84,12 +86,15 @@ struct FlagOption {
   bool BatchOptions::*Flag;
 };
 
-constexpr std::array<FlagOption, 6> FlagOptions = {{
+constexpr std::array<FlagOption, 9> FlagOptions = {{
     {"--cam", &BatchOptions::Cam},
     {"--sheets", &BatchOptions::Sheets},
     {"--svg", &BatchOptions::Svg},
     {"--accessory-sheets", &BatchOptions::AccessorySheets},
     {"--summary", &BatchOptions::Summary},
+    {"--section-list", &BatchOptions::SectionList},
+    {"--skip-refused", &BatchOptions::SkipRefused},
+    {"--replace", &BatchOptions::Replace},
     {"--allow-cut", &BatchOptions::AllowCut},
 }};
 
@@ -122,9 +127,19 @@ bool SameName(const std::string& a, const std::string& b) {
 
 // What can only be seen when the whole command line has been read.
 std::string FaultOfWhole(const BatchOptions& options) {
+  const bool asks = WritesResults(options) || !options.Resave.empty();
+  if (!options.Import.empty()) {
+    if (options.ImportTo.empty()) return "--import takes --to with the job to be made";
+    if (!options.Jobs.empty()) return "--import takes no job but that behind --to";
+    return asks ? "--import goes with nothing else that is to be done" : "";
+  }
+  if (!options.ImportTo.empty() || options.SkipRefused || options.Replace) {
+    return "--to, --skip-refused and --replace go with --import alone";
+  }
   if (options.Jobs.empty()) return "no job is named";
-  if (!options.Cam && !AsksForPages(options) && options.Resave.empty()) {
-    return "none of --cam, --sheets, --svg, --accessory-sheets, --summary and --resave is given";
+  if (!asks) {
+    return "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
+           "--resave and --import is given";
   }
   return JobsFault(options);
 }
@@ -216,6 +231,10 @@ std::string SummaryFileName(const std::string& job) {
   return JobName(job) + "-summary.pdf";
 }
 
+std::string SectionListFileName(const std::string& job) {
+  return JobName(job) + "-sections.csv";
+}
+
 std::string DocumentTitle(const std::string& job, std::string_view document) {
   return JobName(job).append(": ").append(document);
 }
@@ -238,6 +257,10 @@ bool AsksForPages(const BatchOptions& options) {
   return options.Sheets || options.Svg || options.AccessorySheets || options.Summary;
 }
 
+bool WritesResults(const BatchOptions& options) {
+  return options.Cam || options.SectionList || AsksForPages(options);
+}
+
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job) {
   std::vector<std::string> names;
   if (options.Cam) {
@@ -248,6 +271,7 @@ std::vector<std::string> ResultNames(const BatchOptions& options, const std::str
   if (options.Svg) names.push_back(SvgFileName(job, 1));
   if (options.AccessorySheets) names.push_back(AccessoriesFileName(job));
   if (options.Summary) names.push_back(SummaryFileName(job));
+  if (options.SectionList) names.push_back(SectionListFileName(job));
   return names;
 }
 
@@ -263,7 +287,9 @@ std::string HelpText(const std::string& dateForm) {
        orvane-batch [OPTION]... --svg JOB.ovd...
        orvane-batch [OPTION]... --accessory-sheets JOB.ovd...
        orvane-batch [OPTION]... --summary JOB.ovd...
+       orvane-batch [OPTION]... --section-list JOB.ovd...
        orvane-batch [OPTION]... --resave FILE JOB.ovd
+       orvane-batch [OPTION]... --import LIST --to JOB.ovd
 
 The companion of the Orvane Detailing System: turns project files into their factory files, sheets and
 reports without a screen. Messages and questions go to standard error. A folder in the place of a job
@@ -275,7 +301,13 @@ stands for all the jobs in it.
                          that a longer run left behind the last
   --accessory-sheets     write the sheets of each job's accessories into one PDF (JOB-accessories.pdf)
   --summary              write each job's contract summary as a PDF (JOB-summary.pdf)
+  --section-list         write the list of each job's sections (JOB-sections.csv)
   --resave FILE          write the one job again, as it would be saved; alone or with the others
+  --import LIST          make a new job of a list of sections; each row that the program would refuse
+                         or ask about is told, and nothing is written then
+  --to JOB.ovd           the job that --import makes
+  --skip-refused         let --import leave such rows out and write the job of the others
+  --replace              let --import write over a job that is there already
   --out DIR              where the results go, made if missing (default: the current folder)
   --catalogue DIR        the folder of dims.csv, punch.csv, accs1.csv and accs2.csv (default: the
                          program's own folder, or "catalogue" in it)
@@ -293,7 +325,7 @@ stands for all the jobs in it.
   --help, --version      show this text, or the version, and end
 
 Exit: 0 done; 1 refused by the check; 2 a command line that can't be followed, or jobs that would write
-one file; 3 a file that can't be read or written. With more than one job all are tried, and the highest
+one file; 3 a file that can't be read or written, or a list with refused rows. With more than one job all are tried, and the highest
 of their codes is returned.
 )";
   const std::string_view place = "DATE-FORM";

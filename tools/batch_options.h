@@ -20,7 +20,12 @@ struct BatchOptions {
   bool Svg = false;               // write them as SVG, one file a sheet
   bool AccessorySheets = false;   // write the sheets of each job's accessories as a PDF
   bool Summary = false;           // write each job's contract summary as a PDF
+  bool SectionList = false;       // write the list of each job's sections
   std::string Resave;             // write the one job again to this file; empty for not
+  std::string Import;             // make this list of sections a job; empty for not
+  std::string ImportTo;           // that job
+  bool SkipRefused = false;       // of its rows take those that aren't refused
+  bool Replace = false;           // write over a job that is there already
   std::string CatalogueFolder;    // empty for the program's own
   std::string OutFolder;          // where the results go; empty for the current folder
   std::string SettingsFile;       // empty for the defaults
@@ -57,11 +62,12 @@ bool IsJobName(const std::string& name);
 std::string CamFileName(const std::string& job);
 
 // In the same way the PDFs of a job's sheets, "JOB-sheets.pdf", of its accessories' sheets,
-// "JOB-accessories.pdf", and of its contract summary, "JOB-summary.pdf"; and the SVG of one sheet,
-// counted from 1, "JOB-sheet-001.svg".
+// "JOB-accessories.pdf", and of its contract summary, "JOB-summary.pdf"; the list of its sections,
+// "JOB-sections.csv"; and the SVG of one sheet, counted from 1, "JOB-sheet-001.svg".
 std::string SheetsFileName(const std::string& job);
 std::string AccessoriesFileName(const std::string& job);
 std::string SummaryFileName(const std::string& job);
+std::string SectionListFileName(const std::string& job);
 std::string SvgFileName(const std::string& job, int sheet);
 
 // What viewers show over such a document: the job's file name without its ending, and which of the
@@ -78,6 +84,8 @@ SvgName SvgNameOf(const std::string& name);
 
 // Whether the options ask for anything that is drawn.
 bool AsksForPages(const BatchOptions& options);
+// Whether they ask for anything that is written into the folder of the results.
+bool WritesResults(const BatchOptions& options);
 
 // The names of the files that the options make of a job, without a folder; of the SVGs the first.
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job);

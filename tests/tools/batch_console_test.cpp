@@ -28,7 +28,8 @@ TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
   for (const char* option :
        {"--cam", "--resave FILE", "--out DIR", "--catalogue DIR", "--sleeves yes|no", "--created",
         "--drawing-width MM", "--settings FILE", "--jobs N", "--allow-cut", "--date-form FORM",
-        "--paper PAPER", "--help, --version"}) {
+        "--paper PAPER", "--section-list", "--import LIST", "--to JOB.ovd", "--skip-refused",
+        "--replace", "--help, --version"}) {
     EXPECT_NE(help.Out.find(std::string("\n  ") + option), std::string::npos) << option;
   }
   EXPECT_NE(help.Out.find("here dd/MM/yyyy)"), std::string::npos);

@@ -91,9 +91,22 @@ TEST(BatchOptions, A_command_line_that_cannot_be_followed_says_why) {
       {{}, "no job is named"},
       {{"--cam"}, "no job is named"},
       {{"a.ovd"},
-       "none of --cam, --sheets, --svg, --accessory-sheets, --summary and --resave is given"},
+       "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, --resave "
+       "and "
+       "--import is given"},
       {{"--out", "to", "a.ovd"},
-       "none of --cam, --sheets, --svg, --accessory-sheets, --summary and --resave is given"},
+       "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, --resave "
+       "and "
+       "--import is given"},
+      {{"--import", "list.csv"}, "--import takes --to with the job to be made"},
+      {{"--import", "list.csv", "--to", "n.ovd", "a.ovd"},
+       "--import takes no job but that behind --to"},
+      {{"--import", "list.csv", "--to", "n.ovd", "--cam"},
+       "--import goes with nothing else that is to be done"},
+      {{"--to", "n.ovd", "--cam", "a.ovd"},
+       "--to, --skip-refused and --replace go with --import alone"},
+      {{"--replace", "--cam", "a.ovd"},
+       "--to, --skip-refused and --replace go with --import alone"},
       {{"--resave", "c.ovd", "a.ovd", "b.ovd"}, "--resave takes one job"},
       {{"--cam", "--resave", "c.ovd", "a.ovd", "b.ovd"}, "--resave takes one job"},
       {{"--cam", ""}, "an argument is empty"},
