@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -77,25 +78,29 @@ void Store(RebuiltSections& rebuilt) {
   });
 }
 
-// Draws the sheets of all sections; false when the user calls the run off.
-bool DrawAllSheets(PrintSurface& surface, RebuiltSections& rebuilt, SheetErrors& errors) {
+// Draws the sheets of these sections; false when the user calls the run off.
+bool DrawSheets(PrintSurface& surface, const std::vector<int>& rows, RebuiltSections& rebuilt,
+                SheetErrors& errors) {
   const SheetSource present = PresentSource();
-  const std::int16_t last = Int16(Items.UBound());
-  for (std::int16_t row = 1; row <= last; ++row) {
+  const int last = static_cast<int>(rows.size());
+  int done = 0;
+  for (const int each : rows) {
+    const std::int16_t row = Int16(each);
     SheetSource source = present;
     source.Tell = errors.Of(row);
+    ++done;
     if (last > 1) errors.CrossMissingPictures(source, NameOfSection(row));
     InNameOfSection(row, [&] {
       const Item& section = SectionOfSheet(row, rebuilt);
       // The last comes first: a project of a single section only closes its document; its sheet
       // stands on the page that a fresh surface makes by itself.
-      const bool close = row == last;
-      const bool open = !close && row == 1;
+      const bool close = done == last;
+      const bool open = !close && done == 1;
       DrawSection(surface, source, section, open, close);
     });
     // So that a long run keeps the screen alive.
     TheDesktop().ProcessEvents();
-    if (!TheOutputScreen().GoesOn(row, last)) return false;
+    if (!TheOutputScreen().GoesOn(done, last)) return false;
   }
   return true;
 }
@@ -364,14 +369,13 @@ void PrintCurrentDrawing(std::int16_t ItemIndex) {
   });
 }
 
-bool PrintAllDrawings() {
+bool PrintDrawings(const std::vector<int>& rows) {
   bool whole = true;
-  if (Items.Empty()) return whole;
   DrawOnPreview([&](PrintSurface& surface, SheetErrors& errors) {
     PageRoom room(surface);
     RebuiltSections rebuilt;
     try {
-      if (!DrawAllSheets(surface, rebuilt, errors)) {
+      if (!DrawSheets(surface, rows, rebuilt, errors)) {
         return TheOutputScreen().DropPreview();
       }
     } catch (...) {
@@ -382,14 +386,21 @@ bool PrintAllDrawings() {
     room.Keep();
     whole = !errors.HasMissingPictures();
     errors.Say();
-    TheOutputScreen().ShowPreview("sheets", [](PrintSurface& other) {
+    TheOutputScreen().ShowPreview("sheets", [&](PrintSurface& other) {
       const PageRoom otherRoom(other);
       RebuiltSections copies;
       SheetErrors told;
-      return DrawAllSheets(other, copies, told);
+      return DrawSheets(other, rows, copies, told);
     });
   });
   return whole;
+}
+
+bool PrintAllDrawings() {
+  if (Items.Empty()) return true;
+  std::vector<int> rows(static_cast<std::size_t>(Items.UBound()));
+  std::iota(rows.begin(), rows.end(), 1);
+  return PrintDrawings(rows);
 }
 
 bool PrintAllAccessorySheets() {

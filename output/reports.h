@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "drawing/page_surface.h"
 
@@ -15,6 +16,10 @@ void PreparePreview(PageSurface& surface);
 
 // One section's sheet; the row is one of Items.
 void PrintCurrentDrawing(std::int16_t ItemIndex);
+
+// The sheets of several, in that order, in one document: as PrintAllDrawings draws them, with which
+// it shares the rest, too. At least two, each once.
+bool PrintDrawings(const std::vector<int>& rows);
 
 // The sheets of all sections, their holes made afresh, or those placed by hand spaced afresh.
 // Nothing for a project without sections. A run that the user calls off shows nothing and leaves

@@ -156,14 +156,7 @@ std::int16_t NextSectionRow(std::int16_t ItemIndex) {
 std::int16_t DuplicateRow(std::int16_t ItemIndex) {
   if (ItemIndex < 1) return 0;
   const std::int16_t row = NextRow();
-  Change(ChangeKind::Duplicate, row, [&] {
-    Item copy = Items.At(ItemIndex);
-    copy.Serial = 0;
-    copy.Mark += "A";
-    Items.Append(std::move(copy));
-    SortHoles(row);
-    AdjustHoleSpacing(row);
-  });
+  Change(ChangeKind::Duplicate, row, [&] { MakeDuplicate(Items.Append(Items.At(ItemIndex))); });
   return row;
 }
 
@@ -172,20 +165,28 @@ std::int16_t CreateOppHandRow(std::int16_t ItemIndex) {
   const std::int16_t row = NextRow();
   Change(ChangeKind::OppositeHand, row, [&] {
     const Item source = Items.At(ItemIndex);
-    Item& hand = Items.Append(source);
-    hand.Serial = 0;
-
-    MirrorHoles(source, hand);
-    // Swapped and negated, which keeps the shape of each cut; a square end bears no minus sign.
-    hand.MitreLeft = Float32(source.MitreRight * -1.0 + 0.0);
-    hand.MitreRight = Float32(source.MitreLeft * -1.0 + 0.0);
-    MirrorNotches(source, hand);
-    hand.Mark = source.Mark + "X";
-
-    SortHoles(row);
-    AdjustHoleSpacing(row);
+    MakeOppositeHand(source, Items.Append(source));
   });
   return row;
+}
+
+void MakeDuplicate(Item& copy) {
+  copy.Serial = 0;
+  copy.Mark += "A";
+  SortHoles(copy);
+  AdjustHoleSpacing(copy);
+}
+
+void MakeOppositeHand(const Item& source, Item& copy) {
+  copy.Serial = 0;
+  MirrorHoles(source, copy);
+  // Swapped and negated, which keeps the shape of each cut; a square end bears no minus sign.
+  copy.MitreLeft = Float32(source.MitreRight * -1.0 + 0.0);
+  copy.MitreRight = Float32(source.MitreLeft * -1.0 + 0.0);
+  MirrorNotches(source, copy);
+  copy.Mark = source.Mark + "X";
+  SortHoles(copy);
+  AdjustHoleSpacing(copy);
 }
 
 bool ShowsMirroredPattern(std::int16_t ItemIndex) {

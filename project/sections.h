@@ -34,6 +34,11 @@ std::int16_t DuplicateRow(std::int16_t ItemIndex);
 // error leaves the row appended as far as it came, and ProjectDirty as it was.
 std::int16_t CreateOppHandRow(std::int16_t ItemIndex);
 
+// What these two make of a copy of a section, wherever it stands: without a serial, its holes
+// sorted and their gaps adjusted. An error leaves the copy as far as it came.
+void MakeDuplicate(Item& copy);
+void MakeOppositeHand(const Item& source, Item& copy);
+
 // True when pattern holes of the section stand otherwise than its pattern puts them, as they do in
 // an opposite hand whose pattern isn't symmetric, until they are made afresh. False for row 0, and
 // for a pattern that can't be made afresh.

@@ -312,16 +312,15 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::NextSection:
       return sections_->NextSection(SelectedRow());
     case Command::Duplicate:
-      return sections_->Duplicate(SelectedRow());
+      return sections_->DuplicateChosen();
     case Command::OppositeHand:
-      return sections_->CreateOppHand(SelectedRow());
+      return sections_->CreateOppHandChosen();
     case Command::HolesAbsolute:
       return detail_->AddCustomHoles(AddAbsolute);
     case Command::HolesRelative:
       return detail_->AddCustomHoles(AddRelative);
     case Command::ConvertHoles:
-      if (SelectedRow() >= 1) detail_->ConvertToCustom(Int16(SelectedRow()));
-      return;
+      return sections_->ConvertChosen();
     case Command::Mitres:
       return EditMitres();
     case Command::Notches:
@@ -333,8 +332,7 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::SortByLength:
       return sections_->SortItems(SortKey::Length);
     case Command::Delete:
-      if (SelectedRow() >= 1) sections_->DeleteItem(SelectedRow());
-      return;
+      return sections_->DeleteChosen();
     case Command::Undo:
       return TakeStep(true);
     case Command::Redo:
@@ -356,8 +354,7 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::Registration:
       return ShowRegistration();
     case Command::PrintDrawing:
-      if (SelectedRow() < 1) return;
-      return Print([row = Int16(SelectedRow())] { PrintCurrentDrawing(row); });
+      return PrintChosen();
     case Command::PrintAllDrawings:
       return Print(PrintAllDrawings);
     case Command::PrintAccessorySheets:

@@ -114,6 +114,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // A step is taken back, or done again; in a field outside the tables its own typing first.
   void TakeStep(bool back);
   bool FieldTakes(bool back) const;
+  // Rows of the sections grid, else the text of the field that has the cursor.
+  void UseClipboard(Command command);
+  bool UseRows(Command command);
+  void PrintChosen();
   bool DropLetters();
   void ShowSteps();
   void Offer(std::vector<LeftJob> left);

@@ -1,5 +1,7 @@
 // The main window's part in the outputs: the printing commands, their preview, the list of export
 // errors.
+#include <vector>
+
 #include "core/numbers.h"
 #include "output/reports.h"
 #include "project/changes.h"
@@ -23,6 +25,12 @@ void FrmMain::Print(const std::function<void()>& command) {
     throw;
   }
   DropPreview();
+}
+
+void FrmMain::PrintChosen() {
+  const std::vector<int> rows = sections_->ChosenRows();
+  if (rows.size() == 1) return Print([&] { PrintCurrentDrawing(Int16(rows.front())); });
+  if (!rows.empty()) Print([&] { PrintDrawings(rows); });
 }
 
 // The row that is being looked at, as it stands after what was done to all rows or to the sheets.

@@ -67,9 +67,10 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(grid_);
 
-  grid_->CellPressed = [this](int row, int column, Qt::MouseButton, QPoint) {
-    CellPressed(row, column);
+  grid_->CellPressed = [this](int row, int column, Qt::MouseButton button, QPoint) {
+    CellPressed(row, column, button);
   };
+  WatchChoice();
   grid_->MenuAsked = [this](QPoint globalPos) {
     if (!refusing_) emit MenuAsked(globalPos);
   };
@@ -203,6 +204,8 @@ void SectionsGrid::SortItems(SortKey Key) {
 bool SectionsGrid::RunOnRows(const std::function<int()>& command) {
   if (!SettleEditor()) return false;
   const Busy busy(GridBusy_);
+  RowChoice kept = choice_;
+  const int rows = Items.UBound();
   ForgetEditors();
   int row = 0;
   try {
@@ -213,6 +216,7 @@ bool SectionsGrid::RunOnRows(const std::function<int()>& command) {
   }
   if (row > 0) grid_->SetCurrent(row, grid_->Col());
   ShowCurrentRow();
+  if (Items.UBound() == rows && grid_->Row() == kept.At()) Choose(std::move(kept));
   return true;
 }
 
@@ -220,6 +224,7 @@ bool SectionsGrid::RunOnRows(const std::function<int()>& command) {
 
 void SectionsGrid::DisplayItems(bool keepRow) {
   ForgetEditors();
+  EndChoice();
   if (!keepRow) ForgetUndecided();
   MakeCurrent(0);
   mirroredRow_ = 0;
@@ -398,10 +403,15 @@ int SectionsGrid::UndecidedRow() const {
 }
 
 // A press beside the columns that are edited means the mark.
-void SectionsGrid::CellPressed(int row, int column) {
+// The menu of the right button is for all chosen rows, if it is opened on one of them.
+void SectionsGrid::CellPressed(int row, int column, Qt::MouseButton button) {
   if (GridBusy_ || refusing_ || row > Items.UBound()) return;
   const Busy busy(GridBusy_);
-  MoveTo(row, IsEdited(row, column) ? column : MarkColumn);
+  RowChoice kept = choice_;
+  const bool keeps = button == Qt::RightButton && kept.Count() > 1 && kept.Has(row);
+  if (!MoveTo(row, IsEdited(row, column) ? column : MarkColumn) || !keeps) return;
+  kept.Add(row);
+  Choose(std::move(kept));
 }
 
 }  // namespace orvane

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "project/changes.h"
 #include "project/history.h"
@@ -13,10 +14,12 @@
 #include "ui/controls/cell_editor.h"
 #include "ui/controls/flex_grid.h"
 #include "ui/controls/plain_combo.h"
+#include "ui/controls/row_choice.h"
 #include "ui/detail_panel.h"
 #include "ui/sheet_view.h"
 
 class QFocusEvent;
+class QKeyEvent;
 
 namespace orvane {
 
@@ -42,9 +45,27 @@ class SectionsGrid : public QWidget {
   void SortItems(SortKey Key);
 
   // Runs a command on several rows, while no cell is edited, and shows the row that it gives; 0 for
-  // the one that is current. After an error the current one is shown. False where the cell being
-  // edited was refused: then nothing is run.
+  // the one that is current. After an error the current one is shown. Chosen rows stay so as long
+  // as there are as many. False where the cell being edited was refused: then nothing is run.
   bool RunOnRows(const std::function<int()>& command);
+
+  // The rows that commands work on, in ascending order: those that are chosen, always with the
+  // current one, or that one alone; empty where there is no row. A choice lasts while the cursor
+  // stays in its row, until something is typed there, and as long as no row comes, goes or moves.
+  std::vector<int> ChosenRows() const;
+
+  // The commands on the chosen rows. With a single one they are those above, ConvertToCustom of the
+  // detail panel, and what these say; several are one step, in their order.
+  void DuplicateChosen();
+  void CreateOppHandChosen();
+  void DeleteChosen();
+  void ConvertChosen();
+
+  // The clipboard. True if these had rows to do it with, chosen ones to copy or to cut, copied ones
+  // to paste; else a text is to be dealt with. Cutting asks nothing, as it can be taken back.
+  bool CopyRows();
+  bool CutRows();
+  bool PasteRows();
 
   // Shows Items afresh, the heading and one row each, with CurrentItem 0 and no cell being edited.
   // `keepRow` leaves the current cell where it was, as far as there are rows.
@@ -82,6 +103,8 @@ class SectionsGrid : public QWidget {
   // The focus rests here while no cell is edited; Tab leads from here back into the grid.
   bool focusNextPrevChild(bool next) override;
   void focusInEvent(QFocusEvent* event) override;
+  // The keys that choose rows, before the editor of a cell has them.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   // What the grid shows of a change, its own and others'.
@@ -98,7 +121,21 @@ class SectionsGrid : public QWidget {
   void ShowCurrentRow(ShownHoles holes = ShownHoles::Afresh, bool entersCell = true);
   void EnterSlidCell();
   void MakeCurrent(std::int16_t row);
-  void CellPressed(int row, int column);
+  void CellPressed(int row, int column, Qt::MouseButton button);
+
+  // Choosing.
+  void WatchChoice();
+  bool FixedPressed(int row, Qt::KeyboardModifiers held);
+  bool ChooseFurther(int row);
+  bool ChoosesByKey(const QObject* watched, const QKeyEvent& key);
+  bool StretchBy(const QKeyEvent& key);
+  bool ChooseAll(const QObject* watched);
+  RowChoice Choice() const;
+  void Choose(RowChoice choice);
+  void ChooseAppended(std::int16_t first, ShownHoles holes);
+  void FollowCursor();
+  void EndChoice();
+  void TakeOut(const std::vector<int>& rows, ChangeKind kind);
 
   // Editing.
   CellTable Cells();
@@ -125,6 +162,8 @@ class SectionsGrid : public QWidget {
   std::string EditSectionType_;  // letter that cboEdit and cboPattern are filled for
   int mirroredRow_ = 0;          // opposite hand whose holes weren't made afresh yet; 0 for none
   bool typed_ = false;           // typed since the sheet was last drawn from a settled cell
+  RowChoice choice_;             // made around the current row
+  int choiceColumn_ = 0;         // that the cursor was in then
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };
 

@@ -59,6 +59,7 @@ CellTable SectionsGrid::Cells() {
 void SectionsGrid::GridEnterCell() {
   const int row = grid_->Row();
   const int column = grid_->Col();
+  FollowCursor();
   if (row == 0) return;
   if (row != editor_.EditRow() || column != editor_.EditCol()) {
     EditError_ = false;

@@ -43,6 +43,7 @@ int FigureLengths::Longest() const {
 
 SectionsModel::SectionsModel(QObject* parent) : FlexGridModel(SectionHeadings(), parent) {
   SetFixedColumns(1);
+  LetRowsBeChosen();
   for (int column = 0; column < SectionColumns; ++column) {
     const bool right = SectionColumnAt(column).Side == CellSide::Right;
     SetAlignment(column, right ? Qt::AlignRight : Qt::AlignLeft);

@@ -129,6 +129,25 @@ TEST_F(PrintRunsTest, All_drawings_open_with_the_first_and_close_with_the_last) 
   EXPECT_EQ(screen.Shown, 1);
 }
 
+TEST_F(PrintRunsTest, Chosen_sections_are_drawn_in_their_order_in_one_document) {
+  AddPurlin("P1", 6000);
+  AddPurlin("P2", 4000);
+  AddPurlin("P3", 5000);
+  AddPurlin("P4", 3000);
+  PrintDrawings({2, 3, 4});
+  const TextList expected = DrawnBy([](PrintSurface& surface) {
+    DrawSection(surface, 2, true, false);
+    DrawSection(surface, 3, false, false);
+    DrawSection(surface, 4, false, true);
+  });
+  const TextList drawn = Drawn();
+  EXPECT_EQ(drawn, expected);
+  EXPECT_EQ(CountOf(drawn, "NewPage"), 2U);
+  EXPECT_EQ(screen.Shown, 1);
+  EXPECT_EQ(Items.At(1).HoleCount(), 0) << "of a section that isn't printed no holes are made";
+  EXPECT_EQ(Items.At(2).HoleCount(), 2);
+}
+
 TEST_F(PrintRunsTest, A_single_section_closes_a_document_that_was_never_opened) {
   AddPurlin("P1", 6000);
   PrintAllDrawings();

@@ -67,11 +67,6 @@ bool IsControl(QChar c) {
   return c < u' ' || c == u'\u007F';
 }
 
-// Rows by which a page key moves: those in sight but one.
-int PageOf(const FlexGrid& grid) {
-  return std::max(1, grid.viewport()->height() / std::max(1, grid.rowHeight(0)) - 1);
-}
-
 }  // namespace
 
 CellEditor::CellEditor(FlexGrid& grid, QWidget& home, CellTable table, const QString& textPanel)
@@ -150,7 +145,6 @@ void CellEditor::Open(int row, int column) {
   Commit();
   grid_.Model().AcceptCell(row, column);
   const std::string text = grid_.TextMatrix(row, column);
-  const QString name = ToQt(grid_.TextMatrix(0, column) + ", row " + DecimalText(row));
   QFrame* former = openPanel_;
   QWidget* control = txtEdit_;
   openPanel_ = textPanel_;
@@ -172,7 +166,7 @@ void CellEditor::Open(int row, int column) {
   chosen_ = false;
   EditRow_ = row;
   EditCol_ = column;
-  control->setAccessibleName(name);
+  TellName();
   openPanel_->setGeometry(grid_.CellRect(EditRow_, EditCol_));
   openPanel_->show();
   openPanel_->raise();
@@ -180,6 +174,20 @@ void CellEditor::Open(int row, int column) {
   control->setFocus();
   // Hidden only now: a control that is hidden with the focus in it gives it to anybody.
   if (former != nullptr && former != openPanel_) former->hide();
+}
+
+void CellEditor::SetNote(const QString& note) {
+  if (note == note_) return;
+  note_ = note;
+  if (EditRow_ > 0) TellName();
+}
+
+// Where the cursor is, for readers of the screen.
+void CellEditor::TellName() {
+  QWidget* control = openChoices_;
+  if (control == nullptr) control = txtEdit_;
+  const std::string cell = grid_.TextMatrix(0, EditCol_) + ", row " + DecimalText(EditRow_);
+  control->setAccessibleName(note_.isEmpty() ? ToQt(cell) : ToQt(cell) + ", " + note_);
 }
 
 // A text that the open list hasn't selects nothing.
@@ -348,10 +356,10 @@ bool CellEditor::MovesBy(const QKeyEvent& key) {
       toRow = std::min(lastRow, row + 1);
       break;
     case Qt::Key_PageUp:
-      toRow = std::max(1, row - PageOf(grid_));
+      toRow = std::max(1, row - grid_.PageRows());
       break;
     case Qt::Key_PageDown:
-      toRow = std::min(lastRow, row + PageOf(grid_));
+      toRow = std::min(lastRow, row + grid_.PageRows());
       break;
     default:
       return false;

@@ -83,6 +83,8 @@ class CellEditor : public QObject {
   void SettleChoice();
   // Gives the open list the look of one that was left undecided, for whoever leads a person there.
   void ShowRefusal(const QString& reason);
+  // What readers of the screen are told behind the name of the open cell; empty for nothing.
+  void SetNote(const QString& note);
   // Settles it, and tells the table what the open cell holds, if it is to be told on leaving and it
   // was changed.
   void Commit();
@@ -104,6 +106,7 @@ class CellEditor : public QObject {
   void Connect(QFrame& panel, const QString& name, QWidget& control);
   void Place();
   void ShowEntry(const std::string& text);
+  void TellName();
   void ShowCoveredCell();
   void Changed(const std::string& text);
   void WriteBack();
@@ -134,6 +137,7 @@ class CellEditor : public QObject {
   int EditCol_ = 0;
   QFrame* openPanel_ = nullptr;        // of the control opened last
   PlainCombo* openChoices_ = nullptr;  // that control, if it is a list
+  QString note_;                       // behind the cell's name
   QString openedText_;                 // what the field was opened with
   std::string formerText_;             // what the cell held when the cursor came to it
   bool chosen_ = false;                // the user chose an entry of the open list

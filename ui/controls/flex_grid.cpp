@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "core/text.h"
+#include "ui/controls/chosen_look.h"
 #include "ui/controls/fault_sign.h"
 #include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
@@ -33,7 +34,8 @@ constexpr int RowPadding = 5;
 
 constexpr int FewRows = 4;
 
-// Gives a refused cell its look, and a faulty one its sign.
+// Gives a refused cell its look, a faulty one its sign, and the fixed column of a chosen row its
+// own.
 class CellDelegate : public QStyledItemDelegate {
  public:
   CellDelegate(const FlexGridModel& model, QObject* parent)
@@ -43,6 +45,7 @@ class CellDelegate : public QStyledItemDelegate {
              const QModelIndex& index) const override {
     QStyledItemDelegate::paint(painter, option, index);
     const int row = index.row() + 1;
+    if (IsChosen(option, index)) PaintChosenBar(*painter, option.rect, option.palette);
     if (!model_.FaultOf(row, index.column()).empty()) {
       painter->setFont(option.font);
       PaintFaultSign(*painter, option.rect);
@@ -51,7 +54,20 @@ class CellDelegate : public QStyledItemDelegate {
     PaintRefusedLook(*painter, option.rect, QColor(WhiteCell));
   }
 
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (IsChosen(*option, index)) TakeChosenLook(*option);
+    // The colours of a selection would hide which row is the current one.
+    option->state.setFlag(QStyle::State_Selected, false);
+  }
+
  private:
+  // The bar stands at the row's left.
+  static bool IsChosen(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    return index.column() == 0 && option.state.testFlag(QStyle::State_Selected);
+  }
+
   const FlexGridModel& model_;
 };
 
@@ -177,7 +193,8 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 }
 
 Qt::ItemFlags FlexGridModel::flags(const QModelIndex&) const {
-  return Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+  const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+  return rowsChosen_ ? flags | Qt::ItemIsSelectable : flags;
 }
 
 void FlexGridModel::CellChanged(int row, int column) {
@@ -359,6 +376,7 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
   const QModelIndex cell = indexAt(position);
   const Qt::MouseButton button = event->button();
   const QPoint global = event->globalPosition().toPoint();
+  if (PressFixed(cell, *event)) return;
   Guard([&] {
     if (cell.isValid() && CellPressed) CellPressed(cell.row() + 1, cell.column(), button, global);
     if (!cell.isValid() && SpacePressed) SpacePressed(button);
@@ -371,15 +389,6 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex cell = indexAt(event->position().toPoint());
   if (event->button() != Qt::LeftButton || !cell.isValid() || !CellDoubleClicked) return;
   Guard([&] { CellDoubleClicked(cell.row() + 1, cell.column()); });
-}
-
-// A drag selects nothing, and a release ends nothing.
-void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
-  event->accept();
-}
-
-void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
-  event->accept();
 }
 
 // The press of the right button has opened the menu already; by the keyboard it opens at the

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QBasicTimer>
 #include <QHeaderView>
 #include <QTableView>
 #include <functional>
@@ -41,6 +42,9 @@ class FlexGridModel : public QAbstractTableModel {
   void SetGreyRow(int row);
   int GreyRow() const { return greyRow_; }
   void SetFixedColumns(int count) { fixedColumns_ = count; }
+  int FixedColumns() const { return fixedColumns_; }
+  // Rows can be chosen, by FlexGrid::ShowChosen; readers of the screen are told so.
+  void LetRowsBeChosen() { rowsChosen_ = true; }
   Qt::Alignment AlignmentOf(int column) const;
   // Texts stand left unless a column says otherwise.
   void SetAlignment(int column, Qt::Alignment alignment);
@@ -82,6 +86,7 @@ class FlexGridModel : public QAbstractTableModel {
   std::vector<std::string> groupTitles_;
   std::vector<Qt::Alignment> alignments_;
   int fixedColumns_ = 0;
+  bool rowsChosen_ = false;  // can be
   int greyRow_ = 0;
   std::map<std::pair<int, int>, QString> refused_;  // reasons, by row and column
 };
@@ -136,6 +141,10 @@ class FlexGrid : public QTableView {
   // Moves it, without any notification and without scrolling.
   void SetCurrent(int row, int column);
 
+  // Gives these rows, in ascending order, the look of chosen ones, and no others; readers of the
+  // screen are told which they are. Filling the grid anew ends it.
+  void ShowChosen(const std::vector<int>& rows);
+
   // Text of a cell, the heading row 0 included; empty outside the grid.
   std::string TextMatrix(int row, int column) const;
 
@@ -170,6 +179,13 @@ class FlexGrid : public QTableView {
   // A mouse button pressed on a data row (its column 0 included); never for the heading or the
   // empty space. Double clicks come as a second press.
   std::function<void(int row, int column, Qt::MouseButton button, QPoint globalPos)> CellPressed;
+  // The left button pressed in a fixed column, in place of CellPressed, with the keys that are
+  // held; without it such a press is one like others. True if the rows that it is dragged over from
+  // there are to be told.
+  std::function<bool(int row, Qt::KeyboardModifiers held)> FixedPressed;
+  // It is held and has come over that row; where it is above or below the rows in sight, the next
+  // one that isn't, over and over again.
+  std::function<void(int row)> FixedDragged;
   // The left button pressed twice on a data row, after the second press.
   std::function<void(int row, int column)> CellDoubleClicked;
   // A mouse button pressed beside the rows.
@@ -185,6 +201,8 @@ class FlexGrid : public QTableView {
   QSize sizeHint() const override;
   // Height of the heading rows and that many data rows.
   int HeightOf(int rows) const;
+  // Rows by which a page key moves: those in sight but one.
+  int PageRows() const;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -196,9 +214,13 @@ class FlexGrid : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
+  void timerEvent(QTimerEvent* event) override;
   bool viewportEvent(QEvent* event) override;
 
  private:
+  bool PressFixed(const QModelIndex& cell, const QMouseEvent& press);
+  void Drag();
+  void EndDrag();
   void LayColumns();
   int CellWidth(const QString& text) const;
   int HeadingWidth(int column) const;
@@ -222,6 +244,9 @@ class FlexGrid : public QTableView {
   int leastRow_ = 0;
   int row_ = 0;
   int col_ = 0;
+  int draggedRow_ = 0;  // told last, 0 while nothing is dragged
+  int draggedY_ = 0;    // where the mouse is, in the viewport
+  QBasicTimer dragging_;
 };
 
 }  // namespace orvane
