@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/runtime_error.h"
 #include "project/project_layout.h"
 
 namespace orvane {
@@ -98,7 +99,9 @@ class Packer {
 // And the one that unpacks.
 class Unpacker {
  public:
-  explicit Unpacker(const std::string& packed) : rest_(packed) {}
+  explicit Unpacker(std::string_view packed) : rest_(packed) {}
+
+  bool AtEnd() const { return rest_.empty(); }
 
   void Plain(std::string& text) {
     const unsigned char form = Byte();
@@ -127,9 +130,14 @@ class Unpacker {
     }
   }
 
+  // Each row takes a byte at least: a count of more can't be true, and mustn't take their room.
   template <class Row>
   int Count(const Table<Row>&) {
-    return Bytes<std::int32_t>();
+    const auto count = Bytes<std::int32_t>();
+    if (count < 0 || static_cast<std::size_t>(count) > rest_.size()) {
+      throw RuntimeError(Failure::InputPastEndOfFile);
+    }
+    return count;
   }
   template <class Row>
   void Size(Table<Row>& table, int count) {
@@ -153,6 +161,7 @@ class Unpacker {
   unsigned char Byte() { return static_cast<unsigned char>(Cut(1).front()); }
 
   std::string_view Cut(std::size_t length) {
+    if (length > rest_.size()) throw RuntimeError(Failure::InputPastEndOfFile);
     const std::string_view cut = rest_.substr(0, length);
     rest_.remove_prefix(length);
     return cut;
@@ -178,10 +187,15 @@ Packed PackSection(const Item& item) {
 }
 
 Item UnpackSection(const Packed& packed) {
-  Unpacker unpacker(*packed);
+  return UnpackSection(std::string_view(*packed));
+}
+
+Item UnpackSection(std::string_view packed) {
+  Unpacker unpacker(packed);
   Item item;
   item.Serial = unpacker.Bytes<std::int32_t>();
   Describe(unpacker, item);
+  if (!unpacker.AtEnd()) throw RuntimeError(Failure::TypeMismatch);
   return item;
 }
 

@@ -47,6 +47,11 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuEdit, Command::Undo, "&Undo", "", "Ctrl+Z",               "undo", 0, 0, "mnuEditUndo"},
     {Place::mnuEdit, Command::Redo, "&Redo", "", "Ctrl+Shift+Z; Ctrl+Y", "redo", 0, 0, "mnuEditRedo"},
     {Place::mnuEdit, Command::None, "",      "", "",                     ""},
+    {Place::mnuEdit, Command::Cut,       "Cu&t",            "", "Ctrl+X",       "cut",   0, 0, "mnuEditCut"},
+    {Place::mnuEdit, Command::Copy,      "&Copy",           "", "Ctrl+C",       "copy",  0, 0, "mnuEditCopy"},
+    {Place::mnuEdit, Command::Paste,     "&Paste",          "", "Ctrl+V",       "paste", 0, 0, "mnuEditPaste"},
+    {Place::mnuEdit, Command::PasteCell, "Paste into Ce&ll", "", "Ctrl+Shift+V", "paste-cell", 0, 0, "mnuEditPasteCell"},
+    {Place::mnuEdit, Command::None, "",      "", "",                     ""},
     {Place::mnuEdit, Command::NextSection, "&Next section", "", "Ctrl+Return; Ctrl+Enter", "next-section", 0, 0, "mnuEditNextSection"},
 
     // &Section

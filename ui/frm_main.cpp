@@ -47,8 +47,8 @@ bool IsOutput(Command command) {
 }
 
 // Commands that don't end the letters that a list waits with: those that take another job in place
-// of this one, and its letters with it, as long as that can still be cancelled; and those that take
-// letters back.
+// of this one, and its letters with it, as long as that can still be cancelled; those that take
+// letters back; and those that are for a text where they aren't for rows.
 bool KeepsLetters(Command command) {
   switch (command) {
     case Command::New:
@@ -56,6 +56,10 @@ bool KeepsLetters(Command command) {
     case Command::Recent:
     case Command::Undo:
     case Command::Redo:
+    case Command::Cut:
+    case Command::Copy:
+    case Command::Paste:
+    case Command::PasteCell:
     case Command::EarlierVersions:
       return true;
     default:
@@ -337,6 +341,11 @@ void FrmMain::Dispatch(Command command, int number) {
       return TakeStep(true);
     case Command::Redo:
       return TakeStep(false);
+    case Command::Cut:
+    case Command::Copy:
+    case Command::Paste:
+    case Command::PasteCell:
+      return UseClipboard(command);
     case Command::EarlierVersions:
       return OpenEarlierVersion();
     case Command::ImportSections:

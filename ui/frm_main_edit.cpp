@@ -11,6 +11,7 @@
 #include "project/history.h"
 #include "project/lifecycle.h"
 #include "project/versions.h"
+#include "ui/controls/plain_field.h"
 #include "ui/dialogs/frm_mitres.h"
 #include "ui/dialogs/frm_notches.h"
 #include "ui/dialogs/frm_recovery.h"
@@ -72,6 +73,35 @@ void FrmMain::TakeStep(bool back) {
   const QWidget* focus = focusWidget();
   const bool elsewhere = focus == accessories_ || focus == sheet_ || detail_->isAncestorOf(focus);
   sections_->ShowRestored(restored, !elsewhere);
+}
+
+// False where there is nothing of rows to be copied, cut or pasted.
+bool FrmMain::UseRows(Command command) {
+  switch (command) {
+    case Command::Copy:
+      return sections_->CopyRows();
+    case Command::Cut:
+      return sections_->CutRows();
+    case Command::Paste:
+      return sections_->PasteRows();
+    default:
+      return false;
+  }
+}
+
+// A field beside the grid works with its own text, whatever is chosen there.
+void FrmMain::UseClipboard(Command command) {
+  auto* field = dynamic_cast<PlainField*>(focusWidget());
+  const bool beside = field != nullptr && !sections_->isAncestorOf(field);
+  if ((!beside && UseRows(command)) || field == nullptr) return;
+  switch (command) {
+    case Command::Copy:
+      return field->copy();
+    case Command::Cut:
+      return field->cut();
+    default:
+      return field->PasteClipboard();
+  }
 }
 
 void FrmMain::OfferRecovered() {

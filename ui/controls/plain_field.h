@@ -29,6 +29,9 @@ class PlainField : public QLineEdit {
     form_ = TextForm::Any;
   }
 
+  // What the clipboard holds comes in at the cursor, as by the key.
+  void PasteClipboard() { PasteFrom(QClipboard::Clipboard); }
+
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
   void dropEvent(QDropEvent* event) override;
