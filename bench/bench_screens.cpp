@@ -34,6 +34,7 @@
 #include "drawing/draw_section.h"
 #include "drawing/page_surface.h"
 #include "holes/hole_list.h"
+#include "project/rules/section_columns.h"
 #include "ui/dialogs/frm_project_details.h"
 #include "ui/frm_main.h"
 #include "ui/platform/qt_desktop.h"
@@ -335,6 +336,28 @@ void BM_UndoKeyStroke(benchmark::State& state) {
 }
 
 // The start as a process of its own, up to the first painted, active window.
+// Rows copied and pasted behind the others, with the patterns' holes, to the painted grid; the
+// paste is taken back between two turns.
+void BM_PasteRows(benchmark::State& state) {
+  Window window;
+  FillSections(static_cast<int>(state.range(0)));
+  if (!window.Edit(MarkColumn)) return state.SkipWithError("no editor");
+  auto& grid = *window.Main().findChild<SectionsGrid*>();
+  auto& list = *window.Main().findChild<QTableView*>("MSFlexGrid1");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+  window.Main().Run(Command::Copy);
+  bool pasted = false;
+  const auto paste = [&] {
+    window.Main().Run(Command::Paste);
+    list.viewport()->repaint();
+    pasted = Items.UBound() == 2 * static_cast<int>(state.range(0));
+    return pasted && grid.ChosenRows().size() == static_cast<std::size_t>(state.range(0));
+  };
+  TimeSteps(state, paste, [&] {
+    if (pasted) window.Main().Run(Command::Undo);
+  });
+}
+
 void StartProcess(benchmark::State& state, const char* child) {
   for (auto _ : state) {
     std::string first = program;
@@ -375,6 +398,7 @@ BENCHMARK(BM_FloorOfSheetKeyStroke)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RowMove)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_UndoKeyStroke)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PasteRows)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_StartBareWindow)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(BM_StartProgram)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 

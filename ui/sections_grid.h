@@ -66,6 +66,9 @@ class SectionsGrid : public QWidget {
   bool CopyRows();
   bool CutRows();
   bool PasteRows();
+  // A text on the clipboard is pasted while the cursor is in the grid, or the grid is empty; true
+  // if it was a block of rows and has been dealt with, else it goes into the cell.
+  std::function<bool(const std::string& text)> PasteBlock;
 
   // Shows Items afresh, the heading and one row each, with CurrentItem 0 and no cell being edited.
   // `keepRow` leaves the current cell where it was, as far as there are rows.

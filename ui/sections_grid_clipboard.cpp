@@ -48,7 +48,12 @@ bool SectionsGrid::CutRows() {
 
 bool SectionsGrid::PasteRows() {
   const QMimeData* offered = QApplication::clipboard()->mimeData();
-  if (offered == nullptr || !offered->hasFormat(TypeOfSections())) return false;
+  if (offered == nullptr) return false;
+  if (!offered->hasFormat(TypeOfSections())) {
+    const QWidget* focus = window()->focusWidget();
+    const bool inGrid = Items.Empty() || focus == this || isAncestorOf(focus);
+    return inGrid && PasteBlock && offered->hasText() && PasteBlock(FromQt(offered->text()));
+  }
   std::vector<Item> sections = ReadCopiedSections(offered->data(TypeOfSections()).toStdString());
   if (sections.empty() || !SettleEditor()) return true;
   std::string lacking;

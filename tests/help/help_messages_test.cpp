@@ -27,6 +27,12 @@ const std::multiset<std::string> Messages = {
     "Invalid length",
     "Length exceeds maximum for section (15000)",
     "Remove mark P1?",
+    "Remove 12 sections?",
+    // Several rows.
+    "P4: Division by zero\nNothing was added.",
+    "Not in this program's catalogue, and left as pasted:\nproduct Z99999 (P1, P2)",
+    "The sections on the clipboard can't be read: they were copied by another version of the "
+    "program, or not copied whole",
     // Detail panel.
     "Selecting a standard pattern will remove custom holes, continue?",
     "Punching pattern must be 'Custom'",

@@ -314,6 +314,17 @@ TEST_F(ChosenRows, The_cells_keep_their_backgrounds) {
   EXPECT_EQ(Colour(3, 3), 0xFFFFFFU);
 }
 
+TEST_F(ChosenRows, The_bar_stands_out_on_a_dark_desktop_too) {
+  const QPalette former = QApplication::palette();
+  QPalette dark(QColor(0x35, 0x35, 0x35));
+  dark.setColor(QPalette::Highlight, QColor(0x2A, 0x82, 0xDA));
+  QApplication::setPalette(dark);
+  ShowPurlins(5, 2, 1);
+  Press(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(RowsWithBars(), (Rows{2, 3}));
+  QApplication::setPalette(former);
+}
+
 TEST_F(ChosenRows, Readers_of_the_screen_hear_how_many_rows_are_chosen) {
   ShowPurlins(4, 2, 1);
   const auto name = [this] { return FromQt(Editor().accessibleName()); };

@@ -197,6 +197,41 @@ TEST_F(ClipboardRows, Bytes_that_are_no_sections_are_told_and_change_nothing) {
 
 // Texts.
 
+TEST_F(ClipboardRows, A_text_in_the_grid_is_offered_as_a_block_before_it_goes_into_the_cell) {
+  ShowPurlins(2, 1, 5);
+  std::vector<std::string> offered;
+  bool isBlock = true;
+  Grid().PasteBlock = [&](const std::string& text) {
+    offered.push_back(text);
+    return isBlock;
+  };
+  QApplication::clipboard()->setText("P7\tZ14012");
+  PasteByKey();
+  EXPECT_EQ(Items.At(1).Notes, "") << "it was dealt with";
+  isBlock = false;
+  PasteByKey();
+  EXPECT_EQ(Items.At(1).Notes, "P7 Z14012");
+  EXPECT_EQ(offered, (MarkList{"P7\tZ14012", "P7\tZ14012"}));
+  // Into the cell in any case, and rows before anything else.
+  PasteByKey(Qt::ControlModifier | Qt::ShiftModifier);
+  ClickLetter(1);
+  Copy();
+  PasteByKey();
+  EXPECT_EQ(Items.UBound(), 3);
+  EXPECT_EQ(offered.size(), 2U);
+  // The lists beside the grid take no rows.
+  QApplication::clipboard()->setText("P7\tZ14012");
+  Patterns().setFocus(Qt::TabFocusReason);
+  PasteByKey();
+  EXPECT_EQ(offered.size(), 2U);
+  // An empty grid does, though no cell has the cursor.
+  Items.Clear();
+  main->DisplayItems();
+  isBlock = true;
+  PasteByKey();
+  EXPECT_EQ(offered.size(), 3U);
+}
+
 TEST_F(ClipboardRows, Without_chosen_rows_the_keys_are_for_the_text_of_the_cell) {
   ShowPurlins(3, 2, 5);
   Type("north side");
