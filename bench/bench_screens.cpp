@@ -225,6 +225,26 @@ void BM_LengthKeyStrokeWhileCopying(benchmark::State& state) {
   TypeKeys(state, window, 3, "7250");
 }
 
+// A key of a text that is looked for, to the sheet of the section that holds it.
+void BM_FindKeyStroke(benchmark::State& state) {
+  Window window;
+  FillSections(static_cast<int>(state.range(0)));
+  if (!window.Edit(3)) return state.SkipWithError("the editor has no focus");
+  QTest::keyClick(&window.Editor(), Qt::Key_F, Qt::ControlModifier);
+  auto* field = window.Main().findChild<QLineEdit*>("txtFind");
+  if (field == nullptr || !field->hasFocus()) return state.SkipWithError("no field to find in");
+  const std::string keys = DecimalText(state.range(0));
+  const SheetView& sheet = window.Sheet();
+  std::size_t at = 0;
+  TimeSteps(state, [&] {
+    if (at % keys.size() == 0) field->selectAll();
+    const int before = sheet.PaintCount();
+    QTest::keyClick(field, keys[at++ % keys.size()]);
+    QCoreApplication::processEvents();
+    return sheet.PaintCount() > before;
+  });
+}
+
 // The live sheet of one section of that many holes.
 void BM_SheetKeyStroke(benchmark::State& state) {
   Window window;
@@ -385,6 +405,7 @@ BENCHMARK(BM_LengthKeyStroke)
     ->Arg(10000)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FindKeyStroke)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LengthKeyStrokeWhileCopying)
     ->Arg(1000)
     ->Arg(10000)

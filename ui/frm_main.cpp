@@ -191,7 +191,14 @@ void FrmMain::BuildLeftPane() {
   leftSplitter_ = new AreaSplitter(SSPanel7_);
   leftSplitter_->setObjectName("splitLeft");
   leftSplitter_->setHandleWidth(PaneMargin);
-  leftSplitter_->AddArea(sections_, SectionsPart);
+  auto* sections = new QWidget;
+  auto* sectionsColumn = new QVBoxLayout(sections);
+  sectionsColumn->setContentsMargins({});
+  sectionsColumn->setSpacing(PaneMargin / 2);
+  find_ = new FindLine(*sections_, sections);
+  sectionsColumn->addWidget(find_);
+  sectionsColumn->addWidget(sections_, 1);
+  leftSplitter_->AddArea(sections, SectionsPart);
   leftSplitter_->AddArea(detail_, DetailPart);
   leftSplitter_->AddArea(list, AccessoriesPart);
   auto* left = new QVBoxLayout(SSPanel7_);
@@ -346,6 +353,12 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::Paste:
     case Command::PasteCell:
       return UseClipboard(command);
+    case Command::Find:
+      return find_->Open();
+    case Command::FindNext:
+      return find_->Step(1);
+    case Command::FindPrevious:
+      return find_->Step(-1);
     case Command::EarlierVersions:
       return OpenEarlierVersion();
     case Command::ImportSections:

@@ -26,6 +26,7 @@
 #include "ui/detail_panel.h"
 #include "ui/dialogs/frm_preview.h"
 #include "ui/dialogs/frm_project_details.h"
+#include "ui/find_line.h"
 #include "ui/platform/progress.h"
 #include "ui/recovery_keeper.h"
 #include "ui/sections_grid.h"
@@ -172,6 +173,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   ElidingLabel* errors_ = nullptr;   // lblErrors
   ElidingLabel* jobNote_ = nullptr;  // lblJobNote
   SectionsGrid* sections_ = nullptr;
+  FindLine* find_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryChooser* accessories_ = nullptr;
 

@@ -398,6 +398,16 @@ void SectionsGrid::GoTo(int row, int column) {
   MoveTo(row, column);
 }
 
+void SectionsGrid::LookAt(int row, int column) {
+  if (row < 1 || row >= grid_->Rows() || !SettleEditor()) return;
+  const Busy busy(GridBusy_);
+  editor_.Hide();
+  detail_->SettleLists();
+  grid_->SetCurrent(row, column);
+  grid_->EnsureVisible(row, column);
+  LookAtSection(ItemRow(row), [&] { GridRowChange(ShownHoles::Afresh); });
+}
+
 int SectionsGrid::UndecidedRow() const {
   return model_->FirstRefusedCell().first;
 }

@@ -89,6 +89,9 @@ class SectionsGrid : public QWidget {
   void ShowRestored(const RestoredStep& step, bool entersCell);
   // Makes a cell the current one as a click does.
   void GoTo(int row, int column);
+  // The same without a cell being edited: the cursor stays where it is. Rows that aren't there are
+  // nothing to look at. What goes wrong with the section stands in the line under the sheet.
+  void LookAt(int row, int column);
   // The first row whose product was left undecided, 0 for none; and the cursor put there, with
   // which it counts as entered.
   int UndecidedRow() const;

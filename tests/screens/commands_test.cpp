@@ -205,6 +205,9 @@ TEST(Commands, Shortcuts_are_as_told) {
       {Command::Paste, 0, "Ctrl+V"},
       {Command::PasteCell, 0, "Ctrl+Shift+V"},
       {Command::NextSection, 0, "Ctrl+Return; Ctrl+Enter"},
+      {Command::Find, 0, "Ctrl+F"},
+      {Command::FindNext, 0, "F3"},
+      {Command::FindPrevious, 0, "Shift+F3"},
       {Command::AddSection, 1, "Ctrl+1"},
       {Command::AddSection, 2, "Ctrl+2"},
       {Command::AddSection, 3, "Ctrl+3"},
@@ -342,7 +345,9 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
   entries.removeIf([](const QAction* entry) { return entry->isSeparator(); });
   EXPECT_EQ(entries, (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo"), &Entry("mnuEditCut"),
                             &Entry("mnuEditCopy"), &Entry("mnuEditPaste"),
-                            &Entry("mnuEditPasteCell"), &Entry("mnuEditNextSection")}));
+                            &Entry("mnuEditPasteCell"), &Entry("mnuEditNextSection"),
+                            &Entry("mnuEditFind"), &Entry("mnuEditFindNext"),
+                            &Entry("mnuEditFindPrevious")}));
   EXPECT_EQ(main->menuBar()->actions().at(1)->menu(), &Find<QMenu>("mnuEdit"));
   EXPECT_EQ(keysOf("mnuEditUndo"), std::vector<std::string>{"Ctrl+Z"});
   EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
