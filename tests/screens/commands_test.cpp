@@ -343,11 +343,11 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
   };
   QList<QAction*> entries = Find<QMenu>("mnuEdit").actions();
   entries.removeIf([](const QAction* entry) { return entry->isSeparator(); });
-  EXPECT_EQ(entries, (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo"), &Entry("mnuEditCut"),
-                            &Entry("mnuEditCopy"), &Entry("mnuEditPaste"),
-                            &Entry("mnuEditPasteCell"), &Entry("mnuEditNextSection"),
-                            &Entry("mnuEditFind"), &Entry("mnuEditFindNext"),
-                            &Entry("mnuEditFindPrevious")}));
+  EXPECT_EQ(entries,
+            (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo"), &Entry("mnuEditCut"),
+                   &Entry("mnuEditCopy"), &Entry("mnuEditPaste"), &Entry("mnuEditPasteCell"),
+                   &Entry("mnuEditNextSection"), &Entry("mnuEditFind"), &Entry("mnuEditFindNext"),
+                   &Entry("mnuEditFindPrevious")}));
   EXPECT_EQ(main->menuBar()->actions().at(1)->menu(), &Find<QMenu>("mnuEdit"));
   EXPECT_EQ(keysOf("mnuEditUndo"), std::vector<std::string>{"Ctrl+Z"});
   EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
