@@ -327,6 +327,10 @@ std::string DecimalText(long long value) {
   return text;
 }
 
+std::string Counted(long long count, std::string_view noun) {
+  return DecimalText(count).append(" ").append(noun).append(count == 1 ? "" : "s");
+}
+
 std::string PaddedText(long long value, std::size_t width) {
   std::string digits = DecimalText(value);
   if (digits.size() < width) digits.insert(0, width - digits.size(), '0');

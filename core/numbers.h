@@ -77,6 +77,9 @@ std::string ShortestText(std::int16_t value);
 // A whole number in plain digits: row numbers, error numbers.
 std::string DecimalText(long long value);
 
+// A count with the noun that it counts: "1 section", "3 sections".
+std::string Counted(long long count, std::string_view noun);
+
 // The same of a number that isn't negative, zeros put in front up to `width` digits; more digits
 // than that stay.
 std::string PaddedText(long long value, std::size_t width);

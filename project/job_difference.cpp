@@ -180,10 +180,6 @@ bool SameFlags(const Table<Boolean>& before, const Table<Boolean>& after) {
                     [](Boolean a, Boolean b) { return (a != False) == (b != False); });
 }
 
-std::string Counted(int count, const std::string& noun) {
-  return DecimalText(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 // The noun is told once: "1 section added, 2 changed".
 std::string DescribedSections(const JobDifference& difference) {
   std::string words;

@@ -160,11 +160,6 @@ ProjectNotes ReadRecords(TextFile& file, JobRecords job) {
   return notes;
 }
 
-// "3 marks"
-std::string Counted(int count, const std::string& what) {
-  return DecimalText(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 // What the catalogues lack of a job, by how much; empty for nothing.
 std::string BeyondText(int flags, int lines) {
   if (flags == 0 && lines == 0) return {};

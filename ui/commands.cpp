@@ -53,6 +53,8 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuEdit, Command::PasteCell, "Paste into Ce&ll", "", "Ctrl+Shift+V", "paste-cell", 0, 0, "mnuEditPasteCell"},
     {Place::mnuEdit, Command::None, "",      "", "",                     ""},
     {Place::mnuEdit, Command::NextSection, "&Next section", "", "Ctrl+Return; Ctrl+Enter", "next-section", 0, 0, "mnuEditNextSection"},
+    {Place::mnuEdit, Command::FillSections, "F&ill chosen sections", "", "Ctrl+Shift+D", "fill", 0, 0, "mnuEditFill"},
+    {Place::mnuEdit, Command::ChangeSections, "C&hange chosen sections...", "", "", "change", 0, 0, "mnuEditChange"},
     {Place::mnuEdit, Command::None, "",      "", "",                     ""},
     {Place::mnuEdit, Command::Find,         "&Find...",       "", "Ctrl+F",   "find",          0, 0, "mnuEditFind"},
     {Place::mnuEdit, Command::FindNext,     "Find n&ext",     "", "F3",       "find-next",     0, 0, "mnuEditFindNext"},

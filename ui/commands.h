@@ -52,6 +52,8 @@ enum class Command {
   Paste,
   PasteCell,
   NextSection,
+  FillSections,
+  ChangeSections,
   Find,
   FindNext,
   FindPrevious,

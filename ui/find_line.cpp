@@ -20,11 +20,9 @@ namespace {
 
 constexpr int FieldWidth = 160;  // at least, device-independent pixels
 
-QToolButton* FindButton(const QString& name, std::string_view icon, const QString& tip,
-                        QWidget* parent) {
+QToolButton* FindButton(const QString& name, const QString& tip, QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setObjectName(name);
-  button->setIcon(LineIcon(icon));
   button->setToolTip(tip);
   button->setAccessibleName(tip);
   button->setAutoRaise(true);
@@ -47,9 +45,12 @@ FindLine::FindLine(SectionsGrid& sections, QWidget* parent)
   lblFound_->setObjectName("lblFound");
   auto* label = new QLabel("Fin&d:", this);
   label->setBuddy(txtFind_);
-  auto* previous = FindButton("cmdFindPrevious", "find-previous", "Previous (Shift+F3)", this);
-  auto* next = FindButton("cmdFindNext", "find-next", "Next (F3)", this);
-  auto* close = FindButton("cmdFindClose", "close", "Close, and go back (Esc)", this);
+  auto* previous = FindButton("cmdFindPrevious", "Previous (Shift+F3)", this);
+  auto* next = FindButton("cmdFindNext", "Next (F3)", this);
+  auto* close = FindButton("cmdFindClose", "Close, and go back (Esc)", this);
+  previous->setIcon(LineIcon("find-previous"));
+  next->setIcon(LineIcon("find-next"));
+  close->setText(QChar(0x00D7));
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins({});
   line->addWidget(label);

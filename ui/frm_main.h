@@ -17,6 +17,7 @@
 #include "output/output_screen.h"
 #include "project/changes.h"
 #include "project/main_screen.h"
+#include "project/section_list/chosen_change.h"
 #include "project/section_list/section_list.h"
 #include "project/section_look.h"
 #include "ui/accessory_chooser.h"
@@ -119,6 +120,10 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void UseClipboard(Command command);
   bool UseRows(Command command);
   void PrintChosen();
+  // One value for the chosen sections: of the current cell, or chosen in a dialog.
+  void FillChosen();
+  void ChangeChosen();
+  void ChangeRows(const ChosenChange& change, ChangeKind kind);
   bool DropLetters();
   void ShowSteps();
   void Offer(std::vector<LeftJob> left);

@@ -88,6 +88,10 @@ void FrmMain::Dispatch(Command command, int number) {
     }
     case Command::NextSection:
       return sections_->NextSection(SelectedRow());
+    case Command::FillSections:
+      return FillChosen();
+    case Command::ChangeSections:
+      return ChangeChosen();
     case Command::Duplicate:
       return sections_->DuplicateChosen();
     case Command::OppositeHand:

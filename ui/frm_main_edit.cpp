@@ -10,8 +10,10 @@
 #include "core/numbers.h"
 #include "project/history.h"
 #include "project/lifecycle.h"
+#include "project/section_list/apply_plan.h"
 #include "project/versions.h"
 #include "ui/controls/plain_field.h"
+#include "ui/dialogs/frm_change.h"
 #include "ui/dialogs/frm_mitres.h"
 #include "ui/dialogs/frm_notches.h"
 #include "ui/dialogs/frm_recovery.h"
@@ -102,6 +104,44 @@ void FrmMain::UseClipboard(Command command) {
     default:
       return field->PasteClipboard();
   }
+}
+
+void FrmMain::FillChosen() {
+  const FlexGrid& grid = sections_->Grid();
+  if (sections_->ChosenRows().size() < 2) return;
+  const auto change = ChangeFromCell(grid.Row(), grid.Col());
+  if (!change) return TheDesktop().Message("Each section has a mark of its own");
+  ChangeRows(*change, ChangeKind::FillSections);
+}
+
+void FrmMain::ChangeChosen() {
+  const std::vector<int> rows = sections_->ChosenRows();
+  if (rows.empty()) return;
+  FrmChange dialog(static_cast<int>(rows.size()), Items.At(SelectedRow()).SectionType, this);
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  activateWindow();
+  if (accepted) ChangeRows(dialog.Chosen(), ChangeKind::ChangeSections);
+}
+
+// Holes placed by hand go only after a question, one for all sections; what is left as it is, is
+// told.
+void FrmMain::ChangeRows(const ChosenChange& change, ChangeKind kind) {
+  const std::vector<int> rows = sections_->ChosenRows();
+  SectionPlan plan = PlanOfChange(rows, change, false);
+  if (const int held = HeldByHoles(plan); held > 0) {
+    const Answer answer = TheDesktop().ShowMessageBox(
+        Counted(held, "section") + (held == 1 ? " has" : " have") +
+            " holes placed by hand, which the pattern would take the place of.\rRemove them?",
+        "", Buttons::YesNoCancel, Icon::None);
+    if (answer == Answer::Cancel) return;
+    if (answer == Answer::Yes) plan = PlanOfChange(rows, change, true);
+  }
+  const bool ran = sections_->RunOnRows([&] {
+    ApplyPlan(plan, kind);
+    return 0;
+  });
+  const std::string left = LeftSections(plan);
+  if (ran && !left.empty()) TheDesktop().Message("Left as they are:" + left);
 }
 
 void FrmMain::OfferRecovered() {

@@ -52,7 +52,7 @@ std::optional<int> StretchOf(const QKeyEvent& key, int page) {
 }
 
 std::string CountedSections(std::size_t count) {
-  return DecimalText(static_cast<long long>(count)) + " sections";
+  return Counted(static_cast<long long>(count), "section");
 }
 
 }  // namespace

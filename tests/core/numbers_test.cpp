@@ -225,4 +225,10 @@ TEST(Numbers, Booleans_are_minus_1_and_0) {
   EXPECT_EQ(sizeof(Boolean), 2U);
 }
 
+TEST(Numbers, A_count_stands_before_its_noun) {
+  EXPECT_EQ(Counted(1, "section"), "1 section");
+  EXPECT_EQ(Counted(0, "section"), "0 sections");
+  EXPECT_EQ(Counted(12, "accessory line"), "12 accessory lines");
+}
+
 }  // namespace

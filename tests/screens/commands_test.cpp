@@ -205,6 +205,7 @@ TEST(Commands, Shortcuts_are_as_told) {
       {Command::Paste, 0, "Ctrl+V"},
       {Command::PasteCell, 0, "Ctrl+Shift+V"},
       {Command::NextSection, 0, "Ctrl+Return; Ctrl+Enter"},
+      {Command::FillSections, 0, "Ctrl+Shift+D"},
       {Command::Find, 0, "Ctrl+F"},
       {Command::FindNext, 0, "F3"},
       {Command::FindPrevious, 0, "Shift+F3"},
@@ -343,11 +344,11 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
   };
   QList<QAction*> entries = Find<QMenu>("mnuEdit").actions();
   entries.removeIf([](const QAction* entry) { return entry->isSeparator(); });
-  EXPECT_EQ(entries,
-            (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo"), &Entry("mnuEditCut"),
-                   &Entry("mnuEditCopy"), &Entry("mnuEditPaste"), &Entry("mnuEditPasteCell"),
-                   &Entry("mnuEditNextSection"), &Entry("mnuEditFind"), &Entry("mnuEditFindNext"),
-                   &Entry("mnuEditFindPrevious")}));
+  EXPECT_EQ(entries, (QList{&Entry("mnuEditUndo"), &Entry("mnuEditRedo"), &Entry("mnuEditCut"),
+                            &Entry("mnuEditCopy"), &Entry("mnuEditPaste"),
+                            &Entry("mnuEditPasteCell"), &Entry("mnuEditNextSection"),
+                            &Entry("mnuEditFill"), &Entry("mnuEditChange"), &Entry("mnuEditFind"),
+                            &Entry("mnuEditFindNext"), &Entry("mnuEditFindPrevious")}));
   EXPECT_EQ(main->menuBar()->actions().at(1)->menu(), &Find<QMenu>("mnuEdit"));
   EXPECT_EQ(keysOf("mnuEditUndo"), std::vector<std::string>{"Ctrl+Z"});
   EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
