@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "project/section_search.h"
+#include "project/section_list/section_search.h"
 #include "ui/controls/plain_field.h"
 #include "ui/sections_grid.h"
 

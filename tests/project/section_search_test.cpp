@@ -1,4 +1,4 @@
-#include "project/section_search.h"
+#include "project/section_list/section_search.h"
 
 #include <gtest/gtest.h>
 
