@@ -135,6 +135,7 @@ class Planner {
     }
     TakeGridCells(row, texts);
     TakeDetails(at, row, texts);
+    ShowUntold(row);
     row.What = leftOut ? Row::LeftOut : ResultOf(row);
     if (leftOut) return;
     // Those behind it mustn't bear the same, though it is refused: it may be mended.
@@ -304,8 +305,7 @@ class Planner {
 
   static PlannedCell HeldBackPattern(PlannedCell cell, const std::string& text, int holes) {
     cell.What = Cell::HeldBack;
-    cell.Text = Key(text);
-    cell.Reason = "It would remove " + HolesByHand(holes);
+    cell.Reason = Key(text) + " would remove " + HolesByHand(holes);
     return cell;
   }
 
@@ -316,6 +316,15 @@ class Planner {
     cell.Text = ListText(row.After, SagBarsColumn);
     if (cell.What != Cell::NotGiven || cell.Text != cell.From) {
       cell.What = cell.Text == cell.From ? Cell::Same : Cell::Changed;
+    }
+  }
+
+  // What a new section has where the list says nothing.
+  static void ShowUntold(PlannedSection& row) {
+    if (row.Row > 0 || row.After.SectionType.empty()) return;
+    for (int column = 1; column < ListColumnsEnd; ++column) {
+      PlannedCell& cell = CellOf(row, column);
+      if (cell.What == Cell::NotGiven) cell.Text = ListText(row.After, column);
     }
   }
 

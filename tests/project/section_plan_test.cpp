@@ -84,6 +84,8 @@ TEST_F(SectionPlanTest, A_new_section_may_stay_unfinished_as_in_the_grid) {
   const SectionPlan plan = Plan("|Z14012\nP2|Z14012||\nP3|Z14012|0|0");
   EXPECT_EQ(WordsOf(plan), (Words{"New", "New", "New"}));
   EXPECT_EQ(plan.Rows[1].After.Length, 0);
+  EXPECT_EQ(plan.Rows[1].Cells.at(LengthColumn).Text, "0");
+  EXPECT_EQ(plan.Rows[0].Cells.at(MitreLeftColumn).Text, "0.0");
 }
 
 TEST_F(SectionPlanTest, An_empty_text_is_a_text_in_the_grid_and_says_nothing_of_the_rest) {
@@ -194,8 +196,9 @@ TEST_F(SectionPlanTest,
   const std::string list = "Mark|Length|Punching|Sag bars\nP1|6500|Butt 1 Sag Bar|18";
   SectionPlan plan = Plan(list);
   EXPECT_EQ(WordsOf(plan), Words{"Length 6000" + Arrow +
-                                 "6500; Punching stays Custom: It would remove 3 holes placed by "
-                                 "hand"});
+                                 "6500; Punching stays Custom: Butt 1 Sag Bar would remove 3 "
+                                 "holes placed by hand"});
+  EXPECT_EQ(plan.Rows[0].Cells.at(PunchingColumn).Text, "Custom");
   EXPECT_EQ(plan.Rows[0].After.PatternName, "Custom");
   EXPECT_EQ(plan.Rows[0].RemovedHoles, 3);
   answers.MayRemoveHoles = {0};

@@ -249,7 +249,13 @@ TEST_F(ImportScreen, Holes_placed_by_hand_go_by_a_tick_alone) {
   Show();
   ExpectPreview([](const Preview& preview) {
     EXPECT_EQ(preview.Cell(1, "Remove holes"), "2");
-    EXPECT_EQ(preview.Words()[0], "Punching stays Custom: It would remove 2 holes placed by hand");
+    EXPECT_EQ(preview.Words()[0],
+              "Punching stays Custom: Butt would remove 2 holes placed by hand");
+    EXPECT_EQ(preview.Cell(1, "Punching"), "Custom");
+    // The row that the cursor is in is told in full.
+    preview.ClickUnder(1, "Punching");
+    EXPECT_EQ(FromQt(Find<QLabel>(preview.Form, "lblRow").text()),
+              "Row 2: Punching stays Custom: Butt would remove 2 holes placed by hand");
     preview.ClickUnder(2, "Remove holes");
     EXPECT_EQ(preview.Words()[1],
               "Punching Custom" + Arrow + "Butt; removes 2 holes placed by hand");

@@ -64,20 +64,26 @@ FrmImport::FrmImport(SectionList list, int firstRow, QWidget* parent)
   table_->Mended = [this](int row, int column, const std::string& text) {
     Mend(row, column, text);
   };
+  table_->Moved = [this] { ShowRow(); };
   table_->Ticked = [this](int row, ImportColumn::Shows what) { Tick(row, what); };
   QVBoxLayout* layout = AddLayout();
   BuildQuestions(*layout);
   layout->addWidget(table_, 1);
-  lblSummary_ = new QLabel(this);
-  lblSummary_->setObjectName("lblSummary");
-  lblSummary_->setTextFormat(Qt::PlainText);
-  lblSummary_->setWordWrap(true);
-  layout->addWidget(lblSummary_);
+  const auto addLine = [&](const char* name) {
+    auto* line = new QLabel(this);
+    line->setObjectName(name);
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    layout->addWidget(line);
+    return line;
+  };
+  lblRow_ = addLine("lblRow");
+  lblSummary_ = addLine("lblSummary");
   BuildButtons(*layout);
   const QFontMetrics metrics(table_->font());
   table_->setMinimumHeight(table_->HeightOf(4));
-  resize(metrics.averageCharWidth() * 150, metrics.lineSpacing() * 28);
-  Replan();
+  resize(metrics.averageCharWidth() * 180, metrics.lineSpacing() * 28);
+  ShowPlan();
 }
 
 // What only a person can tell of the whole list, each asked once; hidden where nobody need.
@@ -130,10 +136,24 @@ void FrmImport::BuildButtons(QVBoxLayout& layout) {
 
 void FrmImport::Replan() {
   plan_ = PlanOf(list_, answers_, firstRow_);
+  ShowPlan();
+}
+
+void FrmImport::ShowPlan() {
   table_->ShowPlan();
   ShowQuestions();
+  ShowRow();
   lblSummary_->setText(ToQt(SummaryText(plan_, list_)));
   cmdRefused_->setEnabled(plan_.Count(RowResult::Refused) > 0);
+}
+
+// The last column may be too narrow for all of it.
+void FrmImport::ShowRow() {
+  const int row = table_->Row();
+  if (row < 1) return;
+  const auto at = static_cast<std::size_t>(row) - 1;
+  lblRow_->setText(
+      ToQt("Row " + DecimalText(list_.Rows.at(at).Number) + ": " + PlanText(plan_.Rows.at(at))));
 }
 
 void FrmImport::ShowQuestions() {

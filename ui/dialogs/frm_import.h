@@ -28,6 +28,8 @@ class FrmImport : public PlainDialog {
   void BuildQuestions(QVBoxLayout& layout);
   void BuildButtons(QVBoxLayout& layout);
   void Replan();
+  void ShowPlan();
+  void ShowRow();
   void ShowQuestions();
   void ShowFamilies();
   void Mend(int row, int column, const std::string& text);
@@ -48,6 +50,7 @@ class FrmImport : public PlainDialog {
   PlainCombo* cboDigits_ = nullptr;
   QLabel* lblFamily_ = nullptr;
   PlainCombo* cboFamily_ = nullptr;
+  QLabel* lblRow_ = nullptr;
   QLabel* lblSummary_ = nullptr;
   QPushButton* cmdRefused_ = nullptr;
 };

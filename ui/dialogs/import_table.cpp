@@ -82,7 +82,7 @@ int ShareOf(const ImportColumn& column) {
       return 400;
   }
   if (IsNumber(column)) return 500;
-  return column.Column == NotesColumn || column.Column == PunchingColumn ? 1500 : 900;
+  return column.Column == NotesColumn || column.Column == PunchingColumn ? 1300 : 900;
 }
 
 }  // namespace
@@ -213,6 +213,8 @@ ImportTable::ImportTable(ImportModel* model, QWidget* parent)
     figures.push_back(column == 0 || IsNumber(model->ColumnAt(column)) ? 5 : 0);
   }
   SetColumnRatio(std::move(shares), std::move(figures));
+  SetCurrent(1, FirstTextColumn());
+  model_.SetGreyRow(Row());
   CellPressed = [this](int row, int column, Qt::MouseButton, QPoint) {
     const Shows what = model_.ColumnAt(column).What;
     if (what == Shows::Text) return GoToCell(row, column);
@@ -262,6 +264,7 @@ void ImportTable::GoToCell(int row, int column) {
   model_.SetGreyRow(Row());
   EnsureVisible(row, column);
   editor_.Open(row, column);
+  if (Moved) Moved();
 }
 
 void ImportTable::ShowRow(int row) {
@@ -272,13 +275,15 @@ void ImportTable::ShowRow(int row) {
   SetCurrent(row, std::max(FirstTextColumn(), Col()));
   model_.SetGreyRow(Row());
   EnsureVisible(row, 0);
+  if (Moved) Moved();
 }
 
 bool ImportTable::GoToRefused() {
   Commit();
   const int columns = model_.columnCount();
   const int cells = model_.DataRows() * columns;
-  const int start = std::max(0, Row() - 1) * columns + Col();
+  // From where the cursor is, else from the top.
+  const int start = editor_.EditRow() == 0 ? -1 : (Row() - 1) * columns + Col();
   for (int step = 1; step <= cells; ++step) {
     const int at = (start + step) % cells;
     const int row = at / columns + 1;

@@ -65,6 +65,8 @@ class ImportTable : public FlexGrid {
 
   // A cell of the list was mended.
   std::function<void(int row, int column, const std::string& text)> Mended;
+  // The cursor came to another cell.
+  std::function<void()> Moved;
   // A tick was pressed.
   std::function<void(int row, ImportColumn::Shows what)> Ticked;
 
