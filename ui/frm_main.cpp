@@ -99,6 +99,7 @@ void FrmMain::BuildPanes() {
   accessories_ = new AccessoryChooser(SSPanel7_);
   sheet_ = new SheetView(SSPanel4_);
   sections_->Connect(*detail_, *sheet_);
+  sections_->PasteBlock = [this](const std::string& text) { return PasteBlock(text); };
   detail_->ElevationPlace = [this] { return sheet_->ElevationPlace(); };
   detail_->BeforeCommand = [this] { SettleFields(); };
   connect(sections_, &SectionsGrid::MenuAsked, this,

@@ -67,6 +67,7 @@ bool FrmMain::PasteBlock(const std::string& text) {
   const FlexGrid& grid = sections_->Grid();
   const int column = grid.Row() < 1 ? 0 : grid.Col();
   if (!IsBlock(text, column)) return false;
+  SettleFields();
   SectionList list = ListOfBlock(text, column);
   if (!list.Rows.empty()) Import(std::move(list), grid.Row(), ChangeKind::PasteSections);
   return true;
