@@ -26,10 +26,7 @@ using Refusal = std::optional<std::string>;
 
 Refusal TakePunching(Item& item, std::string_view text) {
   const std::optional<std::string> pattern = PatternNamed(item.SectionType, text);
-  if (!pattern) {
-    const Table<std::string> names = PatternNames(item.SectionType);
-    return NotInTheList(text, {names.begin(), names.end()});
-  }
+  if (!pattern) return NotInTheList(text, {});
   item.PatternName = Trim(*pattern);
   SetSagBarsOfPattern(item, *pattern);
   return std::nullopt;

@@ -297,10 +297,24 @@ class Planner {
       }
       // Sag bars are those of the pattern that waits.
       const bool waits = column == SagBarsColumn && removes && !mayRemove;
-      if (!waits) TakeDetail(row.After, column, *text, cell);
+      if (waits) continue;
+      TakeDetail(row.After, column, *text, cell);
+      if (column == PunchingColumn && cell.What == Cell::Refused) {
+        cell.Reason = UnknownPattern(row.After.SectionType, cell.Text);
+      }
     }
     if (!removes) row.RemovedHoles = 0;
     ShowSagBars(row);
+  }
+
+  // Lists repeat their names, the wrong ones too.
+  const std::string& UnknownPattern(const std::string& letter, const std::string& text) {
+    std::string& reason = patternReasons_[letter + '\n' + text];
+    if (reason.empty()) {
+      const Table<std::string> names = PatternNames(letter);
+      reason = NotInTheList(text, {names.begin(), names.end()});
+    }
+    return reason;
   }
 
   static PlannedCell HeldBackPattern(PlannedCell cell, const std::string& text, int holes) {
@@ -343,6 +357,7 @@ class Planner {
   int next_;     // row of Items that the next row goes to, where marks tell nothing
   int new_ = 0;  // sections that came so far
   Products products_;
+  std::unordered_map<std::string, std::string> patternReasons_;
   std::unordered_map<std::string, Bearers> bearers_;  // by mark, trimmed
   std::unordered_set<std::string> taken_;             // by rows of the list so far
   SectionPlan plan_;

@@ -2,6 +2,7 @@
 // that are no block.
 #include <QClipboard>
 #include <QLabel>
+#include <QMimeData>
 
 #include "project/history.h"
 #include "project/project_file.h"
@@ -57,6 +58,23 @@ TEST_F(PasteBlockScreen, A_list_of_sixty_marks_takes_three_keys_and_is_one_step)
   EXPECT_EQ(StepToUndo(), "Paste sections");
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(ProjectText(), before);
+}
+
+// Spreadsheets offer a page and a list of their own beside the plain text.
+TEST_F(PasteBlockScreen, Of_several_forms_on_the_clipboard_the_plain_text_is_taken) {
+  auto* offered = new QMimeData;
+  offered->setHtml("<table><tr><td>X1</td><td>Z14014</td></tr></table>");
+  offered->setData("text/csv", "Y1,Z14014\n");
+  offered->setText("P1\tZ14012\nP2\tZ14012\n");
+  dialogs.ExpectDialog("frmImport", [](QWidget& form) {
+    EXPECT_EQ(FromQt(Find<QLabel>(form, "lblSummary").text()), "2 new.");
+    QTest::keyClick(&form, Qt::Key_Return);
+  });
+  QApplication::clipboard()->setMimeData(offered);
+  main->centralWidget()->setFocus();
+  Press(Qt::Key_V, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(Marks(), (Texts{"P1", "P2"}));
 }
 
 TEST_F(PasteBlockScreen, Columns_go_on_from_the_cursor_and_fill_downward) {
