@@ -6,12 +6,14 @@
 #include <sys/wait.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
 #include <QPixmap>
+#include <QPushButton>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -355,7 +357,35 @@ void BM_UndoKeyStroke(benchmark::State& state) {
   TimeSteps(state, undo, type);
 }
 
-// The start as a process of its own, up to the first painted, active window.
+// A block of that many sections with patterns pasted into an empty grid: read, planned, its preview
+// painted and accepted, done, and the window painted again.
+void BM_PasteBlock(benchmark::State& state) {
+  Window window;
+  std::string block = "Mark\tProduct\tLength\tQty\tPunching\n";
+  for (int row = 1; row <= state.range(0); ++row) {
+    block += "P" + DecimalText(row) + "\t" + SectionDims.At(1).Product + "\t6000\t4\t" +
+             "Sleeved 2 Sag Bars\n";
+  }
+  QApplication::clipboard()->setText(ToQt(block));
+  window.Main().DisplayItems();
+  const auto paste = [&] {
+    const int before = window.Sheet().PaintCount();
+    QTimer::singleShot(0, [] {
+      QWidget* preview = QApplication::activeModalWidget();
+      preview->repaint();
+      preview->findChild<QPushButton*>("cmdOk")->click();
+    });
+    window.Main().Run(Command::Paste);
+    QCoreApplication::processEvents();
+    return Items.UBound() == state.range(0) && window.Sheet().PaintCount() > before;
+  };
+  const auto takeBack = [&] {
+    if (!Items.Empty()) window.Main().Run(Command::Undo);
+    QCoreApplication::processEvents();
+  };
+  TimeSteps(state, paste, takeBack);
+}
+
 // Rows copied and pasted behind the others, with the patterns' holes, to the painted grid; the
 // paste is taken back between two turns.
 void BM_PasteRows(benchmark::State& state) {
@@ -378,6 +408,7 @@ void BM_PasteRows(benchmark::State& state) {
   });
 }
 
+// The start as a process of its own, up to the first painted, active window.
 void StartProcess(benchmark::State& state, const char* child) {
   for (auto _ : state) {
     std::string first = program;
@@ -420,6 +451,7 @@ BENCHMARK(BM_FloorOfSheetKeyStroke)
 BENCHMARK(BM_RowMove)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_UndoKeyStroke)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PasteRows)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PasteBlock)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_StartBareWindow)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(BM_StartProgram)->UseRealTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 

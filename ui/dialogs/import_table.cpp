@@ -16,6 +16,8 @@ using Shows = ImportColumn::Shows;
 using CellResult = PlannedCell::Result;
 using RowResult = PlannedSection::Result;
 
+constexpr int MostFigures = 7;  // "12,500" as the list has it, with room for a blank
+
 constexpr QRgb PassedOver = 0xFF606060;  // the text of a row that isn't taken
 
 bool IsGiven(const SectionList& list, int column) {
@@ -210,7 +212,7 @@ ImportTable::ImportTable(ImportModel* model, QWidget* parent)
   std::vector<int> figures;
   for (int column = 0; column < model->columnCount(); ++column) {
     shares.push_back(ShareOf(model->ColumnAt(column)));
-    figures.push_back(column == 0 || IsNumber(model->ColumnAt(column)) ? 5 : 0);
+    figures.push_back(column == 0 || IsNumber(model->ColumnAt(column)) ? MostFigures : 0);
   }
   SetColumnRatio(std::move(shares), std::move(figures));
   SetCurrent(1, FirstTextColumn());
