@@ -120,10 +120,16 @@ std::string CellText(const std::string& given, const TableColumn& column) {
 }  // namespace
 
 bool IsBlock(std::string_view text, int column) {
-  if (text.find('\t') != std::string_view::npos) return true;
-  if (column == NotesColumn) return false;
   while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
-  return text.find_first_of("\r\n") != std::string_view::npos;
+  const bool tabs = text.find('\t') != std::string_view::npos;
+  const bool lines = text.find_first_of("\r\n") != std::string_view::npos;
+  if (lines) return tabs || column != NotesColumn;
+  // One text among blank cells needs no preview.
+  constexpr std::string_view Blanks = " \t";
+  const std::size_t first = text.find_first_not_of(Blanks);
+  if (!tabs || first == std::string_view::npos) return false;
+  const std::size_t last = text.find_last_not_of(Blanks);
+  return text.substr(first, last - first).find('\t') != std::string_view::npos;
 }
 
 SectionList ListOfBlock(std::string_view text, int column) {

@@ -31,7 +31,8 @@ struct SectionList {
 
 // True when a text that is pasted into a cell of that column of the sections grid is a block: it
 // holds a tab, or more than one line where the cell holds anything but notes. A line end at its end
-// ends its last line. Column 0 stands for an empty grid.
+// ends its last line, and a single line with one text among its tabs is that cell's. Column 0
+// stands for an empty grid.
 bool IsBlock(std::string_view text, int column);
 
 // A block: tabs between the fields. Without headings its columns go on from that one, the marks

@@ -34,6 +34,10 @@ TEST(Block, A_tab_makes_one_anywhere_and_lines_do_where_no_notes_are_written) {
     EXPECT_FALSE(IsBlock("P1", column)) << column;
     EXPECT_FALSE(IsBlock("P1\r\n", column)) << column;
     EXPECT_FALSE(IsBlock("", column)) << column;
+    EXPECT_FALSE(IsBlock("\t6100 mm\t \n", column)) << column;
+    EXPECT_FALSE(IsBlock("\t\t", column)) << column;
+    EXPECT_TRUE(IsBlock("\tP1\t\tP2\t", column)) << column;
+    EXPECT_TRUE(IsBlock("P1\t\nP2", column)) << column;
     EXPECT_FALSE(IsBlock("\n", column)) << column;
     EXPECT_EQ(IsBlock("P1\nP2", column), column != NotesColumn) << column;
     EXPECT_EQ(IsBlock("P1\rP2\r", column), column != NotesColumn) << column;
