@@ -185,7 +185,7 @@ void RemoveRecoveryFolder(const std::string& folder) {
   fs::remove_all(NativePath(folder), stays);
 }
 
-std::string TextOfState(const JobState& state) {
+std::string TextOfState(const JobState& state, const std::function<void()>& between) {
   Job job;
   UnpackDetails(state.Details, RecordsOf(job));
   UnpackAccessories(state.Accessories, RecordsOf(job));
@@ -193,8 +193,9 @@ std::string TextOfState(const JobState& state) {
   Item section;
   int unpacked = 0;
   const auto rowAt = [&](int row) -> const Item& {
-    if (row != unpacked)
-      section = UnpackSection(state.Rows.at(static_cast<std::size_t>(row) - 1).Section);
+    if (row == unpacked) return section;
+    if (between) between();
+    section = UnpackSection(state.Rows.at(static_cast<std::size_t>(row) - 1).Section);
     unpacked = row;
     return section;
   };

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,8 +51,8 @@ std::optional<LeftJob> CopyIn(const std::string& folder);
 void RemoveRecoveryFolder(const std::string& folder);
 
 // The project file's text of a state; the same as ProjectText of the tables that it was taken from.
-// Touches no table, and can be called on any thread.
-std::string TextOfState(const JobState& state);
+// Touches no table, and can be called on any thread. `between` is called before each section.
+std::string TextOfState(const JobState& state, const std::function<void()>& between = nullptr);
 
 // Puts the open project into a folder of its own in the user's data folder, for one that is about
 // to be left although the save that was asked for came to nothing. `path` and `known` are as in

@@ -5,6 +5,7 @@
 #include <exception>
 #include <filesystem>
 #include <optional>
+#include <thread>
 #include <utility>
 
 #include "core/desktop.h"
@@ -15,6 +16,7 @@
 #include "project/history.h"
 #include "project/left_unsaved.h"
 #include "project/saving.h"
+#include "ui/platform/pace.h"
 
 namespace orvane {
 
@@ -42,6 +44,8 @@ struct RecoveryKeeper::Copies {
   std::string Folder;  // of this program; empty until its first copy
   std::shared_ptr<FileLock> Lock;
   std::atomic<bool> Busy = false;
+  Pace Copying{[] { return Pace::Seconds(std::chrono::steady_clock::now().time_since_epoch()); },
+               [](Pace::Seconds rest) { std::this_thread::sleep_for(rest); }};
   std::string Error;  // of the last copy; read when it is over
 
   // Somebody may have tidied up.
@@ -78,7 +82,8 @@ struct RecoveryKeeper::Copies {
             const Moment& now) {
     try {
       if (!IsThere()) MakeFolder(now);
-      KeepCopy(Folder, path, known, TextOfState(state));
+      Copying.Begin();
+      KeepCopy(Folder, path, known, TextOfState(state, [this] { Copying.Rest(); }));
       Error.clear();
     } catch (const std::exception& error) {
       Error = error.what();
@@ -117,7 +122,14 @@ RecoveryKeeper::RecoveryKeeper(std::function<void(const std::string&)> tell, QOb
 }
 
 RecoveryKeeper::~RecoveryKeeper() {
+  Finish();
+}
+
+// Waits for what is written, which hurries then.
+void RecoveryKeeper::Finish() {
+  copies_->Copying.Hurry(true);
   TheDesktop().FinishApart();
+  copies_->Copying.Hurry(false);
 }
 
 void RecoveryKeeper::NoteChange() {
@@ -159,24 +171,24 @@ void RecoveryKeeper::Drop() {
 }
 
 bool RecoveryKeeper::WriteNow() {
-  TheDesktop().FinishApart();
+  Finish();
   if (copies_->DataFolder.empty() || !IsChangedSinceSaved()) return false;
   Write();
-  TheDesktop().FinishApart();
+  Finish();
   return copies_->Error.empty();
 }
 
 void RecoveryKeeper::End() {
   timer_.stop();
   TheDesktop().RunApart([copies = copies_] { copies->Remove(); });
-  TheDesktop().FinishApart();
+  Finish();
   copies_->DataFolder.clear();
 }
 
 std::vector<LeftJob> RecoveryKeeper::TakeLeft() {
   std::vector<LeftJob> left;
   if (copies_->DataFolder.empty()) return left;
-  TheDesktop().FinishApart();
+  Finish();
   for (const std::string& folder : RecoveryFolders(copies_->DataFolder)) {
     if (folder == copies_->Folder) continue;
     const auto made = WrittenAt(folder);  // before a lock is written there

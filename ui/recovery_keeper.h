@@ -45,6 +45,7 @@ class RecoveryKeeper : public QObject {
   struct Copies;
 
   void Write();
+  void Finish();
   void Drop();
   void Told(const std::string& error);
 
