@@ -110,10 +110,22 @@ bool BeginsFormula(std::string_view text) {
 
 }  // namespace
 
-std::string DecodeCsv(std::string bytes) {
-  if (bytes.size() > MostCsvBytes) {
+void CheckCsvSize(std::size_t bytes) {
+  if (bytes > MostCsvBytes) {
     throw RuntimeError(Failure::Overflow, "The list is longer than 64 MB");
   }
+}
+
+void CheckCsvRows(std::size_t rows) {
+  if (rows > MostCsvRows) {
+    throw RuntimeError(
+        Failure::Overflow,
+        "The list has more than " + DecimalText(static_cast<long long>(MostListRows)) + " rows");
+  }
+}
+
+std::string DecodeCsv(std::string bytes) {
+  CheckCsvSize(bytes.size());
   const std::string_view view = bytes;
   if (view.substr(0, 2) == "\xFF\xFE") return DecodeUtf16(view.substr(2), 1);
   if (view.substr(0, 2) == "\xFE\xFF") return DecodeUtf16(view.substr(2), 0);
@@ -145,11 +157,7 @@ std::vector<CsvRow> ReadCsv(std::string_view text, char separator) {
   std::size_t at = 0;
   const auto atEnd = [&] { return at == text.size(); };
   while (!atEnd()) {
-    if (rows.size() == MostCsvRows) {
-      throw RuntimeError(
-          Failure::Overflow,
-          "The list has more than " + DecimalText(static_cast<long long>(MostListRows)) + " rows");
-    }
+    CheckCsvRows(rows.size() + 1);
     CsvRow row;
     for (bool more = true; more;) {
       if (row.size() == MostCsvFields) {

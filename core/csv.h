@@ -18,6 +18,10 @@ constexpr std::size_t MostCsvRows = MostListRows + 1;
 constexpr std::size_t MostCsvFields = 256;
 constexpr std::size_t MostCsvBytes = std::size_t{64} << 20;
 
+// Raise the errors for more than these.
+void CheckCsvSize(std::size_t bytes);
+void CheckCsvRows(std::size_t rows);
+
 // The bytes of such a file as UTF-8 without a mark: UTF-16 by the mark in front, else as
 // DecodeText. Half a letter of UTF-16 becomes U+FFFD. More than MostCsvBytes raise an error.
 std::string DecodeCsv(std::string bytes);

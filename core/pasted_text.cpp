@@ -135,7 +135,11 @@ PastedNumber Refusal(std::string_view text, std::string_view reason) {
 }  // namespace
 
 std::string PastedLine(std::string_view text) {
-  while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
+  // Empty cells beside a cell that was copied are no part of its text.
+  while (text.ends_with('\n') || text.ends_with('\r') || text.ends_with('\t')) {
+    text.remove_suffix(1);
+  }
+  while (text.starts_with('\t')) text.remove_prefix(1);
   std::string line;
   line.reserve(text.size());
   for (std::size_t at = 0; at < text.size(); ++at) {

@@ -47,12 +47,9 @@ int SayRefused(const SectionList& list, const SectionPlan& plan, const std::stri
   return refused;
 }
 
-void SayOtherColumns(const SectionList& list, Console& console) {
-  std::string columns;
-  for (const std::string& column : list.OtherColumns) {
-    columns += (columns.empty() ? "" : ", ") + column;
-  }
-  if (!columns.empty()) console.Say("Columns that are left out: " + columns);
+void SayLeftOut(const SectionList& list, Console& console) {
+  const std::string leftOut = LeftOutOf(list);
+  if (!leftOut.empty()) console.Say(leftOut);
 }
 
 }  // namespace
@@ -87,7 +84,7 @@ int ImportList(const BatchOptions& options, const CatalogueTables& catalogues, C
   if (!console.Try(options.Import, [&] { list = ListOfFile(ReadWholeFile(options.Import)); })) {
     return ExitFault;
   }
-  SayOtherColumns(list, console);
+  SayLeftOut(list, console);
   if (list.Rows.empty()) {
     console.SayFault(options.Import, "there are no sections in it");
     return ExitFault;

@@ -91,6 +91,9 @@ std::string PlainHeading(std::string_view heading) {
     const bool left = std::string_view(" \t\r\n.:_-").find(c) != std::string_view::npos;
     if (!left) plain += c;
   }
+  // All lengths are millimetres.
+  constexpr std::string_view Unit = "MM";
+  if (plain.size() > Unit.size() && plain.ends_with(Unit)) plain.resize(plain.size() - Unit.size());
   return plain;
 }
 

@@ -36,6 +36,7 @@ TableRows PlainRows(std::string_view text) {
       line.remove_prefix(tab + 1);
     }
     row.emplace_back(line);
+    CheckCsvRows(rows.size() + 1);
     rows.push_back(std::move(row));
     at = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
   }
@@ -43,6 +44,7 @@ TableRows PlainRows(std::string_view text) {
 }
 
 TableRows RowsOfBlock(std::string_view text) {
+  CheckCsvSize(text.size());
   try {
     return ReadCsv(text, '\t');
   } catch (const RuntimeError& error) {
@@ -55,10 +57,24 @@ bool HoldsDigit(std::string_view text) {
   return text.find_first_of("0123456789") != std::string_view::npos;
 }
 
+auto NamedIn(const CsvRow& row) {
+  return std::count_if(row.begin(), row.end(),
+                       [](const std::string& cell) { return ListColumnNamed(cell) > 0; });
+}
+
 bool AreHeadings(const CsvRow& row) {
-  const auto named = std::count_if(
-      row.begin(), row.end(), [](const std::string& cell) { return ListColumnNamed(cell) > 0; });
+  const auto named = NamedIn(row);
   return named > 1 || (named == 1 && std::none_of(row.begin(), row.end(), HoldsDigit));
+}
+
+// The row that names columns: the first one, or one a little below it, under the title of the list
+// and the job that it was made for, that names two. The first one where there is none.
+TableRows::const_iterator HeadingsBelow(TableRows::const_iterator first,
+                                        TableRows::const_iterator end) {
+  constexpr std::ptrdiff_t MostTitles = 20;
+  const auto last = first + std::min(MostTitles, end - first);
+  const auto found = std::find_if(first, last, [](const CsvRow& row) { return NamedIn(row) > 1; });
+  return found == last ? first : found;
 }
 
 // What stands in a column of the table.
@@ -119,6 +135,18 @@ std::string CellText(const std::string& given, const TableColumn& column) {
 
 }  // namespace
 
+std::string LeftOutOf(const SectionList& list) {
+  std::string columns;
+  for (const std::string& column : list.OtherColumns) {
+    columns += (columns.empty() ? "Columns that are left out: " : ", ") + column;
+  }
+  std::string rows;
+  for (const int row : list.RowsAbove) {
+    rows += (rows.empty() ? "Rows above the headings: " : ", ") + DecimalText(row);
+  }
+  return columns + (columns.empty() || rows.empty() ? "" : ". ") + rows;
+}
+
 bool IsBlock(std::string_view text, int column) {
   while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
   const bool tabs = text.find('\t') != std::string_view::npos;
@@ -143,8 +171,13 @@ SectionList ListOfFile(std::string bytes) {
 
 SectionList ListOfTable(const std::vector<CsvRow>& table, int firstColumn) {
   SectionList list;
-  const auto first = std::find_if(table.begin(), table.end(), HasText);
+  auto first = std::find_if(table.begin(), table.end(), HasText);
   if (first == table.end()) return list;
+  const auto lower = HeadingsBelow(first, table.end());
+  for (auto above = first; above != lower; ++above) {
+    if (HasText(*above)) list.RowsAbove.push_back(static_cast<int>(above - table.begin()) + 1);
+  }
+  first = lower;
   const bool headed = AreHeadings(*first);
   std::size_t widest = 0;
   for (const CsvRow& row : table) {

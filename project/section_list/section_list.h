@@ -27,7 +27,12 @@ struct SectionList {
   // Headings of columns that are none of ours, or stand there for the second time, and "column 12"
   // for those without a heading that go on behind the last one.
   std::vector<std::string> OtherColumns;
+  std::vector<int> RowsAbove;  // numbers of those with a text above the headings, left out
 };
+
+// What is left out of a list, in a line; empty for nothing: "Columns that are left out: Weight.
+// Rows above the headings: 1, 2".
+std::string LeftOutOf(const SectionList& list);
 
 // True when a text that is pasted into a cell of that column of the sections grid is a block: it
 // holds a tab, or more than one line where the cell holds anything but notes. A line end at its end
@@ -44,8 +49,9 @@ SectionList ListOfBlock(std::string_view text, int column);
 SectionList ListOfFile(std::string bytes);
 
 // The same of a table. The first row with a text is one of headings if it names two columns, or
-// one and no cell of it holds a digit. Line ends and tabs within a cell become blanks, and what was
-// put in front of a text for spreadsheets goes. Lengths under a heading in metres become metres.
+// one and no cell of it holds a digit; so is one of the twenty from there on that names two, under
+// a title. Line ends and tabs within a cell become blanks, and what was put in front of a text for
+// spreadsheets goes. Lengths under a heading in metres become metres.
 SectionList ListOfTable(const std::vector<CsvRow>& table, int firstColumn);
 
 }  // namespace orvane

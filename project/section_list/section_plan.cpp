@@ -81,6 +81,9 @@ class Products {
         names.push_back(name);
       }
     }
+    // Somebody's list of other things names none that is near to any.
+    constexpr std::size_t MostSearched = 200;
+    if (reasons_.size() > MostSearched) names.clear();
     return reason = NotInTheList(product, names);
   }
 
@@ -233,7 +236,8 @@ class Planner {
     if (cell.What == Cell::Refused) return std::nullopt;
     const bool isNew = row.Row == 0;
     const bool number = column == LengthColumn || column == QuantityColumn;
-    if (isNew && number && Trim(text).empty()) return std::nullopt;
+    // A list that tells only what changes empties nothing.
+    if ((number || !isNew) && Trim(text).empty()) return std::nullopt;
     const bool shown = column == MarkColumn && list_.HasMarks && !isNew
                            ? true  // by which it was found
                            : (number ? Key(text) : text) == ListText(row.After, column);
@@ -272,6 +276,10 @@ class Planner {
   // A mark that was found in the job is another row's of the list already.
   void CheckMatched(PlannedSection& row, const ListTexts& texts) {
     if (!list_.HasMarks || row.Row == 0) return;
+    const int bearers = bearers_.at(MarkOf(texts)).Count;
+    if (bearers > 1) {
+      return Refuse(CellOf(row, MarkColumn), Counted(bearers, "section") + " bear this mark");
+    }
     if (taken_.count(MarkOf(texts)) == 0) return;
     Refuse(CellOf(row, MarkColumn), "Error - Duplicate Mark");
   }

@@ -56,9 +56,9 @@ struct SectionPlan {
 // it is 0. Nothing of the job changes.
 //
 // Cells are taken by the rules of the grid, the detail panel and the mitres, with their refusals. A
-// row with a refused cell is refused whole. Of a cell that is empty: nothing is said of a new
-// section's length and quantity, nor of anything that the grid doesn't show; else it is a text as
-// any other.
+// row with a refused cell is refused whole. An empty cell says nothing: a section that is
+// there keeps what it has, a new one has no length, quantity, notes or mark yet. A mark that
+// several sections of the job bear is refused, as nobody knows which is meant.
 SectionPlan PlanOf(const SectionList& list, const ListAnswers& answers, int firstRow);
 
 // What becomes of a row in words: "New", "Length 6000 → 7000, Qty 4 → 6", or why it is refused.

@@ -43,6 +43,12 @@ TEST(PastedText, A_line_end_at_the_end_is_dropped_and_others_become_one_blank) {
   EXPECT_EQ(PastedLine(""), "");
 }
 
+TEST(PastedText, Empty_cells_beside_one_are_no_part_of_its_text) {
+  EXPECT_EQ(PastedLine("\tP1"), "P1");
+  EXPECT_EQ(PastedLine("P1\t\t\r\n"), "P1");
+  EXPECT_EQ(PastedLine("\t\t"), "");
+}
+
 TEST(PastedText, Blanks_and_letters_of_a_line_stay) {
   EXPECT_EQ(PastedLine("  two  blanks "), "  two  blanks ");
   EXPECT_EQ(PastedLine("Gr\xC3\xBC\xC3\x9F"

@@ -81,6 +81,23 @@ TEST(Block, A_row_that_holds_a_number_is_one_of_headings_only_if_it_names_two) {
   EXPECT_EQ(ListOfBlock("P1\t6000\nP2\t6500", MarkColumn).Rows.size(), 2U);
 }
 
+TEST(Block, Headings_below_a_title_are_found_and_the_rows_above_them_told) {
+  const SectionList list = ListOfBlock(
+      "Purlin schedule\t\t\nJob\tJ-17\t3\n\nMark\tQty\tLength mm\nP1\t12\t6000\n", MarkColumn);
+  ASSERT_EQ(list.Rows.size(), 1U);
+  EXPECT_EQ(list.Rows[0].Number, 5);
+  EXPECT_EQ(list.Rows[0].Texts.at(QuantityColumn), "12");
+  EXPECT_EQ(list.Rows[0].Texts.at(LengthColumn), "6000");
+  EXPECT_EQ(list.RowsAbove, (std::vector<int>{1, 2}));
+  EXPECT_EQ(LeftOutOf(list), "Rows above the headings: 1, 2");
+}
+
+TEST(Block, Rows_without_headings_are_not_searched_for_them_beyond_a_few) {
+  std::string text;
+  for (int row = 0; row < 25; ++row) text += "P1\tZ14012\n";
+  EXPECT_EQ(ListOfBlock(text + "Mark\tQty\n", MarkColumn).Rows.size(), 26U);
+}
+
 TEST(Block, Empty_rows_are_none_and_keep_the_numbers_of_the_others) {
   const SectionList list = ListOfBlock("\n\t\nMark\tQty\n \t \nP1\t4\n\n", MarkColumn);
   ASSERT_EQ(list.Rows.size(), 1U);

@@ -74,8 +74,7 @@ TEST_F(SectionPlanTest, What_the_grid_refuses_is_refused_with_its_words) {
                    "Length \"6.5\": Only whole numbers are taken here",
                    "Length \"6 m\": Metres aren't taken here: in millimetres it is 6000",
                    // P2 is on its way, though its own row is refused.
-                   "Mark \"P2\": Error - Duplicate Mark",
-                   "Mark \"P1\": Error - Duplicate Mark; Product: Not in the list",
+                   "Mark \"P2\": Error - Duplicate Mark", "Mark \"P1\": Error - Duplicate Mark",
                    "Mark \"P1\": Error - Duplicate Mark; Product \"C20020\": Not in the list"}));
   EXPECT_EQ(plan.Count(Result::Refused), 11);
 }
@@ -88,22 +87,20 @@ TEST_F(SectionPlanTest, A_new_section_may_stay_unfinished_as_in_the_grid) {
   EXPECT_EQ(plan.Rows[0].Cells.at(MitreLeftColumn).Text, "0.0");
 }
 
-TEST_F(SectionPlanTest, An_empty_text_is_a_text_in_the_grid_and_says_nothing_of_the_rest) {
+TEST_F(SectionPlanTest, An_empty_text_says_nothing_of_a_section_that_is_there) {
   Item& item = Put("P1", "Z14012", 6000, 4);
   item.Notes = "sleeved";
   item.PatternName = "Butt 1 Sag Bar";
   item.SagBarDia = 18;
   item.MitreLeft = 5;
-  EXPECT_EQ(WordsOf(Plan("P1|Z14012|6000|||||||")),
-            (Words{"Qty 4" + Arrow + "0; Notes sleeved" + Arrow + "(none)"}));
-  EXPECT_EQ(WordsOf(Plan("P1|Z14012||4|sleeved")), Words{"Length: Invalid length"});
+  EXPECT_EQ(WordsOf(Plan("P1|Z14012|6000|||||||")), Words{"No change"});
+  EXPECT_EQ(WordsOf(Plan("P1||6500")), Words{"Length 6000" + Arrow + "6500"});
 }
 
 TEST_F(SectionPlanTest, A_mark_that_two_sections_bear_is_refused) {
   Put("P1", "Z14012", 6000, 4);
   Put("P1", "Z14012", 6000, 4);
-  EXPECT_EQ(WordsOf(Plan("P1|Z14012|6500")), Words{"Length 6000" + Arrow + "6500"});
-  EXPECT_EQ(Targets(Plan("P1|Z14012|6500")), std::vector<int>{1});
+  EXPECT_EQ(WordsOf(Plan("P1|Z14012|6500")), Words{"Mark \"P1\": 2 sections bear this mark"});
 }
 
 TEST_F(SectionPlanTest, The_letter_comes_from_the_product) {

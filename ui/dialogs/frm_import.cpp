@@ -42,11 +42,8 @@ std::string SummaryText(const SectionPlan& plan, const SectionList& list) {
   add(RowResult::Refused, "refused");
   add(RowResult::LeftOut, "left out");
   if (text.empty()) text = "No rows";
-  std::string others;
-  for (const std::string& column : list.OtherColumns) {
-    others += (others.empty() ? ". Columns that are left out: " : ", ") + column;
-  }
-  return text + others + ".";
+  const std::string leftOut = LeftOutOf(list);
+  return text + (leftOut.empty() ? "" : ". ") + leftOut + ".";
 }
 
 }  // namespace
@@ -196,6 +193,8 @@ void FrmImport::ShowFamilies() {
 void FrmImport::Mend(int row, int column, const std::string& text) {
   const auto at = static_cast<std::size_t>(row) - 1;
   list_.Rows.at(at).Texts.at(static_cast<std::size_t>(column)) = text;
+  // It may be another section's holes now.
+  if (column == MarkColumn || column == PunchingColumn) answers_.MayRemoveHoles.erase(row - 1);
   mended_ = true;
   Replan();
 }
@@ -205,18 +204,21 @@ void FrmImport::Tick(int row, ImportColumn::Shows what) {
   std::set<int>& rows =
       what == ImportColumn::Shows::Taken ? answers_.LeftOut : answers_.MayRemoveHoles;
   if (rows.erase(row - 1) == 0) rows.insert(row - 1);
+  mended_ = true;
   Replan();
 }
 
 void FrmImport::TellDigits() {
   table_->Commit();
   answers_.Told = static_cast<ThreeDigits>(std::max(0, cboDigits_->currentIndex()));
+  mended_ = true;
   Replan();
 }
 
 void FrmImport::TellFamily() {
   table_->Commit();
   const int chosen = cboFamily_->currentIndex();
+  mended_ = true;
   if (chosen < 1) {
     answers_.Families.erase(sharedName_);
   } else {
