@@ -47,9 +47,9 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuEdit, Command::Undo, "&Undo", "", "Ctrl+Z",               "undo", 0, 0, "mnuEditUndo"},
     {Place::mnuEdit, Command::Redo, "&Redo", "", "Ctrl+Shift+Z; Ctrl+Y", "redo", 0, 0, "mnuEditRedo"},
     {Place::mnuEdit, Command::None, "",      "", "",                     ""},
-    {Place::mnuEdit, Command::Cut,       "Cu&t",            "", "Ctrl+X",       "cut",   0, 0, "mnuEditCut"},
-    {Place::mnuEdit, Command::Copy,      "&Copy",           "", "Ctrl+C",       "copy",  0, 0, "mnuEditCopy"},
-    {Place::mnuEdit, Command::Paste,     "&Paste",          "", "Ctrl+V",       "paste", 0, 0, "mnuEditPaste"},
+    {Place::mnuEdit, Command::Cut,       "Cu&t",            "", "Ctrl+X; Shift+Del", "cut",   0, 0, "mnuEditCut"},
+    {Place::mnuEdit, Command::Copy,      "&Copy",           "", "Ctrl+C; Ctrl+Ins",  "copy",  0, 0, "mnuEditCopy"},
+    {Place::mnuEdit, Command::Paste,     "&Paste",          "", "Ctrl+V; Shift+Ins", "paste", 0, 0, "mnuEditPaste"},
     {Place::mnuEdit, Command::PasteCell, "Paste into Ce&ll", "", "Ctrl+Shift+V", "paste-cell", 0, 0, "mnuEditPasteCell"},
     {Place::mnuEdit, Command::None, "",      "", "",                     ""},
     {Place::mnuEdit, Command::NextSection, "&Next section", "", "Ctrl+Return; Ctrl+Enter", "next-section", 0, 0, "mnuEditNextSection"},
@@ -89,6 +89,7 @@ const std::vector<CommandEntry> Rows = {
 
     // &Tools
     {Place::mnuTools, Command::EarlierVersions, "Earlier &versions...",  "", "", "versions",     0, 0, "mnuToolsVersions"},
+    {Place::mnuTools, Command::RecoverJobs, "&Recover jobs...", "", "", "recover", 0, 0, "mnuToolsRecover"},
     {Place::mnuTools, Command::None,            "",                      "", "", "",             0, 0, ""},
     {Place::mnuTools, Command::ImportSections,  "&Import sections...",   "", "", "import",       0, 0, "mnuToolsImport"},
     {Place::mnuTools, Command::SectionList,     "Section &list...",      "", "", "section-list", 0, 0, "mnuToolsSectionList"},

@@ -58,6 +58,7 @@ enum class Command {
   FindNext,
   FindPrevious,
   EarlierVersions,
+  RecoverJobs,
   ImportSections,
   SectionList,
 };

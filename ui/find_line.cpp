@@ -9,6 +9,7 @@
 
 #include "core/model.h"
 #include "core/numbers.h"
+#include "project/section_serial.h"
 #include "ui/controls/refused_look.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
@@ -72,6 +73,7 @@ void FindLine::Open() {
   if (Items.UBound() == 0 || !sections_.SettleEditor()) return;
   if (!txtFind_->hasFocus()) {
     startRow_ = sections_.Grid().Row();
+    startSerial_ = startRow_ < 1 ? 0 : SerialOf(Int16(startRow_));
     startColumn_ = sections_.Grid().Col();
     QWidget* focus = QApplication::focusWidget();
     before_ =
@@ -135,12 +137,12 @@ void FindLine::Search() {
   if (!isVisible()) return;
   found_ = SectionsWith(FromQt(txtFind_->text()));
   if (found_.empty()) {
-    sections_.LookAt(startRow_, startColumn_);
+    sections_.LookAt(StartRow(), startColumn_);
     return ShowCount(0);
   }
-  const auto from = std::find_if(found_.begin(), found_.end(), [this](const FoundSection& found) {
-    return found.Row >= startRow_;
-  });
+  const int start = StartRow();
+  const auto from = std::find_if(found_.begin(), found_.end(),
+                                 [start](const FoundSection& found) { return found.Row >= start; });
   Show(from == found_.end() ? found_.front() : *from);
 }
 
@@ -156,17 +158,31 @@ void FindLine::Show(const FoundSection& found) {
 // "3 of 12": which of them is the current one, and how many there are.
 void FindLine::ShowCount(int row) {
   AcceptField(*txtFind_);
-  if (txtFind_->text().isEmpty()) return lblFound_->clear();
+  // Readers of the screen are told it with the field.
+  const auto tell = [this](const QString& count) {
+    lblFound_->setText(count);
+    txtFind_->setAccessibleDescription(count);
+  };
+  if (txtFind_->text().isEmpty()) return tell({});
   if (found_.empty()) {
     RefuseField(*txtFind_, "No section holds this text");
-    return lblFound_->setText("None");
+    return tell("None");
   }
   const auto at = std::find_if(found_.begin(), found_.end(),
                                [row](const FoundSection& found) { return found.Row == row; });
   const std::string count = DecimalText(static_cast<long long>(found_.size()));
-  if (at == found_.end()) return lblFound_->setText(ToQt(count));
+  if (at == found_.end()) return tell(ToQt(count));
   const std::string place = DecimalText(static_cast<long long>(at - found_.begin() + 1));
-  lblFound_->setText(ToQt(place + " of " + count));
+  tell(ToQt(place + " of " + count));
+}
+
+// Where the section stands now that the cursor was in; of one that has gone, the row that it stood
+// in, or the last one.
+int FindLine::StartRow() const {
+  for (int row = 1; startSerial_ != 0 && row <= Items.UBound(); ++row) {
+    if (Items.At(row).Serial == startSerial_) return row;
+  }
+  return std::min(startRow_, Items.UBound());
 }
 
 // The cursor comes into the cell that was found.
@@ -178,7 +194,7 @@ void FindLine::Take() {
 
 void FindLine::GoBack() {
   Close();
-  const int row = std::min(startRow_, static_cast<int>(Items.UBound()));
+  const int row = StartRow();
   if (row < 1) return;
   if (before_ == nullptr) return sections_.GoTo(row, startColumn_);
   sections_.LookAt(row, startColumn_);

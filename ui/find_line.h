@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QWidget>
+#include <cstdint>
 #include <vector>
 
 #include "project/section_list/section_search.h"
@@ -26,6 +27,8 @@ class FindLine : public QWidget {
   // The next section that holds the text, behind the last one the first; or the one before. The
   // cursor comes into its cell, unless it is in this line. Without a text the line is opened.
   void Step(int step);
+  // Hides the line; the cursor stays where it is.
+  void Close();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,17 +38,19 @@ class FindLine : public QWidget {
   void Search();
   void Show(const FoundSection& found);
   void ShowCount(int row);
+  int StartRow() const;
   void Take();
   void GoBack();
-  void Close();
 
   SectionsGrid& sections_;
   PlainField* txtFind_;
   QLabel* lblFound_;
 
   std::vector<FoundSection> found_;
-  int startRow_ = 0;  // of the cell that the cursor stood in
+  // The cell that the cursor stood in. Rows may come and go while the line is open, by Undo.
+  int startRow_ = 0;
   int startColumn_ = 0;
+  std::int32_t startSerial_ = 0;
   QPointer<QWidget> before_;  // what had the focus then, outside the grid
 };
 

@@ -85,6 +85,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  // Escape that nothing else has taken ends the search.
+  void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -126,6 +128,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void ChangeRows(const ChosenChange& change, ChangeKind kind);
   bool DropLetters();
   void ShowSteps();
+  bool OfferLeft();
+  void RecoverLeft();
   void Offer(std::vector<LeftJob> left);
   void EditMitres();
   void EditNotches();

@@ -1,4 +1,6 @@
 // The main window's commands: what each menu entry, button and key chord does.
+#include <QKeyEvent>
+
 #include "core/desktop.h"
 #include "core/numbers.h"
 #include "core/program_folder.h"
@@ -46,6 +48,7 @@ bool KeepsLetters(Command command) {
     case Command::Paste:
     case Command::PasteCell:
     case Command::EarlierVersions:
+    case Command::RecoverJobs:
       return true;
     default:
       return false;
@@ -131,6 +134,8 @@ void FrmMain::Dispatch(Command command, int number) {
       return find_->Step(-1);
     case Command::EarlierVersions:
       return OpenEarlierVersion();
+    case Command::RecoverJobs:
+      return RecoverLeft();
     case Command::ImportSections:
       return ImportSections();
     case Command::SectionList:
@@ -164,6 +169,14 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::None:
       return;
   }
+}
+
+void FrmMain::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || event->modifiers() != Qt::NoModifier ||
+      event->isAutoRepeat() || !find_->isVisible()) {
+    return QMainWindow::keyPressEvent(event);
+  }
+  find_->Close();
 }
 
 // What is typed over a list takes effect or ends before a command looks at the sections, as leaving

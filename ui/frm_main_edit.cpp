@@ -43,8 +43,11 @@ void FrmMain::EditSection(const std::function<void(std::int16_t)>& edit) {
 bool FrmMain::FieldTakes(bool back) const {
   auto* field = qobject_cast<QLineEdit*>(focusWidget());
   if (field == nullptr || sections_->isAncestorOf(field)) return false;
-  if (back ? !IsStepOpen() : !StepToRedo().empty()) return false;
-  if (!(back ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
+  // What is looked for is no part of the job: there its own keys alone are taken back.
+  if (!find_->isAncestorOf(field)) {
+    if (back ? !IsStepOpen() : !StepToRedo().empty()) return false;
+    if (!(back ? field->isUndoAvailable() : field->isRedoAvailable())) return false;
+  }
   if (back) {
     field->undo();
   } else {
@@ -83,7 +86,8 @@ bool FrmMain::UseRows(Command command) {
     case Command::Copy:
       return sections_->CopyRows();
     case Command::Cut:
-      return sections_->CutRows();
+      // Whoever is at the holes or the sheet doesn't mean the sections.
+      return sections_->HasCursor() && sections_->CutRows();
     case Command::Paste:
       return sections_->PasteRows();
     default:
@@ -145,11 +149,21 @@ void FrmMain::ChangeRows(const ChosenChange& change, ChangeKind kind) {
 }
 
 void FrmMain::OfferRecovered() {
-  if (!recovery_) return;
-  if (std::vector<LeftJob> left = recovery_->TakeLeft(); !left.empty()) {
-    Guard([&] { Offer(std::move(left)); });
-  }
+  OfferLeft();
+}
+
+// False if nothing was left.
+bool FrmMain::OfferLeft() {
+  if (!recovery_) return false;
+  std::vector<LeftJob> left = recovery_->TakeLeft();
+  const bool found = !left.empty();
+  if (found) Guard([&] { Offer(std::move(left)); });
   recovery_->LetGo();
+  return found;
+}
+
+void FrmMain::RecoverLeft() {
+  if (!OfferLeft()) TheDesktop().Message("No job was left to be recovered");
 }
 
 void FrmMain::Offer(std::vector<LeftJob> left) {

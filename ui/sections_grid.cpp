@@ -296,6 +296,7 @@ void SectionsGrid::ShowRestored(const RestoredStep& step, bool entersCell) {
   }
   const int row = std::min(step.Row >= 1 ? step.Row : grid_->Row(), grid_->Rows() - 1);
   if (row >= 1) grid_->SetCurrent(row, ColumnOf(step.Kind).value_or(grid_->Col()));
+  FollowCursor();
   MakeCurrent(0);
   // A section that comes under the cursor because another has gone is looked at as behind Delete.
   const bool moved = step.Redone && (TakesAway(step.Kind) || step.Kind == ChangeKind::Sort);
@@ -404,6 +405,7 @@ void SectionsGrid::LookAt(int row, int column) {
   editor_.Hide();
   detail_->SettleLists();
   grid_->SetCurrent(row, column);
+  FollowCursor();
   grid_->EnsureVisible(row, column);
   LookAtSection(ItemRow(row), [&] { GridRowChange(ShownHoles::Afresh); });
 }

@@ -64,6 +64,8 @@ class SectionsGrid : public QWidget {
   // The clipboard. True if these had rows to do it with, chosen ones to copy or to cut, copied ones
   // to paste; else a text is to be dealt with. Cutting asks nothing, as it can be taken back.
   bool CopyRows();
+  // Whether the cursor is in the grid.
+  bool HasCursor() const;
   bool CutRows();
   bool PasteRows();
   // A text on the clipboard is pasted while the cursor is in the grid, or the grid is empty; true
@@ -109,6 +111,7 @@ class SectionsGrid : public QWidget {
   // The focus rests here while no cell is edited; Tab leads from here back into the grid.
   bool focusNextPrevChild(bool next) override;
   void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   // The keys that choose rows, before the editor of a cell has them.
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -58,7 +58,7 @@ std::string CountedSections(std::size_t count) {
 }  // namespace
 
 std::vector<int> SectionsGrid::ChosenRows() const {
-  if (!choice_.Empty()) return choice_.Rows();
+  if (!choice_.Empty() && choice_.At() == grid_->Row()) return choice_.Rows();
   if (grid_->Row() < 1) return {};
   return {grid_->Row()};
 }
@@ -166,16 +166,19 @@ bool SectionsGrid::eventFilter(QObject* watched, QEvent* event) {
   return taken || QWidget::eventFilter(watched, event);
 }
 
+// Escape that no cell has taken for itself. One press does one thing; of a single row the bar goes
+// unnoticed.
+void SectionsGrid::keyPressEvent(QKeyEvent* event) {
+  const bool ends = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier;
+  const bool several = choice_.Count() > 1;
+  if (ends) Guard([this] { EndChoice(); });
+  if (!ends || !several) QWidget::keyPressEvent(event);
+}
+
 bool SectionsGrid::ChoosesByKey(const QObject* watched, const QKeyEvent& key) {
   if (watched == cboEdit_ && IsLetter(key)) EndChoice();
   // The keys of letters that a list waits with are the list's.
   if (grid_->Row() < 1 || cboEdit_->Typed().Pending()) return false;
-  if (key.key() == Qt::Key_Escape && key.modifiers() == Qt::NoModifier) {
-    // One press does one thing; of a single row the bar goes unnoticed.
-    const bool several = choice_.Count() > 1;
-    EndChoice();
-    return several;
-  }
   if (key.key() == Qt::Key_A && key.modifiers() == Qt::ControlModifier) return ChooseAll(watched);
   return StretchBy(key);
 }

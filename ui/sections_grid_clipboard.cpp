@@ -40,6 +40,11 @@ bool SectionsGrid::CopyRows() {
   return true;
 }
 
+bool SectionsGrid::HasCursor() const {
+  const QWidget* focus = window()->focusWidget();
+  return focus == this || (focus != nullptr && isAncestorOf(focus));
+}
+
 bool SectionsGrid::CutRows() {
   if (!CopyRows()) return false;
   TakeOut(ChosenRows(), ChangeKind::CutSections);
@@ -50,9 +55,8 @@ bool SectionsGrid::PasteRows() {
   const QMimeData* offered = QApplication::clipboard()->mimeData();
   if (offered == nullptr) return false;
   if (!offered->hasFormat(TypeOfSections())) {
-    const QWidget* focus = window()->focusWidget();
-    const bool inGrid = Items.Empty() || focus == this || isAncestorOf(focus);
-    return inGrid && PasteBlock && offered->hasText() && PasteBlock(FromQt(offered->text()));
+    return (Items.Empty() || HasCursor()) && PasteBlock && offered->hasText() &&
+           PasteBlock(FromQt(offered->text()));
   }
   std::vector<Item> sections = ReadCopiedSections(offered->data(TypeOfSections()).toStdString());
   if (sections.empty() || !SettleEditor()) return true;

@@ -21,7 +21,7 @@ namespace {
 using Cell = PlannedCell::Result;
 using Row = PlannedSection::Result;
 
-constexpr int MostLeftShown = 10;
+constexpr int MostLeftShown = 20;
 
 // Beyond any length, so that more is refused as what it is.
 constexpr double FarTooLong = 1e6;
@@ -178,8 +178,9 @@ SectionPlan PlanOfChange(const std::vector<int>& rows, const ChosenChange& chang
 
 int HeldByHoles(const SectionPlan& plan) {
   return static_cast<int>(
-      std::count_if(plan.Rows.begin(), plan.Rows.end(),
-                    [](const PlannedSection& row) { return Has(row, Cell::HeldBack); }));
+      std::count_if(plan.Rows.begin(), plan.Rows.end(), [](const PlannedSection& row) {
+        return Has(row, Cell::HeldBack) && !Has(row, Cell::Refused);
+      }));
 }
 
 std::string LeftSections(const SectionPlan& plan) {

@@ -42,7 +42,7 @@ SectionPlan PlanOfChange(const std::vector<int>& rows, const ChosenChange& chang
 int HeldByHoles(const SectionPlan& plan);
 
 // The sections that are left as they are, a line for each, with the reason: "P4: Invalid length";
-// the first ten, and how many more there are. Empty if there is none.
+// the first twenty, and how many more there are. Empty if there is none.
 std::string LeftSections(const SectionPlan& plan);
 
 }  // namespace orvane

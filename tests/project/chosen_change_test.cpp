@@ -160,8 +160,8 @@ TEST_F(ChosenChangeTest, A_cell_gives_what_it_shows_but_for_marks) {
   EXPECT_EQ(ChangeFromCell(1, NotesColumn)->Notes, "primed");
 }
 
-TEST_F(ChosenChangeTest, Of_many_that_are_left_ten_are_named) {
-  for (int more = 0; more < 12; ++more) Put("B", "E20016", 7000, 1);
+TEST_F(ChosenChangeTest, Of_many_that_are_left_twenty_are_named) {
+  for (int more = 0; more < 22; ++more) Put("B", "E20016", 7000, 1);
   ChosenChange change;
   change.Product = "Z14014";
   std::vector<int> rows;

@@ -200,9 +200,9 @@ TEST(Commands, Shortcuts_are_as_told) {
       {Command::SaveAs, 0, "Ctrl+Shift+S"},
       {Command::Undo, 0, "Ctrl+Z"},
       {Command::Redo, 0, "Ctrl+Shift+Z; Ctrl+Y"},
-      {Command::Cut, 0, "Ctrl+X"},
-      {Command::Copy, 0, "Ctrl+C"},
-      {Command::Paste, 0, "Ctrl+V"},
+      {Command::Cut, 0, "Ctrl+X; Shift+Del"},
+      {Command::Copy, 0, "Ctrl+C; Ctrl+Ins"},
+      {Command::Paste, 0, "Ctrl+V; Shift+Ins"},
       {Command::PasteCell, 0, "Ctrl+Shift+V"},
       {Command::NextSection, 0, "Ctrl+Return; Ctrl+Enter"},
       {Command::FillSections, 0, "Ctrl+Shift+D"},
@@ -352,9 +352,9 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
   EXPECT_EQ(main->menuBar()->actions().at(1)->menu(), &Find<QMenu>("mnuEdit"));
   EXPECT_EQ(keysOf("mnuEditUndo"), std::vector<std::string>{"Ctrl+Z"});
   EXPECT_EQ(keysOf("mnuEditRedo"), (std::vector<std::string>{"Ctrl+Shift+Z", "Ctrl+Y"}));
-  EXPECT_EQ(keysOf("mnuEditCut"), std::vector<std::string>{"Ctrl+X"});
-  EXPECT_EQ(keysOf("mnuEditCopy"), std::vector<std::string>{"Ctrl+C"});
-  EXPECT_EQ(keysOf("mnuEditPaste"), std::vector<std::string>{"Ctrl+V"});
+  EXPECT_EQ(keysOf("mnuEditCut"), (std::vector<std::string>{"Ctrl+X", "Shift+Del"}));
+  EXPECT_EQ(keysOf("mnuEditCopy"), (std::vector<std::string>{"Ctrl+C", "Ctrl+Ins"}));
+  EXPECT_EQ(keysOf("mnuEditPaste"), (std::vector<std::string>{"Ctrl+V", "Shift+Ins"}));
   EXPECT_EQ(keysOf("mnuEditPasteCell"), std::vector<std::string>{"Ctrl+Shift+V"});
   EXPECT_EQ(keysOf("mnuEditNextSection"), (std::vector<std::string>{"Ctrl+Return", "Ctrl+Enter"}));
   for (const QAction* entry : entries) EXPECT_FALSE(entry->icon().isNull());
@@ -363,9 +363,10 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
 TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
   EXPECT_EQ(main->menuBar()->actions().at(4)->menu(), &Find<QMenu>("mnuTools"));
   EXPECT_EQ(Find<QMenu>("mnuTools").actions(),
-            (QList{&Entry("mnuToolsVersions"), &Entry("mnuTools(1)"), &Entry("mnuToolsImport"),
-                   &Entry("mnuToolsSectionList")}));
-  EXPECT_TRUE(Entry("mnuTools(1)").isSeparator());
+            (QList{&Entry("mnuToolsVersions"), &Entry("mnuToolsRecover"), &Entry("mnuTools(2)"),
+                   &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList")}));
+  EXPECT_TRUE(Entry("mnuTools(2)").isSeparator());
+  EXPECT_EQ(FromQt(Entry("mnuToolsRecover").text()), "&Recover jobs...");
   EXPECT_EQ(FromQt(Entry("mnuToolsImport").text()), "&Import sections...");
   EXPECT_EQ(FromQt(Entry("mnuToolsSectionList").text()), "Section &list...");
   EXPECT_FALSE(Entry("mnuToolsImport").icon().isNull());

@@ -173,6 +173,58 @@ TEST_F(FindTest, The_buttons_do_what_the_keys_do) {
   EXPECT_TRUE(CursorAt(1, 1, "P1"));
 }
 
+TEST_F(FindTest, Undo_and_redo_in_the_field_are_for_its_own_text) {
+  ShowPurlins(1, 3);
+  Retype("7250");
+  OpenFind();
+  Type("b1");
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(FromQt(Field().text()), "");
+  EXPECT_EQ(Items.At(1).Length, 7250);
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Items.At(1).Length, 7250) << "nothing is left to take back there";
+  EXPECT_EQ(Focus(), "txtFind");
+  Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(FromQt(Field().text()), "b1");
+}
+
+TEST_F(FindTest, Commands_work_on_the_section_that_was_found_and_not_on_rows_chosen_before) {
+  ShowPurlins(1, 1);
+  Press(Qt::Key_Down, Qt::ShiftModifier);
+  auto& grid = *main->findChild<SectionsGrid*>();
+  ASSERT_EQ(grid.ChosenRows(), (std::vector<int>{1, 2}));
+  OpenFind();
+  Type("b2");
+  ASSERT_EQ(Sections().Row(), 5);
+  EXPECT_EQ(grid.ChosenRows(), std::vector<int>{5});
+}
+
+TEST_F(FindTest, Esc_in_the_grid_closes_the_line_and_the_cursor_stays) {
+  ShowPurlins(1, 1);
+  OpenFind();
+  Type("b2");
+  ClickCell(Sections(), 3, 5);
+  ASSERT_TRUE(IsOpen());
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_TRUE(CursorAt(3, 5, "with P2"));
+}
+
+TEST_F(FindTest, Esc_finds_the_section_that_one_was_in_though_rows_have_gone) {
+  ShowPurlins(4, 1);
+  OpenFind();
+  Type("b1");
+  ASSERT_EQ(Sections().Row(), 3);
+  dialogs.ExpectBox("Remove mark B1?", "", QMessageBox::Yes);
+  Section(DeleteEntry);
+  Settle();
+  ASSERT_TRUE(IsOpen());
+  Field().setFocus();
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_TRUE(CursorAt(3, 1, "P12"));
+}
+
 TEST_F(FindTest, Without_sections_there_is_nothing_to_find) {
   OpenFind();
   EXPECT_FALSE(IsOpen());

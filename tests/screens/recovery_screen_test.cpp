@@ -386,6 +386,25 @@ TEST_F(RecoveryScreen, Several_are_offered_and_those_that_wait_are_offered_again
   KeepVersionsIn({});
 }
 
+TEST_F(RecoveryScreen, Those_that_still_wait_are_offered_by_the_tools_too) {
+  LeaveCopy(TempPath("gone.ovd"), {"G1"});
+  LeaveCopy("", {"L1", "L2"});
+  dialogs.ExpectDialog("frmRecovery", [&](QWidget&) { Press(Qt::Key_R, Qt::AltModifier); });
+  Offer();
+  EXPECT_EQ(Folders().size(), 2U) << "one that waits, and the copy of the one that was recovered";
+  const int first = Items.UBound();
+  dialogs.ExpectDialog("frmRecovery", [&](QWidget& dialog) {
+    EXPECT_EQ(RowsOf(dialog).size(), 1U);
+    dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::No);
+    Press(Qt::Key_R, Qt::AltModifier);
+  });
+  Entry("mnuToolsRecover").trigger();
+  Settle();
+  EXPECT_EQ(first + Items.UBound(), 3) << "one section and two";
+  dialogs.ExpectBox("No job was left to be recovered");
+  Entry("mnuToolsRecover").trigger();
+}
+
 TEST_F(RecoveryScreen, Before_one_takes_the_place_of_a_changed_job_it_is_asked) {
   LeaveCopy("", {"L1"});
   Put("Z", "P1", "Z14012", 6000);

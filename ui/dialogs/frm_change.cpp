@@ -78,9 +78,8 @@ FrmChange::FrmChange(int sections, const std::string& letter, QWidget* parent)
   connect(cboNotesBy_, &QComboBox::currentIndexChanged, this, [this] { FollowWays(); });
   FollowWays();
 
-  auto* chosen = new QLabel(
-      "What is ticked is changed in all " + ToQt(DecimalText(sections)) + " chosen sections.",
-      this);
+  auto* chosen =
+      new QLabel("What is ticked is changed in " + ToQt(Counted(sections, "section")) + ".", this);
   chosen->setObjectName("lblChosen");
   QPushButton* ok = AddButton("cmdOk", "&OK");
   QPushButton* cancel = AddButton("cmdCancel", "&Cancel");
@@ -199,6 +198,11 @@ void FrmChange::Accept() {
   if (BoxOf(At(ChangeLine::Notes)).isChecked()) change.Notes = FromQt(txtNotes_->text());
   change.ByNotes = NotesMeanings.at(static_cast<std::size_t>(cboNotesBy_->currentIndex()));
   change.NotesFrom = FromQt(txtNotesFrom_->text());
+  const bool replaces = change.ByNotes == ChosenChange::NotesBy::Replace;
+  if (change.Notes && replaces && change.NotesFrom.empty()) {
+    RefuseField(*txtNotesFrom_, "The text that is replaced is missing");
+    if (wrong_ == nullptr) wrong_ = txtNotesFrom_;
+  }
   if (wrong_ != nullptr) {
     const QString reason = RefusalOf(*wrong_);
     wrong_->setFocus();
