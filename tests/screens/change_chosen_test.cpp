@@ -109,6 +109,12 @@ TEST_F(ChangeChosen, Lengths_are_added_to_and_notes_replaced_in) {
     TypeInto(dialog, "txtLength", "-10");
     Choose(dialog, "cboNotesBy", "Replace");
     EXPECT_TRUE(Field(dialog, "txtNotesFrom").isVisible());
+    // Every way can be read.
+    for (const char* name : {"cboLengthBy", "cboNotesBy"}) {
+      PlainCombo& ways = List(dialog, name);
+      const int text = ways.fontMetrics().horizontalAdvance("Replace");
+      EXPECT_GT(ways.width(), text) << name;
+    }
     TypeInto(dialog, "txtNotesFrom", "north");
     TypeInto(dialog, "txtNotes", "south");
     PressOk(dialog);

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -131,7 +132,9 @@ PlainCombo* FrmChange::NewList(const QString& name, const QString& reads,
   list->setObjectName(name);
   list->setAccessibleName(reads);
   list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  list->setMinimumContentsLength(entries.UBound() <= 3 ? 0 : EntryRoom);
+  std::size_t longest = 0;
+  for (const std::string& entry : entries) longest = std::max(longest, entry.size());
+  list->setMinimumContentsLength(std::min(static_cast<int>(longest) + 1, EntryRoom));
   list->Fill(entries);
   return list;
 }
