@@ -1,7 +1,9 @@
 // What it costs to paste a block of 10,000 sections with their patterns, and to read it as a file.
 #include <benchmark/benchmark.h>
 
+#include <numeric>
 #include <string>
+#include <vector>
 
 #include "bench/bench_support.h"
 #include "core/csv.h"
@@ -10,6 +12,7 @@
 #include "holes/hole_list.h"
 #include "project/history.h"
 #include "project/section_list/apply_plan.h"
+#include "project/section_list/chosen_change.h"
 #include "project/section_list/section_list.h"
 #include "project/section_list/section_plan.h"
 
@@ -101,8 +104,34 @@ void FloorOfApplyBlock(benchmark::State& state) {
   }
 }
 
+// One pattern for all sections, which have another before: worked out, done and told to the
+// history.
+void ChangePattern(benchmark::State& state) {
+  const Job job;
+  for (const Item& item : job.Rows()) Items.Append(item);
+  std::vector<int> rows(Sections);
+  std::iota(rows.begin(), rows.end(), 1);
+  BeginHistory();
+  ChosenChange change;
+  change.Pattern = CustomPattern;
+  ApplyPlan(PlanOfChange(rows, change, true), ChangeKind::ChangeSections);
+  change.Pattern = job.Rows().At(1).PatternName;
+  for (auto _ : state) {
+    const SectionPlan plan = PlanOfChange(rows, change, true);
+    if (plan.Count(PlannedSection::Result::Changed) != Sections) {
+      state.SkipWithError("sections are left as they are");
+    }
+    ApplyPlan(plan, ChangeKind::ChangeSections);
+    state.PauseTiming();
+    RestoredStep restored;
+    if (!UndoStep(restored)) state.SkipWithError("nothing was done");
+    state.ResumeTiming();
+  }
+}
+
 }  // namespace
 
+BENCHMARK(ChangePattern)->Unit(benchmark::kMillisecond);
 BENCHMARK(PlanBlock)->Unit(benchmark::kMillisecond);
 BENCHMARK(ApplyBlock)->Unit(benchmark::kMillisecond);
 BENCHMARK(FloorOfApplyBlock)->Unit(benchmark::kMillisecond);
