@@ -23,6 +23,10 @@ bool HasText(const CsvRow& row) {
   return !std::all_of(row.begin(), row.end(), IsEmptyText);
 }
 
+bool IsFieldEnd(char c) {
+  return c == '\t' || c == '\r' || c == '\n';
+}
+
 // Fields as they stand, for a text with a quote that opens one and is meant for an inch.
 TableRows PlainRows(std::string_view text) {
   TableRows rows;
@@ -43,14 +47,29 @@ TableRows PlainRows(std::string_view text) {
   return rows;
 }
 
+// Whether each double quote that opens a field has one that closes it at the field's end, as
+// programs write them. Where one hasn't, quotes are what a person wrote, and mustn't swallow rows.
+bool AreQuotesPairs(std::string_view text) {
+  bool begins = true;  // a field
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (begins && text[at] == '"') {
+      for (at = text.find('"', at + 1); at != std::string_view::npos; at = text.find('"', at + 2)) {
+        if (at + 1 == text.size() || text[at + 1] != '"') break;
+      }
+      if (at == std::string_view::npos) return false;
+      if (at + 1 < text.size() && !IsFieldEnd(text[at + 1])) return false;
+      begins = false;
+      continue;
+    }
+    begins = IsFieldEnd(text[at]);
+  }
+  return true;
+}
+
 TableRows RowsOfBlock(std::string_view text) {
   CheckCsvSize(text.size());
-  try {
-    return ReadCsv(text, '\t');
-  } catch (const RuntimeError& error) {
-    if (error.Number() != static_cast<int>(Failure::InputPastEndOfFile)) throw;
-    return PlainRows(text);
-  }
+  if (!AreQuotesPairs(text)) return PlainRows(text);
+  return ReadCsv(text, '\t');
 }
 
 bool HoldsDigit(std::string_view text) {

@@ -111,6 +111,18 @@ TEST(Block, A_cell_is_one_line_and_loses_what_guarded_it) {
   EXPECT_EQ(TextsOf(list, 0), (Texts{"-", "=A1", "two lines", "-5", "12\" deep"}));
 }
 
+TEST(Block, Quotes_that_a_person_wrote_swallow_no_rows) {
+  const SectionList list =
+      ListOfBlock("Mark\tQty\tNotes\nP1\t4\t\"3 inch\nP2\t5\tplain\nP3\t6\t\"4 inch\n", MarkColumn);
+  ASSERT_EQ(list.Rows.size(), 3U);
+  EXPECT_EQ(list.Rows[0].Texts.at(NotesColumn), "\"3 inch");
+  EXPECT_EQ(list.Rows[1].Texts.at(MarkColumn), "P2");
+  EXPECT_EQ(ListOfBlock("P1\t\"A\" bracket\n", QuantityColumn).Rows.at(0).Texts.at(NotesColumn),
+            "\"A\" bracket");
+  EXPECT_EQ(ListOfBlock("P1\t\"3\"\" slot\"\n", QuantityColumn).Rows.at(0).Texts.at(NotesColumn),
+            "3\" slot");
+}
+
 TEST(Block, An_inch_sign_in_front_that_is_never_closed_is_a_letter) {
   const SectionList list = ListOfBlock("\"P1\t4\r\nP2\t5\r\n", MarkColumn);
   ASSERT_EQ(list.Rows.size(), 2U);

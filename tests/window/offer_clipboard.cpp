@@ -1,5 +1,5 @@
-// Offers a text on the clipboard as a spreadsheet program does, plain, as HTML and as CSV, until it is
-// ended:
+// Offers a text on the clipboard as a spreadsheet program does, plain, as HTML and as CSV, until it
+// is ended:
 //   orvane_offer_clipboard TEXT HTML CSV READY
 // The first three are files that hold the forms; the last one is written when they are offered.
 #include <QClipboard>
