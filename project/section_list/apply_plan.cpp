@@ -13,7 +13,7 @@ namespace orvane {
 namespace {
 
 bool IsChanged(const PlannedSection& row, int column) {
-  return row.Cells.at(static_cast<std::size_t>(column)).What == PlannedCell::Result::Changed;
+  return row.At(column).What == PlannedCell::Result::Changed;
 }
 
 bool MovesHoles(const PlannedSection& row) {

@@ -59,15 +59,6 @@ std::string NotesOf(const Item& item, const ChosenChange& change) {
   return *change.Notes;
 }
 
-PlannedCell& CellOf(PlannedSection& row, int column) {
-  return row.Cells.at(static_cast<std::size_t>(column));
-}
-
-void Refuse(PlannedCell& cell, std::string reason) {
-  cell.What = Cell::Refused;
-  cell.Reason = std::move(reason);
-}
-
 // The cells of the grid, as if each text was put into its cell and the cell left.
 void TakeGridCells(PlannedSection& row, const ChosenChange& change) {
   Item& item = row.After;
@@ -84,15 +75,15 @@ void TakeGridCells(PlannedSection& row, const ChosenChange& change) {
     if (ProductNamed(item.SectionType, *change.Product)) {
       text(ProductColumn) = change.Product;
     } else {
-      Refuse(CellOf(row, ProductColumn), "Its family has no product " + *change.Product);
+      row.At(ProductColumn).Refuse("Its family has no product " + *change.Product);
     }
   }
   const auto nobody = [](std::string_view) { return false; };
   const TakenRow taken = TakeRow(item, texts, nobody);
   for (int column = MarkColumn; column < SectionColumns; ++column) {
-    PlannedCell& cell = CellOf(row, column);
+    PlannedCell& cell = row.At(column);
     const TakenCell& what = taken.Cells.at(static_cast<std::size_t>(column));
-    if (what.What == TakenCell::Result::Refused) Refuse(cell, what.Reason);
+    if (what.What == TakenCell::Result::Refused) cell.Refuse(what.Reason);
     if (what.What == TakenCell::Result::Changed) cell.What = Cell::Changed;
   }
 }
@@ -102,35 +93,29 @@ void TakePanel(PlannedSection& row, const ChosenChange& change, bool mayRemoveHo
   if (change.Pattern && RemovesHolesByHand(Int16(row.Row), *change.Pattern)) {
     row.RemovedHoles = Items.At(row.Row).HoleCount();
     if (!mayRemoveHoles) {
-      PlannedCell& cell = CellOf(row, PunchingColumn);
+      PlannedCell& cell = row.At(PunchingColumn);
       cell.What = Cell::HeldBack;
       cell.Reason = "It has holes placed by hand";
       return;
     }
   }
   const auto take = [&row](int column, const std::optional<std::string>& text) {
-    if (text) TakeDetail(row.After, column, *text, CellOf(row, column));
+    if (text) TakeDetail(row.After, column, *text, row.At(column));
   };
   take(PunchingColumn, change.Pattern);
   take(SagBarsColumn, change.SagBars);
   take(PitchColumn, change.Pitch);
 }
 
-bool Has(const PlannedSection& row, Cell what) {
-  return std::any_of(row.Cells.begin(), row.Cells.end(),
-                     [what](const PlannedCell& cell) { return cell.What == what; });
-}
-
 PlannedSection PlanFor(int at, const ChosenChange& change, bool mayRemoveHoles) {
   PlannedSection row;
   row.Row = at;
-  row.After.SectionType = Items.At(at).SectionType;
-  CopyListed(Items.At(at), row.After);
+  row.After = ListedCopy(Items.At(at));
   TakeGridCells(row, change);
   TakePanel(row, change, mayRemoveHoles);
-  if (Has(row, Cell::Refused) || Has(row, Cell::HeldBack)) {
+  if (row.Has(Cell::Refused) || row.Has(Cell::HeldBack)) {
     row.What = Row::Refused;
-  } else if (Has(row, Cell::Changed)) {
+  } else if (row.Has(Cell::Changed)) {
     row.What = Row::Changed;
   }
   return row;
@@ -179,7 +164,7 @@ SectionPlan PlanOfChange(const std::vector<int>& rows, const ChosenChange& chang
 int HeldByHoles(const SectionPlan& plan) {
   return static_cast<int>(
       std::count_if(plan.Rows.begin(), plan.Rows.end(), [](const PlannedSection& row) {
-        return Has(row, Cell::HeldBack) && !Has(row, Cell::Refused);
+        return row.Has(Cell::HeldBack) && !row.Has(Cell::Refused);
       }));
 }
 

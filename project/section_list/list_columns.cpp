@@ -120,6 +120,13 @@ void CopyListed(const Item& from, Item& to) {
   to.MitreRight = from.MitreRight;
 }
 
+Item ListedCopy(const Item& from) {
+  Item copy;
+  copy.SectionType = from.SectionType;
+  CopyListed(from, copy);
+  return copy;
+}
+
 int ListColumnNamed(std::string_view heading) {
   const std::string plain = PlainHeading(heading);
   if (plain.empty()) return 0;

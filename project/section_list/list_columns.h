@@ -29,6 +29,8 @@ std::string ListText(const Item& item, int column);
 
 // Gives a section all that a list may say of it.
 void CopyListed(const Item& from, Item& to);
+// A section of the same family with all that, without holes and notches, which no list holds.
+Item ListedCopy(const Item& from);
 
 // The column that a heading names, in any case, whatever blanks, points, underscores and dashes it
 // has, and without what stands between brackets behind it, such as a unit: Mark, Product or

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 namespace orvane {
 
@@ -17,6 +18,11 @@ struct PlannedCell {
   std::string Text;    // what the section will show; of one that is refused what was given
   std::string From;    // what it shows now; empty for a new one
   std::string Reason;  // of a refusal, and of what is held back
+
+  void Refuse(std::string why) {
+    What = Result::Refused;
+    Reason = std::move(why);
+  }
 };
 
 }  // namespace orvane

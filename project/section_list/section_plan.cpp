@@ -24,19 +24,6 @@ using Row = PlannedSection::Result;
 
 constexpr int MostSections = 32767;
 
-void Refuse(PlannedCell& cell, std::string reason) {
-  cell.What = Cell::Refused;
-  cell.Reason = std::move(reason);
-}
-
-// A section without its holes and notches, which no list holds.
-Item PlainCopy(const Item& from) {
-  Item copy;
-  copy.SectionType = from.SectionType;
-  CopyListed(from, copy);
-  return copy;
-}
-
 std::string Key(std::string_view text) {
   return std::string(Trim(text));
 }
@@ -128,9 +115,9 @@ class Planner {
     const bool leftOut = answers_.LeftOut.count(at) != 0;
     row.Row = TargetOf(texts);
     if (row.Row > 0) {
-      row.After = PlainCopy(Items.At(row.Row));
+      row.After = ListedCopy(Items.At(row.Row));
       for (int column = 1; column < ListColumnsEnd; ++column) {
-        PlannedCell& cell = CellOf(row, column);
+        PlannedCell& cell = row.At(column);
         cell.Text = cell.From = ListText(row.After, column);
       }
     } else {
@@ -147,14 +134,11 @@ class Planner {
     const bool room = Items.UBound() + ++new_ <= MostSections;
     if (!room && row.What == Row::New) {
       row.What = Row::Refused;
-      Refuse(CellOf(row, MarkColumn),
-             "A job holds no more than " + DecimalText(MostSections) + " sections");
+      row.At(MarkColumn)
+          .Refuse("A job holds no more than " + DecimalText(MostSections) + " sections");
     }
   }
 
-  static PlannedCell& CellOf(PlannedSection& row, int column) {
-    return row.Cells.at(static_cast<std::size_t>(column));
-  }
   static const std::optional<std::string>& TextOf(const ListTexts& texts, int column) {
     return texts.at(static_cast<std::size_t>(column));
   }
@@ -178,21 +162,21 @@ class Planner {
   // The letter of a new section, which its product tells.
   void TakeFamily(PlannedSection& row, const ListTexts& texts) {
     const std::string product = Key(TextOf(texts, ProductColumn).value_or(""));
-    PlannedCell& cell = CellOf(row, ProductColumn);
+    PlannedCell& cell = row.At(ProductColumn);
     cell.Text = product;
     if (product.empty()) {
-      return Refuse(cell, std::string(SectionColumnAt(ProductColumn).Missing) +
-                              ", which tells the family of a new section");
+      return cell.Refuse(std::string(SectionColumnAt(ProductColumn).Missing) +
+                         ", which tells the family of a new section");
     }
     const std::vector<std::string>& letters = products_.LettersOf(product);
-    if (letters.empty()) return Refuse(cell, products_.UnknownReason(product, ""));
+    if (letters.empty()) return cell.Refuse(products_.UnknownReason(product, ""));
     row.After.SectionType = letters.front();
     if (letters.size() > 1) {
       Ask(product, letters);
       const auto told = answers_.Families.find(product);
       if (told == answers_.Families.end()) {
         row.After.SectionType.clear();
-        return Refuse(cell, "Products of several families have that name");
+        return cell.Refuse("Products of several families have that name");
       }
       row.After.SectionType = told->second;
     }
@@ -232,7 +216,7 @@ class Planner {
   // A text in the form that its cell takes; none if there is nothing to be taken, as it is refused
   // or the section shows it already.
   std::optional<std::string> TextToTake(PlannedSection& row, int column, const std::string& text) {
-    PlannedCell& cell = CellOf(row, column);
+    PlannedCell& cell = row.At(column);
     if (cell.What == Cell::Refused) return std::nullopt;
     const bool isNew = row.Row == 0;
     const bool number = column == LengthColumn || column == QuantityColumn;
@@ -251,13 +235,13 @@ class Planner {
     const TableNumber taken = NumberInTable(text, answers_.Told);
     if (taken.IsAmbiguous && plan_.AmbiguousNumber.empty()) plan_.AmbiguousNumber = Key(text);
     if (taken.Refusal.empty()) return taken.Text;
-    Refuse(cell, taken.Refusal);
+    cell.Refuse(taken.Refusal);
     return std::nullopt;
   }
 
   // What has become of a cell that was given to TakeRow.
   void Follow(PlannedSection& row, int column, const std::string& text, const TakenCell& taken) {
-    PlannedCell& cell = CellOf(row, column);
+    PlannedCell& cell = row.At(column);
     switch (taken.What) {
       case TakenCell::Result::NotGiven:
         return;
@@ -269,7 +253,7 @@ class Planner {
       case TakenCell::Result::Refused:
         cell.Text = text;
         const bool product = column == ProductColumn && HasProductChoice(row.After.SectionType);
-        Refuse(cell, product ? products_.UnknownReason(text, row.After.SectionType) : taken.Reason);
+        cell.Refuse(product ? products_.UnknownReason(text, row.After.SectionType) : taken.Reason);
     }
   }
 
@@ -278,10 +262,10 @@ class Planner {
     if (!list_.HasMarks || row.Row == 0) return;
     const int bearers = bearers_.at(MarkOf(texts)).Count;
     if (bearers > 1) {
-      return Refuse(CellOf(row, MarkColumn), Counted(bearers, "section") + " bear this mark");
+      return row.At(MarkColumn).Refuse(Counted(bearers, "section") + " bear this mark");
     }
     if (taken_.count(MarkOf(texts)) == 0) return;
-    Refuse(CellOf(row, MarkColumn), "Error - Duplicate Mark");
+    row.At(MarkColumn).Refuse("Error - Duplicate Mark");
   }
 
   void TakeDetails(int at, PlannedSection& row, const ListTexts& texts) {
@@ -291,7 +275,7 @@ class Planner {
     for (int column = SectionColumns; column < ListColumnsEnd; ++column) {
       const std::optional<std::string>& text = TextOf(texts, column);
       if (!text) continue;
-      PlannedCell& cell = CellOf(row, column);
+      PlannedCell& cell = row.At(column);
       if (row.After.SectionType.empty()) {
         cell.Text = *text;  // of a family that nobody knows yet
         continue;
@@ -333,7 +317,7 @@ class Planner {
 
   // A pattern brings its sag bars with it, or ends them.
   static void ShowSagBars(PlannedSection& row) {
-    PlannedCell& cell = CellOf(row, SagBarsColumn);
+    PlannedCell& cell = row.At(SagBarsColumn);
     if (cell.What == Cell::Refused || row.After.SectionType.empty()) return;
     cell.Text = ListText(row.After, SagBarsColumn);
     if (cell.What != Cell::NotGiven || cell.Text != cell.From) {
@@ -345,19 +329,15 @@ class Planner {
   static void ShowUntold(PlannedSection& row) {
     if (row.Row > 0 || row.After.SectionType.empty()) return;
     for (int column = 1; column < ListColumnsEnd; ++column) {
-      PlannedCell& cell = CellOf(row, column);
+      PlannedCell& cell = row.At(column);
       if (cell.What == Cell::NotGiven) cell.Text = ListText(row.After, column);
     }
   }
 
   static Row ResultOf(const PlannedSection& row) {
-    const auto has = [&row](Cell what) {
-      return std::any_of(row.Cells.begin(), row.Cells.end(),
-                         [what](const PlannedCell& cell) { return cell.What == what; });
-    };
-    if (has(Cell::Refused)) return Row::Refused;
+    if (row.Has(Cell::Refused)) return Row::Refused;
     if (row.Row == 0) return Row::New;
-    return has(Cell::Changed) ? Row::Changed : Row::Same;
+    return row.Has(Cell::Changed) ? Row::Changed : Row::Same;
   }
 
   const SectionList& list_;
@@ -382,6 +362,11 @@ std::string RefusalText(int column, const PlannedCell& cell) {
 
 }  // namespace
 
+bool PlannedSection::Has(PlannedCell::Result what) const {
+  return std::any_of(Cells.begin(), Cells.end(),
+                     [what](const PlannedCell& cell) { return cell.What == what; });
+}
+
 int SectionPlan::Count(PlannedSection::Result what) const {
   return static_cast<int>(
       std::count_if(Rows.begin(), Rows.end(),
@@ -400,7 +385,7 @@ std::string PlanText(const PlannedSection& row) {
   const auto add = [&text](const std::string& part) { text += (text.empty() ? "" : "; ") + part; };
   const auto shown = [](const std::string& value) { return value.empty() ? "(none)" : value; };
   for (int column = 1; column < ListColumnsEnd; ++column) {
-    const PlannedCell& cell = row.Cells.at(static_cast<std::size_t>(column));
+    const PlannedCell& cell = row.At(column);
     if (cell.What == Cell::Refused) add(RefusalText(column, cell));
     if (row.What == Row::Refused) continue;
     if (cell.What == Cell::Changed) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <map>
 #include <set>
 #include <string>
@@ -32,6 +33,11 @@ struct PlannedSection {
   Item After;   // as it will be, but for its holes and notches
   std::array<PlannedCell, ListColumnsEnd> Cells;
   int RemovedHoles = 0;  // placed by hand, that its new pattern removes or would remove
+
+  PlannedCell& At(int column) { return Cells.at(static_cast<std::size_t>(column)); }
+  const PlannedCell& At(int column) const { return Cells.at(static_cast<std::size_t>(column)); }
+  // Whether that has become of one of its cells.
+  bool Has(PlannedCell::Result what) const;
 };
 
 // A name that several families bear, and their letters.
