@@ -5,11 +5,16 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "core/model.h"
 
 namespace orvane {
+
+// What the details are called, in their order.
+constexpr std::array<std::string_view, 5> DetailNames = {"Orvane No.", "Job No.", "Customer",
+                                                         "Project", "Designer"};
 
 // What a project file holds.
 struct Job {

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -21,14 +19,16 @@ namespace {
 // are equal contents. Each text of the record has its length in front: it may hold anything.
 class EnteredText {
  public:
-  void Plain(const std::string& text) { Add(PlainLine(text)); }
+  void Plain(const std::string& text) {
+    if (&text != mark_) Add(PlainLine(text));
+  }
   void Quoted(const std::string& text) {
-    if (section_ == nullptr || &text != &section_->Mark) Add(text);
+    if (&text != mark_) Add(text);
   }
   void Sign(const std::string& text) { Add(Trim(text)); }
 
   void Number(const std::int16_t& field) {
-    if (section_ == nullptr || &field != &section_->CustomHoleCount) AppendFileNumber(text_, field);
+    if (&field != workedOut_) AppendFileNumber(text_, field);
   }
   void Number(float field) { AppendFileNumber(text_, field); }
   // A record's 64-bit floats are the gaps of a hole.
@@ -42,19 +42,13 @@ class EnteredText {
   template <class Row>
   void Size(const Table<Row>&, int) {}
 
-  template <class Row>
-  void Rows(const Table<Row>& table, int first, int last) {
-    for (int row = first; row <= last; ++row) Add(TextOf(table.At(row)));
+  // Values stand under their headings.
+  void Rows(const Table<std::string>& values, int first, int last) {
+    for (int row = first; row <= last; ++row) Add(TextOf(values.At(row)));
   }
+  void Rows(const Table<Notch>& notches, int, int) { AddInAnyOrder(notches); }
   // Element 0 stands for the section's end.
-  void Rows(const Table<Hole>& holes, int, int) {
-    std::vector<std::string> byHand;
-    for (const Hole& hole : holes) {
-      if (hole.Kind == CustomKind) byHand.push_back(TextOf(hole));
-    }
-    std::sort(byHand.begin(), byHand.end());
-    for (const std::string& hole : byHand) Add(hole);
-  }
+  void Rows(const Table<Hole>& holes, int, int) { AddInAnyOrder(holes); }
 
   template <class Row>
   static std::string TextOf(const Row& record) {
@@ -62,122 +56,99 @@ class EnteredText {
     Describe(text, record);
     return std::move(text.text_);
   }
-  // A section's but for its mark.
+  // A section's or a line's but for its mark.
   static std::string TextOf(const Item& item) {
     EnteredText text;
-    text.section_ = &item;
+    text.mark_ = &item.Mark;
+    text.workedOut_ = &item.CustomHoleCount;
     Describe(text, item);
+    return std::move(text.text_);
+  }
+  static std::string TextOf(const AccLine2& line) {
+    EnteredText text;
+    text.mark_ = &line.Mark;
+    Describe(text, line);
     return std::move(text.text_);
   }
 
  private:
+  static bool IsEntered(const Notch&) { return true; }
+  static bool IsEntered(const Hole& hole) { return hole.Kind == CustomKind; }
+
+  template <class Row>
+  void AddInAnyOrder(const Table<Row>& rows) {
+    std::vector<std::string> texts;
+    for (const Row& row : rows) {
+      if (IsEntered(row)) texts.push_back(TextOf(row));
+    }
+    std::sort(texts.begin(), texts.end());
+    for (const std::string& text : texts) Add(text);
+  }
+
   void Add(std::string_view text) {
     text_.append(DecimalText(static_cast<long long>(text.size()))).append(1, ':').append(text);
   }
 
   std::string text_;
-  const Item* section_ = nullptr;  // that is looked at; none outside the sections
+  const std::string* mark_ = nullptr;        // left out of the text
+  const std::int16_t* workedOut_ = nullptr;  // too
 };
 
-// What is compared: a section, or a line, which has no mark.
-struct Entry {
-  int Row = 0;
-  std::string Mark;
-  std::string Content;
-};
-using Entries = std::vector<Entry>;
+std::string KeyOf(const Item& item) {
+  return item.Mark;
+}
+// A line of type 1 has no mark: the accessory's size stands for it.
+std::string KeyOf(const AccLine1& line) {
+  return DecimalText(line.AccIndex) + " " + DecimalText(line.ParamIndex);
+}
+std::string KeyOf(const AccLine2& line) {
+  return DecimalText(line.AccIndex) + " " + line.Mark;
+}
 
-Entries SectionsOf(const JobView& job) {
-  Entries entries;
-  entries.reserve(static_cast<std::size_t>(job.Items.UBound()));
-  for (int row = 1; row <= job.Items.UBound(); ++row) {
-    const Item& item = job.Items.At(row);
-    entries.push_back({row, item.Mark, EnteredText::TextOf(item)});
+// Of a table, or of sections that stand in none.
+template <class Rows>
+std::vector<PairEntry> EntriesOf(const Rows& rows) {
+  std::vector<PairEntry> entries;
+  entries.reserve(static_cast<std::size_t>(rows.UBound()));
+  for (int row = 1; row <= rows.UBound(); ++row) {
+    const auto& record = rows.At(row);
+    entries.push_back({row, KeyOf(record), EnteredText::TextOf(record)});
   }
   return entries;
 }
 
-template <class Line>
-Entries LinesOf(const Table<Line>& lines) {
-  Entries entries;
-  for (const Line& line : lines) entries.push_back({0, {}, EnteredText::TextOf(line)});
-  return entries;
+template <class Rows>
+std::vector<RowPair> PairsOfRows(const Rows& before, const Rows& after) {
+  return PairsOf(EntriesOf(before), EntriesOf(after));
 }
 
-// Takes one of each out for as long as both have entries of one key, in their order; gives the
-// number of those pairs.
-template <class KeyOf>
-int PairOff(Entries& before, Entries& after, const KeyOf& keyOf) {
-  const auto comesFirst = [&](const Entry& a, const Entry& b) {
-    return std::tuple(keyOf(a), a.Row) < std::tuple(keyOf(b), b.Row);
+std::vector<int> DifferentDetails(const JobView& before, const JobView& after) {
+  std::vector<int> details;
+  if (OrvaneNumberLine(before.Details.at(0)) != OrvaneNumberLine(after.Details.at(0))) {
+    details.push_back(0);
+  }
+  for (int at = 1; at < DateDetail; ++at) {
+    const auto detail = static_cast<std::size_t>(at);
+    if (Trim(before.Details.at(detail)) != Trim(after.Details.at(detail))) details.push_back(at);
+  }
+  if (before.ProjectDate != after.ProjectDate) details.push_back(DateDetail);
+  return details;
+}
+
+std::vector<int> DifferentFlags(const Table<Boolean>& before, const Table<Boolean>& after) {
+  const auto isSet = [](const Table<Boolean>& flags, int row) {
+    return row <= flags.UBound() && flags.At(row) != False;
   };
-  std::sort(before.begin(), before.end(), comesFirst);
-  std::sort(after.begin(), after.end(), comesFirst);
-  Entries left;
-  Entries right;
-  int pairs = 0;
-  auto one = before.begin();
-  auto other = after.begin();
-  while (one != before.end() && other != after.end()) {
-    if (keyOf(*one) < keyOf(*other)) {
-      left.push_back(std::move(*one++));
-    } else if (keyOf(*other) < keyOf(*one)) {
-      right.push_back(std::move(*other++));
-    } else {
-      ++pairs;
-      ++one;
-      ++other;
-    }
+  std::vector<int> rows;
+  for (int row = 1; row <= std::max(before.UBound(), after.UBound()); ++row) {
+    if (isSet(before, row) != isSet(after, row)) rows.push_back(row);
   }
-  std::move(one, before.end(), std::back_inserter(left));
-  std::move(other, after.end(), std::back_inserter(right));
-  before = std::move(left);
-  after = std::move(right);
-  return pairs;
+  return rows;
 }
 
-int Left(const Entries& entries) {
-  return static_cast<int>(entries.size());
-}
-
-std::string_view MarkOf(const Entry& entry) {
-  return entry.Mark;
-}
-std::string_view ContentOf(const Entry& entry) {
-  return entry.Content;
-}
-
-void CompareSections(const JobView& before, const JobView& after, JobDifference& difference) {
-  Entries gone = SectionsOf(before);
-  Entries came = SectionsOf(after);
-  PairOff(gone, came,
-          [](const Entry& entry) { return std::pair(MarkOf(entry), ContentOf(entry)); });
-  difference.SectionsChanged = PairOff(gone, came, MarkOf);
-  difference.SectionsChanged += PairOff(gone, came, ContentOf);
-  difference.SectionsAdded = Left(came);
-  difference.SectionsRemoved = Left(gone);
-}
-
-// Of a line that holds something else one has gone and one has come.
-template <class Line>
-int DifferentLines(const Table<Line>& before, const Table<Line>& after) {
-  Entries gone = LinesOf(before);
-  Entries came = LinesOf(after);
-  PairOff(gone, came, ContentOf);
-  return std::max(Left(gone), Left(came));
-}
-
-bool SameDetails(const JobView& before, const JobView& after) {
-  if (OrvaneNumberLine(before.Details.at(0)) != OrvaneNumberLine(after.Details.at(0))) return false;
-  for (std::size_t at = 1; at < before.Details.size(); ++at) {
-    if (Trim(before.Details.at(at)) != Trim(after.Details.at(at))) return false;
-  }
-  return before.ProjectDate == after.ProjectDate;
-}
-
-bool SameFlags(const Table<Boolean>& before, const Table<Boolean>& after) {
-  return std::equal(before.begin(), before.end(), after.begin(), after.end(),
-                    [](Boolean a, Boolean b) { return (a != False) == (b != False); });
+int CountOf(const std::vector<RowPair>& pairs, Paired what) {
+  return static_cast<int>(std::count_if(pairs.begin(), pairs.end(),
+                                        [=](const RowPair& pair) { return pair.What == what; }));
 }
 
 // The noun is told once: "1 section added, 2 changed".
@@ -185,6 +156,7 @@ std::string DescribedSections(const JobDifference& difference) {
   std::string words;
   for (const auto& [count, verb] : {std::pair(difference.SectionsAdded, " added"),
                                     std::pair(difference.SectionsChanged, " changed"),
+                                    std::pair(difference.SectionsRenamed, " renamed"),
                                     std::pair(difference.SectionsRemoved, " removed")}) {
     if (count == 0) continue;
     words += words.empty() ? Counted(count, "section") : ", " + DecimalText(count);
@@ -195,14 +167,26 @@ std::string DescribedSections(const JobDifference& difference) {
 
 }  // namespace
 
-JobDifference DifferenceOf(const JobView& before, const JobView& after) {
+JobPairs PairsOf(const JobView& before, const JobView& after) {
+  return {PairsOfRows(before.Items, after.Items), PairsOfRows(before.AccLines1, after.AccLines1),
+          PairsOfRows(before.AccLines2, after.AccLines2), DifferentDetails(before, after),
+          DifferentFlags(before.AccUsed, after.AccUsed)};
+}
+
+JobDifference DifferenceOf(const JobPairs& pairs) {
   JobDifference difference;
-  CompareSections(before, after, difference);
-  difference.Details = !SameDetails(before, after);
-  difference.AccessoryLines = DifferentLines(before.AccLines1, after.AccLines1) +
-                              DifferentLines(before.AccLines2, after.AccLines2);
-  difference.AccessoryFlags = !SameFlags(before.AccUsed, after.AccUsed);
+  difference.SectionsAdded = CountOf(pairs.Sections, Paired::Added);
+  difference.SectionsChanged = CountOf(pairs.Sections, Paired::Changed);
+  difference.SectionsRenamed = CountOf(pairs.Sections, Paired::Renamed);
+  difference.SectionsRemoved = CountOf(pairs.Sections, Paired::Removed);
+  difference.Details = !pairs.Details.empty();
+  difference.AccessoryLines = static_cast<int>(pairs.Lines1.size() + pairs.Lines2.size());
+  difference.AccessoryFlags = !pairs.Flags.empty();
   return difference;
+}
+
+JobDifference DifferenceOf(const JobView& before, const JobView& after) {
+  return DifferenceOf(PairsOf(before, after));
 }
 
 std::string Described(const JobDifference& difference) {

@@ -11,7 +11,9 @@
 #include "core/model.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "core/text_file.h"
 #include "project/history.h"
+#include "project/job_difference.h"
 #include "project/job_lock.h"
 #include "project/left_unsaved.h"
 #include "project/main_screen.h"
@@ -86,12 +88,29 @@ std::string FateOf(const std::string& path, const std::string& content) {
                          : "is lost: it makes no backup";
 }
 
+// How that content differs from the open job, as a line of the question; none for one that doesn't
+// read whole, of which nobody knows what it lacks.
+std::string DifferenceLine(const std::string& theirs) {
+  std::string line;
+  const ProjectContent content = CheckProjectContent(theirs);
+  if (content == ProjectContent::Cut || content == ProjectContent::Broken) return line;
+  const auto compare = [&] {
+    TextFile file(DecodeText(theirs));
+    const Job job = ReadProject(file).Records;
+    const JobDifference difference = DifferenceOf(OpenJob(), ViewOf(job));
+    line = difference == JobDifference{}
+               ? "\rIt holds the same as this project."
+               : "\rIt differs from this project by " + Described(difference) + ".";
+  };
+  Tell(compare, [](const std::string&) {});
+  return line;
+}
+
 // What is done about a job that somebody else has saved.
 OtherAnswer AskAboutOther(const std::string& path, const std::string& theirs) {
   const int answer = TheDesktop().Choose(
-      FileName(path) +
-          " was changed on the disk after you opened it or saved it last.\rIf you overwrite it, "
-          "what stands there now " +
+      FileName(path) + " was changed on the disk after you opened it or saved it last." +
+          DifferenceLine(theirs) + "\rIf you overwrite it, what stands there now " +
           FateOf(path, theirs) + ".",
       "Save Project", {"Save under another name", "Overwrite", "Cancel"});
   constexpr std::array meanings = {OtherAnswer::OtherName, OtherAnswer::Overwrite,

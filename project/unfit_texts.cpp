@@ -113,9 +113,6 @@ const std::array NamedTexts = {
     NamedText{&Item::Pitch, "Pitch", OwnColumn},
 };
 
-constexpr std::array<std::string_view, 5> DetailNames = {"Orvane No.", "Job No.", "Customer",
-                                                         "Project", "Designer"};
-
 // The layout's visitor that looks at each text of the open job by itself: whether it comes back
 // from its own line.
 class UnfitFinder {

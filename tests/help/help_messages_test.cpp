@@ -54,8 +54,9 @@ const std::multiset<std::string> Messages = {
     "save it.",
     "shed.ovd is open already, for 2 hours now.\n\nUser: anna\nComputer: OFFICE-7\nProgram: "
     "orvane\n\nSaving puts this project in its place.",
-    "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "
-    "what stands there now goes to shed.ovd.bak.",
+    "shed.ovd was changed on the disk after you opened it or saved it last.\nIt differs from this "
+    "project by 2 sections changed.\nIf you overwrite it, what stands there now goes to "
+    "shed.ovd.bak.",
     "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "
     "what stands there now makes no backup: it goes to the earlier versions alone.",
     "shed.ovd was changed on the disk after you opened it or saved it last.\nIf you overwrite it, "

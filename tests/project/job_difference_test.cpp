@@ -90,10 +90,13 @@ TEST_F(JobDifferences,
             "1 section added, 1 changed");
 }
 
-TEST_F(JobDifferences, A_section_that_got_another_mark_has_changed) {
+TEST_F(JobDifferences, A_section_that_got_another_mark_is_renamed) {
   EXPECT_EQ(Difference(JobOf({Section("", 1000), Section("P2", 2000)}),
                        JobOf({Section("P1", 1000), Section("Q2", 2000)})),
-            "2 sections changed");
+            "2 sections renamed");
+  EXPECT_EQ(Difference(JobOf({Section("P1", 1000), Section("P2", 2000), Section("P3", 3000)}),
+                       JobOf({Section("Q1", 1000), Section("P2", 2001), Section("P4", 4000)})),
+            "1 section added, 1 changed, 1 renamed, 1 removed");
   // With another length besides it is another section.
   EXPECT_EQ(Difference(JobOf({Section("P1", 1000)}), JobOf({Section("Q1", 1001)})),
             "1 section added, 1 removed");
@@ -166,6 +169,45 @@ TEST_F(JobDifferences, Details_lines_and_flags_are_told_behind_the_sections) {
   EXPECT_EQ(Difference(before, after), "nothing");
   after.AccUsed.At(3) = False;
   EXPECT_EQ(Difference(before, after), "marks of the accessory list");
+}
+
+TEST_F(JobDifferences, An_accessory_line_is_told_by_its_accessory_and_its_mark) {
+  const Job before = JobOf(SmallProjectLines());
+  Job after = before;
+  after.AccLines2.At(1).Mark = "A9";
+  EXPECT_EQ(PairsOf(ViewOf(before), ViewOf(after)).Lines2,
+            (std::vector<RowPair>{{Paired::Renamed, 1, 1}}));
+  EXPECT_EQ(Difference(before, after), "1 accessory line");
+  // With another number off besides it is another line.
+  after.AccLines2.At(1).NoOff = 5;
+  EXPECT_EQ(PairsOf(ViewOf(before), ViewOf(after)).Lines2,
+            (std::vector<RowPair>{{Paired::Added, 0, 1}, {Paired::Removed, 1, 0}}));
+  EXPECT_EQ(Difference(before, after), "2 accessory lines");
+  after = before;
+  after.AccLines1.At(1).ParamIndex = 3;  // another size
+  EXPECT_EQ(PairsOf(ViewOf(before), ViewOf(after)).Lines1,
+            (std::vector<RowPair>{{Paired::Added, 0, 1}, {Paired::Removed, 1, 0}}));
+}
+
+TEST_F(JobDifferences, Notches_count_in_any_order) {
+  Item one = Section("P1", 1000);
+  one.Notches.Append({"TL1", 50, 100, 0});
+  one.Notches.Append({"BR1", 50, 120, 0});
+  Item other = one;
+  std::swap(other.Notches.At(1), other.Notches.At(2));
+  EXPECT_EQ(Difference(JobOf({one}), JobOf({other})), "nothing");
+  other.Notches.At(1).Size2 = 121;
+  EXPECT_EQ(Difference(JobOf({one}), JobOf({other})), "1 section changed");
+}
+
+TEST_F(JobDifferences, Marks_of_accessories_that_one_catalogue_lacks_are_none_there) {
+  const Job before = JobOf(SmallProjectLines());
+  Job after = before;
+  after.AccUsed.Append(False);
+  EXPECT_EQ(Difference(before, after), "nothing");
+  after.AccUsed.Append(True);
+  EXPECT_EQ(Difference(before, after), "marks of the accessory list");
+  EXPECT_EQ(Difference(after, before), "marks of the accessory list");
 }
 
 // Another value in each line of the file by itself.
