@@ -16,6 +16,7 @@
 #include "core/program_folder.h"
 #include "core/system_dates.h"
 #include "tools/batch_clashes.h"
+#include "tools/batch_compare.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_exit.h"
 #include "tools/batch_import.h"
@@ -143,7 +144,8 @@ int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Co
   return worst;
 }
 
-int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console) {
+int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console,
+             std::ostream& out) {
   const std::vector<NamedJob> jobs = JobsOf(options);
   const std::string resave = AbsolutePath(options.Resave);
   const std::string settingsFile = AbsolutePath(options.SettingsFile);
@@ -157,6 +159,7 @@ int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console)
   CatalogueTables catalogues;
   if (!LoadCatalogues(catalogues)) return ExitFault;
   if (!options.Import.empty()) return ImportList(options, catalogues, console);
+  if (options.Compare) return CompareFiles(options, catalogues, console, out);
   const std::string outFolder = AbsolutePath(options.OutFolder);
   if (WritesResults(options) && !outFolder.empty() &&
       !console.Try(options.OutFolder, [&] { EnterOutFolder(outFolder); })) {
@@ -186,7 +189,7 @@ int RunCompanion(const std::vector<std::string>& arguments, std::ostream& out, s
     const std::string& catalogues = line.Options.CatalogueFolder;
     ProgramFolder = catalogues.empty() ? OwnCatalogueFolder() : AbsolutePath(catalogues);
     if (line.Fault.empty()) {
-      OpenFolders(line.Options.Jobs);
+      if (!line.Options.Compare) OpenFolders(line.Options.Jobs);
       line.Fault = FaultOf(line.Options);
     }
     if (!line.Fault.empty()) {
@@ -196,7 +199,7 @@ int RunCompanion(const std::vector<std::string>& arguments, std::ostream& out, s
     }
     BatchScreen screen(console);
     InstallOutputScreen(screen);
-    return RunBatch(line.Options, screen, console);
+    return RunBatch(line.Options, screen, console, out);
   } catch (const std::exception& error) {
     console.SayFault("orvane-batch", error.what());
     return ExitFault;

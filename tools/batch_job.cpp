@@ -65,6 +65,26 @@ FormerSheets SheetsInFolder() {
   return sheets;
 }
 
+bool MayBeTaken(const std::string& name, ProjectContent content, const ProjectNotes& notes,
+                bool allowCut, Console& console) {
+  const bool damaged = content == ProjectContent::Cut || content == ProjectContent::Odd;
+  if (damaged && !allowCut) {
+    console.SayFault(name,
+                     "not done, since it is cut off or damaged behind its sections; --allow-cut "
+                     "takes it as it is");
+    return false;
+  }
+  if (damaged) {
+    console.SayFault(name, "read, but accessory lines or marks may be missing at its end");
+  }
+  // Marks beyond the catalogue are told by the note.
+  if (content == ProjectContent::Old && notes.FlagsBeyond == 0) {
+    console.Say("An older job: its accessory marks are not as many as the catalogue's accessories");
+  }
+  if (!notes.Line().empty()) console.Say(notes.Line());
+  return true;
+}
+
 JobRunner::JobRunner(const BatchOptions& options, std::string resave,
                      const CatalogueTables& catalogues, const FormerSheets& formerSheets,
                      BatchScreen& screen, BatchDesktop& desktop, Console& console)
@@ -119,23 +139,7 @@ bool JobRunner::Read(const NamedJob& job) {
     notes = ReadProjectFile(file);
   });
   if (!read) return false;
-  const bool damaged = content == ProjectContent::Cut || content == ProjectContent::Odd;
-  if (damaged && !options_.AllowCut) {
-    console_.SayFault(job.Name,
-                      "not done, since it is cut off or damaged behind its sections; --allow-cut "
-                      "takes it as it is");
-    return false;
-  }
-  if (damaged) {
-    console_.SayFault(job.Name, "read, but accessory lines or marks may be missing at its end");
-  }
-  // Marks beyond the catalogue are told by the note.
-  if (content == ProjectContent::Old && notes.FlagsBeyond == 0) {
-    console_.Say(
-        "An older job: its accessory marks are not as many as the catalogue's accessories");
-  }
-  if (!notes.Line().empty()) console_.Say(notes.Line());
-  return true;
+  return MayBeTaken(job.Name, content, notes, options_.AllowCut, console_);
 }
 
 int JobRunner::WriteSectionList(const NamedJob& job) {

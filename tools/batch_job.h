@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/catalogues.h"
+#include "project/project_file.h"
 #include "tools/batch_desktop.h"
 #include "tools/batch_options.h"
 #include "tools/batch_sheets.h"
@@ -28,6 +29,12 @@ FormerSheets SheetsInFolder();
 
 // Tables and values as a fresh start has them, so that no job sees anything of the one before.
 void StartAfresh(const CatalogueTables& catalogues, std::int16_t drawingWidth);
+
+// Tells what somebody should know of a job that was read: what is missing in it, or may be. False
+// for one that mustn't be taken, since it is cut off or damaged behind its sections; with
+// --allow-cut there is none.
+bool MayBeTaken(const std::string& name, ProjectContent content, const ProjectNotes& notes,
+                bool allowCut, Console& console);
 
 // Does jobs one behind the other, in the folder of the results. All of it lives as long as the run.
 class JobRunner {

@@ -86,13 +86,14 @@ struct FlagOption {
   bool BatchOptions::*Flag;
 };
 
-constexpr std::array<FlagOption, 9> FlagOptions = {{
+constexpr std::array<FlagOption, 10> FlagOptions = {{
     {"--cam", &BatchOptions::Cam},
     {"--sheets", &BatchOptions::Sheets},
     {"--svg", &BatchOptions::Svg},
     {"--accessory-sheets", &BatchOptions::AccessorySheets},
     {"--summary", &BatchOptions::Summary},
     {"--section-list", &BatchOptions::SectionList},
+    {"--compare", &BatchOptions::Compare},
     {"--skip-refused", &BatchOptions::SkipRefused},
     {"--replace", &BatchOptions::Replace},
     {"--allow-cut", &BatchOptions::AllowCut},
@@ -129,6 +130,7 @@ bool SameName(const std::string& a, const std::string& b) {
 std::string FaultOfWhole(const BatchOptions& options) {
   const bool asks = WritesResults(options) || !options.Resave.empty();
   if (!options.Import.empty()) {
+    if (options.Compare) return "--compare goes with nothing else that is to be done";
     if (options.ImportTo.empty()) return "--import takes --to with the job to be made";
     if (!options.Jobs.empty()) return "--import takes no job but that behind --to";
     return asks ? "--import goes with nothing else that is to be done" : "";
@@ -136,10 +138,14 @@ std::string FaultOfWhole(const BatchOptions& options) {
   if (!options.ImportTo.empty() || options.SkipRefused || options.Replace) {
     return "--to, --skip-refused and --replace go with --import alone";
   }
+  if (options.Compare) {
+    if (asks) return "--compare goes with nothing else that is to be done";
+    return options.Jobs.size() == 2 ? "" : "--compare takes two jobs, the earlier one first";
+  }
   if (options.Jobs.empty()) return "no job is named";
   if (!asks) {
     return "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
-           "--resave and --import is given";
+           "--compare, --resave and --import is given";
   }
   return JobsFault(options);
 }
@@ -288,6 +294,7 @@ std::string HelpText(const std::string& dateForm) {
        orvane-batch [OPTION]... --accessory-sheets JOB.ovd...
        orvane-batch [OPTION]... --summary JOB.ovd...
        orvane-batch [OPTION]... --section-list JOB.ovd...
+       orvane-batch [OPTION]... --compare OLD.ovd NEW.ovd
        orvane-batch [OPTION]... --resave FILE JOB.ovd
        orvane-batch [OPTION]... --import LIST --to JOB.ovd
 
@@ -302,6 +309,7 @@ stands for all the jobs in it.
   --accessory-sheets     write the sheets of each job's accessories into one PDF (JOB-accessories.pdf)
   --summary              write each job's contract summary as a PDF (JOB-summary.pdf)
   --section-list         write the list of each job's sections (JOB-sections.csv)
+  --compare              tell on standard output how the second of two jobs differs from the first
   --resave FILE          write the one job again, as it would be saved; alone or with the others
   --import LIST          make a new job of a list of sections; each row that the program would refuse
                          or ask about is told, and nothing is written then
@@ -325,8 +333,8 @@ stands for all the jobs in it.
   --help, --version      show this text, or the version, and end
 
 Exit: 0 done; 1 refused by the check; 2 a command line that can't be followed, or jobs that would write
-one file; 3 a file that can't be read or written, or a list with refused rows. With more than one job all are tried, and the highest
-of their codes is returned.
+one file; 3 a file that can't be read or written, or a list with refused rows; 5 two jobs that differ.
+With more than one job all are tried, and the highest of their codes is returned.
 )";
   const std::string_view place = "DATE-FORM";
   return text.replace(text.find(place), place.size(), ProjectDateForm(dateForm));

@@ -21,6 +21,7 @@ struct BatchOptions {
   bool AccessorySheets = false;   // write the sheets of each job's accessories as a PDF
   bool Summary = false;           // write each job's contract summary as a PDF
   bool SectionList = false;       // write the list of each job's sections
+  bool Compare = false;           // tell how the second job differs from the first
   std::string Resave;             // write the one job again to this file; empty for not
   std::string Import;             // make this list of sections a job; empty for not
   std::string ImportTo;           // that job

@@ -91,18 +91,25 @@ TEST(BatchOptions, A_command_line_that_cannot_be_followed_says_why) {
       {{}, "no job is named"},
       {{"--cam"}, "no job is named"},
       {{"a.ovd"},
-       "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, --resave "
-       "and "
-       "--import is given"},
+       "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
+       "--compare, --resave and --import is given"},
       {{"--out", "to", "a.ovd"},
-       "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, --resave "
-       "and "
-       "--import is given"},
+       "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
+       "--compare, --resave and --import is given"},
       {{"--import", "list.csv"}, "--import takes --to with the job to be made"},
       {{"--import", "list.csv", "--to", "n.ovd", "a.ovd"},
        "--import takes no job but that behind --to"},
       {{"--import", "list.csv", "--to", "n.ovd", "--cam"},
        "--import goes with nothing else that is to be done"},
+      {{"--import", "list.csv", "--to", "n.ovd", "--compare"},
+       "--compare goes with nothing else that is to be done"},
+      {{"--compare"}, "--compare takes two jobs, the earlier one first"},
+      {{"--compare", "a.ovd"}, "--compare takes two jobs, the earlier one first"},
+      {{"--compare", "a.ovd", "b.ovd", "c.ovd"}, "--compare takes two jobs, the earlier one first"},
+      {{"--compare", "--cam", "a.ovd", "b.ovd"},
+       "--compare goes with nothing else that is to be done"},
+      {{"--compare", "--resave", "c.ovd", "a.ovd", "b.ovd"},
+       "--compare goes with nothing else that is to be done"},
       {{"--to", "n.ovd", "--cam", "a.ovd"},
        "--to, --skip-refused and --replace go with --import alone"},
       {{"--replace", "--cam", "a.ovd"},
