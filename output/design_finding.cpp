@@ -1,0 +1,96 @@
+#include "output/design_finding.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <tuple>
+#include <unordered_set>
+#include <utility>
+
+#include "core/numbers.h"
+
+namespace orvane {
+
+namespace {
+
+// Where a finding of that rule stands among others.
+std::size_t RankOf(const Finding& finding) {
+  const std::optional<DesignRule> rule = RuleNamed(finding.Rule);
+  return rule ? RowOf(*rule) : DesignRules.size();
+}
+
+}  // namespace
+
+bool IsOpenFault(const Finding& finding) {
+  return finding.Grade == FindingGrade::CannotBeMade && finding.Accepted.empty();
+}
+
+int SectionsThatCannotBeMade(const std::vector<Finding>& findings) {
+  std::unordered_set<int> rows;
+  for (const Finding& finding : findings) {
+    if (finding.Row > 0 && IsOpenFault(finding)) rows.insert(finding.Row);
+  }
+  return static_cast<int>(rows.size());
+}
+
+std::string InMm(double value) {
+  constexpr double tenths = 10;
+  return ShortestText(Nearest(value * tenths) / tenths) + " mm";
+}
+
+std::string PlaceText(const Finding& finding) {
+  if (!finding.Place) return {};
+  if (!finding.PlaceEnd) return InMm(*finding.Place);
+  const std::string from = InMm(*finding.Place);
+  return from.substr(0, from.rfind(' ')) + " to " + InMm(*finding.PlaceEnd);
+}
+
+std::string FindingLine(const Finding& finding) {
+  std::string line = finding.Mark;
+  const std::string place = PlaceText(finding);
+  if (!place.empty()) line += (line.empty() ? "at " : " at ") + place;
+  line += (line.empty() ? "" : ": ") + finding.What;
+  std::string reason = finding.Limit;
+  if (!finding.Source.empty()) reason += (reason.empty() ? "" : "; ") + finding.Source;
+  return reason.empty() ? line : line + " (" + reason + ")";
+}
+
+void SortFindings(std::vector<Finding>& findings) {
+  // Those of accessory lines stand behind the sections.
+  const auto key = [](const Finding& finding) {
+    return std::tuple(finding.Row == 0, finding.Row, RankOf(finding), finding.Place.value_or(0),
+                      finding.Hole, finding.Notch);
+  };
+  std::stable_sort(findings.begin(), findings.end(),
+                   [&](const Finding& a, const Finding& b) { return key(a) < key(b); });
+}
+
+Finding& FindingList::Add(DesignRule rule, std::string what, std::string limit) {
+  const std::size_t row = RowOf(rule);
+  const RuleInUse& inUse = TheRules.at(row);
+  if (!inUse.Used) return dropped_ = Finding();
+  Finding finding;
+  finding.Grade = DesignRules.at(row).Grade;
+  finding.Rule = DesignRules.at(row).Name;
+  if (section_ != nullptr) {
+    finding.Row = row_;
+    finding.Mark = section_->Mark;
+  }
+  finding.What = std::move(what);
+  finding.Limit = std::move(limit);
+  finding.Source = inUse.Source;
+  return findings_.emplace_back(std::move(finding));
+}
+
+Finding& FindingList::AddAtHole(DesignRule rule, int hole, std::string what, std::string limit) {
+  Finding& finding = Add(rule, std::move(what), std::move(limit));
+  finding.Hole = hole;
+  finding.Place = section_->Holes.At(hole).XPos;
+  return finding;
+}
+
+std::vector<Finding> FindingList::Sorted() {
+  SortFindings(findings_);
+  return std::move(findings_);
+}
+
+}  // namespace orvane
