@@ -26,6 +26,8 @@ constexpr std::array<Cleat, 5> Cleats = {{
     {"KT41", 120},
 }};
 
+constexpr std::string_view VcrProduct = "VCR";
+
 // C-channels: all of one product, notched at their four corners.
 constexpr std::string_view ChannelProduct = "30116";
 constexpr double ChannelLengthAllowance = 104;  // length beyond the entered distance, mm
@@ -58,46 +60,29 @@ constexpr std::string_view SquareEnds = "0.0 0.0";
 // A hole of a rail or a channel, in the two web rows. Unlike those of a section block its line is
 // not filled up.
 void WriteFixedHoleLine(FactoryWriter& out, double position) {
-  out.Position(position).Line("n y y n 14");
+  out.Position(position).Line("n y y n 14");  // RailHoleDiameter on RailHoleLines
 }
 
-struct VcrHoles {
-  int First;
-  int Second;
-};
+void WriteFixedHoleLines(FactoryWriter& out, const RailBlock& block) {
+  for (const double position : block.Holes) WriteFixedHoleLine(out, position);
+}
 
-// `quantity` must be a number from end to end, else "Type mismatch" where it is to be written.
-void WriteVcrBlock(FactoryWriter& out, const std::string& mark, const std::string& quantity,
-                   std::int16_t length, const VcrHoles& holes) {
+// The quantity must be a number from end to end, else "Type mismatch" where it is to be written.
+void WriteVcrBlock(FactoryWriter& out, const RailBlock& block) {
   out.Line("VCR");
-  out.Line(mark);
-  out.Line("VCR");
-  out.Line(ShortestText(ParseDouble(quantity)));
-  out.Line(ShortestText(length));
+  out.Line(block.Mark);
+  out.Line(block.Product);
+  out.Line(ShortestText(ParseDouble(block.Quantity)));
+  out.Line(ShortestText(block.Length));
   out.Line("2");
-  WriteFixedHoleLine(out, holes.First);
-  WriteFixedHoleLine(out, holes.Second);
+  WriteFixedHoleLines(out, block);
   out.Line(SquareEnds);
   out.Line("0");
   out.Line();
 }
 
-// The rails as drawn, then those of opposite hand: the rail turned end for end.
 void WriteVcrBlocks(FactoryWriter& out, const AccLine2& line) {
-  const Table<std::string>& values = line.Values;
-  const bool asDrawn = Val(values.At(1)) > 0;
-  const bool oppositeHand = Val(values.At(2)) > 0;
-  if (!asDrawn && !oppositeHand) return;
-
-  const std::int16_t length = Whole(Val(values.At(3)) - Val(values.At(4)) - Val(values.At(5)));
-  const int start = VcrInset(values.At(6), values.At(5));
-  const int end = VcrInset(values.At(7), values.At(4));
-  if (asDrawn) {
-    WriteVcrBlock(out, line.Mark, values.At(1), length, {start, length - end});
-  }
-  if (oppositeHand) {
-    WriteVcrBlock(out, line.Mark + "X", values.At(2), length, {end, length - start});
-  }
+  for (const RailBlock& block : VcrBlocksOf(line)) WriteVcrBlock(out, block);
 }
 
 std::int16_t NotchSize(const std::string& value) {
@@ -107,23 +92,19 @@ std::int16_t NotchSize(const std::string& value) {
 }
 
 void WriteChannelBlock(FactoryWriter& out, const AccLine2& line) {
-  const Table<std::string>& values = line.Values;
-  const std::int16_t length = Whole(Val(values.At(1)) + ChannelLengthAllowance);
+  const RailBlock block = ChannelBlockOf(line);
   std::array<std::int16_t, ChannelNotchCodes.size()> sizes{};
   for (int n = 1; n <= 4; ++n) {
-    sizes.at(static_cast<std::size_t>(n - 1)) = NotchSize(values.At(n + 1));
+    sizes.at(static_cast<std::size_t>(n - 1)) = NotchSize(line.Values.At(n + 1));
   }
-  const double middle = Val(values.At(6));
 
   out.Line("C-CHANNEL");
-  out.Line(line.Mark);
-  out.Line(ChannelProduct);
-  out.Line(ShortestText(line.NoOff));
-  out.Line(ShortestText(length));
-  out.Line(middle > 0 ? "3" : "2");
-  WriteFixedHoleLine(out, ChannelEndHole);
-  if (middle > 0) WriteFixedHoleLine(out, middle + ChannelHoleAllowance);
-  WriteFixedHoleLine(out, length - ChannelEndHole);
+  out.Line(block.Mark);
+  out.Line(block.Product);
+  out.Line(block.Quantity);
+  out.Line(ShortestText(block.Length));
+  out.Line(DecimalText(static_cast<long long>(block.Holes.size())));
+  WriteFixedHoleLines(out, block);
   out.Line(SquareEnds);
   out.Line("4");
   for (std::size_t n = 0; n < sizes.size(); ++n) {
@@ -170,6 +151,35 @@ std::int16_t VcrInset(const std::string& cleatCode, const std::string& allowance
     if (cleat.Code == cleatCode) return Whole(cleat.HoleDistance - Val(allowance));
   }
   throw RuntimeError(Failure::TypeMismatch, "unknown cleat code \"" + cleatCode + "\"");
+}
+
+std::vector<RailBlock> VcrBlocksOf(const AccLine2& line) {
+  const Table<std::string>& values = line.Values;
+  const bool asDrawn = Val(values.At(1)) > 0;
+  const bool oppositeHand = Val(values.At(2)) > 0;
+  std::vector<RailBlock> blocks;
+  if (!asDrawn && !oppositeHand) return blocks;
+
+  const std::int16_t length = Whole(Val(values.At(3)) - Val(values.At(4)) - Val(values.At(5)));
+  const double start = VcrInset(values.At(6), values.At(5));
+  const double end = VcrInset(values.At(7), values.At(4));
+  const auto add = [&](const std::string& mark, const std::string& quantity, double first,
+                       double second) {
+    blocks.push_back({mark, std::string(VcrProduct), quantity, length, {first, second}});
+  };
+  if (asDrawn) add(line.Mark, values.At(1), start, length - end);
+  if (oppositeHand) add(line.Mark + "X", values.At(2), end, length - start);
+  return blocks;
+}
+
+RailBlock ChannelBlockOf(const AccLine2& line) {
+  const std::int16_t length = Whole(Val(line.Values.At(1)) + ChannelLengthAllowance);
+  const double middle = Val(line.Values.At(6));
+  RailBlock block = {line.Mark, std::string(ChannelProduct), ShortestText(line.NoOff), length, {}};
+  block.Holes.push_back(ChannelEndHole);
+  if (middle > 0) block.Holes.push_back(middle + ChannelHoleAllowance);
+  block.Holes.push_back(length - ChannelEndHole);
+  return block;
 }
 
 void WriteAccessoryBlocks(FactoryWriter& out) {

@@ -20,6 +20,7 @@
 #include "holes/hole_list.h"
 #include "output/output_screen.h"
 #include "output/page_room.h"
+#include "output/report_tables.h"
 #include "output/sheet_errors.h"
 #include "project/accessory_lines.h"
 #include "project/changes.h"
@@ -30,22 +31,7 @@ namespace orvane {
 
 namespace {
 
-constexpr double HeaderPoints = 10;
 constexpr double FooterPoints = 7;
-constexpr double TextPoints = 9;
-
-// What an error leaves of a document is not shown, and the next command begins a new one.
-void DrawOnPreview(const std::function<void(PrintSurface& surface, SheetErrors& errors)>& draw) {
-  OutputScreen& screen = TheOutputScreen();
-  SheetErrors errors;
-  try {
-    draw(screen.PreviewSurface(), errors);
-  } catch (...) {
-    screen.DropPreview();
-    errors.Say();
-    throw;
-  }
-}
 
 // The runs of sheets.
 
@@ -137,90 +123,7 @@ bool DrawAccessorySheets(PrintSurface& surface, const std::vector<std::int16_t>&
   return true;
 }
 
-// The tables of the reports.
-
-struct ReportColumn {
-  std::string Heading;
-  std::string Width;
-  CellAlignment Alignment = CellAlignment::Left;
-};
-
-using ReportRow = std::vector<std::string>;
-
-std::string MillimetreText(int width) {
-  return DecimalText(width) + "mm";
-}
-
-void DrawRow(PrintSurface& surface, int row, const ReportRow& texts) {
-  int column = 0;
-  for (const std::string& text : texts) {
-    surface.TableCell(TableSetting::CellText, row, ++column, text);
-  }
-}
-
-// Opens a table; its texts are to follow.
-void BeginTable(PrintSurface& surface, int border, const std::vector<ReportColumn>& columns,
-                std::size_t rows) {
-  surface.StartTable();
-  surface.TableBorder(border);
-  surface.TableCell(TableSetting::Columns, 0, 0, static_cast<int>(columns.size()));
-  surface.TableCell(TableSetting::Rows, 0, 0, static_cast<int>(rows));
-  int column = 0;
-  for (const ReportColumn& given : columns) {
-    surface.TableCell(TableSetting::ColumnWidth, 0, ++column, given.Width);
-  }
-}
-
-// A ruled table under a ruled heading row.
-void DrawReportTable(PrintSurface& surface, const std::vector<ReportColumn>& columns,
-                     const std::vector<ReportRow>& rows) {
-  constexpr int headingRow = 1;
-  BeginTable(surface, ReportTableBorder, columns, rows.size() + headingRow);
-  int column = 0;
-  for (const ReportColumn& given : columns) {
-    surface.TableAlignment(0, ++column, given.Alignment);
-    surface.TableCell(TableSetting::CellText, headingRow, column, given.Heading);
-  }
-  surface.TableCell(TableSetting::RuleAbove, headingRow, 0, "0.2mm");
-  surface.TableCell(TableSetting::RuleBelow, headingRow, 0, "0.2mm");
-  int row = headingRow;
-  for (const ReportRow& texts : rows) DrawRow(surface, ++row, texts);
-  surface.EndTable();
-}
-
-// A title between two blank lines.
-void WriteTitle(PrintSurface& surface, const std::string& title) {
-  surface.Paragraph("");
-  surface.Paragraph(title);
-  surface.Paragraph("");
-}
-
 // The contract summary.
-
-void SetUpSummaryPages(PrintSurface& surface) {
-  SetSheetFooter(surface, CompanyName, CompanyDetails);
-  surface.Orientation(PageOrientation::Portrait);
-  surface.Header("Orvane Detail System|Contract Summary (" + txtProject.at(1) + ")|Page %d");
-  surface.HdrFontSize(HeaderPoints);
-  surface.HdrFontBold(true);
-  surface.FontSize(TextPoints);
-}
-
-void DrawProjectTable(PrintSurface& surface) {
-  const std::vector<ReportRow> rows = {
-      {"Job No.:", txtProject.at(1)},
-      {"Customer:", txtProject.at(2)},
-      {"Project/Site:", txtProject.at(3)},
-      {"Designer:", txtProject.at(4)},
-      {"Project Date:", FullYearText(DTPicker1)},
-      {"Orvane Job No.:", txtProject.at(0)},
-  };
-  BeginTable(surface, NoTableBorder, {{"", "32mm"}, {"", "100mm"}}, rows.size());
-  surface.TableCell(TableSetting::RowHeight, 0, 0, "4.8mm");
-  int row = 0;
-  for (const ReportRow& texts : rows) DrawRow(surface, ++row, texts);
-  surface.EndTable();
-}
 
 // All sections, those without a length or a quantity too: only the export checks them.
 void DrawSectionsTable(PrintSurface& surface) {
@@ -319,14 +222,14 @@ void DrawType2Tables(PrintSurface& surface) {
 
 void DrawContractSummary(PrintSurface& surface) {
   surface.StartDoc();
-  SetUpSummaryPages(surface);
+  SetUpReportPages(surface, "Contract Summary");
   DrawProjectTable(surface);
   WriteTitle(surface, "Sections:");
   DrawSectionsTable(surface);
 }
 
 void DrawAccessoryReport(PrintSurface& surface) {
-  surface.FontSize(TextPoints);
+  surface.FontSize(ReportTextPoints);
   WriteTitle(surface, "Accessories:");
   if (!AccLines1.Empty()) DrawType1Table(surface);
   if (!AccLines2.Empty()) DrawType2Tables(surface);
@@ -338,7 +241,7 @@ void DrawAccessoryReport(PrintSurface& surface) {
 void PreparePreview(PageSurface& surface) {
   surface.Orientation(PageOrientation::Landscape);
   ApplyPageMargins(surface);
-  surface.BeforeHeader = [&surface] { surface.HdrFontSize(HeaderPoints); };
+  surface.BeforeHeader = [&surface] { surface.HdrFontSize(ReportHeaderPoints); };
   surface.BeforeFooter = [&surface] { surface.HdrFontSize(FooterPoints); };
 }
 
