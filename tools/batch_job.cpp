@@ -15,6 +15,8 @@
 #include "core/text.h"
 #include "core/text_file.h"
 #include "output/cam_export.h"
+#include "output/cutting_list.h"
+#include "output/list_reports.h"
 #include "output/reports.h"
 #include "project/accessory_lines.h"
 #include "project/project_backup.h"
@@ -114,6 +116,7 @@ int JobRunner::Do(const NamedJob& job) {
   };
   if (!resave_.empty() && !console_.Try(options_.Resave, resave)) code = ExitFault;
   if (options_.SectionList) code = std::max(code, WriteSectionList(job));
+  if (options_.CuttingList) code = std::max(code, WriteCuttingList(job));
   if (options_.Cam) {
     // The accessory list takes values that were never set for 0 from then on; what is drawn shows
     // what was entered, with an export and without.
@@ -146,6 +149,28 @@ int JobRunner::WriteSectionList(const NamedJob& job) {
   const std::string file = SectionListFileName(job.Path);
   if (!console_.Try(file, [&] { ReplaceWholeFile(file, SectionListFile()); })) return ExitFault;
   console_.Say("Section list complete");
+  return ExitDone;
+}
+
+// The figures are written where nothing can be drawn, too.
+int JobRunner::WriteCuttingList(const NamedJob& job) {
+  CuttingList list;
+  if (!Tell([&] { list = CuttingListOf(OpenJob()); })) return ExitFault;
+  if (list.IsEmpty()) {
+    console_.Say("No cutting list: the job has neither sections nor accessories");
+    return ExitDone;
+  }
+  const std::string file = CuttingListFileName(job.Path);
+  if (!console_.Try(file, [&] { ReplaceWholeFile(file, CuttingListFile(list)); })) {
+    return ExitFault;
+  }
+  const auto print = [&] {
+    screen_.PreviewInto(Writer(), {DocumentTitle(job.Name, "cutting list"),
+                                   CuttingListPdfName(job.Path), nullptr, options_.PaperOfPages});
+    PrintCuttingList(list);
+  };
+  if (SheetsInThisBuild() && !Tell(print)) return ExitFault;
+  console_.Say("Cutting list complete");
   return ExitDone;
 }
 

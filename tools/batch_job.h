@@ -50,6 +50,7 @@ class JobRunner {
  private:
   bool Read(const NamedJob& job);
   int WriteSectionList(const NamedJob& job);
+  int WriteCuttingList(const NamedJob& job);
   int Export();
   int Print(const NamedJob& job);
   bool PrintSheets(const NamedJob& job);

@@ -86,13 +86,14 @@ struct FlagOption {
   bool BatchOptions::*Flag;
 };
 
-constexpr std::array<FlagOption, 10> FlagOptions = {{
+constexpr std::array<FlagOption, 11> FlagOptions = {{
     {"--cam", &BatchOptions::Cam},
     {"--sheets", &BatchOptions::Sheets},
     {"--svg", &BatchOptions::Svg},
     {"--accessory-sheets", &BatchOptions::AccessorySheets},
     {"--summary", &BatchOptions::Summary},
     {"--section-list", &BatchOptions::SectionList},
+    {"--cutting-list", &BatchOptions::CuttingList},
     {"--compare", &BatchOptions::Compare},
     {"--skip-refused", &BatchOptions::SkipRefused},
     {"--replace", &BatchOptions::Replace},
@@ -145,7 +146,7 @@ std::string FaultOfWhole(const BatchOptions& options) {
   if (options.Jobs.empty()) return "no job is named";
   if (!asks) {
     return "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
-           "--compare, --resave and --import is given";
+           "--cutting-list, --compare, --resave and --import is given";
   }
   return JobsFault(options);
 }
@@ -241,6 +242,14 @@ std::string SectionListFileName(const std::string& job) {
   return JobName(job) + "-sections.csv";
 }
 
+std::string CuttingListFileName(const std::string& job) {
+  return JobName(job) + "-cutting-list.csv";
+}
+
+std::string CuttingListPdfName(const std::string& job) {
+  return JobName(job) + "-cutting-list.pdf";
+}
+
 std::string DocumentTitle(const std::string& job, std::string_view document) {
   return JobName(job).append(": ").append(document);
 }
@@ -264,7 +273,7 @@ bool AsksForPages(const BatchOptions& options) {
 }
 
 bool WritesResults(const BatchOptions& options) {
-  return options.Cam || options.SectionList || AsksForPages(options);
+  return options.Cam || options.SectionList || options.CuttingList || AsksForPages(options);
 }
 
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job) {
@@ -278,6 +287,10 @@ std::vector<std::string> ResultNames(const BatchOptions& options, const std::str
   if (options.AccessorySheets) names.push_back(AccessoriesFileName(job));
   if (options.Summary) names.push_back(SummaryFileName(job));
   if (options.SectionList) names.push_back(SectionListFileName(job));
+  if (options.CuttingList) {
+    names.push_back(CuttingListFileName(job));
+    names.push_back(CuttingListPdfName(job));
+  }
   return names;
 }
 
@@ -294,6 +307,7 @@ std::string HelpText(const std::string& dateForm) {
        orvane-batch [OPTION]... --accessory-sheets JOB.ovd...
        orvane-batch [OPTION]... --summary JOB.ovd...
        orvane-batch [OPTION]... --section-list JOB.ovd...
+       orvane-batch [OPTION]... --cutting-list JOB.ovd...
        orvane-batch [OPTION]... --compare OLD.ovd NEW.ovd
        orvane-batch [OPTION]... --resave FILE JOB.ovd
        orvane-batch [OPTION]... --import LIST --to JOB.ovd
@@ -309,6 +323,7 @@ stands for all the jobs in it.
   --accessory-sheets     write the sheets of each job's accessories into one PDF (JOB-accessories.pdf)
   --summary              write each job's contract summary as a PDF (JOB-summary.pdf)
   --section-list         write the list of each job's sections (JOB-sections.csv)
+  --cutting-list         write what each job is to buy, cut and punch (JOB-cutting-list.pdf and .csv)
   --compare              tell on standard output how the second of two jobs differs from the first
   --resave FILE          write the one job again, as it would be saved; alone or with the others
   --import LIST          make a new job of a list of sections; each row that the program would refuse

@@ -21,6 +21,7 @@ struct BatchOptions {
   bool AccessorySheets = false;   // write the sheets of each job's accessories as a PDF
   bool Summary = false;           // write each job's contract summary as a PDF
   bool SectionList = false;       // write the list of each job's sections
+  bool CuttingList = false;       // write what each job is to buy, cut and punch, PDF and CSV
   bool Compare = false;           // tell how the second job differs from the first
   std::string Resave;             // write the one job again to this file; empty for not
   std::string Import;             // make this list of sections a job; empty for not
@@ -64,11 +65,14 @@ std::string CamFileName(const std::string& job);
 
 // In the same way the PDFs of a job's sheets, "JOB-sheets.pdf", of its accessories' sheets,
 // "JOB-accessories.pdf", and of its contract summary, "JOB-summary.pdf"; the list of its sections,
-// "JOB-sections.csv"; and the SVG of one sheet, counted from 1, "JOB-sheet-001.svg".
+// "JOB-sections.csv"; its cutting list, "JOB-cutting-list.pdf" and ".csv"; and the SVG of one
+// sheet, counted from 1, "JOB-sheet-001.svg".
 std::string SheetsFileName(const std::string& job);
 std::string AccessoriesFileName(const std::string& job);
 std::string SummaryFileName(const std::string& job);
 std::string SectionListFileName(const std::string& job);
+std::string CuttingListFileName(const std::string& job);
+std::string CuttingListPdfName(const std::string& job);
 std::string SvgFileName(const std::string& job, int sheet);
 
 // What viewers show over such a document: the job's file name without its ending, and which of the
@@ -83,7 +87,8 @@ struct SvgName {
 };
 SvgName SvgNameOf(const std::string& name);
 
-// Whether the options ask for anything that is drawn.
+// Whether the options ask for anything that can only be drawn; a cutting list is a file of figures
+// too.
 bool AsksForPages(const BatchOptions& options);
 // Whether they ask for anything that is written into the folder of the results.
 bool WritesResults(const BatchOptions& options);

@@ -25,11 +25,26 @@ TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
   EXPECT_EQ(help.Code, 0);
   EXPECT_EQ(help.Out, HelpText("dd/MM/yyyy"));
   EXPECT_EQ(help.Err, "");
-  for (const char* option :
-       {"--cam", "--resave FILE", "--out DIR", "--catalogue DIR", "--sleeves yes|no", "--created",
-        "--drawing-width MM", "--settings FILE", "--jobs N", "--allow-cut", "--date-form FORM",
-        "--paper PAPER", "--section-list", "--import LIST", "--to JOB.ovd", "--skip-refused",
-        "--replace", "--help, --version"}) {
+  for (const char* option : {"--cam",
+                             "--resave FILE",
+                             "--out DIR",
+                             "--catalogue DIR",
+                             "--sleeves yes|no",
+                             "--created",
+                             "--drawing-width MM",
+                             "--settings FILE",
+                             "--jobs N",
+                             "--allow-cut",
+                             "--date-form FORM",
+                             "--paper PAPER",
+                             "--section-list",
+                             "--cutting-list",
+                             "--compare",
+                             "--import LIST",
+                             "--to JOB.ovd",
+                             "--skip-refused",
+                             "--replace",
+                             "--help, --version"}) {
     EXPECT_NE(help.Out.find(std::string("\n  ") + option), std::string::npos) << option;
   }
   EXPECT_NE(help.Out.find("here dd/MM/yyyy)"), std::string::npos);

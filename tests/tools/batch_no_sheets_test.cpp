@@ -27,4 +27,13 @@ TEST_F(BatchWithoutSheets, Sheets_are_refused_and_nothing_is_done) {
   }
 }
 
+TEST_F(BatchWithoutSheets, A_cutting_list_is_figures_alone) {
+  File("a.ovd", JobOf({Purlin()}));
+  const Outcome outcome = Run({"--cutting-list", "a.ovd"});
+  EXPECT_EQ(outcome.Err, "Cutting list complete\n");
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_TRUE(Exists("a-cutting-list.csv"));
+  EXPECT_FALSE(Exists("a-cutting-list.pdf"));
+}
+
 }  // namespace orvane

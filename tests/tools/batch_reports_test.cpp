@@ -220,6 +220,39 @@ TEST_F(BatchReports, Without_accessories_in_use_there_are_no_accessory_sheets) {
   EXPECT_FALSE(Exists("a-accessories.pdf"));
 }
 
+TEST_F(BatchReports, A_cutting_list_is_figures_and_a_document) {
+  File("a.ovd", JobOf({Purlin()}, Tail({Type1Line(1, 1, 600)}, {SleeveLine("S1", 10)}, {1, 6})));
+  const Outcome outcome = Run({"--cutting-list", "--out", "to", "a.ovd"});
+  EXPECT_EQ(outcome.Err, "Cutting list complete\n");
+  EXPECT_EQ(outcome.Code, 0);
+  // Five purlins, each with a pair of 18 mm holes in both rows of the web.
+  EXPECT_EQ(BytesOf(Path("to/a-cutting-list.csv")),
+            "\xEF\xBB\xBF"
+            "Section,Product,Length (mm),Quantity,Metres,Marks\r\n"
+            "Z,Z20015,6000,5,30.000,P1 (5)\r\n"
+            "Total,,,5,30.000,\r\n"
+            "\r\n"
+            "Diameter (mm),Slot (mm),Countersunk,Holes\r\n"
+            "18,,,20\r\n"
+            "Total,,,20\r\n"
+            "\r\n"
+            "Accessory,Description,Code or marks,No.Off\r\n"
+            "Bolts,M12 x 30,M12,600\r\n"
+            "Sleeves,,S1 (10),10\r\n");
+  EXPECT_EQ(Pages("to/a-cutting-list.pdf"), "1");
+  const std::string text = PageText("to/a-cutting-list.pdf", 1);
+  EXPECT_NE(text.find("Cutting List"), std::string::npos) << text;
+  EXPECT_NE(text.find("30.000"), std::string::npos) << text;
+}
+
+TEST_F(BatchReports, A_job_of_nothing_has_no_cutting_list) {
+  File("a.ovd", JobOf({}));
+  const Outcome outcome = Run({"--cutting-list", "a.ovd"});
+  EXPECT_EQ(outcome.Err, "No cutting list: the job has neither sections nor accessories\n");
+  EXPECT_EQ(outcome.Code, 0);
+  EXPECT_FALSE(Exists("a-cutting-list.csv"));
+}
+
 TEST_F(BatchReports, All_documents_come_in_one_run) {
   File("a.ovd", JobOf({Purlin()}, test::SleeveTail()));
   const Outcome outcome = Run(
