@@ -40,6 +40,7 @@ class LeftUnsaved : public LifecycleTest {
     EndHistory();
     KeepVersionsIn({});
     TakeVersionTrouble();
+    ForgetCopies();
   }
 
   // The small project is open, saved under that name, with the flag that an opening leaves.
