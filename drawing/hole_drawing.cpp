@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +53,7 @@ struct MarkRule {
 
 // The marks of one hole line: of a hole at the standard gauge, and of one off gauge.
 struct LineRules {
+  std::string_view Name;
   std::string Hole::*Line;
   MarkRule Standard, Number;
 };
@@ -72,30 +75,30 @@ constexpr auto Number = MarkHeight::Number;
 // make no such rows.
 constexpr HoleLines MostLines = {{
     // clang-format off
-    //          "y"                   a number
-    {&Hole::BF, {Flange, AsItStands}, {Flange, AsItStands}},
-    {&Hole::W1, {Web, Dim11},         {Web, Number}},
-    {&Hole::W2, {Web, DepthLessDim9}, {Web, Number}},
-    {&Hole::TF, {Flange, Depth},      {Flange, Depth}},
+    //                "y"                   a number
+    {"BF", &Hole::BF, {Flange, AsItStands}, {Flange, AsItStands}},
+    {"W1", &Hole::W1, {Web, Dim11},         {Web, Number}},
+    {"W2", &Hole::W2, {Web, DepthLessDim9}, {Web, Number}},
+    {"TF", &Hole::TF, {Flange, Depth},      {Flange, Depth}},
     // clang-format on
 }};
 // A cleader rail has no top flange: what others have there lies on its web.
 constexpr HoleLines RailLines = {{
     // clang-format off
-    {&Hole::BF, {Flange, AsItStands}, {Flange, AsItStands}},
-    {&Hole::W1, {Web, Dim11},         {Web, Number}},
-    {&Hole::W2, {Web, DepthLessDim9}, {Web, Number}},
-    {&Hole::TF, {Web, Dim11},         {Web, Number}},
+    {"BF", &Hole::BF, {Flange, AsItStands}, {Flange, AsItStands}},
+    {"W1", &Hole::W1, {Web, Dim11},         {Web, Number}},
+    {"W2", &Hole::W2, {Web, DepthLessDim9}, {Web, Number}},
+    {"TF", &Hole::TF, {Web, Dim11},         {Web, Number}},
     // clang-format on
 }};
 // A top hat has no flange seen edge-on: its outer rows are seen flat, those on its leaning sides at
 // a slant. Numbers are marked as on most sections.
 constexpr HoleLines TopHatLines = {{
     // clang-format off
-    {&Hole::BF, {Web, Dim9},          {Flange, AsItStands}},
-    {&Hole::W1, {Slope, LowerSlope},  {Web, Number}},
-    {&Hole::W2, {Slope, UpperSlope},  {Web, Number}},
-    {&Hole::TF, {Web, DepthLessDim9}, {Flange, Depth}},
+    {"BF", &Hole::BF, {Web, Dim9},          {Flange, AsItStands}},
+    {"W1", &Hole::W1, {Slope, LowerSlope},  {Web, Number}},
+    {"W2", &Hole::W2, {Slope, UpperSlope},  {Web, Number}},
+    {"TF", &Hole::TF, {Web, DepthLessDim9}, {Flange, Depth}},
     // clang-format on
 }};
 
@@ -145,18 +148,66 @@ void SetThinPen(PrintSurface& surface) {
   surface.PenColor(Black);
 }
 
+// The marks of a hole row, in the order in which they are drawn.
+struct HoleMark {
+  std::string_view Line;  // "BF", "W1", "W2" or "TF"
+  MarkKind Kind = MarkKind::Web;
+  double Y = 0;  // mm of the page
+};
+struct HoleMarks {
+  std::array<HoleMark, 8> Marks;
+  int Count = 0;
+};
+
+HoleMarks MarksOf(const Sheet& sheet, const Hole& hole) {
+  HoleMarks marks;
+  std::int16_t height = 0;
+  const auto mark = [&](const LineRules& line, const MarkRule& rule, double number) {
+    height = Whole(HeightOf(rule.Height, sheet.Dim, sheet.Depth, number, height));
+    marks.Marks.at(static_cast<std::size_t>(marks.Count++)) = {
+        line.Name, rule.Kind, CrossScale * (sheet.Depth - height) + ViewTop};
+  };
+  const HoleLines& lines = LinesOf(sheet.Section.SectionType);
+  for (const LineRules& line : lines) {
+    if (hole.*line.Line == "y") mark(line, line.Standard, 0);
+  }
+  for (const LineRules& line : lines) {
+    const double number = Val(hole.*line.Line);
+    if (number > 0) mark(line, line.Number, number);
+  }
+  return marks;
+}
+
 // One mark, at a length along the section as drawn and a height on the page.
+
+constexpr double FlangeHalfHeight = 0.75;  // mm of the page
+
+// Deliberately twice as long as the hole: seen edge-on, it has to stay visible at a small scale.
+double FlangeReach(const Hole& hole) {
+  return hole.Diameter + static_cast<double>(hole.SlotLength) / 2;
+}
+
+// The mark itself, without its centre lines.
+PagePlace MarkExtent(const Sheet& sheet, const HoleMark& mark, const Hole& hole, double along) {
+  const double x = ElevationX(sheet, along);
+  const double radius = CrossScale * hole.Diameter / 2;
+  if (mark.Kind == MarkKind::Flange) {
+    const double reach = sheet.LengthScale * FlangeReach(hole);
+    return {x - reach, mark.Y - FlangeHalfHeight, x + reach, mark.Y + FlangeHalfHeight};
+  }
+  const double slot =
+      std::max(sheet.LengthScale * (static_cast<double>(hole.SlotLength) - hole.Diameter) / 2, 0.0);
+  return {x - slot - radius, mark.Y - radius, x + slot + radius, mark.Y + radius};
+}
 
 void DrawFlangeMark(const Sheet& sheet, const Hole& hole, double along, double y) {
   PrintSurface& surface = sheet.Surface;
-  // Deliberately twice as long as the hole: seen edge-on, it has to stay visible at a small scale.
-  const double reach = hole.Diameter + static_cast<double>(hole.SlotLength) / 2;
-  constexpr double halfHeight = 0.75;
+  const double reach = FlangeReach(hole);
   surface.BrushStyle(Brush::DiagonalHatch);
   surface.BrushColor(Black);
   surface.DrawRectangle(
-      Length::OfMm(ElevationX(sheet, along - reach)), Length::OfMm(y - halfHeight),
-      Length::OfMm(ElevationX(sheet, along + reach)), Length::OfMm(y + halfHeight));
+      Length::OfMm(ElevationX(sheet, along - reach)), Length::OfMm(y - FlangeHalfHeight),
+      Length::OfMm(ElevationX(sheet, along + reach)), Length::OfMm(y + FlangeHalfHeight));
   surface.BrushColor(White);
 }
 
@@ -323,28 +374,36 @@ void DrawHoles(Sheet& sheet) {
   }
 }
 
+std::optional<PagePlace> PlaceOfHole(const Sheet& sheet, int row, std::string_view line) {
+  double along = 0;
+  for (int i = 1; i <= row; ++i) along += sheet.Section.Holes.At(i).DrawGap;
+  const Hole& hole = sheet.Section.Holes.At(row);
+  const HoleMarks marks = MarksOf(sheet, hole);
+  std::optional<PagePlace> place;
+  for (int i = 0; i < marks.Count; ++i) {
+    const HoleMark& mark = marks.Marks.at(static_cast<std::size_t>(i));
+    if (!line.empty() && line != mark.Line) continue;
+    const PagePlace marked = MarkExtent(sheet, mark, hole, along);
+    if (!place) place = marked;
+    place->Left = std::min(place->Left, marked.Left);
+    place->Top = std::min(place->Top, marked.Top);
+    place->Right = std::max(place->Right, marked.Right);
+    place->Bottom = std::max(place->Bottom, marked.Bottom);
+  }
+  return place;
+}
+
 double DrawHole(Sheet& sheet, double runningPosition, const Hole& hole) {
-  const double depth = sheet.Depth;
   const double along = runningPosition + hole.DrawGap;
   SetThinPen(sheet.Surface);
 
-  std::int16_t height = 0;
-  bool marked = false;
-  const auto mark = [&](const MarkRule& rule, double number) {
-    height = Whole(HeightOf(rule.Height, sheet.Dim, depth, number, height));
-    DrawMark(sheet, rule.Kind, hole, along, CrossScale * (depth - height) + ViewTop);
-    marked = true;
-  };
-  const HoleLines& lines = LinesOf(sheet.Section.SectionType);
-  for (const LineRules& line : lines) {
-    if (hole.*line.Line == "y") mark(line.Standard, 0);
+  const HoleMarks marks = MarksOf(sheet, hole);
+  for (int i = 0; i < marks.Count; ++i) {
+    const HoleMark& mark = marks.Marks.at(static_cast<std::size_t>(i));
+    DrawMark(sheet, mark.Kind, hole, along, mark.Y);
   }
-  for (const LineRules& line : lines) {
-    const double number = Val(hole.*line.Line);
-    if (number > 0) mark(line.Number, number);
-  }
-
-  if (marked) sheet.HoleLabelRow = DrawHoleGap(sheet, sheet.HoleLabelRow, runningPosition, hole);
+  if (marks.Count > 0)
+    sheet.HoleLabelRow = DrawHoleGap(sheet, sheet.HoleLabelRow, runningPosition, hole);
   return along;
 }
 

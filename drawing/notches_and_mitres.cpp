@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -142,12 +143,17 @@ std::pair<double, double> LowerAndUpper(Edge edge, const NotchSizes& notch, doub
   return {ViewTop + CrossScale * notch.Size1, ViewTop};
 }
 
+PagePlace PlaceOf(const Sheet& sheet, const NotchRule& rule, const Notch& notch) {
+  const NotchSizes sizes = {notch.Size1, notch.Size2, notch.Size3};
+  const auto [left, right] = LeftAndRight(sheet, rule.X, sizes);
+  const auto [lower, upper] = LowerAndUpper(rule.Y, sizes, sheet.Depth);
+  return {left, upper, right, lower};
+}
+
 void DrawNotch(const Sheet& sheet, const NotchRule& rule, const Notch& notch) {
   PrintSurface& surface = sheet.Surface;
   const double depth = sheet.Depth;
-  const NotchSizes sizes = {notch.Size1, notch.Size2, notch.Size3};
-  const auto [left, right] = LeftAndRight(sheet, rule.X, sizes);
-  const auto [lower, upper] = LowerAndUpper(rule.Y, sizes, depth);
+  const auto [left, upper, right, lower] = PlaceOf(sheet, rule, notch);
 
   const std::array<Point, 4> corners = {
       {{left, lower}, {left, upper}, {right, upper}, {right, lower}}};
@@ -183,6 +189,13 @@ void DrawNotchesAndMitres(const Sheet& sheet) {
     }
   }
   DrawNotchChain(sheet, middle);
+}
+
+std::optional<PagePlace> PlaceOfNotch(const Sheet& sheet, const Notch& notch) {
+  for (const NotchRule& rule : NotchRules) {
+    if (rule.Code == notch.Code) return PlaceOf(sheet, rule, notch);
+  }
+  return std::nullopt;
 }
 
 void DrawMitreDimension(PrintSurface& surface, double x1, double x2, double value) {

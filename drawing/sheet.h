@@ -57,6 +57,14 @@ std::int16_t DrawingWidthOf(double pageWidth, const PageMargins& margins);
 // The scale of lengths in that room for a section of that length, mm: at most 1:10.
 double LengthScaleOf(std::int16_t drawingWidth, double length);
 
+// A rectangle on the page, mm.
+struct PagePlace {
+  double Left = 0;
+  double Top = 0;
+  double Right = 0;
+  double Bottom = 0;
+};
+
 // Positions on the page, mm: X of a length along the section, and a point of the cross-section in
 // its real millimetres.
 double ElevationX(const Sheet& sheet, double along);
