@@ -235,6 +235,42 @@ TEST_F(SheetViewTest, A_sheet_is_painted_once_however_often_the_window_asks) {
   EXPECT_EQ(Sheet().PaintCount(), painted + 1);
 }
 
+TEST_F(SheetViewTest, Rings_lie_over_the_sheet_and_leave_it_as_it_is) {
+  PutPurlin("P1");
+  Sheet().DrawSection(1);
+  const QImage before = Seen();
+  const int painted = Sheet().PaintCount();
+  // A blank place of the paper, 60 by 20 mm, whose ring passes 1.5 mm beside it.
+  const QRectF place(170, 30, 60, 20);
+  const double mm = Sheet().PixelsPerMm();
+  const QPointF corner = Sheet().PaperPlace().topLeft();
+  const QPointF beside = corner + QPointF(place.left() - 1.5, place.center().y()) * mm;
+  const QPointF within = corner + place.center() * mm;
+  ASSERT_EQ(At(before, beside), QColor(Qt::white));
+  Sheet().ShowRings({{place, true}});
+  const QImage ringed = Seen();
+  EXPECT_GT(At(ringed, beside).red(), 150);
+  EXPECT_LT(At(ringed, beside).green(), 100);
+  EXPECT_EQ(At(ringed, within), QColor(Qt::white));
+  EXPECT_EQ(Sheet().PaintCount(), painted);  // the page itself is not painted again
+  // Quiet ones are told by a broken line too, not by their colour alone.
+  Sheet().ShowRings({{place, false}});
+  const QImage quiet = Seen();
+  const auto painted_along = [&](const QImage& image) {
+    int count = 0;
+    for (double x = 20; x < 40; x += 0.5) {
+      const QPointF point = corner + QPointF(place.left() + x, place.bottom() + 1.5) * mm;
+      if (At(image, point) != QColor(Qt::white)) ++count;
+    }
+    return count;
+  };
+  EXPECT_EQ(painted_along(ringed), 40);
+  EXPECT_GT(painted_along(quiet), 0);
+  EXPECT_LT(painted_along(quiet), 40);
+  Sheet().ShowRings({});
+  EXPECT_EQ(Seen(), before);
+}
+
 // What waits may ask for a sheet itself: the former one is shown by then.
 TEST_F(SheetViewTest, Pending_events_run_behind_a_sheet_that_is_shown) {
   PutPurlin("P1");

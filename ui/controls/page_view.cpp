@@ -5,11 +5,26 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "ui/platform/guard.h"
 #include "ui/platform/page_painter.h"
 
 namespace orvane {
+
+namespace {
+
+// A ring stands this far off what it goes round, and is never smaller: a hole at a small scale is.
+constexpr double RingGap = 1.5;     // mm of the page
+constexpr double LeastRing = 16;    // device-independent pixels
+constexpr double RoundCorner = 10;  // of a ring around something long
+constexpr double StrongRingPen = 2.5;
+constexpr double QuietRingPen = 2;
+// Seen on white paper, of which the screen's sheet is made in light and dark.
+constexpr QColor StrongRing(200, 16, 32);
+constexpr QColor QuietRing(150, 86, 0);
+
+}  // namespace
 
 PageView::PageView(QWidget* parent) : DeskView(parent) {
   setFocusPolicy(Qt::ClickFocus);
@@ -20,6 +35,12 @@ void PageView::ShowPage(const Page* page) {
   page_ = page;
   SettleScrollBars();
   Repaint();
+}
+
+void PageView::ShowRings(std::vector<PageRing> rings) {
+  if (rings == rings_) return;
+  rings_ = std::move(rings);
+  viewport()->update();
 }
 
 // Place and scale.
@@ -138,7 +159,28 @@ void PageView::paintEvent(QPaintEvent*) {
     }
     QPainter painter(viewport());
     painter.drawPixmap(QPointF(0, 0), painting_);
+    PaintRings(painter);
   });
+}
+
+// Over the page, which is painted no further for it.
+void PageView::PaintRings(QPainter& painter) const {
+  const QRectF paper = PaperPlace();
+  if (rings_.empty() || paper.isEmpty()) return;
+  const double scale = PixelsPerMm();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setClipRect(paper);
+  for (const PageRing& ring : rings_) {
+    QRectF place = ring.Place.adjusted(-RingGap, -RingGap, RingGap, RingGap);
+    place = QRectF(paper.topLeft() + place.topLeft() * scale, place.size() * scale);
+    const QSizeF size = place.size().expandedTo(QSizeF(LeastRing, LeastRing));
+    const QPointF centre = place.center();
+    place = QRectF(centre - QPointF(size.width(), size.height()) / 2, size);
+    painter.setPen(ring.IsStrong ? QPen(StrongRing, StrongRingPen)
+                                 : QPen(QuietRing, QuietRingPen, Qt::DashLine));
+    const double corner = std::max(std::min(size.width(), size.height()) / 2, RoundCorner);
+    painter.drawRoundedRect(place, corner, corner);
+  }
 }
 
 void PageView::resizeEvent(QResizeEvent* event) {

@@ -5,11 +5,20 @@
 #include <QPixmap>
 #include <QRectF>
 #include <QSize>
+#include <vector>
 
 #include "drawing/document.h"
 #include "ui/controls/desk_view.h"
 
 namespace orvane {
+
+// Points at a place of the page. It is seen on the screen only, never on paper or in a file.
+struct PageRing {
+  QRectF Place;           // what it goes round, mm of the page
+  bool IsStrong = false;  // a full line; else a broken one, in a quieter colour
+
+  friend bool operator==(const PageRing&, const PageRing&) = default;
+};
 
 // The page is fitted into the view until it is zoomed: by the wheel with Ctrl, around what lies
 // under the pointer, or by the keys + and -; 1 shows it in its true size and 0 fits it again. A
@@ -24,6 +33,10 @@ class PageView : public DeskView {
   // Shows the page, or nothing. The page stays the caller's and must not go before another is
   // shown; one that has changed is shown again.
   void ShowPage(const Page* page);
+
+  // Rings around places of the page, painted over it, until others are given.
+  void ShowRings(std::vector<PageRing> rings);
+  const std::vector<PageRing>& Rings() const { return rings_; }
 
   // Where the paper lies in the viewport, in the toolkit's device-independent pixels. An empty
   // rectangle without a page.
@@ -48,8 +61,10 @@ class PageView : public DeskView {
   void SettleScrollBars();
   const QPixmap& Desk(QSize size, const QRectF& paper, double ratio);
   QPixmap Painted();
+  void PaintRings(QPainter& painter) const;
 
   const Page* page_ = nullptr;
+  std::vector<PageRing> rings_;
   bool fitted_ = true;
   double scale_ = 1;  // pixels to the millimetre, while it isn't fitted
   QPixmap painting_;  // the whole viewport as it was painted last; null when it has to be again
