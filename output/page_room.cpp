@@ -15,6 +15,14 @@ PageRoom::~PageRoom() {
   if (new_ && !kept_) DrawingWidth = former_;
 }
 
+void MakeHolesAfresh(Item& section) {
+  if (section.PatternName == CustomPattern) {
+    AdjustHoleSpacing(section);
+  } else {
+    RebuildHoles(section, section.PatternName);
+  }
+}
+
 void FitHolesToPage(const PrintSurface& surface, std::int16_t ItemIndex) {
   PageRoom room(surface);
   if (room.IsNew()) AdjustHoleSpacing(ItemIndex);

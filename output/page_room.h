@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "core/model.h"
 #include "drawing/print_surface.h"
 
 namespace orvane {
@@ -28,6 +29,11 @@ class PageRoom {
   bool new_;
   bool kept_ = false;
 };
+
+// Makes the holes of a section's pattern afresh, or works out the gaps of those placed by hand, as
+// a sheet shows them in the room and with the separation that hold now, whatever they were when its
+// job was saved. Raises the errors of the hole engine.
+void MakeHolesAfresh(Item& section);
 
 // Works out the gaps of that row of Items for the pages of the surface, where their room is new.
 // Gaps that can't be worked out raise the error of AdjustHoleSpacing and leave the former room.

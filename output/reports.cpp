@@ -43,17 +43,11 @@ struct RebuiltSection {
 // What a run has made afresh so far; its elements stay where they are.
 using RebuiltSections = std::deque<RebuiltSection>;
 
-// The section as its sheet shows it: with the holes of its pattern made afresh, or with those
-// placed by hand, their gaps worked out for the room and the separation that hold now, whatever
-// they were when the job was saved. What that changes is a copy, so that a run that is called off
+// The section as its sheet shows it. What that changes is a copy, so that a run that is called off
 // has touched no table.
 const Item& SectionOfSheet(std::int16_t row, RebuiltSections& rebuilt) {
   Item& section = rebuilt.emplace_back(RebuiltSection{row, Items.At(row)}).Section;
-  if (section.PatternName == CustomPattern) {
-    AdjustHoleSpacing(section);
-  } else {
-    RebuildHoles(section, section.PatternName);
-  }
+  MakeHolesAfresh(section);
   return section;
 }
 
