@@ -61,6 +61,8 @@ enum class Command {
   RecoverJobs,
   ImportSections,
   SectionList,
+  CuttingList,
+  CompareJobs,
 };
 
 // Where an entry stands. The name is that of the control array.

@@ -113,6 +113,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void Import(SectionList list, int firstRow, ChangeKind kind);
   void ImportSections();
   void WriteSectionList();
+  void ShowCuttingList();
+  void CompareWith();
   bool PasteBlock(const std::string& text);
   void EditSection(const std::function<void(std::int16_t)>& edit);
   // A step is taken back, or done again; in a field outside the tables its own typing first.
@@ -188,7 +190,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
 
   std::unique_ptr<RecoveryKeeper> recovery_;  // from the load on
 
-  std::unique_ptr<FrmPreview> preview_;    // being drawn, not shown yet
+  std::unique_ptr<FrmPreview> preview_;  // being drawn, not shown yet
+  // Writes the figures of the report in work to a file; none for one that is printed alone.
+  std::function<void()> saveFigures_;
   std::unique_ptr<ProgressRun> printRun_;  // of the commands that draw it
 
   bool drawingMaximized_ = false;

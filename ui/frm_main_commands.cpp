@@ -27,6 +27,7 @@ bool IsOutput(Command command) {
     case Command::PrintAllDrawings:
     case Command::PrintAccessorySheets:
     case Command::PrintSummary:
+    case Command::CuttingList:
       return true;
     default:
       return false;
@@ -140,6 +141,10 @@ void FrmMain::Dispatch(Command command, int number) {
       return ImportSections();
     case Command::SectionList:
       return WriteSectionList();
+    case Command::CuttingList:
+      return ShowCuttingList();
+    case Command::CompareJobs:
+      return CompareWith();
     case Command::ExportCam:
       return ExportCAM();
     case Command::ToggleDrawing:

@@ -1,4 +1,5 @@
-// The main window's part in lists of sections: files of them, and blocks that are pasted.
+// The main window's part in lists of sections: files of them, blocks that are pasted, what a job is
+// to cut, and what differs from another one.
 #include <optional>
 #include <utility>
 
@@ -6,9 +7,17 @@
 #include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/model.h"
+#include "core/text.h"
+#include "core/text_file.h"
+#include "output/cutting_list.h"
+#include "output/list_reports.h"
+#include "project/project_backup.h"
+#include "project/project_file.h"
+#include "project/saving.h"
 #include "project/section_list/apply_plan.h"
 #include "project/section_list/section_list.h"
 #include "project/section_list/section_table.h"
+#include "ui/dialogs/frm_compare.h"
 #include "ui/dialogs/frm_import.h"
 #include "ui/frm_main.h"
 
@@ -61,6 +70,48 @@ void FrmMain::WriteSectionList() {
   const std::optional<std::string> path = TheDesktop().ShowSaveDialog(dialog);
   if (!path || path->empty()) return;
   ReplaceWholeFile(*path, SectionListFile());
+}
+
+void FrmMain::ShowCuttingList() {
+  const CuttingList list = CuttingListOf(OpenJob());
+  saveFigures_ = [&list] {
+    FileDialog dialog = ListDialog("Cutting List", "*.csv");
+    dialog.Filter = "Cutting Lists|*.csv";
+    dialog.OverwritePrompt = true;
+    const std::optional<std::string> path = TheDesktop().ShowSaveDialog(dialog);
+    if (path && !path->empty()) ReplaceWholeFile(*path, CuttingListFile(list));
+  };
+  try {
+    Print([&] { PrintCuttingList(list); });
+  } catch (...) {
+    saveFigures_ = nullptr;
+    throw;
+  }
+  saveFigures_ = nullptr;
+}
+
+// The other job is only read: no lock is laid, and the open one stays as it is.
+void FrmMain::CompareWith() {
+  FileDialog dialog = ProjectDialog("Compare With");
+  dialog.FileMustExist = true;
+  const std::optional<std::string> path = TheDesktop().ShowOpenDialog(dialog);
+  if (!path || path->empty()) return;
+  const std::string bytes = ReadWholeFile(*path);
+  TextFile file(DecodeText(bytes));
+  const ReadJob other = ReadProject(file);
+  const ProjectContent content = CheckProjectContent(bytes);
+  std::string note = other.Notes.Line();
+  if (content == ProjectContent::Cut || content == ProjectContent::Odd) {
+    note = FileName(*path) +
+           " is cut off or damaged behind its sections: what it lacks there shows as a difference.";
+  }
+  FrmCompare compare(other.Records, *path, note, this);
+  compare.Print = [this](const JobComparison& comparison, const std::string& before,
+                         const std::string& after) {
+    Print([&] { PrintRevisionList(comparison, before, after); });
+  };
+  compare.exec();
+  activateWindow();
 }
 
 bool FrmMain::PasteBlock(const std::string& text) {

@@ -1,5 +1,6 @@
 // The main window's part in the outputs: the printing commands, their preview, the list of export
 // errors.
+#include <QApplication>
 #include <vector>
 
 #include "core/numbers.h"
@@ -45,7 +46,9 @@ void FrmMain::ShowExportErrors() {
 
 PrintSurface& FrmMain::PreviewSurface() {
   if (!preview_) {
-    auto preview = std::make_unique<FrmPreview>(this);
+    // Before the dialog that it is asked for in, if any.
+    QWidget* dialog = QApplication::activeModalWidget();
+    auto preview = std::make_unique<FrmPreview>(dialog != nullptr ? dialog : this);
     PreparePreview(preview->Surface());
     preview_ = std::move(preview);
     printRun_ = std::make_unique<ProgressRun>(this, "Sheets drawn");
@@ -59,6 +62,7 @@ void FrmMain::ShowPreview(const std::string& document, const LayOutAgain& again)
   if (!shown) return;
   Guard([this] { ShowSelectedRow(); });
   shown->DocumentName = document;
+  shown->SaveFigures = saveFigures_;
   shown->Again = [&](PrintSurface& surface) {
     // It takes the keys and clicks that could ask for a second one meanwhile.
     printRun_ = std::make_unique<ProgressRun>(shown.get(), "Sheets drawn");

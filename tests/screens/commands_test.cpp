@@ -364,11 +364,16 @@ TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
   EXPECT_EQ(main->menuBar()->actions().at(4)->menu(), &Find<QMenu>("mnuTools"));
   EXPECT_EQ(Find<QMenu>("mnuTools").actions(),
             (QList{&Entry("mnuToolsVersions"), &Entry("mnuToolsRecover"), &Entry("mnuTools(2)"),
-                   &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList")}));
+                   &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList"),
+                   &Entry("mnuToolsCuttingList"), &Entry("mnuToolsCompare")}));
   EXPECT_TRUE(Entry("mnuTools(2)").isSeparator());
   EXPECT_EQ(FromQt(Entry("mnuToolsRecover").text()), "&Recover jobs...");
   EXPECT_EQ(FromQt(Entry("mnuToolsImport").text()), "&Import sections...");
   EXPECT_EQ(FromQt(Entry("mnuToolsSectionList").text()), "Section &list...");
+  EXPECT_EQ(FromQt(Entry("mnuToolsCuttingList").text()), "C&utting list...");
+  EXPECT_EQ(FromQt(Entry("mnuToolsCompare").text()), "Compare &with...");
+  EXPECT_FALSE(Entry("mnuToolsCuttingList").icon().isNull());
+  EXPECT_FALSE(Entry("mnuToolsCompare").icon().isNull());
   EXPECT_FALSE(Entry("mnuToolsImport").icon().isNull());
   EXPECT_FALSE(Entry("mnuToolsSectionList").icon().isNull());
   EXPECT_EQ(FromQt(Entry("mnuToolsVersions").text()), "Earlier &versions...");

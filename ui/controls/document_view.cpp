@@ -113,8 +113,8 @@ void DocumentView::AddCommand(QAction* action) {
   button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::TabFocus);
-  bar_->insertWidget(0, button);
-  bar_->insertSpacing(1, fontMetrics().height());
+  bar_->insertWidget(commands_++, button);
+  bar_->insertSpacing(commands_++, fontMetrics().height());
 }
 
 // A key that the bar has left over.

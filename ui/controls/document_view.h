@@ -38,6 +38,7 @@ class DocumentView : public QWidget {
 
   DocumentPages* pages_ = nullptr;
   QHBoxLayout* bar_ = nullptr;
+  int commands_ = 0;  // places of the bar that commands and the gaps behind them take
   QToolButton* cmdPrevious_ = nullptr;
   QToolButton* cmdNext_ = nullptr;
   QLineEdit* txtPage_ = nullptr;

@@ -50,15 +50,15 @@ FrmPreview::FrmPreview(QWidget* parent) : PlainDialog(parent), surface_(SheetMet
 void FrmPreview::BuildMenu() {
   menuBar_ = new QMenuBar(this);
   menuBar_->setNativeMenuBar(false);  // the system's bar is the main window's
-  QMenu* mnuFile = menuBar_->addMenu("&File");
-  mnuFile->setObjectName("mnuFile");
-  print_ = AddEntry(*mnuFile, 0, "&Print");
+  mnuFile_ = menuBar_->addMenu("&File");
+  mnuFile_->setObjectName("mnuFile");
+  print_ = AddEntry(*mnuFile_, 0, "&Print");
   print_->setIcon(LineIcon("print"));
   print_->setShortcut(QKeySequence("Ctrl+P"));
   print_->setAutoRepeat(false);  // the key that opened the preview may still be down
   connect(print_, &QAction::triggered, this, [this] { Guard([this] { Print(); }); });
-  AddEntry(*mnuFile, 1, "")->setSeparator(true);
-  QAction* close = AddEntry(*mnuFile, 2, "&Close");
+  AddEntry(*mnuFile_, 1, "")->setSeparator(true);
+  QAction* close = AddEntry(*mnuFile_, 2, "&Close");
   connect(close, &QAction::triggered, this, [this] { Guard([this] { reject(); }); });
 }
 
@@ -67,6 +67,17 @@ QAction* FrmPreview::AddEntry(QMenu& menu, int index, const QString& caption) {
   action->setObjectName(IndexedName("mnuFile", index));
   action->setMenuRole(QAction::NoRole);
   return action;
+}
+
+void FrmPreview::AddSavingOfFigures() {
+  auto* save = new QAction(LineIcon("save-as"), "&Save as CSV...", this);
+  save->setObjectName("mnuFileSaveFigures");
+  save->setMenuRole(QAction::NoRole);
+  save->setShortcut(QKeySequence("Ctrl+S"));
+  save->setAutoRepeat(false);
+  connect(save, &QAction::triggered, this, [this] { Guard([this] { SaveFigures(); }); });
+  mnuFile_->insertAction(mnuFile_->actions().at(1), save);
+  VSPrinter1->AddCommand(save);
 }
 
 void FrmPreview::TakeFirstSize() {
@@ -79,6 +90,7 @@ void FrmPreview::showEvent(QShowEvent* event) {
   PlainDialog::showEvent(event);
   // Not when the window comes back from the desktop's bar.
   if (event->spontaneous()) return;
+  if (SaveFigures) AddSavingOfFigures();
   Guard([this] { VSPrinter1->ShowDocument(&surface_.Result()); });
 }
 

@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QMenuBar>
+#include <functional>
 #include <string>
 
 #include "drawing/page_surface.h"
@@ -23,6 +24,10 @@ class FrmPreview : public PlainDialog {
   // What it is of the job, such as "sheets"; the printer's queue and a PDF show both.
   std::string DocumentName;
 
+  // Writes the figures of the document to a file, by an entry of the menu that is there for it;
+  // none for a document without.
+  std::function<void()> SaveFigures;
+
   // Lays the document out on other paper, where the user chooses that in the printer's dialog.
   LayOutAgain Again;
 
@@ -32,11 +37,13 @@ class FrmPreview : public PlainDialog {
  private:
   void BuildMenu();
   QAction* AddEntry(QMenu& menu, int index, const QString& caption);
+  void AddSavingOfFigures();
   void TakeFirstSize();
   void Print();
 
   PageSurface surface_;
   QMenuBar* menuBar_ = nullptr;
+  QMenu* mnuFile_ = nullptr;
   QAction* print_ = nullptr;
   DocumentView* VSPrinter1 = nullptr;
 };
