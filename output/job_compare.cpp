@@ -125,14 +125,47 @@ std::string HoleText(const Hole& hole) {
   return text;
 }
 
-std::vector<PairEntry> HolesByHand(const Item& item) {
-  std::vector<PairEntry> entries;
+// Rows of holes placed by hand.
+std::vector<int> RowsByHand(const Item& item) {
+  std::vector<int> rows;
   for (int row = 1; row <= item.Holes.UBound(); ++row) {
+    if (item.Holes.At(row).Kind == CustomKind) rows.push_back(row);
+  }
+  return rows;
+}
+
+bool IsSameHole(const Hole& a, const Hole& b) {
+  return a.XPos == b.XPos && a.BF == b.BF && a.W1 == b.W1 && a.W2 == b.W2 && a.TF == b.TF &&
+         a.Diameter == b.Diameter && a.SlotLength == b.SlotLength && a.CounterSunk == b.CounterSunk;
+}
+
+std::vector<PairEntry> EntriesOfHoles(const Item& item, const std::vector<int>& rows) {
+  std::vector<PairEntry> entries;
+  for (const int row : rows) {
     const Hole& hole = item.Holes.At(row);
-    if (hole.Kind != CustomKind) continue;
     AddEntry(entries, row, "Hole at " + ShortestText(hole.XPos), HoleText(hole));
   }
   return entries;
+}
+
+// Both sections' holes by hand, without those alike at the beginning and at the end of both lists:
+// as a rule that is nearly all of them, and their texts would cost most of a large comparison.
+std::pair<std::vector<PairEntry>, std::vector<PairEntry>> HolesByHand(const Item& before,
+                                                                      const Item& after) {
+  std::vector<int> earlier = RowsByHand(before);
+  std::vector<int> later = RowsByHand(after);
+  const auto isSame = [&](int a, int b) {
+    return IsSameHole(before.Holes.At(a), after.Holes.At(b));
+  };
+  const auto [one, other] =
+      std::mismatch(earlier.begin(), earlier.end(), later.begin(), later.end(), isSame);
+  earlier.erase(earlier.begin(), one);
+  later.erase(later.begin(), other);
+  while (!earlier.empty() && !later.empty() && isSame(earlier.back(), later.back())) {
+    earlier.pop_back();
+    later.pop_back();
+  }
+  return {EntriesOfHoles(before, earlier), EntriesOfHoles(after, later)};
 }
 
 std::string NotchText(const Notch& notch) {
@@ -207,7 +240,8 @@ void AddSection(Lines& lines, const RowPair& pair, const JobView& before, const 
     difference.Part = field.Part;
     lines.push_back(std::move(difference));
   }
-  AddParts(lines, line, ComparedPart::Hole, HolesByHand(earlier), HolesByHand(later));
+  const auto [holesBefore, holesAfter] = HolesByHand(earlier, later);
+  AddParts(lines, line, ComparedPart::Hole, holesBefore, holesAfter);
   AddParts(lines, line, ComparedPart::Notch, NotchesOf(earlier), NotchesOf(later));
 }
 

@@ -160,6 +160,19 @@ TEST_F(JobCompare, Of_several_holes_at_one_place_those_alike_are_one) {
             "section|changed|P1|Hole at 100|W1, W2, dia 18|W1, W2, dia 18, slot 40\n");
 }
 
+TEST_F(JobCompare, A_hole_among_many_alike_is_told_alone) {
+  Item one = Section("P1");
+  Item other = Section("P1");
+  for (int x = 1; x <= 9; ++x) {
+    test::AddHoles(one, {MakeHole(Int16(x * 100), 18)});
+    if (x != 4) test::AddHoles(other, {MakeHole(Int16(x * 100), 18)});
+  }
+  test::AddHoles(other, {MakeHole(500, 18)});
+  EXPECT_EQ(Text(JobOf({one}), JobOf({other})),
+            "section|changed|P1|Hole at 500||W1, W2, dia 18\n"
+            "section|changed|P1|Hole at 400|W1, W2, dia 18|\n");
+}
+
 TEST_F(JobCompare, What_the_system_works_out_is_no_difference) {
   Item one = Section("P1");
   one.PatternName = "Slvd";
