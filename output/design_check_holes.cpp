@@ -27,11 +27,6 @@ std::string EndName(bool isLeft) {
   return isLeft ? "left-hand end" : "right-hand end";
 }
 
-std::string Stretch(double from, double to) {
-  const std::string text = InMm(from);
-  return text.substr(0, text.rfind(' ')) + " to " + InMm(to);
-}
-
 // True if the hole reaches beyond an end.
 bool CheckEnds(const CheckedSection& section, int row, FindingList& findings) {
   const Hole& hole = section.Section.Holes.At(row);
@@ -43,7 +38,7 @@ bool CheckEnds(const CheckedSection& section, int row, FindingList& findings) {
   findings.AddAtHole(
       isSlot ? DesignRule::SlotOverEdge : DesignRule::HoleBeyondEnd, row,
       HoleName(hole) + (isSlot ? " runs over the " : " reaches beyond the ") + EndName(isLeft),
-      Stretch(half, length - half));
+      InMm(half, length - half));
   return true;
 }
 
@@ -101,7 +96,7 @@ bool CheckNotch(const CheckedSection& section, const HoleMark& mark, const Notch
   const bool isSlot = DistanceToNotch(WithoutSlot(mark), notch) >= mark.Radius - CheckSlack;
   AddCut(section, mark, isSlot ? DesignRule::SlotOverEdge : DesignRule::HoleInNotch,
          "notch " + section.Section.Notches.At(notch.Notch).Code,
-         "clear of " + Stretch(notch.Left, notch.Right), findings);
+         "clear of " + InMm(notch.Left, notch.Right), findings);
   return true;
 }
 
@@ -127,13 +122,13 @@ void CheckPart(const CheckedSection& section, const HoleMark& mark, FindingList&
   const std::string part = "the " + std::string(mark.Part.Name);
   std::string limit = "at most " + InMm(mark.Part.High - mark.Part.Low);
   if (mark.Part.High - mark.Part.Low >= 2 * mark.Radius) {
-    limit = Stretch(mark.Part.Low + mark.Radius, mark.Part.High - mark.Radius) +
+    limit = InMm(mark.Part.Low + mark.Radius, mark.Part.High - mark.Radius) +
             std::string(MeasuredFrom(mark));
   }
-  std::string what = HoleName(hole) + " isn't on " + part;
+  std::string what = HoleName(hole);
+  if (!mark.AtGauge) what += " off gauge by " + LineTextOf(hole, mark.Line);
+  what += " isn't on " + part;
   if (mark.AtGauge && mark.Across) what += ", at " + InMm(*mark.Across);
-  if (!mark.AtGauge)
-    what = HoleName(hole) + " off gauge by " + InMm(*mark.Across) + " isn't on " + part;
   findings
       .AddAtHole(mark.AtGauge ? DesignRule::HoleOffPart : DesignRule::OffGaugeOutside, mark.Hole,
                  std::move(what), std::move(limit))

@@ -153,10 +153,10 @@ void CheckPairs(const CheckedSection& section, FindingList& findings) {
       before.push_back(place);
       continue;
     }
-    AddAtNotch(section, findings, DesignRule::NotchesOverlap, place.Notch,
-               "overlaps " + NotchName(section, other->Notch) + " of " + InMm(other->Left) +
-                   " to " + InMm(other->Right),
-               "");
+    AddAtNotch(
+        section, findings, DesignRule::NotchesOverlap, place.Notch,
+        "overlaps " + NotchName(section, other->Notch) + " of " + InMm(other->Left, other->Right),
+        "");
     // The one that reaches further stands for both.
     if (place.Right > other->Right) *other = place;
   }

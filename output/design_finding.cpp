@@ -1,6 +1,7 @@
 #include "output/design_finding.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <tuple>
 #include <unordered_set>
@@ -34,14 +35,19 @@ int SectionsThatCannotBeMade(const std::vector<Finding>& findings) {
 
 std::string InMm(double value) {
   constexpr double tenths = 10;
+  constexpr double farBeyondAll = 1e9;  // whose tenths nobody sees
+  if (std::abs(value) > farBeyondAll) return ShortestText(value) + " mm";
   return ShortestText(Nearest(value * tenths) / tenths) + " mm";
+}
+
+std::string InMm(double from, double to) {
+  const std::string text = InMm(from);
+  return text.substr(0, text.rfind(' ')) + " to " + InMm(to);
 }
 
 std::string PlaceText(const Finding& finding) {
   if (!finding.Place) return {};
-  if (!finding.PlaceEnd) return InMm(*finding.Place);
-  const std::string from = InMm(*finding.Place);
-  return from.substr(0, from.rfind(' ')) + " to " + InMm(*finding.PlaceEnd);
+  return finding.PlaceEnd ? InMm(*finding.Place, *finding.PlaceEnd) : InMm(*finding.Place);
 }
 
 std::string FindingLine(const Finding& finding) {

@@ -45,6 +45,8 @@ std::string FindingLine(const Finding& finding);
 
 // "5995 mm", "12.5 mm": to a tenth, as nobody measures finer.
 std::string InMm(double value);
+// "100 to 250 mm"
+std::string InMm(double from, double to);
 
 // In the order of the rows, those of accessory lines behind the sections; those of a row in the
 // order of the rules, and then from left to right.
