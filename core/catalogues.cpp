@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <exception>
-#include <functional>
 #include <string>
 
 #include "core/desktop.h"
@@ -11,7 +10,6 @@
 #include "core/program_folder.h"
 #include "core/section_families.h"
 #include "core/text.h"
-#include "core/text_file.h"
 
 namespace orvane {
 
@@ -26,15 +24,10 @@ constexpr std::array<double SectionDim::*, 12> DimColumns = {
 // Of a mezzanine row of dims.csv, which is a channel row as soon as it is read.
 constexpr std::string_view MezzanineTag = "M";
 
-// Reads one row behind its first cell. False when the tag, which is trimmed and in upper case, is
-// none that the file knows; nothing has been read then.
-using RowReader =
-    std::function<bool(TextFile& file, const std::string& tag, std::string_view cell)>;
-
-// The loop that all four readers share. A row's first cell decides what the row is; a row that
+// The loop that all readers share. A row's first cell decides what the row is; a row that
 // isn't known is thrown away, but an empty cell throws nothing away, so that the next cell of the
 // line is looked at in its place. A last line of a single cell is ignored.
-void ReadRows(TextFile& file, const RowReader& readRow) {
+void ReadRows(TextFile& file, const CatalogueRow& readRow) {
   while (!file.AtEnd()) {
     const std::string_view cell = file.ReadField();
     if (file.AtEnd()) return;
@@ -48,26 +41,6 @@ RuntimeError AtPlace(const RuntimeError& error, const TextFile& file) {
   if (error.Number() == static_cast<int>(Failure::InputPastEndOfFile)) return error;
   return {error.Number(), error.Description() + " (row " + DecimalText(file.Row()) + ", column " +
                               DecimalText(file.Column()) + ")"};
-}
-
-// Opens a catalogue file and reads its rows. Whatever goes wrong is told in a message box, and the
-// rows read before stay.
-bool Load(const std::string& path, const RowReader& readRow) {
-  std::string description;
-  try {
-    TextFile file = TextFile::Open(path);
-    try {
-      ReadRows(file, readRow);
-      return true;
-    } catch (const RuntimeError& error) {
-      description = AtPlace(error, file).Description();
-    }
-  } catch (const std::exception& error) {
-    description = error.what();
-  }
-  TheDesktop().ShowMessageBox("Error loading data from " + path + "\r" + description,
-                              "Orvane Detailing System", Buttons::Ok, Icon::Stop);
-  return false;
 }
 
 bool ReadSectionDim(TextFile& file, const std::string& tag, std::string_view cell) {
@@ -173,26 +146,44 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
 
 }  // namespace
 
+bool LoadCatalogue(const std::string& path, const CatalogueRow& readRow) {
+  std::string description;
+  try {
+    TextFile file = TextFile::Open(path);
+    try {
+      ReadRows(file, readRow);
+      return true;
+    } catch (const RuntimeError& error) {
+      description = AtPlace(error, file).Description();
+    }
+  } catch (const std::exception& error) {
+    description = error.what();
+  }
+  TheDesktop().ShowMessageBox("Error loading data from " + path + "\r" + description,
+                              "Orvane Detailing System", Buttons::Ok, Icon::Stop);
+  return false;
+}
+
 bool LoadSectionDims(const std::string& path) {
   SectionDims.Clear();
-  return Load(path, ReadSectionDim);
+  return LoadCatalogue(path, ReadSectionDim);
 }
 
 bool LoadPunchPatterns(const std::string& path) {
   PunchPatterns.Clear();
-  return Load(path, ReadPunchPattern);
+  return LoadCatalogue(path, ReadPunchPattern);
 }
 
 bool LoadAccessories1(const std::string& path) {
   AccDefs.Clear();
   AccType1Count = 0;
-  return Load(path, ReadAccessory1);
+  return LoadCatalogue(path, ReadAccessory1);
 }
 
 bool LoadAccessories2(const std::string& path) {
   AccType2Count = 0;
   AccDefs.Resize(AccType1Count);  // without the rows of an earlier reading
-  return Load(path, ReadAccessory2);
+  return LoadCatalogue(path, ReadAccessory2);
 }
 
 bool LoadAccessoryCatalogues() {

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "core/model.h"
+#include "core/text_file.h"
 
 namespace orvane {
 
@@ -36,6 +38,13 @@ bool LoadAccessories2(const std::string& path);
 // read whole.
 bool LoadAccessoryCatalogues();
 bool LoadSectionCatalogues();
+
+// Reads one row behind its first cell. False when the tag, which is trimmed and in upper case, is
+// none that the file knows; nothing has been read then.
+using CatalogueRow =
+    std::function<bool(TextFile& file, const std::string& tag, std::string_view cell)>;
+// How all of them read: a file of such rows, whose errors are told as above.
+bool LoadCatalogue(const std::string& path, const CatalogueRow& readRow);
 
 // A flag in AccUsed for each accessory of the catalogues and no more, none of them set.
 void ClearUsedFlags();

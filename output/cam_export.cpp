@@ -8,16 +8,19 @@
 #include "core/desktop.h"
 #include "core/files.h"
 #include "core/model.h"
+#include "core/numbers.h"
 #include "core/settings.h"
 #include "holes/hole_list.h"
 #include "output/accessory_blocks.h"
 #include "output/accessory_list.h"
 #include "output/accessory_rows.h"
+#include "output/design_check.h"
 #include "output/output_screen.h"
 #include "output/section_blocks.h"
 #include "output/validation.h"
 #include "project/changes.h"
 #include "project/error_names.h"
+#include "project/job.h"
 
 namespace orvane {
 
@@ -75,6 +78,13 @@ std::string EndText(const std::vector<std::string>& written, ListOutcome list) {
   return text;
 }
 
+// Behind the files: what nobody should carry to the machine unseen. It asks nothing, since the
+// check is there to be looked at before.
+std::string CheckLine() {
+  const int sections = SectionsThatCannotBeMade(CheckJob(OpenJob()));
+  return sections == 0 ? "" : "\r" + Counted(sections, "section") + " can't be made: see Check";
+}
+
 ExportOutcome ExportSteps() {
   if (!CheckExportData()) {
     TheOutputScreen().ShowExportErrors();
@@ -97,7 +107,7 @@ ExportOutcome ExportSteps() {
   ListOutcome list = ListOutcome::NotNeeded;
   if (!AccLines1.Empty() || !AccLines2.Empty()) list = ExportAccList(*path);
   if (list == ListOutcome::Written) written.push_back(AccListPath(*path));
-  TheDesktop().Message(EndText(written, list));
+  TheDesktop().Message(EndText(written, list) + CheckLine());
   return list == ListOutcome::Failed ? ExportOutcome::ListFailed : ExportOutcome::Done;
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "output/design_accepted.h"
 #include "output/design_check_section.h"
 
 namespace orvane {
@@ -16,7 +17,9 @@ std::vector<Finding> CheckSection(const JobView& job, int row) {
   CheckHoleLines(section, findings);
   CheckHolePairs(section, findings);
   CheckDistances(section, findings);
-  return findings.Sorted();
+  std::vector<Finding> sorted = findings.Sorted();
+  MarkAccepted(sorted, &job.Items.At(row));
+  return sorted;
 }
 
 std::vector<Finding> CheckJob(const JobView& job) {

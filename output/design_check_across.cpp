@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "output/accessory_rows.h"
+#include "output/design_accepted.h"
 #include "output/design_check.h"
 #include "output/design_content.h"
 
@@ -71,7 +72,11 @@ std::vector<Finding> CheckAcross(const JobView& job) {
   CheckMarks(job, findings);
   CheckAlike(job, findings);
   CheckSleeves(job, findings);
-  return findings.Sorted();
+  std::vector<Finding> sorted = findings.Sorted();
+  for (Finding& finding : sorted) {
+    MarkAccepted(finding, finding.Row == 0 ? nullptr : &job.Items.At(finding.Row));
+  }
+  return sorted;
 }
 
 }  // namespace orvane

@@ -44,6 +44,12 @@ bool IsPatternHole(const CheckedSection& section, int row) {
          section.Section.Holes.At(row).Kind == PatternKind;
 }
 
+std::span<const HoleMark> MarksOfOneHole(std::span<const HoleMark> marks) {
+  std::size_t count = 0;
+  while (count < marks.size() && marks[count].Hole == marks.front().Hole) ++count;
+  return marks.first(count);
+}
+
 bool IsOnItsPart(const HoleMark& mark) {
   const double width = mark.Part.High - mark.Part.Low;
   if (!mark.Across) return 2 * mark.Radius <= width + CheckSlack;

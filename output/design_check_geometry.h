@@ -1,12 +1,17 @@
 // How far holes are from what is cut and from each other, mm.
 #pragma once
 
+#include <span>
+
 #include "output/design_check_section.h"
 
 namespace orvane {
 
 // True for a hole that the section's pattern makes.
 bool IsPatternHole(const CheckedSection& section, int row);
+
+// The marks of the first hole among marks that stand hole by hole.
+std::span<const HoleMark> MarksOfOneHole(std::span<const HoleMark> marks);
 
 // The whole hole lies on the part that it is punched in. Where the catalogue doesn't tell the gauge
 // it is as wide as the part at most.

@@ -1,6 +1,7 @@
 // What the check says of where a hole is: along the section, and across the part it is punched in.
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "core/numbers.h"
 #include "output/design_check_geometry.h"
@@ -61,54 +62,72 @@ void CheckPatternLength(const CheckedSection& section, FindingList& findings) {
   finding.Place = item.Holes.At(first).XPos;
 }
 
-// The mark as it is, and as a round hole for what is told of slots apart.
+// The marks of one hole, which stand behind each other.
+using Marks = std::span<const HoleMark>;
+
+// The mark as a round hole, for what is told of slots apart.
 HoleMark WithoutSlot(HoleMark mark) {
   mark.HalfSlot = 0;
   return mark;
 }
 
-void AddCut(const CheckedSection& section, const HoleMark& mark, DesignRule rule,
+void AddCut(const CheckedSection& section, const HoleMark& mark, bool isSlot, DesignRule rule,
             const std::string& where, std::string limit, FindingList& findings) {
   const Hole& hole = section.Section.Holes.At(mark.Hole);
-  const bool isSlot = rule == DesignRule::SlotOverEdge;
-  Finding& finding = findings.AddAtHole(
-      rule, mark.Hole, HoleName(hole) + (isSlot ? " runs over " : " lies in ") + where,
-      std::move(limit));
-  finding.Line = HoleLineNames.at(static_cast<std::size_t>(mark.Line));
+  findings
+      .AddAtHole(isSlot ? DesignRule::SlotOverEdge : rule, mark.Hole,
+                 HoleName(hole) + (isSlot ? " runs over " : " lies in ") + where, std::move(limit))
+      .Line = HoleLineNames.at(static_cast<std::size_t>(mark.Line));
 }
 
-bool CheckMitre(const CheckedSection& section, const HoleMark& mark, bool isLeft,
-                FindingList& findings) {
+bool IsCut(const HoleMark& mark, double distance) {
+  return IsOnItsPart(mark) && distance < mark.Radius - CheckSlack;
+}
+
+// One finding for a hole: the limit is that of the line which must move the farthest.
+bool CheckMitre(const CheckedSection& section, Marks marks, bool isLeft, FindingList& findings) {
   const EndCut& cut = isLeft ? section.LeftEnd : section.RightEnd;
-  if (!cut.IsMitre || DistanceToEnd(section, mark, isLeft) >= mark.Radius - CheckSlack)
-    return false;
-  const bool isSlot = DistanceToEnd(section, WithoutSlot(mark), isLeft) >= mark.Radius - CheckSlack;
-  const double limit = LimitAtEnd(section, mark, isLeft);
-  AddCut(section, mark, isSlot ? DesignRule::SlotOverEdge : DesignRule::HoleInMitre,
+  if (!cut.IsMitre) return false;
+  const HoleMark* farthest = nullptr;
+  bool isSlot = true;
+  for (const HoleMark& mark : marks) {
+    if (!IsCut(mark, DistanceToEnd(section, mark, isLeft))) continue;
+    isSlot = isSlot && !IsCut(mark, DistanceToEnd(section, WithoutSlot(mark), isLeft));
+    const auto limit = [&](const HoleMark& of) { return LimitAtEnd(section, of, isLeft); };
+    const bool isFarther = farthest == nullptr || (isLeft ? limit(mark) > limit(*farthest)
+                                                          : limit(mark) < limit(*farthest));
+    if (isFarther) farthest = &mark;
+  }
+  if (farthest == nullptr) return false;
+  const std::string limit = InMm(LimitAtEnd(section, *farthest, isLeft));
+  AddCut(section, *farthest, isSlot, DesignRule::HoleInMitre,
          isLeft ? "the left-hand mitre" : "the right-hand mitre",
-         isLeft ? "from " + InMm(limit) + " on" : "up to " + InMm(limit), findings);
+         isLeft ? "from " + limit + " on" : "up to " + limit, findings);
   return true;
 }
 
-bool CheckNotch(const CheckedSection& section, const HoleMark& mark, const NotchPlace& notch,
+bool CheckNotch(const CheckedSection& section, Marks marks, const NotchPlace& notch,
                 FindingList& findings) {
-  if (DistanceToNotch(mark, notch) >= mark.Radius - CheckSlack) return false;
-  const bool isSlot = DistanceToNotch(WithoutSlot(mark), notch) >= mark.Radius - CheckSlack;
-  AddCut(section, mark, isSlot ? DesignRule::SlotOverEdge : DesignRule::HoleInNotch,
+  const HoleMark* first = nullptr;
+  bool isSlot = true;
+  for (const HoleMark& mark : marks) {
+    if (!IsCut(mark, DistanceToNotch(mark, notch))) continue;
+    isSlot = isSlot && !IsCut(mark, DistanceToNotch(WithoutSlot(mark), notch));
+    if (first == nullptr) first = &mark;
+  }
+  if (first == nullptr) return false;
+  AddCut(section, *first, isSlot, DesignRule::HoleInNotch,
          "notch " + section.Section.Notches.At(notch.Notch).Code,
          "clear of " + InMm(notch.Left, notch.Right), findings);
   return true;
 }
 
-// One finding of the cuts for a hole: on which of its lines is what is to be mended, not counted.
-bool CheckCuts(const CheckedSection& section, const HoleMark& mark, FindingList& findings) {
-  if (!IsOnItsPart(mark)) return false;
-  if (CheckMitre(section, mark, true, findings) || CheckMitre(section, mark, false, findings)) {
-    return true;
+void CheckCuts(const CheckedSection& section, Marks marks, FindingList& findings) {
+  if (CheckMitre(section, marks, true, findings)) return;
+  if (CheckMitre(section, marks, false, findings)) return;
+  for (const NotchPlace& notch : section.Notches) {
+    if (CheckNotch(section, marks, notch, findings)) return;
   }
-  return std::any_of(section.Notches.begin(), section.Notches.end(), [&](const NotchPlace& notch) {
-    return CheckNotch(section, mark, notch, findings);
-  });
 }
 
 std::string_view MeasuredFrom(const HoleMark& mark) {
@@ -171,9 +190,13 @@ void CheckHolePlaces(const CheckedSection& section, FindingList& findings) {
     told.at(at) = IsPatternHole(section, row) ? !IsWithin(hole.XPos, HalfLength(hole), item.Length)
                                               : CheckEnds(section, row, findings);
   }
-  for (const HoleMark& mark : section.Marks) {
-    const auto at = static_cast<std::size_t>(mark.Hole);
-    if (!told.at(at)) told.at(at) = CheckCuts(section, mark, findings);
+  const Marks all = section.Marks;
+  for (std::size_t first = 0; first < all.size();) {
+    const Marks marks = MarksOfOneHole(all.subspan(first));
+    if (!told.at(static_cast<std::size_t>(marks.front().Hole))) {
+      CheckCuts(section, marks, findings);
+    }
+    first += marks.size();
   }
 }
 

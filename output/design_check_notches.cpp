@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "output/design_check_section.h"
+#include "output/section_blocks.h"
 
 namespace orvane {
 
@@ -44,8 +45,11 @@ bool HasSize(const Notch& notch) {
   return notch.Size1 > 0 && notch.Size2 > 0;
 }
 
-bool HasPlace(const NotchCode& code, const Notch& notch) {
-  return code.X != Along::Inside || notch.Size3 > 0;
+// The factory file bears the position of a notch inside the length where it is above 0 alone. A
+// purlin's is counted from its other end there, so that 0 is a position of its.
+bool HasPlace(const NotchCode& code, const Item& item, const Notch& notch) {
+  if (code.X != Along::Inside || notch.Size3 > 0) return true;
+  return notch.Size3 == 0 && GoesEndForEnd(item.SectionType);
 }
 
 NotchPlace PlaceOf(const NotchCode& code, const Notch& notch, double length, double height) {
@@ -99,7 +103,7 @@ Finding& AddAtNotch(const CheckedSection& section, FindingList& findings, Design
   finding.Notch = row;
   const Notch& notch = section.Section.Notches.At(row);
   const NotchCode* code = CodeOf(notch);
-  if (code == nullptr || !HasPlace(*code, notch)) return finding;
+  if (code == nullptr || !HasPlace(*code, section.Section, notch)) return finding;
   const NotchPlace place = PlaceOf(*code, notch, section.Section.Length, section.Height);
   finding.Place = place.Left;
   if (notch.Size2 > 0) finding.PlaceEnd = place.Right;
@@ -115,7 +119,7 @@ void CheckOne(const CheckedSection& section, int row, FindingList& findings) {
                "is " + InMm(notch.Size1) + " deep and " + InMm(notch.Size2) + " wide", "above 0");
     return;
   }
-  if (!HasPlace(*code, notch)) {
+  if (!HasPlace(*code, section.Section, notch)) {
     AddAtNotch(section, findings, DesignRule::NotchWithoutPlace, row,
                "has the position " + InMm(notch.Size3), "above 0");
     return;
@@ -170,7 +174,7 @@ void PlaceNotches(CheckedSection& section) {
   for (int row = 1; row <= section.Section.Notches.UBound(); ++row) {
     const Notch& notch = section.Section.Notches.At(row);
     const NotchCode* code = CodeOf(notch);
-    if (code == nullptr || !HasSize(notch) || !HasPlace(*code, notch)) continue;
+    if (code == nullptr || !HasSize(notch) || !HasPlace(*code, section.Section, notch)) continue;
     NotchPlace place = PlaceOf(*code, notch, length, section.Height);
     if (!FitsAcross(place, section.Height) || !FitsAlong(place, length)) continue;
     place.Notch = row;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <tuple>
 
 #include "core/numbers.h"
@@ -172,21 +173,20 @@ void CheckHolePairs(const CheckedSection& section, FindingList& findings) {
 
 void CheckDistances(const CheckedSection& section, FindingList& findings) {
   if (section.Section.Length <= 0) return;
-  // The marks of a hole stand behind each other.
-  const std::vector<HoleMark>& marks = section.Marks;
-  for (std::size_t first = 0; first < marks.size();) {
+  const std::span<const HoleMark> all = section.Marks;
+  for (std::size_t first = 0; first < all.size();) {
+    const std::span<const HoleMark> marks = MarksOfOneHole(all.subspan(first));
+    first += marks.size();
     NearestEdge cut, edge, bend;
-    std::size_t at = first;
-    for (; at < marks.size() && marks.at(at).Hole == marks.at(first).Hole; ++at) {
-      if (!IsOnItsPart(marks.at(at))) continue;
-      NoteCuts(section, marks.at(at), cut);
-      NoteEdges(marks.at(at), PartEdge::Free, edge);
-      NoteEdges(marks.at(at), PartEdge::Bend, bend);
+    for (const HoleMark& mark : marks) {
+      if (!IsOnItsPart(mark)) continue;
+      NoteCuts(section, mark, cut);
+      NoteEdges(mark, PartEdge::Free, edge);
+      NoteEdges(mark, PartEdge::Bend, bend);
     }
     AddDistance(section, DesignRule::EndDistance, cut, findings);
     AddDistance(section, DesignRule::EdgeDistance, edge, findings);
     AddDistance(section, DesignRule::BendDistance, bend, findings);
-    first = at;
   }
 }
 

@@ -74,14 +74,14 @@ inline constexpr auto DesignRules = std::to_array<DesignRuleRow>({
     {DesignRule::PatternTooLong,       "pattern-too-long",       FindingGrade::CannotBeMade, "The pattern is longer than the section",            0, "the section"},
     {DesignRule::MitresMeet,           "mitres-meet",            FindingGrade::CannotBeMade, "The two mitres meet",                               0, "the section"},
     {DesignRule::NotchWithoutSize,     "notch-without-size",     FindingGrade::CannotBeMade, "A notch has no depth or no width",                  0, "the section"},
-    {DesignRule::NotchWithoutPlace,    "notch-without-place",    FindingGrade::CannotBeMade, "A notch inside the length has no position",         0, "the section"},
+    {DesignRule::NotchWithoutPlace,    "notch-without-place",    FindingGrade::CannotBeMade, "A notch inside the length has no position",         0, "the CAM file"},
     {DesignRule::NotchTooLarge,        "notch-too-large",        FindingGrade::CannotBeMade, "A notch is larger than the section",                0, "the section"},
     {DesignRule::NotchesOverlap,       "notches-overlap",        FindingGrade::CannotBeMade, "Two notches overlap",                               0, "the section"},
     {DesignRule::HoleBeyondEnd,        "hole-beyond-end",        FindingGrade::CannotBeMade, "A hole reaches beyond an end",                      0, "the section"},
     {DesignRule::HoleInMitre,          "hole-in-mitre",          FindingGrade::CannotBeMade, "A hole lies where a mitre is cut",                  0, "the section"},
     {DesignRule::HoleInNotch,          "hole-in-notch",          FindingGrade::CannotBeMade, "A hole lies in a notch",                            0, "the section"},
     {DesignRule::SlotOverEdge,         "slot-over-edge",         FindingGrade::CannotBeMade, "A slot runs over an edge",                          0, "the section"},
-    {DesignRule::HoleOffPart,          "hole-off-web",           FindingGrade::CannotBeMade, "A hole isn't on its web, flange or lip",            0, "dims.csv"},
+    {DesignRule::HoleOffPart,          "hole-off-web",           FindingGrade::CannotBeMade, "A hole isn't on the part it is punched in",         0, "dims.csv"},
     {DesignRule::OffGaugeZero,         "off-gauge-0",            FindingGrade::CannotBeMade, "An off-gauge distance isn't above 0",               0, "the section"},
     {DesignRule::OffGaugeOutside,      "off-gauge-outside",      FindingGrade::CannotBeMade, "An off-gauge hole isn't on its flange or web",      0, "dims.csv"},
     {DesignRule::OffGaugeInW2,         "off-gauge-in-W2",        FindingGrade::CannotBeMade, "An off-gauge distance stands in W2",                0, "the sheet"},
@@ -89,7 +89,7 @@ inline constexpr auto DesignRules = std::to_array<DesignRuleRow>({
     {DesignRule::NoHoles,              "no-holes",               FindingGrade::Advice,       "The section has neither pattern nor hole",          0, "the section"},
     {DesignRule::SleeveWithoutProduct, "sleeve-without-product", FindingGrade::Advice,       "No section has the product of a sleeve",            0, "the job"},
     {DesignRule::SectionsAlike,        "sections-alike",         FindingGrade::Advice,       "Two sections differ in mark and quantity alone",    0, "the job"},
-    {DesignRule::EndDistance,          "end-distance",           FindingGrade::Advice,       "A hole is close to an end, a mitre or a notch",   1.5, OwnPractice},
+    {DesignRule::EndDistance,          "end-distance",           FindingGrade::Advice,       "A hole is close to an end or to what is cut",     1.5, OwnPractice},
     {DesignRule::EdgeDistance,         "edge-distance",          FindingGrade::Advice,       "A hole is close to the edge of its part",           1, OwnPractice},
     {DesignRule::BendDistance,         "bend-distance",          FindingGrade::Advice,       "A hole is close to a bend",                         1, OwnPractice},
     {DesignRule::PitchDistance,        "pitch",                  FindingGrade::Advice,       "Two holes are close to each other",                 2, OwnPractice},
@@ -118,6 +118,15 @@ using RulesInUse = std::array<RuleInUse, DesignRules.size()>;
 // The rules as they ship, and as they are used now.
 RulesInUse ShippedRules();
 extern RulesInUse TheRules;
+
+// The file in the program's folder by which an office sets them.
+constexpr std::string_view CheckFile = "\\check.csv";
+
+// Reads that file over the shipped rules, as the catalogues are read (core/catalogues): a row of
+// the tag R sets one rule, in the cells behind it its name, Y or N, and for a distance how many
+// times the hole's diameter it is, from 0 to 100, and where that comes from. All other rows are
+// passed over. Without such a file the rules are as they ship, and nothing is told.
+bool LoadCheckRules(const std::string& path);
 
 // The row of a rule of that name; none for another text.
 std::optional<DesignRule> RuleNamed(std::string_view name);

@@ -91,10 +91,15 @@ void WriteNotchLine(FactoryWriter& out, const Item& item, const Notch& notch, bo
 
 }  // namespace
 
+bool GoesEndForEnd(std::string_view sectionType) {
+  const BlockForm* form = FactOf(BlockForms, sectionType);
+  return form != nullptr && form->Mirrored;
+}
+
 void WriteSectionBlock(FactoryWriter& out, const Item& item) {
   const SectionFamily* family = FamilyOf(item.SectionType);
   const BlockForm* form = FactOf(BlockForms, item.SectionType);
-  const bool mirrored = form != nullptr && form->Mirrored;
+  const bool mirrored = GoesEndForEnd(item.SectionType);
 
   if (form != nullptr) out.Line(form->Keyword);
   out.Line(item.Mark);

@@ -15,6 +15,7 @@
 #include "core/model.h"
 #include "core/program_folder.h"
 #include "core/system_dates.h"
+#include "output/design_check_rules.h"
 #include "tools/batch_clashes.h"
 #include "tools/batch_compare.h"
 #include "tools/batch_desktop.h"
@@ -56,8 +57,9 @@ bool LoadCatalogues(CatalogueTables& loaded) {
   ResetModel();
   const bool accessories = LoadAccessoryCatalogues();
   const bool sections = LoadSectionCatalogues();
+  const bool rules = LoadCheckRules(ProgramPath(CheckFile));
   loaded = LoadedCatalogues();
-  return accessories && sections;
+  return accessories && sections && rules;
 }
 
 // Puts in the place of each folder the jobs that lie in it, by name. One without any stays, and is

@@ -1,4 +1,5 @@
 #include "tools/batch_clashes.h"
+#include "output/design_check_rules.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -76,7 +77,7 @@ std::string ResaveFault(const BatchOptions& options) {
   const fs::path target = Resolved(options.Resave);
   std::vector<std::string> kept;
   if (!options.SettingsFile.empty()) kept.push_back(options.SettingsFile);
-  for (const std::string_view name : {DimsFile, PunchFile, Accs1File, Accs2File}) {
+  for (const std::string_view name : {DimsFile, PunchFile, Accs1File, Accs2File, CheckFile}) {
     kept.push_back(ProgramPath(name));
   }
   for (const std::string& file : kept) {

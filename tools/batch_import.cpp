@@ -1,4 +1,5 @@
 #include "tools/batch_import.h"
+#include "output/design_check_rules.h"
 
 #include <filesystem>
 #include <string_view>
@@ -58,7 +59,7 @@ std::string ImportFault(const BatchOptions& options) {
   const std::string& target = options.ImportTo;
   std::vector<std::string> kept = {options.Import};
   if (!options.SettingsFile.empty()) kept.push_back(options.SettingsFile);
-  for (const std::string_view name : {DimsFile, PunchFile, Accs1File, Accs2File}) {
+  for (const std::string_view name : {DimsFile, PunchFile, Accs1File, Accs2File, CheckFile}) {
     kept.push_back(ProgramPath(name));
   }
   for (const std::string& file : kept) {

@@ -12,7 +12,9 @@
 #include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"
+#include "core/program_folder.h"
 #include "core/settings.h"
+#include "output/design_check_rules.h"
 #include "project/changes.h"
 #include "project/history.h"
 #include "project/lifecycle.h"
@@ -96,6 +98,7 @@ void FrmMain::Load() {
     LoadRecent();
     detail_->EmptyHoleGrid();
     LoadSectionCatalogues();
+    LoadCheckRules(ProgramPath(CheckFile));
     accessories_->FillAccessoryList();
     detail_->FillPitches();
     Items.Clear();

@@ -6,6 +6,7 @@
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/settings.h"
+#include "output/design_accepted.h"
 #include "project/versions.h"
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_registration.h"
@@ -45,6 +46,7 @@ void PrepareApplication() {
 
 StartUp::~StartUp() {
   KeepVersionsIn({});
+  KeepAcceptedIn({});
 }
 
 void StartUp::LoadAccessories() {
@@ -73,6 +75,7 @@ void StartUp::AskRegistration() {
 
 void StartUp::ShowMain() {
   KeepVersionsIn(TheDesktop().UserDataFolder());
+  Guard([] { KeepAcceptedIn(TheDesktop().UserDataFolder()); });
   details_ = std::make_unique<FrmProjectDetails>();
   main_ = std::make_unique<FrmMain>(*details_);
   main_->Load();

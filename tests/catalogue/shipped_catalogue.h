@@ -22,7 +22,7 @@ class ShippedCatalogue : public SystemTest {
 
 // The files themselves, cut at every line feed and comma without the readers' help.
 
-inline const Texts ShippedNames = {"dims.csv", "punch.csv", "accs1.csv", "accs2.csv"};
+inline const Texts ShippedNames = {"dims.csv", "punch.csv", "accs1.csv", "accs2.csv", "check.csv"};
 
 std::string ShippedBytes(const std::string& name);
 // Without the empty line behind the last line end.

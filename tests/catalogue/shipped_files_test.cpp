@@ -64,8 +64,9 @@ TEST_F(ShippedCatalogue, Gives_every_row_exactly_the_cells_of_its_file) {
     std::size_t Cells;
   };
   // A surplus cell of dims.csv would be taken as a tag; a missing one would come from the next row.
-  for (const Shape& shape : {Shape{"dims.csv", "EZCMVRT", 14}, Shape{"punch.csv", "EZCRVT", 5},
-                             Shape{"accs1.csv", "AI", 7}, Shape{"accs2.csv", "APOG", 7}}) {
+  for (const Shape& shape :
+       {Shape{"dims.csv", "EZCMVRT", 14}, Shape{"punch.csv", "EZCRVT", 5},
+        Shape{"accs1.csv", "AI", 7}, Shape{"accs2.csv", "APOG", 7}, Shape{"check.csv", "R", 6}}) {
     const std::vector<Texts> rows = RowsOf(shape.Name, shape.Tags);
     EXPECT_FALSE(rows.empty()) << shape.Name;
     for (const Texts& cells : rows) {

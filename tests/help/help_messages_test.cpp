@@ -91,6 +91,7 @@ const std::multiset<std::string> Messages = {
     "Item 3: P3 Zero quantity",
     "Item 3: P3 No sleeves",
     "CAM export complete\n/jobs/north/shed.xov\n/jobs/north/shed.xac",
+    "CAM export complete\n/jobs/north/shed.xov\n3 sections can't be made: see Check",
     "CAM file written, accessory list failed\n/jobs/north/shed.xov",
     "Accessory list failed",
     "VCR Assembly VA1: unknown cleat code \"KT50\"",

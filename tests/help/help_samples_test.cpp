@@ -60,7 +60,7 @@ TEST(HelpSamples, Every_example_stands_in_the_file_that_it_names_as_whole_lines)
                        "portal-shed.xov", "portal-shed.xov", "portal-shed.xov", "portal-shed.xov",
                        "portal-shed.xov", "cladding.xov", "mezzanine.xov", "portal-shed.xac",
                        "portal-shed.xac", "portal-shed.xac", "dims.csv", "punch.csv", "accs1.csv",
-                       "accs2.csv"}));
+                       "accs2.csv", "check.csv"}));
 }
 
 }  // namespace

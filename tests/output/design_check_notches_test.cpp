@@ -29,11 +29,16 @@ TEST_F(DesignCheckTest, A_notch_inside_the_length_needs_a_position_and_others_do
     EXPECT_FALSE(Finds(rule, {MakeNotch(code, 30, 50, 0)})) << code;
     EXPECT_EQ(Found(), Texts{"P1: neither a pattern nor a hole (the section)"}) << code;
   }
+  // The CAM file has a purlin's counted from its other end, 6000 for 0, and none of a channel's.
+  EXPECT_FALSE(Finds(rule, {MakeNotch("T2", 30, 50, 0)}));
+  EXPECT_TRUE(Finds(rule, {MakeNotch("T2", 30, 50, -1)}));
+  Items.Clear();
+  Add("C", "14012", 6000);
   for (const char* code : {"T2", "B2"}) {
     EXPECT_FALSE(Finds(rule, {MakeNotch(code, 30, 50, 1)})) << code;
     EXPECT_TRUE(Finds(rule, {MakeNotch(code, 30, 50, 0)})) << code;
   }
-  EXPECT_EQ(Found().at(0), "P1: notch B2 has the position 0 mm (above 0; the section)");
+  EXPECT_EQ(Found().at(0), "P1: notch B2 has the position 0 mm (above 0; the CAM file)");
 }
 
 TEST_F(DesignCheckTest, A_notch_that_leaves_nothing_of_the_section_is_found) {

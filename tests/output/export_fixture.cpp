@@ -34,6 +34,21 @@ ExportRunTest::ExportRunTest() {
   InstallDesktop(user);
   InstallOutputScreen(window);
   AddAccessories();
+  // What the tests' sections are made of, so that the check has nothing to say of them.
+  SectionDim product;
+  product.SectionType = "C";
+  product.Product = "X20018";
+  product.Dim3 = 200;
+  product.Dim4 = product.Dim5 = 65;
+  product.Dim9 = product.Dim11 = 45;
+  product.Dim10 = 110;
+  product.Dim13 = 75;
+  SectionDims.Append(product);
+  PunchPattern sleeved;
+  sleeved.SectionType = "Z";
+  sleeved.Name = "2 Row Sleeved";
+  sleeved.Codes = "B0 B6";
+  PunchPatterns.Append(sleeved);
 }
 
 ExportOutcome ExportRunTest::Export(const std::optional<std::string>& chosen) {

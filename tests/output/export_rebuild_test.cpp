@@ -13,11 +13,6 @@ using namespace test;
 class RebuildTest : public ExportRunTest {
  protected:
   RebuildTest() {
-    SectionDim dim;
-    dim.SectionType = "Z";
-    dim.Product = "X20018";
-    dim.Dim13 = 75;
-    SectionDims.Append(dim);
     AddPattern("Z", "Ends", "A0 F3 A6");
     AddPattern("C", "Quarter", "D1");
     MinHoleSep = 4;

@@ -68,7 +68,7 @@ TEST_F(BatchCatalogues, In_the_build_tree_the_shipped_catalogue_lies_beside_the_
   EXPECT_EQ(outcome.Err,
             "An older job: its accessory marks are not as many as the catalogue's accessories\n" +
                 std::string(Note));
-  for (const std::string name : {"dims.csv", "punch.csv", "accs1.csv", "accs2.csv"}) {
+  for (const std::string name : {"dims.csv", "punch.csv", "accs1.csv", "accs2.csv", "check.csv"}) {
     const std::string copy = (fs::path(ORVANE_BATCH).parent_path() / "catalogue" / name).string();
     EXPECT_EQ(BytesOf(copy), BytesOf(ORVANE_SOURCE_DIR "/catalogue/" + name)) << name;
   }
