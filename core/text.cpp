@@ -150,6 +150,12 @@ std::string UpperCase(std::string_view text) {
   return upper;
 }
 
+std::string FieldText(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char letter) { return letter >= 0 && letter < ' '; }, ' ');
+  return text;
+}
+
 std::size_t CharCount(std::string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char c) { return !IsContinuation(c); }));

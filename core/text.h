@@ -19,6 +19,9 @@ std::size_t CharCount(std::string_view text);
 std::string_view FirstChars(std::string_view text, std::size_t count);
 std::string_view LastChars(std::string_view text, std::size_t count);
 
+// The text with a blank for each control character, which would end a line or a field of one.
+std::string FieldText(std::string text);
+
 // Encodings.
 
 bool IsUtf8(std::string_view bytes);

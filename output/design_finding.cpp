@@ -7,7 +7,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include "core/csv.h"
 #include "core/numbers.h"
+#include "core/text.h"
 
 namespace orvane {
 
@@ -17,6 +19,18 @@ namespace {
 std::size_t RankOf(const Finding& finding) {
   const std::optional<DesignRule> rule = RuleNamed(finding.Rule);
   return rule ? RowOf(*rule) : DesignRules.size();
+}
+
+CsvRow FieldsOf(const Finding& finding) {
+  return {finding.Mark,
+          finding.Grade == FindingGrade::CannotBeMade ? "can't be made" : "advice",
+          std::string(finding.Rule),
+          PlaceText(finding),
+          std::string(finding.Line),
+          finding.What,
+          finding.Limit,
+          finding.Source,
+          finding.Accepted};
 }
 
 }  // namespace
@@ -58,6 +72,29 @@ std::string FindingLine(const Finding& finding) {
   std::string reason = finding.Limit;
   if (!finding.Source.empty()) reason += (reason.empty() ? "" : "; ") + finding.Source;
   return reason.empty() ? line : line + " (" + reason + ")";
+}
+
+std::string FindingsText(const std::vector<Finding>& findings, std::string_view front) {
+  std::string text;
+  for (const Finding& finding : findings) {
+    const CsvRow fields = FieldsOf(finding);
+    text += front;
+    for (std::size_t at = 0; at < fields.size(); ++at) {
+      text.append(at == 0 ? "" : "\t").append(FieldText(fields.at(at)));
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+std::string FindingsCsv(const std::vector<Finding>& findings) {
+  std::vector<CsvRow> rows = {
+      {"Mark", "Grade", "Rule", "Place", "Line", "What", "Limit", "Source", "Accepted"}};
+  for (const Finding& finding : findings) {
+    CsvRow& row = rows.emplace_back();
+    for (const std::string& field : FieldsOf(finding)) row.push_back(GuardedText(field));
+  }
+  return CsvText(rows, ',');
 }
 
 void SortFindings(std::vector<Finding>& findings) {

@@ -48,6 +48,13 @@ std::string InMm(double value);
 // "100 to 250 mm"
 std::string InMm(double from, double to);
 
+// Findings as lines of text, with a tab between each two fields: mark, "can't be made" or "advice",
+// the rule's name, place, hole line, what, limit, source, and the word that it was accepted with;
+// in front of each that text.
+std::string FindingsText(const std::vector<Finding>& findings, std::string_view front);
+// The same as a table for spreadsheets, under a heading.
+std::string FindingsCsv(const std::vector<Finding>& findings);
+
 // In the order of the rows, those of accessory lines behind the sections; those of a row in the
 // order of the rules, and then from left to right.
 void SortFindings(std::vector<Finding>& findings);

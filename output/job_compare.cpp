@@ -378,13 +378,6 @@ void AddDetails(Lines& lines, const std::vector<int>& details, const JobView& be
   }
 }
 
-// A text of the comparison as lines have it: a control character would end it or its field.
-std::string FieldText(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char letter) { return letter >= 0 && letter < ' '; }, ' ');
-  return text;
-}
-
 std::string_view WordOf(ComparedThing thing) {
   switch (thing) {
     case ComparedThing::Project:

@@ -111,7 +111,10 @@ std::vector<NamedJob> JobsOf(const BatchOptions& options) {
 }
 
 // Does the jobs, in their order or several at a time, and gives the highest of their codes.
-int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Console& console) {
+// What they have for standard output goes there in their order; where that can't be written it is a
+// fault.
+int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Console& console,
+           std::ostream& out) {
   const int count = static_cast<int>(jobs.size());
   const auto nameJob = [&](int number) {
     const NamedJob& job = jobs.at(static_cast<std::size_t>(number));
@@ -123,6 +126,7 @@ int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Co
   if (workers == 1) {
     for (int number = 0; number < count; ++number) {
       worst = std::max(worst, runner.Do(nameJob(number)));
+      out << runner.TakeOut();
     }
   } else {
     const auto work = [&](int number) {
@@ -133,17 +137,18 @@ int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Co
         const ConsoleRedirection redirected(console, said);
         code = runner.Do(nameJob(number));
       }
-      return Worked{code, said.str(), ""};
+      return Worked{code, said.str(), "", runner.TakeOut()};
     };
     DoInWorkers(count, workers, work, [&](int number, const Worked& worked) {
       nameJob(number);
       if (!worked.Died.empty()) console.SayError("its process died: " + worked.Died);
       console.Pass(worked.Said);
+      out << worked.Out;
       worst = std::max(worst, worked.Died.empty() ? worked.Code : ExitFault);
     });
   }
   console.ClearProgress();
-  return worst;
+  return out << std::flush ? worst : std::max(worst, ExitFault);
 }
 
 int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console,
@@ -170,7 +175,7 @@ int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console,
   FormerSheets former;
   if (options.Svg && !console.Try(outFolder, [&] { former = SheetsInFolder(); })) return ExitFault;
   JobRunner runner(options, resave, catalogues, former, screen, desktop, console);
-  return DoJobs(jobs, options.Workers, runner, console);
+  return DoJobs(jobs, options.Workers, runner, console, out);
 }
 
 }  // namespace

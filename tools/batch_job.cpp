@@ -10,15 +10,18 @@
 #include "core/file_replacement.h"
 #include "core/files.h"
 #include "core/model.h"
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "core/text_file.h"
 #include "output/cam_export.h"
 #include "output/cutting_list.h"
+#include "output/design_check.h"
 #include "output/list_reports.h"
 #include "output/reports.h"
 #include "project/accessory_lines.h"
+#include "project/job.h"
 #include "project/project_backup.h"
 #include "project/project_file.h"
 #include "project/section_list/section_table.h"
@@ -116,6 +119,7 @@ int JobRunner::Do(const NamedJob& job) {
   };
   if (!resave_.empty() && !console_.Try(options_.Resave, resave)) code = ExitFault;
   if (options_.SectionList) code = std::max(code, WriteSectionList(job));
+  if (options_.Check || options_.CheckCsv) code = std::max(code, Check(job));
   if (options_.CuttingList) code = std::max(code, WriteCuttingList(job));
   if (options_.Cam) {
     // The accessory list takes values that were never set for 0 from then on; what is drawn shows
@@ -150,6 +154,26 @@ int JobRunner::WriteSectionList(const NamedJob& job) {
   if (!console_.Try(file, [&] { ReplaceWholeFile(file, SectionListFile()); })) return ExitFault;
   console_.Say("Section list complete");
   return ExitDone;
+}
+
+// What a person has accepted stands in that person's data folder, which is nobody's here.
+int JobRunner::Check(const NamedJob& job) {
+  std::vector<Finding> findings;
+  if (!Tell([&] { findings = CheckJob(OpenJob()); })) return ExitFault;
+  if (options_.Check) {
+    // Of several jobs each line says which one it is of.
+    out_ += FindingsText(findings, options_.Jobs.size() > 1 ? FieldText(job.Name) + "\t" : "");
+  }
+  const std::string file = CheckFileName(job.Path);
+  const auto write = [&] { ReplaceWholeFile(file, FindingsCsv(findings)); };
+  if (options_.CheckCsv && !console_.Try(file, write)) return ExitFault;
+  const int sections = SectionsThatCannotBeMade(findings);
+  console_.Say(findings.empty() ? "Check complete: nothing is found"
+               : sections == 0
+                   ? "Check complete: " +
+                         Counted(static_cast<long long>(findings.size()), "finding")
+                   : "Check complete: " + Counted(sections, "section") + " can't be made");
+  return sections == 0 ? ExitDone : ExitCannotBeMade;
 }
 
 // The figures are written where nothing can be drawn, too.

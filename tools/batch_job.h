@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/catalogues.h"
@@ -46,10 +47,13 @@ class JobRunner {
 
   // Gives the exit code.
   int Do(const NamedJob& job);
+  // What the jobs since the last call have for standard output.
+  std::string TakeOut() { return std::exchange(out_, {}); }
 
  private:
   bool Read(const NamedJob& job);
   int WriteSectionList(const NamedJob& job);
+  int Check(const NamedJob& job);
   int WriteCuttingList(const NamedJob& job);
   int Export();
   int Print(const NamedJob& job);
@@ -67,6 +71,7 @@ class JobRunner {
   BatchScreen& screen_;
   BatchDesktop& desktop_;
   Console& console_;
+  std::string out_;
   std::optional<DocumentWriter> writer_;  // made when something is drawn for the first time
 };
 

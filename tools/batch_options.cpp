@@ -86,7 +86,7 @@ struct FlagOption {
   bool BatchOptions::*Flag;
 };
 
-constexpr std::array<FlagOption, 11> FlagOptions = {{
+constexpr std::array<FlagOption, 13> FlagOptions = {{
     {"--cam", &BatchOptions::Cam},
     {"--sheets", &BatchOptions::Sheets},
     {"--svg", &BatchOptions::Svg},
@@ -94,6 +94,8 @@ constexpr std::array<FlagOption, 11> FlagOptions = {{
     {"--summary", &BatchOptions::Summary},
     {"--section-list", &BatchOptions::SectionList},
     {"--cutting-list", &BatchOptions::CuttingList},
+    {"--check", &BatchOptions::Check},
+    {"--check-csv", &BatchOptions::CheckCsv},
     {"--compare", &BatchOptions::Compare},
     {"--skip-refused", &BatchOptions::SkipRefused},
     {"--replace", &BatchOptions::Replace},
@@ -129,7 +131,7 @@ bool SameName(const std::string& a, const std::string& b) {
 
 // What can only be seen when the whole command line has been read.
 std::string FaultOfWhole(const BatchOptions& options) {
-  const bool asks = WritesResults(options) || !options.Resave.empty();
+  const bool asks = WritesResults(options) || options.Check || !options.Resave.empty();
   if (!options.Import.empty()) {
     if (options.Compare) return "--compare goes with nothing else that is to be done";
     if (options.ImportTo.empty()) return "--import takes --to with the job to be made";
@@ -146,7 +148,7 @@ std::string FaultOfWhole(const BatchOptions& options) {
   if (options.Jobs.empty()) return "no job is named";
   if (!asks) {
     return "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
-           "--cutting-list, --compare, --resave and --import is given";
+           "--cutting-list, --check, --check-csv, --compare, --resave and --import is given";
   }
   return JobsFault(options);
 }
@@ -242,6 +244,10 @@ std::string SectionListFileName(const std::string& job) {
   return JobName(job) + "-sections.csv";
 }
 
+std::string CheckFileName(const std::string& job) {
+  return JobName(job) + "-check.csv";
+}
+
 std::string CuttingListFileName(const std::string& job) {
   return JobName(job) + "-cutting-list.csv";
 }
@@ -273,7 +279,8 @@ bool AsksForPages(const BatchOptions& options) {
 }
 
 bool WritesResults(const BatchOptions& options) {
-  return options.Cam || options.SectionList || options.CuttingList || AsksForPages(options);
+  return options.Cam || options.SectionList || options.CuttingList || options.CheckCsv ||
+         AsksForPages(options);
 }
 
 std::vector<std::string> ResultNames(const BatchOptions& options, const std::string& job) {
@@ -287,6 +294,7 @@ std::vector<std::string> ResultNames(const BatchOptions& options, const std::str
   if (options.AccessorySheets) names.push_back(AccessoriesFileName(job));
   if (options.Summary) names.push_back(SummaryFileName(job));
   if (options.SectionList) names.push_back(SectionListFileName(job));
+  if (options.CheckCsv) names.push_back(CheckFileName(job));
   if (options.CuttingList) {
     names.push_back(CuttingListFileName(job));
     names.push_back(CuttingListPdfName(job));
@@ -308,6 +316,7 @@ std::string HelpText(const std::string& dateForm) {
        orvane-batch [OPTION]... --summary JOB.ovd...
        orvane-batch [OPTION]... --section-list JOB.ovd...
        orvane-batch [OPTION]... --cutting-list JOB.ovd...
+       orvane-batch [OPTION]... --check JOB.ovd...
        orvane-batch [OPTION]... --compare OLD.ovd NEW.ovd
        orvane-batch [OPTION]... --resave FILE JOB.ovd
        orvane-batch [OPTION]... --import LIST --to JOB.ovd
@@ -324,6 +333,8 @@ stands for all the jobs in it.
   --summary              write each job's contract summary as a PDF (JOB-summary.pdf)
   --section-list         write the list of each job's sections (JOB-sections.csv)
   --cutting-list         write what each job is to buy, cut and punch (JOB-cutting-list.pdf and .csv)
+  --check                tell on standard output what of each job can't be made or is worth a look
+  --check-csv            write that as a file (JOB-check.csv)
   --compare              tell on standard output how the second of two jobs differs from the first
   --resave FILE          write the one job again, as it would be saved; alone or with the others
   --import LIST          make a new job of a list of sections; each row that the program would refuse
@@ -332,7 +343,7 @@ stands for all the jobs in it.
   --skip-refused         let --import leave such rows out and write the job of the others
   --replace              let --import write over a job that is there already
   --out DIR              where the results go, made if missing (default: the current folder)
-  --catalogue DIR        the folder of dims.csv, punch.csv, accs1.csv and accs2.csv (default: the
+  --catalogue DIR        the folder of dims.csv, punch.csv, accs1.csv, accs2.csv and check.csv (default: the
                          program's own folder, or "catalogue" in it)
   --sleeves yes|no       the answer when a sleeved purlin has no sleeves (default: no)
   --created MOMENT       the moment of export, YYYY-MM-DDTHH:MM:SS (default: now)

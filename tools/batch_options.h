@@ -22,6 +22,8 @@ struct BatchOptions {
   bool Summary = false;           // write each job's contract summary as a PDF
   bool SectionList = false;       // write the list of each job's sections
   bool CuttingList = false;       // write what each job is to buy, cut and punch, PDF and CSV
+  bool Check = false;             // tell what of each job can't be made or is worth a look
+  bool CheckCsv = false;          // write that as a file
   bool Compare = false;           // tell how the second job differs from the first
   std::string Resave;             // write the one job again to this file; empty for not
   std::string Import;             // make this list of sections a job; empty for not
@@ -71,6 +73,8 @@ std::string SheetsFileName(const std::string& job);
 std::string AccessoriesFileName(const std::string& job);
 std::string SummaryFileName(const std::string& job);
 std::string SectionListFileName(const std::string& job);
+// What the design check has found, "JOB-check.csv".
+std::string CheckFileName(const std::string& job);
 std::string CuttingListFileName(const std::string& job);
 std::string CuttingListPdfName(const std::string& job);
 std::string SvgFileName(const std::string& job, int sheet);

@@ -58,7 +58,8 @@ void DoHere(int first, int count, const Work& work, InOrder& told) {
 // In front of what a worker has said.
 struct Header {
   std::int32_t Code = 0;
-  std::uint32_t Length = 0;
+  std::uint32_t Said = 0;  // bytes of the texts that come behind it
+  std::uint32_t Out = 0;
 };
 
 bool Send(int socket, const void* bytes, std::size_t count) {
@@ -108,9 +109,11 @@ void EndWith(pid_t asking) {
       // What is above belongs to the process that this one is a copy of.
       _exit(1);
     }
-    const Header header{worked.Code, static_cast<std::uint32_t>(worked.Said.size())};
+    const Header header{worked.Code, static_cast<std::uint32_t>(worked.Said.size()),
+                        static_cast<std::uint32_t>(worked.Out.size())};
     if (!Send(socket, &header, sizeof header) ||
-        !Send(socket, worked.Said.data(), worked.Said.size())) {
+        !Send(socket, worked.Said.data(), worked.Said.size()) ||
+        !Send(socket, worked.Out.data(), worked.Out.size())) {
       break;
     }
   }
@@ -198,8 +201,10 @@ class Pool {
     bool whole = Receive(socket, &header, sizeof header);
     if (whole) {
       worked.Code = header.Code;
-      worked.Said.resize(header.Length);
-      whole = Receive(socket, worked.Said.data(), worked.Said.size());
+      worked.Said.resize(header.Said);
+      worked.Out.resize(header.Out);
+      whole = Receive(socket, worked.Said.data(), worked.Said.size()) &&
+              Receive(socket, worked.Out.data(), worked.Out.size());
     }
     const int piece = worker->Piece;
     if (whole && next_ < count_) {
@@ -209,7 +214,7 @@ class Pool {
       const std::string death = DeathOf(worker->Process);
       crew_.erase(worker);
       if (!whole) {
-        worked = {0, "", death};
+        worked = {0, "", death, ""};
         (void)Hire();
       }
     }

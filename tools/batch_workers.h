@@ -11,6 +11,7 @@ struct Worked {
   int Code = 0;      // exit code
   std::string Said;  // what is to be told of it, lines with their ends
   std::string Died;  // how its process died, whose code and words are lost then; else empty
+  std::string Out;   // what goes to standard output
 };
 
 // Does the pieces 0 to `count` - 1 by `work`, `workers` of them at a time; each worker is a copy of

@@ -39,6 +39,8 @@ TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
                              "--paper PAPER",
                              "--section-list",
                              "--cutting-list",
+                             "--check ",
+                             "--check-csv",
                              "--compare",
                              "--import LIST",
                              "--to JOB.ovd",

@@ -29,7 +29,7 @@ Told TellAll(int count, int workers, const std::function<Worked(int)>& work) {
 }
 
 Worked Saying(int number) {
-  return {number % 4, "piece " + std::to_string(number), ""};
+  return {number % 4, "piece " + std::to_string(number), "", ""};
 }
 
 Told Expected(int count) {
@@ -51,7 +51,7 @@ TEST(BatchWorkers, Every_piece_is_told_once_and_in_order_by_any_number_of_worker
 
 TEST(BatchWorkers, Words_longer_than_any_pipe_come_whole) {
   const auto work = [](int number) {
-    return Worked{0, std::string(3000000, static_cast<char>('a' + number)), ""};
+    return Worked{0, std::string(3000000, static_cast<char>('a' + number)), "", ""};
   };
   std::vector<std::string> said;
   DoInWorkers(4, 2, work, [&](int, const Worked& worked) { said.push_back(worked.Said); });
@@ -62,7 +62,7 @@ TEST(BatchWorkers, Words_longer_than_any_pipe_come_whole) {
 
 TEST(BatchWorkers, Each_worker_is_a_process_of_its_own) {
   const pid_t own = getpid();
-  const auto work = [](int) { return Worked{0, std::to_string(getpid()), ""}; };
+  const auto work = [](int) { return Worked{0, std::to_string(getpid()), "", ""}; };
   DoInWorkers(5, 2, work,
               [own](int, const Worked& worked) { EXPECT_NE(worked.Said, std::to_string(own)); });
   DoInWorkers(2, 1, work,
