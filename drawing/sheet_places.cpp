@@ -28,6 +28,8 @@ PagePlace PlaceOfStretch(const Sheet& sheet, double from, double to) {
 
 std::optional<PagePlace> PlaceOnSheet(const Sheet& sheet, const SheetThing& thing) {
   if (!HasViews(sheet)) return std::nullopt;
+  if (thing.Hole > sheet.Section.Holes.UBound()) return std::nullopt;
+  if (thing.Notch > sheet.Section.Notches.UBound()) return std::nullopt;
   if (thing.Hole > 0) return PlaceOfHole(sheet, thing.Hole, thing.Line);
   if (thing.Notch > 0) return PlaceOfNotch(sheet, sheet.Section.Notches.At(thing.Notch));
   return PlaceOfStretch(sheet, thing.From, thing.To);

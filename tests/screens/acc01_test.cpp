@@ -227,7 +227,7 @@ TEST_F(Acc01Test, A_picture_is_as_large_as_the_surface_lets_it_be_in_the_middle)
     picture.Width = pictureWidth;
     picture.Height = pictureHeight;
     // A surface of 110 x 60: 100 x 50 for the picture.
-    const Box place = PicturePlace(picture, 110, 60);
+    const Box place = PicturePlaceOn(picture, 110, 60);
     EXPECT_DOUBLE_EQ(place.Left, expected.Left);
     EXPECT_DOUBLE_EQ(place.Top, expected.Top);
     EXPECT_DOUBLE_EQ(place.Width, expected.Width);
@@ -242,8 +242,8 @@ TEST_F(Acc01Test, A_picture_is_as_large_as_the_surface_lets_it_be_in_the_middle)
   Picture picture;
   picture.Width = 1;
   picture.Height = 1;
-  EXPECT_EQ(PicturePlace(picture, 9, 60).Width, 0);
-  EXPECT_EQ(PicturePlace(picture, 110, 4).Height, 0);
+  EXPECT_EQ(PicturePlaceOn(picture, 9, 60).Width, 0);
+  EXPECT_EQ(PicturePlaceOn(picture, 110, 4).Height, 0);
 }
 
 // The box of everything that isn't white, inside the edge line.

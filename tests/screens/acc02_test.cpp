@@ -66,7 +66,7 @@ TEST_F(Acc02OpeningTest, The_letters_of_each_picture_can_be_read_in_the_size_tha
     const QSize first = AccessoryPicture(Int16(row), nullptr).sizeHint();
     constexpr double pixelsPerMm = 96 / 25.4;
     const Box place =
-        PicturePlace(*picture, first.width() / pixelsPerMm, first.height() / pixelsPerMm);
+        PicturePlaceOn(*picture, first.width() / pixelsPerMm, first.height() / pixelsPerMm);
     for (const Shape& shape : picture->Shapes) {
       const auto* text = std::get_if<TextShape>(&shape);
       if (text == nullptr) continue;

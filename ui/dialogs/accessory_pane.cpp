@@ -31,7 +31,7 @@ constexpr int LeastPictureLines = 10;
 
 }  // namespace
 
-Box PicturePlace(const Picture& picture, double surfaceWidth, double surfaceHeight) {
+Box PicturePlaceOn(const Picture& picture, double surfaceWidth, double surfaceHeight) {
   const double width = std::max(surfaceWidth - 2 * PictureEdge, 0.0);
   const double height = std::max(surfaceHeight - 2 * PictureEdge, 0.0);
   const double scale = std::min(width / picture.Width, height / picture.Height);
@@ -77,7 +77,7 @@ void AccessoryPicture::paintEvent(QPaintEvent*) {
     Page page;
     page.Width = width() / unitsPerMm;
     page.Height = height() / unitsPerMm;
-    const Box place = PicturePlace(*picture_, page.Width, page.Height);
+    const Box place = PicturePlaceOn(*picture_, page.Width, page.Height);
     if (place.Width > 0 && place.Height > 0) page.Shapes.push_back(PictureShape{picture_, place});
     painter.save();
     PaintPage(painter, page, QPointF(0, 0), unitsPerMm, PaintDevice::Screen);

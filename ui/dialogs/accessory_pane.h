@@ -12,7 +12,7 @@ namespace orvane {
 // Where a picture stands on a surface of that size, mm: in its proportions, as large as the surface
 // lets it be within an edge of 5 mm, and in the middle. Without width or height on a surface that
 // is all edge.
-Box PicturePlace(const Picture& picture, double surfaceWidth, double surfaceHeight);
+Box PicturePlaceOn(const Picture& picture, double surfaceWidth, double surfaceHeight);
 
 // Bears the name VSPrinter1: the accessory's picture on white, as large as the pane lets it be, in
 // its proportions.
