@@ -1,0 +1,164 @@
+#include "output/job_findings.h"
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "core/model.h"
+#include "core/numbers.h"
+
+namespace orvane {
+
+namespace {
+
+bool IsOpen(const Finding& finding) {
+  return finding.Accepted.empty();
+}
+
+bool IsOpenAdvice(const Finding& finding) {
+  return IsOpen(finding) && finding.Grade == FindingGrade::Advice;
+}
+
+// The less, the more it matters.
+int Weight(const Finding& finding) {
+  if (!IsOpen(finding)) return 2;
+  return finding.Grade == FindingGrade::CannotBeMade ? 0 : 1;
+}
+
+}  // namespace
+
+bool JobFindings::Follow(const ChangeNotice& change) {
+  const ChangeRule& rule = RuleOf(change.Kind);
+  // What a look makes of a section the check makes itself.
+  if (rule.By == ChangeBy::Look) return false;
+  switch (rule.Subject) {
+    case ChangeSubject::Section:
+      LookAgain(change.Row);
+      return true;
+    case ChangeSubject::Accessory:
+      isAcrossDue_ = true;
+      return true;
+    case ChangeSubject::SectionList:
+    case ChangeSubject::Sections:
+    case ChangeSubject::WholeJob:
+    case ChangeSubject::Settings:
+      StartAfresh();
+      return true;
+    case ChangeSubject::Details:
+    case ChangeSubject::Nothing:
+      break;
+  }
+  return false;
+}
+
+void JobFindings::StartAfresh() {
+  sections_.clear();
+  sections_.resize(static_cast<std::size_t>(Items.UBound()));
+  next_ = 1;
+  // Its rows are others'.
+  across_.clear();
+  isAcrossDue_ = true;
+}
+
+void JobFindings::LookAgain(int row) {
+  isAcrossDue_ = true;
+  if (row < 1 || row > static_cast<int>(sections_.size())) return;
+  sections_.at(static_cast<std::size_t>(row) - 1).reset();
+  LookAt(row);
+}
+
+const JobFindings::Looked& JobFindings::LookAt(int row) {
+  std::optional<Looked>& looked = sections_.at(static_cast<std::size_t>(row) - 1);
+  if (looked) return *looked;
+  looked.emplace();
+  looked->Findings = CheckSection(OpenJob(), row);
+  const auto& findings = looked->Findings;
+  looked->IsFault = std::any_of(findings.begin(), findings.end(), IsOpenFault);
+  looked->Advice = static_cast<int>(std::count_if(findings.begin(), findings.end(), IsOpenAdvice));
+  return *looked;
+}
+
+bool JobFindings::Step(int sections) {
+  if (static_cast<int>(sections_.size()) != Items.UBound()) StartAfresh();
+  const int count = Items.UBound();
+  for (; next_ <= count && sections > 0; ++next_, --sections) LookAt(next_);
+  if (next_ <= count) return false;
+  if (isAcrossDue_) across_ = CheckAcross(OpenJob());
+  isAcrossDue_ = false;
+  return true;
+}
+
+void JobFindings::Finish() {
+  if (static_cast<int>(sections_.size()) != Items.UBound()) StartAfresh();
+  Step(Items.UBound() + 1);
+}
+
+bool JobFindings::IsDone() const {
+  return next_ > static_cast<int>(sections_.size()) && !isAcrossDue_;
+}
+
+std::vector<Finding> JobFindings::Of(int row) {
+  if (static_cast<int>(sections_.size()) != Items.UBound()) StartAfresh();
+  if (row < 1 || row > Items.UBound()) return {};
+  std::vector<Finding> findings = LookAt(row).Findings;
+  for (const Finding& finding : across_) {
+    if (finding.Row == row) findings.push_back(finding);
+  }
+  std::stable_sort(findings.begin(), findings.end(),
+                   [](const Finding& a, const Finding& b) { return Weight(a) < Weight(b); });
+  return findings;
+}
+
+std::vector<Finding> JobFindings::All() const {
+  std::vector<Finding> all = across_;
+  for (const std::optional<Looked>& looked : sections_) {
+    if (looked) all.insert(all.end(), looked->Findings.begin(), looked->Findings.end());
+  }
+  SortFindings(all);
+  return all;
+}
+
+FindingCounts JobFindings::Counts() const {
+  FindingCounts counts;
+  std::set<int> others;  // sections that are a fault only beside the others
+  for (const Finding& finding : across_) {
+    if (IsOpenAdvice(finding)) ++counts.Advice;
+    if (IsOpenFault(finding)) others.insert(finding.Row);
+  }
+  int row = 0;
+  for (const std::optional<Looked>& looked : sections_) {
+    ++row;
+    if (!looked) continue;
+    counts.Advice += looked->Advice;
+    if (looked->IsFault) others.erase(row);
+    if (looked->IsFault) ++counts.Faults;
+  }
+  counts.Faults += static_cast<int>(others.size());
+  return counts;
+}
+
+std::string CountsLine(const FindingCounts& counts) {
+  if (counts == FindingCounts{}) return "Check: nothing found";
+  std::string line = "Check: ";
+  if (counts.Faults > 0) line += DecimalText(counts.Faults) + " can't be made";
+  if (counts.Faults > 0 && counts.Advice > 0) line += ", ";
+  if (counts.Advice > 0) line += DecimalText(counts.Advice) + " to consider";
+  return line;
+}
+
+std::string OpenLine(const std::vector<Finding>& findings) {
+  const auto open = std::count_if(findings.begin(), findings.end(), IsOpen);
+  if (open == 0) return {};
+  const auto first =
+      std::min_element(findings.begin(), findings.end(),
+                       [](const Finding& a, const Finding& b) { return Weight(a) < Weight(b); });
+  std::string line = first->Grade == FindingGrade::CannotBeMade ? "Can't be made: " : "Consider: ";
+  line += first->What;
+  const std::string place = PlaceText(*first);
+  if (!place.empty()) line += ", at " + place;
+  if (open > 1) line += " (and " + DecimalText(open - 1) + " more)";
+  return line;
+}
+
+}  // namespace orvane
