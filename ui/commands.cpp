@@ -94,6 +94,8 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuTools, Command::ImportSections,  "&Import sections...",   "", "", "import",       0, 0, "mnuToolsImport"},
     {Place::mnuTools, Command::SectionList,     "Section &list...",      "", "", "section-list", 0, 0, "mnuToolsSectionList"},
     {Place::mnuTools, Command::CuttingList,     "C&utting list...",      "", "", "cutting-list", 0, 0, "mnuToolsCuttingList"},
+    {Place::mnuTools, Command::None,            "",                      "", "", "",             0, 0, ""},
+    {Place::mnuTools, Command::Check,           "&Check...",             "", "F7", "check",      0, 0, "mnuToolsCheck"},
     {Place::mnuTools, Command::CompareJobs,     "Compare &with...",      "", "", "compare",      0, 0, "mnuToolsCompare"},
 
     // &Help

@@ -63,6 +63,7 @@ enum class Command {
   SectionList,
   CuttingList,
   CompareJobs,
+  Check,
 };
 
 // Where an entry stands. The name is that of the control array.

@@ -56,6 +56,7 @@ FrmMain::~FrmMain() {
   // The focus moves once more while the controls go, and there is no window to tell then.
   disconnect(qApp, nullptr, this, nullptr);
   EndHistory();
+  check_.reset();
   DropJobLock();
   recovery_.reset();
   UninstallOutputScreen();
@@ -181,15 +182,19 @@ void FrmMain::BuildNotes() {
   mirrorNote_->setToolTip(mirrorNote_->text() + "\nConvert it to custom to keep it");
   auto* line = new QHBoxLayout(notes_);
   line->setContentsMargins(PaneMargin, 0, PaneMargin, 0);
+  BuildCheck();
   line->addWidget(errors_, 2);
+  line->addWidget(findings_, 6);
   line->addWidget(jobNote_, 2);
   line->addWidget(mirrorNote_, 1);
+  line->addWidget(cmdCheck_);
   errors_->hide();
   jobNote_->hide();
   mirrorNote_->hide();
   sheet_->Shown = [this] {
     mirrorNote_->setVisible(sections_->IsMirrorShown());
     if (sheet_->ShownRow() == 0) ShowSectionErrors({});
+    ShowFindings();
   };
 }
 

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolButton>
 #include <array>
 #include <functional>
@@ -21,10 +22,12 @@
 #include "project/section_list/section_list.h"
 #include "project/section_look.h"
 #include "ui/accessory_chooser.h"
+#include "ui/check_keeper.h"
 #include "ui/commands.h"
 #include "ui/controls/area_splitter.h"
 #include "ui/controls/eliding_label.h"
 #include "ui/detail_panel.h"
+#include "ui/dialogs/frm_check.h"
 #include "ui/dialogs/frm_preview.h"
 #include "ui/dialogs/frm_project_details.h"
 #include "ui/find_line.h"
@@ -160,6 +163,13 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void RestoreBars();
   void StoreBars() const;
 
+  // What the check finds.
+  void BuildCheck();
+  void ShowFindings();
+  void ShowCheck();
+  void ListFindings();
+  void GoToFinding(const Finding& finding, FrmCheck::ChosenBy how);
+
   // Output.
   void Print(const std::function<void()>& command);
   void ShowSelectedRow();
@@ -179,14 +189,20 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   std::map<int, QAction*> mnuProject_;
 
   SheetView* sheet_ = nullptr;
-  QWidget* notes_ = nullptr;         // under the sheet
-  QLabel* mirrorNote_ = nullptr;     // lblMirrored
-  ElidingLabel* errors_ = nullptr;   // lblErrors
-  ElidingLabel* jobNote_ = nullptr;  // lblJobNote
+  QWidget* notes_ = nullptr;          // under the sheet
+  QLabel* mirrorNote_ = nullptr;      // lblMirrored
+  ElidingLabel* errors_ = nullptr;    // lblErrors
+  ElidingLabel* jobNote_ = nullptr;   // lblJobNote
+  ElidingLabel* findings_ = nullptr;  // lblCheck
+  QToolButton* cmdCheck_ = nullptr;
   SectionsGrid* sections_ = nullptr;
   FindLine* find_ = nullptr;
   DetailPanel* detail_ = nullptr;
   AccessoryChooser* accessories_ = nullptr;
+
+  std::unique_ptr<CheckKeeper> check_;  // behind the sheet among those who follow changes
+  std::unique_ptr<FrmCheck> frmCheck_;  // from its first showing on
+  QTimer checkShown_{this};
 
   std::unique_ptr<RecoveryKeeper> recovery_;  // from the load on
 

@@ -137,6 +137,8 @@ void FrmMain::Dispatch(Command command, int number) {
       return OpenEarlierVersion();
     case Command::RecoverJobs:
       return RecoverLeft();
+    case Command::Check:
+      return ShowCheck();
     case Command::ImportSections:
       return ImportSections();
     case Command::SectionList:

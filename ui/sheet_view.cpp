@@ -76,6 +76,21 @@ void SheetView::Clear() {
   if (Shown) Shown();
 }
 
+void SheetView::PointAt(const std::vector<SheetPointer>& pointers) {
+  std::vector<PageRing> rings;
+  if (shownRow_ >= 1 && shownRow_ <= Items.UBound()) {
+    const Item& section = Items.At(shownRow_);
+    for (const SheetPointer& pointer : pointers) {
+      const auto place = PlaceOnSheet(*shown_, PresentMargins(), section, pointer.Thing);
+      if (!place) continue;
+      rings.push_back(
+          {QRectF(QPointF(place->Left, place->Top), QPointF(place->Right, place->Bottom)),
+           pointer.IsStrong});
+    }
+  }
+  ShowRings(std::move(rings));
+}
+
 QRect SheetView::ElevationPlace() const {
   const QRectF paper = PaperPlace();
   if (paper.isEmpty()) return {};

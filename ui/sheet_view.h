@@ -4,12 +4,20 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "drawing/page_surface.h"
+#include "drawing/sheet_places.h"
 #include "project/changes.h"
 #include "ui/controls/page_view.h"
 
 namespace orvane {
+
+// A thing of the section shown that a ring points at; a strong one, or a quiet one.
+struct SheetPointer {
+  SheetThing Thing;
+  bool IsStrong = false;
+};
 
 // Bears the name VSPrinter1.
 class SheetView : public PageView {
@@ -27,6 +35,10 @@ class SheetView : public PageView {
   // Takes over the margins of the sheets, for the next sheet drawn, and works out DrawingWidth;
   // where it or MinHoleSep isn't what it was, all sections' gaps between holes too.
   void ApplyMargins();
+
+  // Rings around these of the section shown, in the place of those before. Only the screen has
+  // them.
+  void PointAt(const std::vector<SheetPointer>& pointers);
 
   // Another sheet, or the same one afresh, or nothing is shown from now on.
   std::function<void()> Shown;

@@ -218,6 +218,7 @@ TEST(Commands, Shortcuts_are_as_told) {
       {Command::Duplicate, 0, "Ctrl+D"},
       {Command::PrintSummary, 0, "Ctrl+P"},
       {Command::ExportCam, 0, "Ctrl+E"},
+      {Command::Check, 0, "F7"},
       {Command::HelpIndex, 0, "F1"},
   };
   std::vector<Given> found;
@@ -319,10 +320,9 @@ TEST_F(CommandsOnScreen, Every_menu_holds_its_entries_in_the_order_of_their_inde
 TEST_F(CommandsOnScreen, Every_shortcut_is_set_on_its_entry) {
   int count = 0;
   for (const CommandEntry& entry : CommandTable()) {
-    if (entry.Where == Place::SSCommand1 || entry.Where == Place::mnuEdit ||
-        entry.Shortcut.empty()) {
-      continue;
-    }
+    // Entries of these menus bear names of their own.
+    const bool isNamed = entry.Where == Place::mnuEdit || entry.Where == Place::mnuTools;
+    if (entry.Where == Place::SSCommand1 || isNamed || entry.Shortcut.empty()) continue;
     const auto menu = std::find_if(Menus.begin(), Menus.end(), [&](const ExpectedMenu& candidate) {
       return candidate.Where == entry.Where;
     });
@@ -362,11 +362,16 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
 
 TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
   EXPECT_EQ(main->menuBar()->actions().at(4)->menu(), &Find<QMenu>("mnuTools"));
-  EXPECT_EQ(Find<QMenu>("mnuTools").actions(),
-            (QList{&Entry("mnuToolsVersions"), &Entry("mnuToolsRecover"), &Entry("mnuTools(2)"),
-                   &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList"),
-                   &Entry("mnuToolsCuttingList"), &Entry("mnuToolsCompare")}));
+  EXPECT_EQ(
+      Find<QMenu>("mnuTools").actions(),
+      (QList{&Entry("mnuToolsVersions"), &Entry("mnuToolsRecover"), &Entry("mnuTools(2)"),
+             &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList"), &Entry("mnuToolsCuttingList"),
+             &Entry("mnuTools(6)"), &Entry("mnuToolsCheck"), &Entry("mnuToolsCompare")}));
   EXPECT_TRUE(Entry("mnuTools(2)").isSeparator());
+  EXPECT_TRUE(Entry("mnuTools(6)").isSeparator());
+  EXPECT_EQ(FromQt(Entry("mnuToolsCheck").text()), "&Check...");
+  EXPECT_EQ(FromQt(Entry("mnuToolsCheck").shortcut().toString()), "F7");
+  EXPECT_FALSE(Entry("mnuToolsCheck").icon().isNull());
   EXPECT_EQ(FromQt(Entry("mnuToolsRecover").text()), "&Recover jobs...");
   EXPECT_EQ(FromQt(Entry("mnuToolsImport").text()), "&Import sections...");
   EXPECT_EQ(FromQt(Entry("mnuToolsSectionList").text()), "Section &list...");
