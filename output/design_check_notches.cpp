@@ -110,6 +110,17 @@ Finding& AddAtNotch(const CheckedSection& section, FindingList& findings, Design
   return finding;
 }
 
+// A notch that sticks out although it isn't too large stands at a wrong place: that is told then.
+void AddTooLarge(const CheckedSection& section, FindingList& findings, int row, double size,
+                 std::string_view measure, bool hasPosition, double room) {
+  const double position = section.Section.Notches.At(row).Size3;
+  const std::string at = hasPosition ? " at " + InMm(position) : "";
+  const bool isMisplaced = hasPosition && size < room - CheckSlack;
+  AddAtNotch(section, findings, DesignRule::NotchTooLarge, row,
+             "is " + InMm(size) + std::string(measure) + at,
+             isMisplaced ? "at " + InMm(0, room - size) : "less than " + InMm(room));
+}
+
 void CheckOne(const CheckedSection& section, int row, FindingList& findings) {
   const Notch& notch = section.Section.Notches.At(row);
   const NotchCode* code = CodeOf(notch);
@@ -127,19 +138,24 @@ void CheckOne(const CheckedSection& section, int row, FindingList& findings) {
   const double length = section.Section.Length;
   const NotchPlace place = PlaceOf(*code, notch, length, section.Height);
   if (section.Height > 0 && !FitsAcross(place, section.Height)) {
-    const std::string at = code->Y == Across::Inside ? " at " + InMm(notch.Size3) : "";
-    AddAtNotch(section, findings, DesignRule::NotchTooLarge, row,
-               "is " + InMm(notch.Size1) + " deep" + at, "less than " + InMm(section.Height));
+    AddTooLarge(section, findings, row, notch.Size1, " deep", code->Y == Across::Inside,
+                section.Height);
   } else if (length > 0 && !FitsAlong(place, length)) {
-    const std::string at = code->X == Along::Inside ? " at " + InMm(notch.Size3) : "";
-    AddAtNotch(section, findings, DesignRule::NotchTooLarge, row,
-               "is " + InMm(notch.Size2) + " wide" + at, "less than " + InMm(length));
+    AddTooLarge(section, findings, row, notch.Size2, " wide", code->X == Along::Inside, length);
   }
 }
 
 bool Overlap(const NotchPlace& one, const NotchPlace& other) {
   return std::min(one.Right, other.Right) - std::max(one.Left, other.Left) > CheckSlack &&
          std::min(one.High, other.High) - std::max(one.Low, other.Low) > CheckSlack;
+}
+
+// Two that leave nothing between them from the bottom to the top, though they may only touch.
+bool CutThrough(const NotchPlace& one, const NotchPlace& other, double height) {
+  return std::min(one.Right, other.Right) - std::max(one.Left, other.Left) > CheckSlack &&
+         std::max(one.Low, other.Low) - std::min(one.High, other.High) <= CheckSlack &&
+         std::min(one.Low, other.Low) <= CheckSlack &&
+         std::max(one.High, other.High) >= height - CheckSlack;
 }
 
 // From left to right, each against those that reach to it from before.
@@ -151,18 +167,17 @@ void CheckPairs(const CheckedSection& section, FindingList& findings) {
   for (const NotchPlace& place : places) {
     std::erase_if(before, [&](const NotchPlace& other) { return other.Right <= place.Left; });
     const auto other = std::find_if(before.begin(), before.end(), [&](const NotchPlace& candidate) {
-      return Overlap(candidate, place);
+      return Overlap(candidate, place) || CutThrough(candidate, place, section.Height);
     });
-    if (other == before.end()) {
-      before.push_back(place);
-      continue;
+    if (other != before.end()) {
+      const std::string_view how =
+          CutThrough(*other, place, section.Height) ? "leaves nothing beside " : "overlaps ";
+      AddAtNotch(section, findings, DesignRule::NotchesOverlap, place.Notch,
+                 std::string(how) + NotchName(section, other->Notch) + " of " +
+                     InMm(other->Left, other->Right),
+                 "");
     }
-    AddAtNotch(
-        section, findings, DesignRule::NotchesOverlap, place.Notch,
-        "overlaps " + NotchName(section, other->Notch) + " of " + InMm(other->Left, other->Right),
-        "");
-    // The one that reaches further stands for both.
-    if (place.Right > other->Right) *other = place;
+    before.push_back(place);
   }
 }
 

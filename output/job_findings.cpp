@@ -1,7 +1,6 @@
 #include "output/job_findings.h"
 
 #include <algorithm>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -34,7 +33,7 @@ bool JobFindings::Follow(const ChangeNotice& change) {
   if (rule.By == ChangeBy::Look) return false;
   switch (rule.Subject) {
     case ChangeSubject::Section:
-      LookAgain(change.Row);
+      LookAfresh(change.Row);
       return true;
     case ChangeSubject::Accessory:
       isAcrossDue_ = true;
@@ -62,6 +61,14 @@ void JobFindings::StartAfresh() {
 }
 
 void JobFindings::LookAgain(int row) {
+  isAcrossDue_ = true;
+  if (row < 1 || row > Items.UBound()) return;
+  for (int other = 1; other <= Items.UBound(); ++other) {
+    if (Items.At(other).Mark == Items.At(row).Mark) LookAfresh(other);
+  }
+}
+
+void JobFindings::LookAfresh(int row) {
   isAcrossDue_ = true;
   if (row < 1 || row > static_cast<int>(sections_.size())) return;
   sections_.at(static_cast<std::size_t>(row) - 1).reset();
@@ -95,16 +102,18 @@ void JobFindings::Finish() {
 }
 
 bool JobFindings::IsDone() const {
-  return next_ > static_cast<int>(sections_.size()) && !isAcrossDue_;
+  return AreAllLookedAt() && !isAcrossDue_;
 }
 
 std::vector<Finding> JobFindings::Of(int row) {
   if (static_cast<int>(sections_.size()) != Items.UBound()) StartAfresh();
   if (row < 1 || row > Items.UBound()) return {};
   std::vector<Finding> findings = LookAt(row).Findings;
-  for (const Finding& finding : across_) {
-    if (finding.Row == row) findings.push_back(finding);
-  }
+  // They stand in the order of the rows, those of accessory lines behind them.
+  auto beside = std::partition_point(across_.begin(), across_.end(), [row](const Finding& finding) {
+    return finding.Row != 0 && finding.Row < row;
+  });
+  for (; beside != across_.end() && beside->Row == row; ++beside) findings.push_back(*beside);
   std::stable_sort(findings.begin(), findings.end(),
                    [](const Finding& a, const Finding& b) { return Weight(a) < Weight(b); });
   return findings;
@@ -121,25 +130,26 @@ std::vector<Finding> JobFindings::All() const {
 
 FindingCounts JobFindings::Counts() const {
   FindingCounts counts;
-  std::set<int> others;  // sections that are a fault only beside the others
-  for (const Finding& finding : across_) {
-    if (IsOpenAdvice(finding)) ++counts.Advice;
-    if (IsOpenFault(finding)) others.insert(finding.Row);
-  }
-  int row = 0;
   for (const std::optional<Looked>& looked : sections_) {
-    ++row;
     if (!looked) continue;
     counts.Advice += looked->Advice;
-    if (looked->IsFault) others.erase(row);
     if (looked->IsFault) ++counts.Faults;
   }
-  counts.Faults += static_cast<int>(others.size());
+  int counted = 0;  // the row that was counted last
+  for (const Finding& finding : across_) {
+    if (IsOpenAdvice(finding)) ++counts.Advice;
+    if (!IsOpenFault(finding) || finding.Row == counted) continue;
+    counted = finding.Row;
+    const bool isSection = counted >= 1 && counted <= static_cast<int>(sections_.size());
+    const auto at = static_cast<std::size_t>(counted) - 1;
+    if (isSection && sections_.at(at) && sections_.at(at)->IsFault) continue;
+    ++counts.Faults;
+  }
   return counts;
 }
 
 std::string CountsLine(const FindingCounts& counts) {
-  if (counts == FindingCounts{}) return "Check: nothing found";
+  if (counts == FindingCounts{}) return "Check: nothing open";
   std::string line = "Check: ";
   if (counts.Faults > 0) line += DecimalText(counts.Faults) + " can't be made";
   if (counts.Faults > 0 && counts.Advice > 0) line += ", ";

@@ -26,7 +26,8 @@ class JobFindings {
   bool Follow(const ChangeNotice& change);
   // All sections are due: what they are looked at by has changed.
   void StartAfresh();
-  // One section and what shows beside the others are due, as something of it was accepted.
+  // Something of that row, or with 0 of an accessory line, was accepted, or is open again: so it is
+  // of all sections of its mark that are alike.
   void LookAgain(int row);
 
   // Looks at that many sections more, at the end at all beside one another. True when there is
@@ -35,6 +36,8 @@ class JobFindings {
   // Does all that is left.
   void Finish();
   bool IsDone() const;
+  // Every section has been looked at, and the counts are the job's.
+  bool AreAllLookedAt() const { return next_ > static_cast<int>(sections_.size()); }
 
   // Of that row of Items, the open ones that can't be made first, those that are accepted last. One
   // that isn't looked at yet is looked at for it; what shows only beside the others is as it was
@@ -53,6 +56,7 @@ class JobFindings {
   };
 
   const Looked& LookAt(int row);
+  void LookAfresh(int row);
 
   std::vector<std::optional<Looked>> sections_;  // row by row, from row 1; none until looked at
   int next_ = 1;                                 // no row before it is due

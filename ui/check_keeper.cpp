@@ -47,7 +47,8 @@ void CheckKeeper::Follow(const ChangeNotice& change) {
   timer_.start(PauseMs);
   // While all are looked at again the former counts are nearer to the truth than none.
   const bool isOne = RuleOf(change.Kind).Subject == ChangeSubject::Section;
-  if (isOne) counts_ = findings_.Counts();
+  if (isOne && findings_.AreAllLookedAt()) counts_ = findings_.Counts();
+  ++revision_;
   told_();
 }
 
@@ -58,6 +59,7 @@ void CheckKeeper::WorkOn() {
 
 void CheckKeeper::Tell() {
   counts_ = findings_.Counts();
+  ++revision_;
   told_();
 }
 

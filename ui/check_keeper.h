@@ -21,6 +21,10 @@ class CheckKeeper : public QObject {
   std::vector<Finding> Of(int row);
   // Of the whole job, which is looked at to its end for it.
   std::vector<Finding> All();
+  // Nothing is left to be looked at, and how often that, or one section, has been told: whoever
+  // lists all findings needs them then alone.
+  bool IsDone() const { return findings_.IsDone(); }
+  int Revision() const { return revision_; }
   // As they were when the whole job had been looked at last; one section is counted at once.
   const FindingCounts& Counts() const { return counts_; }
 
@@ -35,6 +39,7 @@ class CheckKeeper : public QObject {
   const std::function<void()> told_;
   JobFindings findings_;
   FindingCounts counts_;
+  int revision_ = 0;
   QTimer timer_{this};
   const ChangeFollower follower_{[this](const ChangeNotice& change) { Follow(change); }};
 };

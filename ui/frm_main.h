@@ -203,6 +203,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   std::unique_ptr<CheckKeeper> check_;  // behind the sheet among those who follow changes
   std::unique_ptr<FrmCheck> frmCheck_;  // from its first showing on
   QTimer checkShown_{this};
+  int listed_ = -1;  // revision of what it shows
 
   std::unique_ptr<RecoveryKeeper> recovery_;  // from the load on
 

@@ -46,13 +46,22 @@ int CustomRowOf(const Item& item, int hole) {
   return row;
 }
 
+// The check makes a pattern's holes afresh; the table may hold those of a pattern that was taken
+// away until the section is looked at again. Then the ring goes round the place alone.
+bool IsInTable(const Finding& finding) {
+  if (finding.Hole < 1) return false;
+  const Table<Hole>& holes = Items.At(finding.Row).Holes;
+  return finding.Hole <= holes.UBound() && finding.Place &&
+         holes.At(finding.Hole).XPos == *finding.Place;
+}
+
 std::vector<SheetPointer> PointersAt(const std::vector<Finding>& findings) {
   std::vector<SheetPointer> pointers;
   for (const Finding& finding : findings) {
     const bool isSomewhere = finding.Hole > 0 || finding.Notch > 0 || finding.Place;
     if (!IsOpen(finding) || !isSomewhere) continue;
     const double from = finding.Place.value_or(0);
-    pointers.push_back({{.Hole = finding.Hole,
+    pointers.push_back({{.Hole = IsInTable(finding) ? finding.Hole : 0,
                          .Line = finding.Line,
                          .Notch = finding.Notch,
                          .From = from,
@@ -91,7 +100,9 @@ void FrmMain::ShowFindings() {
   sheet_->PointAt(PointersAt(findings));
   cmdCheck_->setText(ToQt(CountsLine(check_->Counts())));
   cmdCheck_->setVisible(!Items.Empty());
-  if (frmCheck_ && frmCheck_->isVisible()) checkShown_.start();
+  // Only what has changed, and in a pause: a list of thousands is laid out afresh for it.
+  const bool isListed = !frmCheck_ || !frmCheck_->isVisible() || listed_ == check_->Revision();
+  if (!isListed && check_->IsDone()) checkShown_.start();
 }
 
 void FrmMain::ShowCheck() {
@@ -108,7 +119,6 @@ void FrmMain::ShowCheck() {
       ForgetAcceptance(OpenJob(), finding);
       check_->LookAgain(finding.Row);
     };
-    // Behind the keys: a list of thousands is laid out afresh for it.
     checkShown_.setSingleShot(true);
     connect(&checkShown_, &QTimer::timeout, this, [this] { Guard([this] { ListFindings(); }); });
   }
@@ -120,6 +130,7 @@ void FrmMain::ShowCheck() {
 void FrmMain::ListFindings() {
   const std::vector<Finding> all = check_->All();
   frmCheck_->ShowFindings(all, check_->Counts());
+  listed_ = check_->Revision();
 }
 
 void FrmMain::GoToFinding(const Finding& finding, FrmCheck::ChosenBy how) {

@@ -60,8 +60,8 @@ TEST_F(DesignCheckTest, A_notch_that_sticks_out_of_the_section_is_found) {
   EXPECT_FALSE(Finds(rule, {MakeNotch("B2", 30, 100, 5900)}));
   EXPECT_TRUE(Finds(rule, {MakeNotch("B2", 30, 100, 5901)}));
   EXPECT_EQ(Found().at(0),
-            "P1 at 5901 to 6001 mm: notch B2 is 100 mm wide at 5901 mm (less than "
-            "6000 mm; the section)");
+            "P1 at 5901 to 6001 mm: notch B2 is 100 mm wide at 5901 mm (at 0 to "
+            "5900 mm; the section)");
   EXPECT_FALSE(Finds(rule, {MakeNotch("R3", 50, 100, 90)}));
   EXPECT_TRUE(Finds(rule, {MakeNotch("R3", 50, 100, 91)}));
   EXPECT_TRUE(Finds(rule, {MakeNotch("L3", 50, 100, -1)}));
@@ -76,8 +76,8 @@ TEST_F(DesignCheckTest, Notches_that_overlap_are_found_and_those_that_touch_aren
   EXPECT_EQ(FindingLine(finding),
             "P1 at 1099 to 1149 mm: notch T2 overlaps notch T2 of 1000 to 1100 mm (the section)");
   EXPECT_EQ(finding.Notch, 1);
-  // Over each other at an end.
-  EXPECT_FALSE(Finds(rule, {MakeNotch("TL1", 70, 50, 0), MakeNotch("BL1", 70, 50, 0)}));
+  // Over each other at an end, where a millimetre of 140 is left; what leaves none cuts it off.
+  EXPECT_FALSE(Finds(rule, {MakeNotch("TL1", 70, 50, 0), MakeNotch("BL1", 69, 50, 0)}));
   EXPECT_TRUE(Finds(rule, {MakeNotch("TL1", 70, 50, 0), MakeNotch("BL1", 71, 50, 0)}));
   // An end notch of 40 from the bottom up to 90.
   EXPECT_FALSE(Finds(rule, {MakeNotch("R3", 50, 80, 40), MakeNotch("TR1", 50, 80, 0)}));
@@ -210,6 +210,34 @@ TEST_F(DesignCheckTest, A_slot_over_an_edge_is_told_apart_from_a_hole_there) {
       Found().at(0),
       "P1 at 117 mm: 18x28 slot runs over the left-hand mitre (from 117.7 mm on; the section)");
   EXPECT_FALSE(Finds(rule, {OnLines(112, "nyyn", 18, 28)}));
+}
+
+// Of a Z14012, 140 deep: 70 from the top and 70 from the bottom at one place leave nothing. 69
+// leave a millimetre, and beside one another they leave all.
+TEST_F(DesignCheckTest, Notches_from_both_edges_must_leave_something_between_them) {
+  AddPurlin();
+  EXPECT_TRUE(Finds(DesignRule::NotchesOverlap, {{"T2", 70, 50, 3000}, {"B2", 70, 50, 3020}}));
+  EXPECT_FALSE(Finds(DesignRule::NotchesOverlap, {{"T2", 70, 50, 3000}, {"B2", 69, 50, 3020}}));
+  EXPECT_FALSE(Finds(DesignRule::NotchesOverlap, {{"T2", 70, 50, 3000}, {"B2", 70, 50, 3050}}));
+  EXPECT_TRUE(Finds(DesignRule::NotchesOverlap, {{"TL1", 70, 50, 0}, {"BL1", 70, 40, 0}}));
+}
+
+// One that would fit elsewhere is told where: 100 wide up to 5900 of 6000, 20 deep up to 120 of
+// 140.
+TEST_F(DesignCheckTest, A_notch_that_sticks_out_is_told_where_it_would_fit) {
+  AddPurlin();
+  const auto limitOf = [](const Notch& notch) {
+    Items.At(1).Notches.Clear();
+    Items.At(1).Notches.Append(notch);
+    for (const Finding& finding : CheckSection(OpenJob(), 1)) {
+      if (finding.Rule == "notch-too-large") return finding.Limit;
+    }
+    return std::string("none");
+  };
+  EXPECT_EQ(limitOf({"T2", 30, 100, 5950}), "at 0 to 5900 mm");
+  EXPECT_EQ(limitOf({"T2", 30, 100, 5900}), "none");
+  EXPECT_EQ(limitOf({"L3", 20, 50, 130}), "at 0 to 120 mm");
+  EXPECT_EQ(limitOf({"L3", 140, 50, 0}), "less than 140 mm");
 }
 
 }  // namespace

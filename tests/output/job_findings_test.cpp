@@ -2,6 +2,8 @@
 // turn.
 #include "output/job_findings.h"
 
+#include <algorithm>
+
 #include "output/design_accepted.h"
 #include "tests/output/design_check_fixture.h"
 
@@ -120,8 +122,46 @@ TEST_F(JobFindingsTest, What_is_accepted_is_not_counted_and_stands_last) {
   KeepAcceptedIn("");
 }
 
+TEST_F(JobFindingsTest, What_is_accepted_of_one_is_accepted_of_its_twin) {
+  KeepAcceptedIn(TempPath("data"));
+  Items.At(4) = Items.At(2);
+  findings_.Finish();
+  const auto words = [this](int row) {
+    Texts accepted;
+    for (const Finding& finding : findings_.Of(row)) {
+      if (finding.Rule == "quantity-not-above-0") accepted.push_back(finding.Accepted);
+    }
+    return accepted;
+  };
+  const std::vector<Finding> found = findings_.Of(2);
+  const auto quantity = std::find_if(found.begin(), found.end(), [](const Finding& finding) {
+    return finding.Rule == "quantity-not-above-0";
+  });
+  ASSERT_NE(quantity, found.end());
+  AcceptFinding(OpenJob(), *quantity, "to come");
+  findings_.LookAgain(2);
+  EXPECT_EQ(words(2), (Texts{"to come"}));
+  EXPECT_EQ(words(4), (Texts{"to come"}));
+  ForgetAcceptance(OpenJob(), *quantity);
+  findings_.LookAgain(4);
+  EXPECT_EQ(words(2), (Texts{""}));
+  KeepAcceptedIn("");
+}
+
+TEST_F(JobFindingsTest, Until_all_are_looked_at_again_the_counts_are_not_the_jobs) {
+  findings_.Finish();
+  EXPECT_TRUE(findings_.AreAllLookedAt());
+  AddPurlin();
+  findings_.Follow({ChangeKind::AddSection, 5});
+  EXPECT_FALSE(findings_.AreAllLookedAt());
+  findings_.Follow({ChangeKind::Mark, 5});
+  EXPECT_FALSE(findings_.AreAllLookedAt());
+  findings_.Finish();
+  EXPECT_TRUE(findings_.AreAllLookedAt());
+}
+
 TEST_F(JobFindingsTest, The_counts_are_told_in_a_line) {
-  EXPECT_EQ(CountsLine({}), "Check: nothing found");
+  EXPECT_EQ(CountsLine({}), "Check: nothing open");
   EXPECT_EQ(CountsLine({2, 0}), "Check: 2 can't be made");
   EXPECT_EQ(CountsLine({0, 1}), "Check: 1 to consider");
   EXPECT_EQ(CountsLine({12, 3}), "Check: 12 can't be made, 3 to consider");

