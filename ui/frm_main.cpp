@@ -48,6 +48,7 @@ FrmMain::FrmMain(FrmProjectDetails& details) : details_(details) {
           [this](QWidget*, const QWidget* now) { GuardFocusChange([&] { FocusMoved(now); }); });
   // Nothing is chosen at first: neither a cell nor the accessory list may have the focus.
   centralWidget()->setFocus();
+  setAcceptDrops(true);
   InstallMainScreen(*this);
   InstallOutputScreen(*this);
 }

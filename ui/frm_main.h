@@ -53,6 +53,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
 
   // Offers what programs that died have left; called once the window is shown.
   void OfferRecovered();
+  // Opens that job as "&Open" does once it is chosen there, its prompts included; an error shows
+  // its description.
+  void OpenGiven(const std::string& path);
   // Writes the copy for recovery at once, for a program that is ended from outside.
   void KeepForRecovery();
 
@@ -91,6 +94,9 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // Escape that nothing else has taken ends the search.
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  // A job that is dropped anywhere on the window is opened.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   // Building, once.
@@ -162,6 +168,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   int LeftWidth() const;
   void RestoreBars();
   void StoreBars() const;
+
+  bool TakesDrag(QDropEvent& event);
 
   // What the check finds.
   void BuildCheck();

@@ -1,4 +1,5 @@
 // The main window's toolbar and menus, made from the table of commands.
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -157,6 +158,13 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride &&
       IsShortcut(*static_cast<const QKeyEvent*>(event))) {
     event->ignore();
+    return true;
+  }
+  // A field would take the path of a job for a text.
+  const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+  if (isDrag && TakesDrag(*static_cast<QDropEvent*>(event))) return true;
+  if (event->type() == QEvent::Drop && TakesDrag(*static_cast<QDropEvent*>(event))) {
+    dropEvent(static_cast<QDropEvent*>(event));
     return true;
   }
   return QMainWindow::eventFilter(watched, event);

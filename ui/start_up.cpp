@@ -73,7 +73,7 @@ void StartUp::AskRegistration() {
   if (CompanyName.empty()) FrmRegistration().exec();
 }
 
-void StartUp::ShowMain() {
+void StartUp::ShowMain(const std::string& job) {
   KeepVersionsIn(TheDesktop().UserDataFolder());
   Guard([] { KeepAcceptedIn(TheDesktop().UserDataFolder()); });
   details_ = std::make_unique<FrmProjectDetails>();
@@ -81,18 +81,20 @@ void StartUp::ShowMain() {
   main_->Load();
   main_->show();
   QApplication::setQuitOnLastWindowClosed(true);
-  // Behind the window's first picture.
-  QMetaObject::invokeMethod(
-      main_.get(), [this] { Guard([this] { main_->OfferRecovered(); }); }, Qt::QueuedConnection);
+  const auto begin = [this, job] {
+    Guard([this] { main_->OfferRecovered(); });
+    if (!job.empty()) main_->OpenGiven(job);
+  };
+  QMetaObject::invokeMethod(main_.get(), begin, Qt::QueuedConnection);
 }
 
-void StartUp::Run() {
+void StartUp::Run(const std::string& job) {
   Guard([this] { LoadAccessories(); });
   Guard([this] { SetSettingsRoot(); });
   Guard([this] { ShowAbout(); });
   Guard([this] { ReadSettings(); });
   Guard([this] { AskRegistration(); });
-  Guard([this] { ShowMain(); });
+  Guard([&] { ShowMain(job); });
 }
 
 }  // namespace orvane

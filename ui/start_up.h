@@ -25,10 +25,12 @@ class StartUp {
   void ShowAbout();        // the splash: waits until the user has closed it
   void ReadSettings();     // greatest lengths, margins, drawing settings, company
   void AskRegistration();  // the first-run dialog, while the company has no name
-  void ShowMain();         // makes the project details, then the main window, loads and shows it
+  // Makes the project details, then the main window, loads and shows it. Behind its first picture
+  // come the jobs that were left, and then the one that the program was started with, if any.
+  void ShowMain(const std::string& job = {});
 
   // All of them.
-  void Run();
+  void Run(const std::string& job = {});
 
   FrmMain* Main() const { return main_.get(); }
 

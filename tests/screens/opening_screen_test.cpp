@@ -1,5 +1,8 @@
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
+#include <QUrl>
 
 #include "core/dates.h"
 #include "project/project_file.h"
@@ -28,6 +31,25 @@ class OpeningScreen : public SectionsTest {
     platform.Chosen.push_back(path);
     Click("SSCommand1(2)");
     Settle();
+  }
+  // Drags these files over the widget and lets them go; false where they aren't taken. The file
+  // manager proposes to move them, and must not: the job would be gone from its folder.
+  static bool Drop(QWidget& on, const std::vector<std::string>& paths) {
+    QMimeData files;
+    QList<QUrl> urls;
+    for (const std::string& path : paths) urls.append(QUrl::fromLocalFile(ToQt(path)));
+    files.setUrls(urls);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton,
+                          Qt::NoModifier);
+    enter.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(&on, &enter);
+    if (!enter.isAccepted()) return false;
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(&on, &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    return drop.isAccepted();
   }
   // The captions of the recent entries that show.
   std::vector<std::string> RecentCaptions() {
@@ -96,6 +118,43 @@ TEST_F(OpeningScreen, A_date_that_no_form_fits_is_told_in_a_quiet_line_and_becom
   Press(Qt::Key_S, Qt::ControlModifier);
   Settle();
   EXPECT_FALSE(note.isVisible());
+}
+
+TEST_F(OpeningScreen, A_job_dropped_on_the_window_is_opened_with_its_prompt) {
+  const std::string path = FileOf("job.ovd", {"A1", "B1"});
+  Put("Z", "Old", "Z14012", 6000);
+  Show();
+  ProjectDirty = True;
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::Cancel);
+  EXPECT_TRUE(Drop(*main, {path}));
+  Settle();
+  EXPECT_EQ(Marks(), std::vector<std::string>{"Old"});
+  dialogs.ExpectBox("Save changes to current project?", "New Project", QMessageBox::No);
+  EXPECT_TRUE(Drop(*main, {path}));
+  Settle();
+  EXPECT_EQ(Marks(), (std::vector<std::string>{"A1", "B1"}));
+  EXPECT_EQ(FileLabel(), path);
+  EXPECT_TRUE(CursorAt(1, 1, "A1"));
+}
+
+TEST_F(OpeningScreen, Over_a_field_too_a_job_is_a_job_and_no_text) {
+  const std::string path = FileOf("job.ovd", {"A1"});
+  Put("Z", "Old", "Z14012", 6000);
+  Show(1, 1);
+  ProjectDirty = False;
+  EXPECT_TRUE(Drop(Editor(), {path}));
+  Settle();
+  EXPECT_EQ(Marks(), std::vector<std::string>{"A1"});
+}
+
+TEST_F(OpeningScreen, What_is_no_single_job_is_not_taken) {
+  const std::string path = FileOf("job.ovd", {"A1"});
+  const std::string other = TempFile("list.csv", "Mark\n");
+  EXPECT_FALSE(Drop(*main, {other}));
+  EXPECT_FALSE(Drop(*main, {path, path}));
+  EXPECT_FALSE(Drop(*main, {}));
+  Settle();
+  EXPECT_TRUE(Items.Empty());
 }
 
 TEST_F(OpeningScreen, A_cancelled_open_changes_nothing_and_says_nothing) {

@@ -4,7 +4,9 @@
 
 #include "core/program_folder.h"
 #include "core/runtime_error.h"
+#include "project/project_file.h"
 #include "tests/screens/screen_fixture.h"
+#include "tests/support/patience.h"
 #include "ui/start_up.h"
 
 namespace orvane::test {
@@ -191,6 +193,29 @@ TEST_F(StartUpTest, A_first_start_asks_for_the_company_once) {
   start->Run();
   EXPECT_EQ(desktop.Events, Trace{"frmAbout"} + SettingsBeforeTheWindow + LoadOfTheWindow);
   EXPECT_EQ(CompanyName, "Anna Steel");
+}
+
+TEST_F(StartUpTest, A_job_that_was_named_is_opened_behind_all_the_steps) {
+  HaveCompany("Anna Steel");
+  const std::string job = TempPath("shed.ovd");
+  WriteProjectFile(job);
+  ExpectAbout();
+  start->Run(job);
+  EXPECT_EQ(ProjectFileName, "");  // the window shows first
+  RunQueued();
+  EXPECT_EQ(ProjectFileName, job);
+  EXPECT_EQ(FromQt(start->Main()->windowTitle()), "shed.ovd - Orvane Detailing System");
+}
+
+TEST_F(StartUpTest, A_named_job_that_is_not_there_is_told_and_the_window_stays) {
+  HaveCompany("Anna Steel");
+  ExpectAbout();
+  start->Run(TempPath("gone.ovd"));
+  dialogs.ExpectBox(std::string(DescriptionOf(Failure::FileNotFound)));
+  RunQueued();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return dialogs.Done(); }, Patience));
+  EXPECT_EQ(ProjectFileName, "");
+  EXPECT_TRUE(start->Main()->isVisible());
 }
 
 TEST_F(StartUpTest, A_company_left_empty_is_asked_for_at_the_next_start_again) {
