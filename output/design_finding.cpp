@@ -35,8 +35,16 @@ CsvRow FieldsOf(const Finding& finding) {
 
 }  // namespace
 
+bool IsOpenFinding(const Finding& finding) {
+  return finding.Accepted.empty();
+}
+
+std::string_view GradeWords(const Finding& finding) {
+  return finding.Grade == FindingGrade::CannotBeMade ? "Can't be made: " : "Consider: ";
+}
+
 bool IsOpenFault(const Finding& finding) {
-  return finding.Grade == FindingGrade::CannotBeMade && finding.Accepted.empty();
+  return finding.Grade == FindingGrade::CannotBeMade && IsOpenFinding(finding);
 }
 
 int SectionsThatCannotBeMade(const std::vector<Finding>& findings) {

@@ -31,6 +31,11 @@ struct Finding {
   std::string Accepted;  // the word that it was accepted with; empty while it is open
 };
 
+// Nobody has accepted it.
+bool IsOpenFinding(const Finding& finding);
+// What stands before its words: "Can't be made: " or "Consider: ".
+std::string_view GradeWords(const Finding& finding);
+
 // The findings that are still open and tell that something can't be made; and how many sections
 // have such ones.
 bool IsOpenFault(const Finding& finding);

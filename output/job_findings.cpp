@@ -11,17 +11,13 @@ namespace orvane {
 
 namespace {
 
-bool IsOpen(const Finding& finding) {
-  return finding.Accepted.empty();
-}
-
 bool IsOpenAdvice(const Finding& finding) {
-  return IsOpen(finding) && finding.Grade == FindingGrade::Advice;
+  return IsOpenFinding(finding) && finding.Grade == FindingGrade::Advice;
 }
 
 // The less, the more it matters.
 int Weight(const Finding& finding) {
-  if (!IsOpen(finding)) return 2;
+  if (!IsOpenFinding(finding)) return 2;
   return finding.Grade == FindingGrade::CannotBeMade ? 0 : 1;
 }
 
@@ -158,12 +154,12 @@ std::string CountsLine(const FindingCounts& counts) {
 }
 
 std::string OpenLine(const std::vector<Finding>& findings) {
-  const auto open = std::count_if(findings.begin(), findings.end(), IsOpen);
+  const auto open = std::count_if(findings.begin(), findings.end(), IsOpenFinding);
   if (open == 0) return {};
   const auto first =
       std::min_element(findings.begin(), findings.end(),
                        [](const Finding& a, const Finding& b) { return Weight(a) < Weight(b); });
-  std::string line = first->Grade == FindingGrade::CannotBeMade ? "Can't be made: " : "Consider: ";
+  std::string line(GradeWords(*first));
   line += first->What;
   const std::string place = PlaceText(*first);
   if (!place.empty()) line += ", at " + place;

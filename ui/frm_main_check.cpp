@@ -14,10 +14,6 @@ namespace orvane {
 
 namespace {
 
-bool IsOpen(const Finding& finding) {
-  return finding.Accepted.empty();
-}
-
 // The cell that a finding is about; most are about no cell, and then it is the mark's.
 int ColumnOf(const Finding& finding) {
   const std::optional<DesignRule> rule = RuleNamed(finding.Rule);
@@ -59,7 +55,7 @@ std::vector<SheetPointer> PointersAt(const std::vector<Finding>& findings) {
   std::vector<SheetPointer> pointers;
   for (const Finding& finding : findings) {
     const bool isSomewhere = finding.Hole > 0 || finding.Notch > 0 || finding.Place;
-    if (!IsOpen(finding) || !isSomewhere) continue;
+    if (!IsOpenFinding(finding) || !isSomewhere) continue;
     const double from = finding.Place.value_or(0);
     pointers.push_back({{.Hole = IsInTable(finding) ? finding.Hole : 0,
                          .Line = finding.Line,
@@ -93,7 +89,7 @@ void FrmMain::ShowFindings() {
   findings_->ShowText(ToQt(OpenLine(findings)));
   QStringList lines;
   for (const Finding& finding : findings) {
-    if (IsOpen(finding)) lines.append(ToQt(FindingLine(finding)));
+    if (IsOpenFinding(finding)) lines.append(ToQt(FindingLine(finding)));
   }
   findings_->setToolTip(PlainTip(FromQt(lines.join('\n'))));
   findings_->setVisible(!lines.empty());

@@ -16,8 +16,7 @@ namespace {
 
 // One that can't be made is told by its words too, not by its letters alone.
 std::string WhatText(const Finding& finding) {
-  return (finding.Grade == FindingGrade::CannotBeMade ? "Can't be made: " : "Consider: ") +
-         finding.What;
+  return std::string(GradeWords(finding)) + finding.What;
 }
 
 std::string TextOf(const Finding& finding, int column) {

@@ -103,7 +103,7 @@ void FrmCheck::ShowChosen() {
       row < 0 ? std::nullopt : std::make_optional(model_.At(row));
   std::vector<Finding> shown;
   std::copy_if(all_.begin(), all_.end(), std::back_inserter(shown), [this](const Finding& finding) {
-    return finding.Accepted.empty() || showAccepted_->isChecked();
+    return IsOpenFinding(finding) || showAccepted_->isChecked();
   });
   model_.Show(std::move(shown));
   MakeCurrent(current ? model_.FindAgain(*current, row) : std::min(0, model_.rowCount() - 1));
@@ -120,7 +120,7 @@ int FrmCheck::Row() const {
 
 void FrmCheck::ShowButtons() {
   const bool isAny = Row() >= 0;
-  const bool isAccepted = isAny && !model_.At(Row()).Accepted.empty();
+  const bool isAccepted = isAny && !IsOpenFinding(model_.At(Row()));
   go_->setEnabled(isAny);
   accept_->setEnabled(isAny);
   forget_->setEnabled(isAccepted);
