@@ -38,6 +38,8 @@ void PrepareApplication() {
   QApplication::setApplicationName("Orvane Detailing System");
   QApplication::setApplicationVersion(ORVANE_VERSION);
   QApplication::setWindowIcon(ProgramIcon());
+  // Under this name the desktop knows the program, and finds its icon where windows bring none.
+  QApplication::setDesktopFileName("orvane");
   QApplication::setStyle(new PlainStyle);  // the application keeps it
   // The about box stands alone at first: closing it must not end the program.
   QApplication::setQuitOnLastWindowClosed(false);

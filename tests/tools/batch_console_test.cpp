@@ -54,7 +54,7 @@ TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
   EXPECT_NE(other.Out.find("here d.M.yyyy)"), std::string::npos);
   const Outcome version = RunProgram(ORVANE_BATCH, {"--version"});
   EXPECT_EQ(version.Code, 0);
-  EXPECT_EQ(version.Out, "orvane-batch 1.0.0\n");
+  EXPECT_EQ(version.Out, "orvane-batch 1.1.0\n");
   EXPECT_EQ(version.Err, "");
 }
 
