@@ -11,6 +11,7 @@
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_registration.h"
 #include "ui/platform/alt_letters.h"
+#include "ui/platform/colour_scheme.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/icons.h"
 
@@ -41,6 +42,7 @@ void PrepareApplication() {
   // Under this name the desktop knows the program, and finds its icon where windows bring none.
   QApplication::setDesktopFileName("orvane");
   QApplication::setStyle(new PlainStyle);  // the application keeps it
+  FollowColourScheme();
   // The about box stands alone at first: closing it must not end the program.
   QApplication::setQuitOnLastWindowClosed(false);
   KeepAltFromTyping();
