@@ -116,6 +116,10 @@ const std::vector<CommandEntry> Rows = {
 };
 // clang-format on
 
+std::string FamilyKey(int number) {
+  return "Ctrl+" + DecimalText(number);
+}
+
 // What a toolbar button or a menu entry of that place says of a family.
 CommandEntry FamilyEntry(Place place, const SectionFamily& family) {
   CommandEntry entry{place, Command::AddSection, family.MenuEntry, "", "", family.Icon};
@@ -124,7 +128,7 @@ CommandEntry FamilyEntry(Place place, const SectionFamily& family) {
     entry.Caption = family.ButtonCaption;
     entry.ToolTip = family.ToolTip;
   } else {
-    entry.Shortcut = "Ctrl+" + DecimalText(entry.Number);
+    entry.Shortcut = FamilyKey(entry.Number);
   }
   return entry;
 }
@@ -150,6 +154,10 @@ std::vector<CommandEntry> AllEntries() {
 const std::vector<CommandEntry>& CommandTable() {
   static const std::vector<CommandEntry> entries = AllEntries();
   return entries;
+}
+
+std::string FamilyKeys() {
+  return FamilyKey(1) + " to " + FamilyKey(static_cast<int>(SectionFamilies.size()));
 }
 
 std::vector<CommandEntry> CommandsOf(Place place) {

@@ -97,6 +97,9 @@ const std::vector<CommandEntry>& CommandTable();
 // The entries of one place.
 std::vector<CommandEntry> CommandsOf(Place place);
 
+// The keys that add a section of each family, from the first to the last.
+std::string FamilyKeys();
+
 // A menu of the bar.
 struct BarMenu {
   Place Where;

@@ -112,6 +112,7 @@ void FrmMain::BuildPanes() {
   right->setContentsMargins(0, 0, 0, 0);
   right->setSpacing(0);
   right->addWidget(sheet_, 1);
+  BuildStart();
   BuildNotes();
   right->addWidget(notes_);
 
@@ -195,6 +196,7 @@ void FrmMain::BuildNotes() {
   sheet_->Shown = [this] {
     mirrorNote_->setVisible(sections_->IsMirrorShown());
     if (sheet_->ShownRow() == 0) ShowSectionErrors({});
+    if (sheet_->ShownRow() > 0) EndStart();
     ShowFindings();
   };
 }
@@ -231,7 +233,7 @@ void FrmMain::GoRound(int step) {
   const std::array<Area, 4> areas = {{{sections_, grid},
                                       {detail_, detail_->PatternStop()},
                                       {detail_->HoleListStop(), detail_->HoleListStop()},
-                                      {sheet_, sheet_}}};
+                                      {sheet_, start_->isHidden() ? sheet_ : start_->Stop()}}};
   const int count = static_cast<int>(areas.size());
   const QWidget* focus = focusWidget();
   int at = step > 0 ? -1 : count;

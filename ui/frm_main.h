@@ -35,6 +35,7 @@
 #include "ui/recovery_keeper.h"
 #include "ui/sections_grid.h"
 #include "ui/sheet_view.h"
+#include "ui/start_page.h"
 
 namespace orvane {
 
@@ -171,6 +172,12 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
 
   bool TakesDrag(QDropEvent& event);
 
+  // The first things to do, in the sheet's place.
+  void BuildStart();
+  void LeaveStart(const ChangeNotice& change);
+  void EndStart();
+  void OpenSample(const std::string& path);
+
   // What the check finds.
   void BuildCheck();
   void ShowFindings();
@@ -197,6 +204,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   std::map<int, QAction*> mnuProject_;
 
   SheetView* sheet_ = nullptr;
+  StartPage* start_ = nullptr;        // over the sheet, until a job is begun or opened
   QWidget* notes_ = nullptr;          // under the sheet
   QLabel* mirrorNote_ = nullptr;      // lblMirrored
   ElidingLabel* errors_ = nullptr;    // lblErrors
@@ -226,6 +234,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   bool asking_ = false;            // the questions of the exit are open
   bool Ending_ = false;            // the exit was consented to by its command
 
+  const ChangeFollower begun_{[this](const ChangeNotice& change) { LeaveStart(change); }};
   const ChangeFollower follower_{nullptr, [](const ChangeNotice& change) { ForgetSaid(change); }};
 };
 

@@ -197,6 +197,7 @@ void FrmMain::ShowRecentFiles() {
     mnuProject_[RecentBase + n] = action;
     separator->setVisible(true);
   }
+  start_->ShowRecent();
 }
 
 }  // namespace orvane

@@ -1,12 +1,15 @@
-// Jobs that come to the main window from outside: named when the program is started, or dropped.
+// Jobs that come to the main window from outside: named when the program is started, dropped, or
+// chosen on the page that it begins with.
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QTimer>
 #include <QUrl>
+#include <QVBoxLayout>
 #include <optional>
 
+#include "core/files.h"
 #include "project/lifecycle.h"
 #include "ui/frm_main.h"
 #include "ui/platform/guard.h"
@@ -31,6 +34,33 @@ void FrmMain::OpenGiven(const std::string& path) {
   Guard([&] {
     if (MayReplaceProject()) OpenFile(path);
   });
+}
+
+void FrmMain::OpenSample(const std::string& path) {
+  Guard([&] {
+    if (MayReplaceProject()) OpenCopy(ReadWholeFile(path), {});
+  });
+}
+
+void FrmMain::BuildStart() {
+  start_ = new StartPage([this](Command command, int number) { Run(command, number); },
+                         [this](const std::string& path) { OpenSample(path); }, sheet_->viewport());
+  auto* over = new QVBoxLayout(sheet_->viewport());
+  over->setContentsMargins(0, 0, 0, 0);
+  over->addWidget(start_);
+}
+
+// What is kept with the program can be changed before there is a job.
+void FrmMain::LeaveStart(const ChangeNotice& change) {
+  const ChangeSubject subject = RuleOf(change.Kind).Subject;
+  if (subject != ChangeSubject::Settings && subject != ChangeSubject::Nothing) EndStart();
+}
+
+void FrmMain::EndStart() {
+  if (start_->isHidden()) return;
+  // Hidden with the cursor in it, it would hand that on to the next field of the window.
+  if (start_->isAncestorOf(focusWidget())) centralWidget()->setFocus();
+  start_->hide();
 }
 
 // The file stays where it is, whatever the program that it comes from proposes.

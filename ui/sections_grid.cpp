@@ -13,6 +13,7 @@
 #include "project/rules/section_details.h"
 #include "project/section_look.h"
 #include "project/step_kinds.h"
+#include "ui/commands.h"
 #include "ui/platform/busy.h"
 #include "ui/platform/guard.h"
 #include "ui/platform/qt_text.h"
@@ -62,6 +63,8 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   setFocusPolicy(Qt::TabFocus);
   grid_->setObjectName("MSFlexGrid1");
   grid_->setAccessibleName(tr("Sections"));
+  grid_->SetEmptyText("No sections yet. " + ToQt(FamilyKeys()) +
+                      " add the first one, Ctrl+V those of a spreadsheet.");
   grid_->SetColumnRatio(SectionsModel::WidthShares(), SectionsModel::LeastFigures());
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

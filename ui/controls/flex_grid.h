@@ -130,6 +130,9 @@ class FlexGrid : public QTableView {
  public:
   FlexGrid(FlexGridModel* model, QWidget* parent);
 
+  // What it says in the place of rows as long as there are none.
+  void SetEmptyText(const QString& text);
+
   // Counts, the heading row included.
   int Rows() const;
   int Cols() const;
@@ -212,6 +215,7 @@ class FlexGrid : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void timerEvent(QTimerEvent* event) override;
@@ -235,6 +239,7 @@ class FlexGrid : public QTableView {
   void LayRows();
 
   FlexGridModel* model_;
+  QString emptyText_;
   std::vector<int> ratio_;
   std::vector<int> leastFigures_;  // of columns in a ratio; none for a grid without figures
   std::vector<int> figures_;       // characters that columns in a ratio were laid out for

@@ -1,6 +1,7 @@
 // The rows of a grid that are chosen, and the mouse that chooses them in its fixed column.
 #include <QItemSelection>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTimerEvent>
 #include <algorithm>
 
@@ -84,6 +85,21 @@ void FlexGrid::Drag() {
 void FlexGrid::EndDrag() {
   draggedRow_ = 0;
   dragging_.stop();
+}
+
+void FlexGrid::SetEmptyText(const QString& text) {
+  emptyText_ = text;
+  setAccessibleDescription(text);
+}
+
+void FlexGrid::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (emptyText_.isEmpty() || model_->DataRows() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  const int margin = fontMetrics().height();
+  painter.drawText(viewport()->rect().adjusted(margin, margin / 2, -margin, 0),
+                   Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
 }
 
 }  // namespace orvane

@@ -98,12 +98,21 @@ FrmRegistration::FrmRegistration(QWidget* parent) : PlainDialog(parent) {
   auto* intro = new QLabel(
       "Please enter your company details. These will appear on the drawings and reports:");
   intro->setObjectName("lblIntro");
+  auto* reason = new QLabel(
+      "It is asked once, before the first sheet: each sheet and report names the company that "
+      "detailed "
+      "it. Margins keep what is drawn on your printer's paper. All of it can be changed later, by "
+      "Help, "
+      "Registration Details, and stays on this computer.");
+  reason->setObjectName("lblReason");
+  reason->setWordWrap(true);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(SSCommand1_);
 
   QVBoxLayout* layout = AddLayout();
   layout->addWidget(intro);
+  layout->addWidget(reason);
   layout->addWidget(CompanyFields());
   layout->addWidget(MarginFields());
   layout->addWidget(SeparationField());
