@@ -3,7 +3,6 @@
 
 #include "core/desktop.h"
 #include "core/numbers.h"
-#include "core/program_folder.h"
 #include "core/section_families.h"
 #include "output/cam_export.h"
 #include "output/reports.h"
@@ -12,12 +11,11 @@
 #include "ui/dialogs/frm_about.h"
 #include "ui/dialogs/frm_max_dims.h"
 #include "ui/frm_main.h"
+#include "ui/platform/help_key.h"
 
 namespace orvane {
 
 namespace {
-
-constexpr std::string_view HelpFile = "\\Lintaro.chm";
 
 // Commands whose result goes to the factory or on paper.
 bool IsOutput(Command command) {
@@ -152,7 +150,7 @@ void FrmMain::Dispatch(Command command, int number) {
     case Command::ToggleDrawing:
       return ToggleDrawingArea();
     case Command::HelpIndex:
-      return TheDesktop().ShowHelp(ProgramPath(HelpFile));
+      return ShowHelp();
     case Command::About:
       return static_cast<void>(FrmAbout(this).exec());
     case Command::Registration:

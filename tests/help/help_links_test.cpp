@@ -108,6 +108,8 @@ TEST(HelpLinks, The_project_file_names_all_files_of_the_help_and_no_other) {
   for (const auto& entry : std::filesystem::directory_iterator(test::HelpFolder())) {
     there.insert(entry.path().filename().string());
   }
+  // For the program's own window of the help; the compiled file names them by themselves.
+  for (const char* list : {"Lintaro.hhc", "Lintaro.hhk"}) EXPECT_EQ(there.erase(list), 1U) << list;
   EXPECT_EQ(named, there);
   EXPECT_EQ(there.count("index.html"), 1U);
 }

@@ -8,6 +8,7 @@
 
 #include "ui/platform/dialog_place.h"
 #include "ui/platform/guard.h"
+#include "ui/platform/help_key.h"
 #include "ui/platform/icons.h"
 
 namespace orvane {
@@ -26,6 +27,7 @@ QLabel* TextLine(const QString& name, const QString& text) {
 FrmAbout::FrmAbout(QWidget* parent) : QDialog(parent) {
   setObjectName("frmAbout");
   KeepPlace(*this);
+  GiveHelpKey(*this);
   setWindowTitle("About Orvane Detail System");
   setWindowIcon(ProgramIcon());
 

@@ -1,15 +1,19 @@
 #include "ui/platform/help_viewer.h"
 
-#include <QDesktopServices>
+#include <QApplication>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 #include <array>
+#include <functional>
 
 #include "core/files.h"
 #include "core/program_folder.h"
 #include "core/runtime_error.h"
+#include "ui/platform/guard.h"
+#include "ui/platform/help_pages.h"
+#include "ui/platform/help_window.h"
 #include "ui/platform/qt_text.h"
 
 #ifdef Q_OS_UNIX
@@ -65,10 +69,33 @@ bool StartViewer(const std::string& file) {
 
 #endif
 
-bool OpenPages() {
-  const QString pages = ToQt(ProgramPath("\\help\\index.html"));
-  return QFileInfo(pages).isFile() && QDesktopServices::openUrl(QUrl::fromLocalFile(pages));
+#ifndef Q_OS_WIN
+
+// Opens the page in the browser and gives true; a desktop that then has none, as the opener's own
+// end tells, gets `orElse`. The opener may last as long as the browser.
+bool OpenInBrowser(const QString& page, const std::function<void()>& orElse) {
+  const QString opener = QStandardPaths::findExecutable("xdg-open");
+  if (opener.isEmpty()) return false;
+  // No window's child: with it a browser that is still open would end.
+  auto* program = new QProcess;
+  program->setStandardOutputFile(QProcess::nullDevice());
+  program->setStandardErrorFile(QProcess::nullDevice());
+  QObject::connect(program, &QProcess::finished, qApp,
+                   [program, orElse](int code, QProcess::ExitStatus status) {
+                     program->deleteLater();
+                     if (code != 0 || status != QProcess::NormalExit) Guard(orElse);
+                   });
+  QObject::connect(program, &QProcess::errorOccurred, qApp,
+                   [program, orElse](QProcess::ProcessError error) {
+                     if (error != QProcess::FailedToStart) return;
+                     program->deleteLater();
+                     Guard(orElse);
+                   });
+  program->start(opener, {QUrl::fromLocalFile(page).toString()});
+  return true;
 }
+
+#endif
 
 }  // namespace
 
@@ -76,10 +103,19 @@ std::string HelpCommand(const std::string& file) {
   return "hh.exe " + file;
 }
 
-void StartHelp(const std::string& file) {
-  if (StartViewer(file) || OpenPages()) return;
-  throw RuntimeError(Failure::FileNotFound,
-                     "The help can't be shown: no viewer for " + file + " was found");
+void StartHelp(const std::string& file, const std::string& window) {
+  if (StartViewer(file)) return;
+  const QString folder = ToQt(ProgramPath("\\help"));
+  const QString index = folder + "/index.html";
+  if (!QFileInfo(index).isFile()) {
+    throw RuntimeError(Failure::FileNotFound,
+                       "The help can't be shown: no viewer for " + file + " was found");
+  }
+  const auto showOwn = [folder, page = HelpPageOf(ToQt(window))] { ShowHelpWindow(folder, page); };
+#ifndef Q_OS_WIN
+  if (OpenInBrowser(folder + "/" + HelpPageOf(ToQt(window)), showOwn)) return;
+#endif
+  showOwn();
 }
 
 }  // namespace orvane

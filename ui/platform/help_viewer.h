@@ -9,8 +9,9 @@ namespace orvane {
 std::string HelpCommand(const std::string& file);
 
 // Starts the viewer on the compiled help file, detached, and does not wait for it: the command
-// above on Windows; elsewhere the first compiled-help viewer installed, and without one the pages
-// of the same help in the browser. If nothing starts, a RuntimeError says so.
-void StartHelp(const std::string& file);
+// above on Windows; elsewhere the first compiled-help viewer installed, and without one the page of
+// the same help that tells about the window of that objectName, in the browser. Where no viewer and
+// no browser starts, a window of our own shows that page. Without the pages a RuntimeError says so.
+void StartHelp(const std::string& file, const std::string& window);
 
 }  // namespace orvane

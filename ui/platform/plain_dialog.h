@@ -11,6 +11,7 @@
 #include "ui/platform/content_area.h"
 #include "ui/platform/dialog_place.h"
 #include "ui/platform/guard.h"
+#include "ui/platform/help_key.h"
 
 namespace orvane {
 
@@ -47,7 +48,10 @@ class PlainDialog : public QDialog {
   }
 
  protected:
-  explicit PlainDialog(QWidget* parent) : QDialog(parent) { KeepPlace(*this); }
+  explicit PlainDialog(QWidget* parent) : QDialog(parent) {
+    KeepPlace(*this);
+    GiveHelpKey(*this);
+  }
 
   // A button of this dialog; the caller puts it into the layout.
   QPushButton* AddButton(const QString& name, const QString& caption) {

@@ -269,7 +269,9 @@ std::string QtDesktop::ShortDateForm() const {
 }
 
 void QtDesktop::ShowHelp(const std::string& file) {
-  StartHelp(file);
+  const QWidget* window = QApplication::activeModalWidget();
+  if (window == nullptr) window = QApplication::activeWindow();
+  StartHelp(file, window == nullptr ? std::string() : FromQt(window->objectName()));
 }
 
 std::string QtDesktop::UserDataFolder() {
