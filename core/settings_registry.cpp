@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstddef>
 
 namespace orvane {
@@ -15,12 +16,15 @@ constexpr DWORD StringType = 1;
 
 constexpr std::size_t BufferLength = 255;
 
-HKEY HiveOf(SettingsRoot root) {
+// The branches that a root is read in, the one that is written first. Only administrators may write
+// the machine's, and people who share a machine share neither windows nor recent jobs: so the
+// machine's holds what the office gives everybody, and each user's own goes before it.
+std::array<HKEY, 2> BranchesOf(SettingsRoot root) {
   switch (root) {
     case SettingsRoot::LocalMachine:
       break;
   }
-  return HKEY_LOCAL_MACHINE;
+  return {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE};
 }
 
 // Text from one code page into another. The 8-bit calls take and give the system's own, while the
@@ -65,13 +69,14 @@ class OpenKey {
 
 }  // namespace
 
-std::optional<std::string> RegistrySettings::Query(SettingsRoot root, const std::string& key,
-                                                   const std::string& name) {
+namespace {
+
+std::optional<std::string> QueryIn(HKEY branch, const std::string& key, const std::string& name) {
   const std::string keyName = ToSystemPage(key);
   const std::string valueName = ToSystemPage(name);
   std::string buffer(BufferLength, ' ');
   OpenKey opened;
-  if (RegOpenKeyExA(HiveOf(root), keyName.c_str(), 0, QueryValueAccess, opened.Address()) !=
+  if (RegOpenKeyExA(branch, keyName.c_str(), 0, QueryValueAccess, opened.Address()) !=
       ERROR_SUCCESS) {
     return std::nullopt;
   }
@@ -92,6 +97,16 @@ std::optional<std::string> RegistrySettings::Query(SettingsRoot root, const std:
   return FromSystemPage(buffer);
 }
 
+}  // namespace
+
+std::optional<std::string> RegistrySettings::Query(SettingsRoot root, const std::string& key,
+                                                   const std::string& name) {
+  for (const HKEY branch : BranchesOf(root)) {
+    if (std::optional<std::string> found = QueryIn(branch, key, name)) return found;
+  }
+  return std::nullopt;
+}
+
 bool RegistrySettings::Store(SettingsRoot root, const std::string& key, const std::string& name,
                              const std::string& text) {
   const std::string keyName = ToSystemPage(key);
@@ -99,7 +114,7 @@ bool RegistrySettings::Store(SettingsRoot root, const std::string& key, const st
   const std::string stored = ToSystemPage(text);
   OpenKey opened;
   DWORD disposition = 0;
-  if (RegCreateKeyExA(HiveOf(root), keyName.c_str(), 0, nullptr, 0, AllAccess, nullptr,
+  if (RegCreateKeyExA(BranchesOf(root).front(), keyName.c_str(), 0, nullptr, 0, AllAccess, nullptr,
                       opened.Address(), &disposition) != ERROR_SUCCESS) {
     return false;
   }

@@ -1,4 +1,5 @@
-// The settings store of Windows: the system registry. Compiled there alone.
+// The settings store of Windows: the system registry. The user's branch is read first, then the
+// machine's; written is the user's. Compiled there alone.
 #pragma once
 
 #include "core/settings_store.h"
