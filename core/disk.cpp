@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <limits>
 
+#include "core/text.h"
+
 #ifdef _WIN32
 #include <windows.h>
 // (after windows.h, which they need)
@@ -41,13 +43,38 @@ DiskResult ResultOf(std::int64_t value) {
 
 }  // namespace
 
+bool NamesDevice(std::string_view path) {
+  std::string_view name = path.substr(path.find_last_of("\\/:") + 1);
+  name = name.substr(0, name.find('.'));
+  while (!name.empty() && name.back() == ' ') name.remove_suffix(1);
+  const std::string upper = UpperCase(name);
+  for (const std::string_view device : {"CON", "PRN", "AUX", "NUL"}) {
+    if (upper == device) return true;
+  }
+  const bool numbered = upper.size() == 4 && upper.back() >= '1' && upper.back() <= '9';
+  return numbered && (upper.starts_with("COM") || upper.starts_with("LPT"));
+}
+
 #ifdef _WIN32
 
 namespace {
 
-// As core/files has it, which reads by this disk.
-std::filesystem::path NativePath(const std::string& path) {
-  return std::filesystem::path(std::u8string(path.begin(), path.end()));
+// The path as the system's calls take it. A longer one than they have room for is taken whole by a
+// form of its own, which only a path from the root on has: \\?\C:\..., \\?\UNC\server\...
+std::wstring SystemPath(const std::string& path) {
+  const std::filesystem::path given(std::u8string(path.begin(), path.end()));
+  constexpr std::size_t room = 240;  // less than the 260, for names that are put behind
+  std::error_code error;
+  std::filesystem::path whole = std::filesystem::absolute(given, error).lexically_normal();
+  const std::wstring text = whole.make_preferred().wstring();
+  if (error || text.size() < room || text.starts_with(L"\\\\?\\")) return given.wstring();
+  return text.starts_with(L"\\\\") ? L"\\\\?\\UNC" + text.substr(1) : L"\\\\?\\" + text;
+}
+
+// The error of the last call of the system.
+DiskResult LastError() {
+  const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+  return {error.default_error_condition().value()};
 }
 
 DiskResult Ended(bool done) {
@@ -57,8 +84,9 @@ DiskResult Ended(bool done) {
 }  // namespace
 
 DiskResult Disk::OpenToRead(const std::string& path) {
+  if (NamesDevice(path)) return {EACCES};
   int file = -1;
-  const errno_t opened = _wsopen_s(&file, NativePath(path).c_str(),
+  const errno_t opened = _wsopen_s(&file, SystemPath(path).c_str(),
                                    _O_RDONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, 0);
   return {opened, file};
 }
@@ -71,21 +99,20 @@ DiskResult Disk::Read(std::int64_t file, char* bytes, std::size_t size) {
 }
 
 DiskResult Disk::OpenOld(const std::string& path) {
-  std::error_code error;
-  const auto kind = std::filesystem::status(NativePath(path), error).type();
-  if (kind == std::filesystem::file_type::not_found) return {ENOENT};
-  if (kind == std::filesystem::file_type::directory) return {EISDIR};
-  if (error) return {error.default_error_condition().value()};
-  if (kind != std::filesystem::file_type::regular) return {NoFileError};
+  if (NamesDevice(path)) return {NoFileError};
+  const DWORD kind = GetFileAttributesW(SystemPath(path).c_str());
+  if (kind == INVALID_FILE_ATTRIBUTES) return LastError();
+  if ((kind & FILE_ATTRIBUTE_DIRECTORY) != 0) return {EISDIR};
+  if ((kind & FILE_ATTRIBUTE_DEVICE) != 0) return {NoFileError};
   int file = -1;
-  const errno_t opened = _wsopen_s(&file, NativePath(path).c_str(),
+  const errno_t opened = _wsopen_s(&file, SystemPath(path).c_str(),
                                    _O_WRONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, 0);
   return {opened, file};
 }
 
 DiskResult Disk::Create(const std::string& path, bool) {
   int file = -1;
-  const errno_t opened = _wsopen_s(&file, NativePath(path).c_str(),
+  const errno_t opened = _wsopen_s(&file, SystemPath(path).c_str(),
                                    _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
                                    _SH_DENYNO, _S_IREAD | _S_IWRITE);
   return {opened, file};
@@ -118,12 +145,11 @@ DiskResult Disk::Close(std::int64_t file) {
 }
 
 DiskResult Disk::Move(const std::string& from, const std::string& to) {
-  if (MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(),
+  if (MoveFileExW(SystemPath(from).c_str(), SystemPath(to).c_str(),
                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
     return {};
   }
-  const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
-  return {error.default_error_condition().value()};
+  return LastError();
 }
 
 DiskResult Disk::SyncFolder(const std::string&) {
@@ -131,7 +157,7 @@ DiskResult Disk::SyncFolder(const std::string&) {
 }
 
 DiskResult Disk::Remove(const std::string& path) {
-  return Ended(_wremove(NativePath(path).c_str()) == 0);
+  return Ended(_wremove(SystemPath(path).c_str()) == 0);
 }
 
 long long ProcessId() {
@@ -149,7 +175,7 @@ bool IsRunning(long long processId) {
 bool IsAbandoned(const std::string& path) {
   // Nobody gets it who would share it with nobody, as long as another has it open.
   int file = -1;
-  if (_wsopen_s(&file, NativePath(path).c_str(), _O_RDWR | _O_BINARY, _SH_DENYRW, 0) != 0) {
+  if (_wsopen_s(&file, SystemPath(path).c_str(), _O_RDWR | _O_BINARY, _SH_DENYRW, 0) != 0) {
     return false;
   }
   (void)_close(file);

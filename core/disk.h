@@ -73,6 +73,10 @@ void InstallDisk(Disk& disk);
 void UninstallDisk();
 Disk& TheDisk();
 
+// Whether Windows takes the last part of a path for a device (CON, PRN, AUX, NUL, COM1 to COM9,
+// LPT1 to LPT9, with any ending): what is written there has gone. Its disk refuses them.
+bool NamesDevice(std::string_view path);
+
 // A number that no other running program has, for names that must not meet.
 long long ProcessId();
 // Whether a program of that number runs on this computer.
