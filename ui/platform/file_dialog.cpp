@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScreen>
@@ -46,6 +47,37 @@ void ForgetLook() {
 #endif
 }
 
+// The name that a choice stands for.
+QString FinalName(const FileDialog& dialog, const QString& typed) {
+  QString path = ToQt(WithExtension(FromQt(typed), dialog.DefaultExtension));
+  if (dialog.FileMustExist && !QFileInfo::exists(path) && QFileInfo::exists(typed)) return typed;
+  return path;
+}
+
+// Whether the file may be chosen; says or asks why not.
+bool IsAcceptable(const FileDialog& dialog, DialogForm form, const QString& path) {
+  const auto tell = [&](const std::string& text) {
+    TheDesktop().ShowMessageBox(text, dialog.Title, Buttons::Ok, Icon::None);
+  };
+  const QFileInfo file(path);
+  const std::string name = FromQt(file.fileName());
+  if (!file.dir().exists()) {
+    tell("The folder " + FromQt(QDir::toNativeSeparators(file.path())) + " doesn't exist.");
+    return false;
+  }
+  if (file.isDir()) {
+    tell(name + " is a folder.");
+    return false;
+  }
+  if (dialog.FileMustExist && !file.exists()) {
+    tell(name + " doesn't exist.");
+    return false;
+  }
+  if (form == DialogForm::Open || !dialog.OverwritePrompt || !file.exists()) return true;
+  return TheDesktop().ShowMessageBox(name + " already exists.\rDo you want to replace it?",
+                                     dialog.Title, Buttons::YesNo, Icon::None) == Answer::Yes;
+}
+
 class Chooser : public QFileDialog {
  public:
   Chooser(const FileDialog& dialog, DialogForm form, QWidget* parent)
@@ -60,12 +92,6 @@ class Chooser : public QFileDialog {
 
  private:
   void Accept();
-  // Whether the file may be chosen; says or asks why not.
-  bool IsAcceptable(const QString& path);
-  QString FinalName(const QString& typed) const;
-  void Tell(const std::string& text) {
-    TheDesktop().ShowMessageBox(text, dialog_.Title, Buttons::Ok, Icon::None);
-  }
 
   FileDialog dialog_;
   DialogForm form_;
@@ -85,37 +111,11 @@ void Chooser::Accept() {
     if (auto* name = findChild<QLineEdit*>("fileNameEdit")) name->clear();
     return;
   }
-  const QString path = QDir::cleanPath(FinalName(files.first()));
-  if (!IsAcceptable(path)) return;
+  const QString path = QDir::cleanPath(FinalName(dialog_, files.first()));
+  if (!IsAcceptable(dialog_, form_, path)) return;
   chosen_ = path;
   // The file dialog's own would choose by its own rules once more.
   QDialog::accept();  // NOLINT(bugprone-parent-virtual-call)
-}
-
-QString Chooser::FinalName(const QString& typed) const {
-  QString path = ToQt(WithExtension(FromQt(typed), dialog_.DefaultExtension));
-  if (dialog_.FileMustExist && !QFileInfo::exists(path) && QFileInfo::exists(typed)) return typed;
-  return path;
-}
-
-bool Chooser::IsAcceptable(const QString& path) {
-  const QFileInfo file(path);
-  const std::string name = FromQt(file.fileName());
-  if (!file.dir().exists()) {
-    Tell("The folder " + FromQt(QDir::toNativeSeparators(file.path())) + " doesn't exist.");
-    return false;
-  }
-  if (file.isDir()) {
-    Tell(name + " is a folder.");
-    return false;
-  }
-  if (dialog_.FileMustExist && !file.exists()) {
-    Tell(name + " doesn't exist.");
-    return false;
-  }
-  if (form_ == DialogForm::Open || !dialog_.OverwritePrompt || !file.exists()) return true;
-  return TheDesktop().ShowMessageBox(name + " already exists.\rDo you want to replace it?",
-                                     dialog_.Title, Buttons::YesNo, Icon::None) == Answer::Yes;
 }
 
 // Names in full, and no column of types where all are of one.
@@ -130,25 +130,46 @@ void LayOutList(const Chooser& chooser) {
   list->setColumnHidden(Type, true);
 }
 
-void SetUp(Chooser& chooser, const FileDialog& dialog, DialogForm form) {
+void SetUp(QFileDialog& chooser, const FileDialog& dialog, DialogForm form) {
   chooser.setObjectName("FileDialog");
   chooser.setWindowTitle(ToQt(dialog.Title));
-  // The platform's own dialogs settle the extension behind the question about overwriting, or not
-  // at all; and their open forms may refuse a new name.
-  chooser.setOption(QFileDialog::DontUseNativeDialog);
   chooser.setOption(QFileDialog::DontConfirmOverwrite);
   chooser.setOption(QFileDialog::HideNameFilterDetails);
   const bool existing = form == DialogForm::Open && dialog.FileMustExist;
   chooser.setAcceptMode(existing ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
   chooser.setFileMode(existing ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   chooser.setNameFilter(ToQt(ToolkitFilter(dialog.Filter)));
-  chooser.setViewMode(QFileDialog::Detail);
   chooser.setDirectory(StartFolder(dialog));
+}
+
+// The toolkit's own dialog.
+QString ChosenInToolkit(const FileDialog& dialog, DialogForm form, QWidget* parent) {
+  ForgetLook();
+  Chooser chooser(dialog, form, parent);
+  // The desktops' own dialogs settle the extension behind the question about overwriting, or not
+  // at all; and their open forms may refuse a new name.
+  chooser.setOption(QFileDialog::DontUseNativeDialog);
+  SetUp(chooser, dialog, form);
+  chooser.setViewMode(QFileDialog::Detail);
   LayOutList(chooser);
   const QFontMetrics metrics = chooser.fontMetrics();
   const QSize wanted(metrics.averageCharWidth() * 110, metrics.lineSpacing() * 28);
   chooser.resize(wanted.boundedTo(chooser.screen()->availableGeometry().size() - WindowFrame));
   if (auto* name = chooser.findChild<QLineEdit*>("fileNameEdit")) name->setFocus();
+  return chooser.exec() == QDialog::Accepted ? chooser.Chosen() : QString();
+}
+
+// Windows has one that its users know, with their places and the net's. A choice that may not be
+// made brings it up again, in the folder that was chosen.
+QString ChosenInSystem(const FileDialog& dialog, DialogForm form, QWidget* parent) {
+  QFileDialog chooser(parent);
+  SetUp(chooser, dialog, form);
+  while (chooser.exec() == QDialog::Accepted && !chooser.selectedFiles().isEmpty()) {
+    const QString path = QDir::cleanPath(FinalName(dialog, chooser.selectedFiles().first()));
+    if (IsAcceptable(dialog, form, path)) return path;
+    chooser.setDirectory(QFileInfo(path).path());
+  }
+  return {};
 }
 
 }  // namespace
@@ -171,12 +192,12 @@ std::string ToolkitFilter(const std::string& filter) {
 }
 
 std::optional<std::string> AskForFile(const FileDialog& dialog, DialogForm form, QWidget* parent) {
-  ForgetLook();
-  Chooser chooser(dialog, form, parent);
-  SetUp(chooser, dialog, form);
-  if (chooser.exec() != QDialog::Accepted) return std::nullopt;
-  LastFolders()[dialog.Title] = QFileInfo(chooser.Chosen()).path();
-  return FromQt(QDir::toNativeSeparators(chooser.Chosen()));
+  const bool bySystem = QGuiApplication::platformName() == "windows";
+  const QString chosen =
+      bySystem ? ChosenInSystem(dialog, form, parent) : ChosenInToolkit(dialog, form, parent);
+  if (chosen.isEmpty()) return std::nullopt;
+  LastFolders()[dialog.Title] = QFileInfo(chosen).path();
+  return FromQt(QDir::toNativeSeparators(chosen));
 }
 
 }  // namespace orvane

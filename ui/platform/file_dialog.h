@@ -1,4 +1,4 @@
-// The file dialogs of the system on the toolkit's own.
+// The file dialogs of the system: Windows' own there, the toolkit's elsewhere.
 #pragma once
 
 #include <QWidget>
