@@ -59,16 +59,17 @@ bool NamesDevice(std::string_view path) {
 
 namespace {
 
+std::wstring Wide(const std::string& text) {
+  return std::filesystem::path(std::u8string(text.begin(), text.end())).wstring();
+}
+
 // The path as the system's calls take it. A longer one than they have room for is taken whole by a
 // form of its own, which only a path from the root on has: \\?\C:\..., \\?\UNC\server\...
 std::wstring SystemPath(const std::string& path) {
-  const std::filesystem::path given(std::u8string(path.begin(), path.end()));
   constexpr std::size_t room = 240;  // less than the 260, for names that are put behind
-  std::error_code error;
-  std::filesystem::path whole = std::filesystem::absolute(given, error).lexically_normal();
-  const std::wstring text = whole.make_preferred().wstring();
-  if (error || text.size() < room || text.starts_with(L"\\\\?\\")) return given.wstring();
-  return text.starts_with(L"\\\\") ? L"\\\\?\\UNC" + text.substr(1) : L"\\\\?\\" + text;
+  const std::wstring whole = Wide(WholePath(path));
+  if (whole.size() < room || whole.starts_with(L"\\\\?\\")) return Wide(path);
+  return whole.starts_with(L"\\\\") ? L"\\\\?\\UNC" + whole.substr(1) : L"\\\\?\\" + whole;
 }
 
 // The error of the last call of the system.
@@ -82,6 +83,16 @@ DiskResult Ended(bool done) {
 }
 
 }  // namespace
+
+// The library's own takes a path of the net for one of the current drive.
+std::string WholePath(const std::string& path) {
+  const std::wstring given = Wide(path);
+  std::wstring whole(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
+  const auto room = static_cast<DWORD>(whole.size());
+  whole.resize(GetFullPathNameW(given.c_str(), room, whole.data(), nullptr));
+  const std::u8string text = std::filesystem::path(whole).u8string();
+  return whole.empty() ? path : std::string(text.begin(), text.end());
+}
 
 DiskResult Disk::OpenToRead(const std::string& path) {
   if (NamesDevice(path)) return {EACCES};
@@ -183,6 +194,10 @@ bool IsAbandoned(const std::string& path) {
 }
 
 #else
+
+std::string WholePath(const std::string& path) {
+  return std::filesystem::absolute(path).string();
+}
 
 DiskResult Disk::OpenToRead(const std::string& path) {
   return ResultOf(open(path.c_str(), O_RDONLY | O_CLOEXEC));

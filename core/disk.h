@@ -77,6 +77,9 @@ Disk& TheDisk();
 // LPT1 to LPT9, with any ending): what is written there has gone. Its disk refuses them.
 bool NamesDevice(std::string_view path);
 
+// The path from the root on, as the system means it in the current folder.
+std::string WholePath(const std::string& path);
+
 // A number that no other running program has, for names that must not meet.
 long long ProcessId();
 // Whether a program of that number runs on this computer.

@@ -127,7 +127,7 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
 }
 
 std::string AbsolutePath(const std::string& path) {
-  return path.empty() ? path : PathText(std::filesystem::absolute(NativePath(path)));
+  return path.empty() ? path : WholePath(path);
 }
 
 std::optional<std::chrono::system_clock::time_point> WrittenAt(const std::string& path) {

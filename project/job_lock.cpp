@@ -52,7 +52,9 @@ std::string LockPathOf(const std::string& job) {
   namespace fs = std::filesystem;
   std::error_code unknown;
   fs::path path = fs::weakly_canonical(NativePath(job), unknown);
-  if (unknown) path = NativePath(AbsolutePath(job));
+  // A path of Windows' net would be taken for one of the current drive.
+  const bool ofTheNet = job.starts_with("\\\\");
+  if (unknown || ofTheNet) path = NativePath(AbsolutePath(job));
   return PathText(path.parent_path() / NativePath("." + PathText(path.filename()) + ".lock"));
 }
 

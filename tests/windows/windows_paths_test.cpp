@@ -19,12 +19,13 @@ namespace fs = std::filesystem;
 class WindowsPaths : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ = PathText(fs::temp_directory_path()) + "orvane-" + std::to_string(ProcessId());
+    const char* test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    folder_ = PathText(fs::temp_directory_path()) + "orvane-" + std::to_string(ProcessId()) + test;
     fs::create_directories(NativePath(folder_));
   }
   void TearDown() override {
     std::error_code error;
-    fs::remove_all(NativePath(folder_), error);
+    fs::remove_all(fs::path(L"\\\\?\\" + NativePath(folder_).wstring()), error);
   }
   std::string folder_;
 };
