@@ -5,9 +5,9 @@
 #include <exception>
 #include <string>
 
+#include "core/catalogue_folder.h"
 #include "core/desktop.h"
 #include "core/numbers.h"
-#include "core/program_folder.h"
 #include "core/section_families.h"
 #include "core/text.h"
 
@@ -24,23 +24,44 @@ constexpr std::array<double SectionDim::*, 12> DimColumns = {
 // Of a mezzanine row of dims.csv, which is a channel row as soon as it is read.
 constexpr std::string_view MezzanineTag = "M";
 
-// The loop that all readers share. A row's first cell decides what the row is; a row that
-// isn't known is thrown away, but an empty cell throws nothing away, so that the next cell of the
-// line is looked at in its place. A last line of a single cell is ignored.
-void ReadRows(TextFile& file, const CatalogueRow& readRow) {
-  while (!file.AtEnd()) {
-    const std::string_view cell = file.ReadField();
-    if (file.AtEnd()) return;
-    if (!readRow(file, UpperCase(Trim(cell)), cell) && !cell.empty()) file.ReadRestOfLine();
-  }
-}
-
 // An error with the place of the cell that raised it. The end of the file is no cell and needs
 // none.
 RuntimeError AtPlace(const RuntimeError& error, const TextFile& file) {
   if (error.Number() == static_cast<int>(Failure::InputPastEndOfFile)) return error;
   return {error.Number(), error.Description() + " (row " + DecimalText(file.Row()) + ", column " +
                               DecimalText(file.Column()) + ")"};
+}
+
+// The five cells that an accessory row of either file begins with.
+AccDef ReadAccessory(TextFile& file) {
+  AccDef row;
+  row.Name = file.ReadField();
+  row.DrawingFile = file.ReadField();
+  row.Value1 = file.ReadInt16();
+  row.Value2 = file.ReadInt16();
+  row.Value3 = file.ReadInt16();
+  return row;
+}
+
+// The accessory that a row behind an "A" row adds to; an error when the file has had none yet.
+AccDef& LastAccessory(std::int16_t count) {
+  if (count == 0) throw RuntimeError(Failure::SubscriptOutOfRange);
+  return AccDefs.At(AccDefs.UBound());
+}
+
+void AppendParam(AccDef& accessory, std::string_view name) {
+  Int16(accessory.ParamNames.UBound() + 1);  // one more than 16 bits count is refused
+  accessory.ParamNames.Append(std::string(name));
+}
+
+}  // namespace
+
+void ReadCatalogueRows(TextFile& file, const CatalogueRow& readRow) {
+  while (!file.AtEnd()) {
+    const std::string_view cell = file.ReadField();
+    if (file.AtEnd()) return;
+    if (!readRow(file, UpperCase(Trim(cell)), cell) && !cell.empty()) file.ReadRestOfLine();
+  }
 }
 
 bool ReadSectionDim(TextFile& file, const std::string& tag, std::string_view cell) {
@@ -67,28 +88,6 @@ bool ReadPunchPattern(TextFile& file, const std::string& tag, std::string_view c
   row.Starred = ToBoolean(Trim(file.ReadRestOfLine()) == "*");
   if (!row.Name.empty() && !row.Codes.empty()) PunchPatterns.Append(std::move(row));
   return true;
-}
-
-// The five cells that an accessory row of either file begins with.
-AccDef ReadAccessory(TextFile& file) {
-  AccDef row;
-  row.Name = file.ReadField();
-  row.DrawingFile = file.ReadField();
-  row.Value1 = file.ReadInt16();
-  row.Value2 = file.ReadInt16();
-  row.Value3 = file.ReadInt16();
-  return row;
-}
-
-// The accessory that a row behind an "A" row adds to; an error when the file has had none yet.
-AccDef& LastAccessory(std::int16_t count) {
-  if (count == 0) throw RuntimeError(Failure::SubscriptOutOfRange);
-  return AccDefs.At(AccDefs.UBound());
-}
-
-void AppendParam(AccDef& accessory, std::string_view name) {
-  Int16(accessory.ParamNames.UBound() + 1);  // one more than 16 bits count is refused
-  accessory.ParamNames.Append(std::string(name));
 }
 
 bool ReadAccessory1(TextFile& file, const std::string& tag, std::string_view /*cell*/) {
@@ -144,14 +143,12 @@ bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view /*c
   return true;
 }
 
-}  // namespace
-
 bool LoadCatalogue(const std::string& path, const CatalogueRow& readRow) {
   std::string description;
   try {
     TextFile file = TextFile::Open(path);
     try {
-      ReadRows(file, readRow);
+      ReadCatalogueRows(file, readRow);
       return true;
     } catch (const RuntimeError& error) {
       description = AtPlace(error, file).Description();
@@ -189,14 +186,14 @@ bool LoadAccessories2(const std::string& path) {
 bool LoadAccessoryCatalogues() {
   AccType2Count = 0;
   const bool loaded =
-      LoadAccessories1(ProgramPath(Accs1File)) && LoadAccessories2(ProgramPath(Accs2File));
+      LoadAccessories1(CataloguePath(Accs1File)) && LoadAccessories2(CataloguePath(Accs2File));
   ClearUsedFlags();
   return loaded;
 }
 
 bool LoadSectionCatalogues() {
-  const bool dims = LoadSectionDims(ProgramPath(DimsFile));
-  const bool patterns = LoadPunchPatterns(ProgramPath(PunchFile));
+  const bool dims = LoadSectionDims(CataloguePath(DimsFile));
+  const bool patterns = LoadPunchPatterns(CataloguePath(PunchFile));
   return dims && patterns;
 }
 

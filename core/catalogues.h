@@ -6,16 +6,11 @@
 #include <string>
 #include <string_view>
 
+#include "core/catalogue_folder.h"
 #include "core/model.h"
 #include "core/text_file.h"
 
 namespace orvane {
-
-// The catalogue files in the program's folder.
-constexpr std::string_view DimsFile = "\\dims.csv";
-constexpr std::string_view PunchFile = "\\punch.csv";
-constexpr std::string_view Accs1File = "\\accs1.csv";
-constexpr std::string_view Accs2File = "\\accs2.csv";
 
 // Each reader takes a file's full path, fills its tables and gives true. On any error it shows
 // "Error loading data from ", the path, a carriage return and the description, under the title
@@ -32,10 +27,10 @@ bool LoadAccessories1(const std::string& path);
 // first, and AccType2Count.
 bool LoadAccessories2(const std::string& path);
 
-// The two catalogue steps of the start-up, from the program's folder. The first reads accs1.csv,
-// then accs2.csv if that succeeded, and sizes AccUsed with every flag false; the second reads
-// dims.csv and punch.csv and goes on with whatever they held. Both give true when every file was
-// read whole.
+// The two catalogue steps of the start-up, from where CataloguePath finds the files. The first
+// reads accs1.csv, then accs2.csv if that succeeded, and sizes AccUsed with every flag false; the
+// second reads dims.csv and punch.csv and goes on with whatever they held. Both give true when
+// every file was read whole.
 bool LoadAccessoryCatalogues();
 bool LoadSectionCatalogues();
 
@@ -43,6 +38,16 @@ bool LoadSectionCatalogues();
 // none that the file knows; nothing has been read then.
 using CatalogueRow =
     std::function<bool(TextFile& file, const std::string& tag, std::string_view cell)>;
+// The rows of the four files, each appended to its table.
+bool ReadSectionDim(TextFile& file, const std::string& tag, std::string_view cell);
+bool ReadPunchPattern(TextFile& file, const std::string& tag, std::string_view cell);
+bool ReadAccessory1(TextFile& file, const std::string& tag, std::string_view cell);
+bool ReadAccessory2(TextFile& file, const std::string& tag, std::string_view cell);
+
+// The loop that all readers share. A row's first cell decides what the row is; a row that
+// isn't known is thrown away, but an empty cell throws nothing away, so that the next cell of the
+// line is looked at in its place. A last line of a single cell is ignored.
+void ReadCatalogueRows(TextFile& file, const CatalogueRow& readRow);
 // How all of them read: a file of such rows, whose errors are told as above.
 bool LoadCatalogue(const std::string& path, const CatalogueRow& readRow);
 

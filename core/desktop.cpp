@@ -39,6 +39,11 @@ void Desktop::RunApart(std::function<void()> action) {
   }
 }
 
+std::optional<std::string> Desktop::ShowFolderDialog(const std::string& /*title*/,
+                                                     const std::string& /*initialFolder*/) {
+  return std::nullopt;
+}
+
 LaidLock Desktop::LayLock(const std::string& /*path*/, LockOfOthers /*others*/) {
   return {};
 }

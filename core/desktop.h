@@ -47,6 +47,11 @@ class Desktop : public Clock {
   virtual std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) = 0;
   virtual std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) = 0;
 
+  // A folder that is there, which is chosen from that one on; none when it was cancelled, and where
+  // nobody can choose.
+  virtual std::optional<std::string> ShowFolderDialog(const std::string& title,
+                                                      const std::string& initialFolder);
+
   // Lets pending window events run.
   virtual void ProcessEvents() = 0;
 

@@ -31,7 +31,11 @@ std::string EntryLike(const std::filesystem::path& folder, const std::string& na
 std::string ProgramFolder;
 
 std::string ProgramPath(std::string_view suffix) {
-  std::filesystem::path path = NativePath(ProgramFolder);
+  return PathInFolder(ProgramFolder, suffix);
+}
+
+std::string PathInFolder(const std::string& folder, std::string_view suffix) {
+  std::filesystem::path path = NativePath(folder);
   while (!suffix.empty()) {
     if (suffix.front() == '\\') suffix.remove_prefix(1);
     const std::size_t end = std::min(suffix.find('\\'), suffix.size());

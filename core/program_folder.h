@@ -15,5 +15,7 @@ extern std::string ProgramFolder;
 // parts is looked up without regard to case: the exact name first, then the first match in sorted
 // order, else the name as it stands.
 std::string ProgramPath(std::string_view suffix);
+// The same in another folder.
+std::string PathInFolder(const std::string& folder, std::string_view suffix);
 
 }  // namespace orvane

@@ -54,6 +54,7 @@ const std::vector<Setting>& Settings() {
         {Registration, "Company Details",  "",           &CompanyDetails},
         {General,      "ProjectDirectory", "",           {}},
         {General,      "CAMDirectory",     "",           {}},
+        {General,      "Catalogue folder", "",           {}},
         {PageSetup,    "LeftMargin",       "10",         &LeftMargin},
         {PageSetup,    "RightMargin",      "10",         &RightMargin},
         {PageSetup,    "TopMargin",        "10",         &TopMargin},
@@ -262,6 +263,13 @@ std::string CamDirectory() {
 }
 void StoreCamDirectory(const std::string& folder) {
   StoreText(SettingOf(General, "CAMDirectory"), folder);
+}
+
+std::string CatalogueFolder() {
+  return StoredText(SettingOf(General, "Catalogue folder"));
+}
+void StoreCatalogueFolder(const std::string& folder) {
+  StoreText(SettingOf(General, "Catalogue folder"), folder);
 }
 
 std::string ScreenSetting(std::string_view name, const std::string& presentValue) {

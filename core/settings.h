@@ -51,6 +51,10 @@ void StoreProjectDirectory(const std::string& folder);
 std::string CamDirectory();
 void StoreCamDirectory(const std::string& folder);
 
+// "Catalogue folder", the office's own; empty for the catalogue that ships.
+std::string CatalogueFolder();
+void StoreCatalogueFolder(const std::string& folder);
+
 // The window: "State", which is "0" if it isn't stored, and "Width", "Height", "Top" and "Left",
 // for which a missing value gives the present one. Another name is an error of the program.
 std::string ScreenSetting(std::string_view name, const std::string& presentValue = {});

@@ -4,8 +4,8 @@
 #include <array>
 #include <string>
 
+#include "core/catalogue_folder.h"
 #include "core/files.h"
-#include "core/program_folder.h"
 #include "core/runtime_error.h"
 #include "drawing/metafile.h"
 
@@ -58,7 +58,7 @@ std::shared_ptr<const Picture> ReadDrawing(std::string_view suffix) {
     throw RuntimeError(Failure::PathNotFound,
                        "Picture outside the program's folder: " + std::string(suffix));
   }
-  const std::string path = ProgramPath(suffix);
+  const std::string path = CataloguePath(suffix);
   try {
     return std::make_shared<const Picture>(ReadMetafile(ReadWholeFile(path)));
   } catch (const RuntimeError& error) {

@@ -118,10 +118,9 @@ void ExpandPattern(std::string_view PatternName, Item& item) {
 
   std::optional<double> pairSpacing;  // looked up at the first hole that needs it
   std::string_view rest = pattern->Codes;
-  const int codes = Whole(static_cast<double>(CharCount(rest) + 1) / 3);
+  const int codes = CodeCount(rest);
   for (int k = 1; k <= codes; ++k) {
-    const std::string_view code = FirstChars(rest, 2);
-    rest.remove_prefix(FirstChars(rest, 3).size());  // the separator goes by position, unseen
+    const std::string_view code = TakeCode(rest);
     const Family* family = CodeFamilyOf(code);
     if (family == nullptr) continue;
 
@@ -141,6 +140,23 @@ void ExpandPattern(std::string_view PatternName, Item& item) {
               pattern->Starred);
     }
   }
+}
+
+int CodeCount(std::string_view codes) {
+  return Whole(static_cast<double>(CharCount(codes) + 1) / 3);
+}
+
+std::string_view TakeCode(std::string_view& codes) {
+  const std::string_view code = FirstChars(codes, 2);
+  codes.remove_prefix(FirstChars(codes, 3).size());  // the separator goes by position, unseen
+  return code;
+}
+
+CodeFacts FactsOf(std::string_view code) {
+  const Family* family = CodeFamilyOf(code);
+  if (family == nullptr) return {};
+  const bool pair = family->First.PairSpacings != 0 || family->Second.PairSpacings != 0;
+  return {true, family->Diameter == SagBar, pair};
 }
 
 std::int16_t AddHole(std::int16_t ItemIndex, std::int16_t X, std::string_view Kind,

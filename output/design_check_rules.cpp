@@ -36,7 +36,19 @@ double ReadTimes(TextFile& file, bool isDistance) {
   return times;
 }
 
-bool ReadRule(TextFile& file, const std::string& tag, std::string_view /*cell*/) {
+}  // namespace
+
+RulesInUse ShippedRules() {
+  RulesInUse rules;
+  for (const DesignRuleRow& row : DesignRules) {
+    rules.at(RowOf(row.Rule)) = {true, row.Times, std::string(row.Source)};
+  }
+  return rules;
+}
+
+RulesInUse TheRules = ShippedRules();
+
+bool ReadCheckRule(TextFile& file, const std::string& tag, std::string_view /*cell*/) {
   if (tag != "R") return false;
   const std::string name(Trim(file.ReadField()));
   const std::optional<DesignRule> rule = RuleNamed(name);
@@ -53,23 +65,11 @@ bool ReadRule(TextFile& file, const std::string& tag, std::string_view /*cell*/)
   return true;
 }
 
-}  // namespace
-
-RulesInUse ShippedRules() {
-  RulesInUse rules;
-  for (const DesignRuleRow& row : DesignRules) {
-    rules.at(RowOf(row.Rule)) = {true, row.Times, std::string(row.Source)};
-  }
-  return rules;
-}
-
-RulesInUse TheRules = ShippedRules();
-
 bool LoadCheckRules(const std::string& path) {
   TheRules = ShippedRules();
   std::error_code unknown;
   if (!std::filesystem::exists(NativePath(path), unknown) && !unknown) return true;
-  return LoadCatalogue(path, ReadRule);
+  return LoadCatalogue(path, ReadCheckRule);
 }
 
 std::optional<DesignRule> RuleNamed(std::string_view name) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/text_file.h"
+
 namespace orvane {
 
 enum class FindingGrade {
@@ -119,7 +121,7 @@ using RulesInUse = std::array<RuleInUse, DesignRules.size()>;
 RulesInUse ShippedRules();
 extern RulesInUse TheRules;
 
-// The file in the program's folder by which an office sets them.
+// The file of the catalogue by which an office sets them.
 constexpr std::string_view CheckFile = "\\check.csv";
 
 // Reads that file over the shipped rules, as the catalogues are read (core/catalogues): a row of
@@ -127,6 +129,9 @@ constexpr std::string_view CheckFile = "\\check.csv";
 // times the hole's diameter it is, from 0 to 100, and where that comes from. All other rows are
 // passed over. Without such a file the rules are as they ship, and nothing is told.
 bool LoadCheckRules(const std::string& path);
+
+// One such row, read over what is in use (core/catalogues).
+bool ReadCheckRule(TextFile& file, const std::string& tag, std::string_view cell);
 
 // The row of a rule of that name; none for another text.
 std::optional<DesignRule> RuleNamed(std::string_view name);

@@ -8,9 +8,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "core/catalogue_folder.h"
 #include "core/catalogues.h"
 #include "core/files.h"
-#include "core/program_folder.h"
 #include "core/text.h"
 
 namespace orvane {
@@ -78,7 +78,7 @@ std::string ResaveFault(const BatchOptions& options) {
   std::vector<std::string> kept;
   if (!options.SettingsFile.empty()) kept.push_back(options.SettingsFile);
   for (const std::string_view name : {DimsFile, PunchFile, Accs1File, Accs2File, CheckFile}) {
-    kept.push_back(ProgramPath(name));
+    kept.push_back(CataloguePath(name));
   }
   for (const std::string& file : kept) {
     if (Resolved(file) == target) return "--resave would overwrite " + file;

@@ -6,11 +6,11 @@
 #include <system_error>
 #include <vector>
 
+#include "core/catalogue_folder.h"
 #include "core/desktop.h"
 #include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"
-#include "core/program_folder.h"
 #include "project/project_file.h"
 #include "project/section_list/apply_plan.h"
 #include "project/section_list/section_list.h"
@@ -60,7 +60,7 @@ std::string ImportFault(const BatchOptions& options) {
   std::vector<std::string> kept = {options.Import};
   if (!options.SettingsFile.empty()) kept.push_back(options.SettingsFile);
   for (const std::string_view name : {DimsFile, PunchFile, Accs1File, Accs2File, CheckFile}) {
-    kept.push_back(ProgramPath(name));
+    kept.push_back(CataloguePath(name));
   }
   for (const std::string& file : kept) {
     if (AreSame(file, target)) return "--to would overwrite " + file;

@@ -7,12 +7,12 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "core/catalogue_folder.h"
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/files.h"
 #include "core/model.h"
 #include "core/numbers.h"
-#include "core/program_folder.h"
 #include "core/settings.h"
 #include "output/design_check_rules.h"
 #include "project/changes.h"
@@ -98,7 +98,7 @@ void FrmMain::Load() {
     LoadRecent();
     detail_->EmptyHoleGrid();
     LoadSectionCatalogues();
-    LoadCheckRules(ProgramPath(CheckFile));
+    LoadCheckRules(CataloguePath(CheckFile));
     accessories_->FillAccessoryList();
     detail_->FillPitches();
     Items.Clear();

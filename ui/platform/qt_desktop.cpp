@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -257,6 +258,15 @@ std::optional<std::string> QtDesktop::ShowOpenDialog(const FileDialog& dialog) {
 std::optional<std::string> QtDesktop::ShowSaveDialog(const FileDialog& dialog) {
   const DialogStay stay;
   return AskForFile(dialog, DialogForm::Save, stay.Owner());
+}
+
+std::optional<std::string> QtDesktop::ShowFolderDialog(const std::string& title,
+                                                       const std::string& initialFolder) {
+  const DialogStay stay;
+  const QString chosen =
+      QFileDialog::getExistingDirectory(stay.Owner(), ToQt(title), ToQt(initialFolder));
+  if (chosen.isEmpty()) return std::nullopt;
+  return FromQt(QDir::toNativeSeparators(chosen));
 }
 
 void QtDesktop::ProcessEvents() {

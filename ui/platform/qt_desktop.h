@@ -25,6 +25,8 @@ class QtDesktop : public Desktop {
   int Choose(const std::string& text, const std::string& title,
              const std::vector<std::string>& answers) override;
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
+  std::optional<std::string> ShowFolderDialog(const std::string& title,
+                                              const std::string& initialFolder) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
   void ProcessEvents() override;
   std::string ShortDateForm() const override;
