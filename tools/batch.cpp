@@ -10,11 +10,13 @@
 #include <string_view>
 #include <system_error>
 
+#include "core/catalogue_folder.h"
 #include "core/catalogues.h"
 #include "core/files.h"
 #include "core/model.h"
 #include "core/program_folder.h"
 #include "core/system_dates.h"
+#include "output/catalogue_check.h"
 #include "output/design_check_rules.h"
 #include "tools/batch_clashes.h"
 #include "tools/batch_compare.h"
@@ -57,7 +59,7 @@ bool LoadCatalogues(CatalogueTables& loaded) {
   ResetModel();
   const bool accessories = LoadAccessoryCatalogues();
   const bool sections = LoadSectionCatalogues();
-  const bool rules = LoadCheckRules(ProgramPath(CheckFile));
+  const bool rules = LoadCheckRules(CataloguePath(CheckFile));
   loaded = LoadedCatalogues();
   return accessories && sections && rules;
 }
@@ -151,6 +153,19 @@ int DoJobs(const std::vector<NamedJob>& jobs, int workers, JobRunner& runner, Co
   return out << std::flush ? worst : std::max(worst, ExitFault);
 }
 
+// Tells what is found of the catalogue in that folder, a line for each finding.
+int CheckFolder(const BatchOptions& options, Console& console, std::ostream& out) {
+  const std::string folder = AbsolutePath(options.CheckedCatalogue);
+  if (!IsFolder(folder)) {
+    console.SayFault(options.CheckedCatalogue, "there is no such folder");
+    return ExitFault;
+  }
+  const std::vector<CatalogueFinding> findings = CheckCatalogueIn(folder);
+  if (!(out << CatalogueFindingsText(findings) << std::flush)) return ExitFault;
+  console.Say("Catalogue check complete: " + CatalogueCountLine(findings));
+  return FaultsIn(findings) == 0 ? ExitDone : ExitCannotBeMade;
+}
+
 int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console,
              std::ostream& out) {
   const std::vector<NamedJob> jobs = JobsOf(options);
@@ -163,6 +178,8 @@ int RunBatch(const BatchOptions& options, BatchScreen& screen, Console& console,
       !console.Try(options.SettingsFile, [&] { ReadWholeFile(settingsFile); })) {
     return ExitFault;
   }
+  // A run on another catalogue than the one that was chosen would make scrap by the hundred.
+  if (options.CatalogueFolder.empty() && !UseOfficeFolder()) return ExitFault;
   CatalogueTables catalogues;
   if (!LoadCatalogues(catalogues)) return ExitFault;
   if (!options.Import.empty()) return ImportList(options, catalogues, console);
@@ -204,6 +221,7 @@ int RunCompanion(const std::vector<std::string>& arguments, std::ostream& out, s
       console.Say("Try orvane-batch --help.");
       return ExitUsage;
     }
+    if (!line.Options.CheckedCatalogue.empty()) return CheckFolder(line.Options, console, out);
     BatchScreen screen(console);
     InstallOutputScreen(screen);
     return RunBatch(line.Options, screen, console, out);

@@ -66,8 +66,9 @@ struct ValueOption {
   bool (*Set)(BatchOptions& options, const std::string& value);
 };
 
-constexpr std::array<ValueOption, 12> ValueOptions = {{
+constexpr std::array<ValueOption, 13> ValueOptions = {{
     {"--catalogue", "a folder", SetText<&BatchOptions::CatalogueFolder>},
+    {"--check-catalogue", "a folder", SetText<&BatchOptions::CheckedCatalogue>},
     {"--out", "a folder", SetText<&BatchOptions::OutFolder>},
     {"--created", "a moment of the form YYYY-MM-DDTHH:MM:SS", SetCreated},
     {"--sleeves", "yes or no", SetSleeves},
@@ -132,6 +133,11 @@ bool SameName(const std::string& a, const std::string& b) {
 // What can only be seen when the whole command line has been read.
 std::string FaultOfWhole(const BatchOptions& options) {
   const bool asks = WritesResults(options) || options.Check || !options.Resave.empty();
+  if (!options.CheckedCatalogue.empty()) {
+    const bool other = asks || options.Compare || !options.Import.empty() ||
+                       !options.ImportTo.empty() || !options.Jobs.empty();
+    return other ? "--check-catalogue goes with nothing else that is to be done" : "";
+  }
   if (!options.Import.empty()) {
     if (options.Compare) return "--compare goes with nothing else that is to be done";
     if (options.ImportTo.empty()) return "--import takes --to with the job to be made";
@@ -148,7 +154,9 @@ std::string FaultOfWhole(const BatchOptions& options) {
   if (options.Jobs.empty()) return "no job is named";
   if (!asks) {
     return "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
-           "--cutting-list, --check, --check-csv, --compare, --resave and --import is given";
+           "--cutting-list, --check, --check-csv, --check-catalogue, --compare, --resave and "
+           "--import "
+           "is given";
   }
   return JobsFault(options);
 }
@@ -320,6 +328,7 @@ std::string HelpText(const std::string& dateForm) {
        orvane-batch [OPTION]... --compare OLD.ovd NEW.ovd
        orvane-batch [OPTION]... --resave FILE JOB.ovd
        orvane-batch [OPTION]... --import LIST --to JOB.ovd
+       orvane-batch [OPTION]... --check-catalogue DIR
 
 The companion of the Orvane Detailing System: turns project files into their factory files, sheets and
 reports without a screen. Messages and questions go to standard error. A folder in the place of a job
@@ -335,6 +344,8 @@ stands for all the jobs in it.
   --cutting-list         write what each job is to buy, cut and punch (JOB-cutting-list.pdf and .csv)
   --check                tell on standard output what of each job can't be made or is worth a look
   --check-csv            write that as a file (JOB-check.csv)
+  --check-catalogue DIR  tell on standard output what of the catalogue in DIR isn't read as it looks or
+                         can't work; a file that isn't there is the program's
   --compare              tell on standard output how the second of two jobs differs from the first
   --resave FILE          write the one job again, as it would be saved; alone or with the others
   --import LIST          make a new job of a list of sections; each row that the program would refuse
@@ -359,7 +370,8 @@ stands for all the jobs in it.
   --help, --version      show this text, or the version, and end
 
 Exit: 0 done; 1 refused by the check; 2 a command line that can't be followed, or jobs that would write
-one file; 3 a file that can't be read or written, or a list with refused rows; 5 two jobs that differ.
+one file; 3 a file that can't be read or written, or a list with refused rows; 4 what was checked can't be
+made, or a catalogue with faults; 5 two jobs that differ.
 With more than one job all are tried, and the highest of their codes is returned.
 )";
   const std::string_view place = "DATE-FORM";

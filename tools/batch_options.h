@@ -30,6 +30,7 @@ struct BatchOptions {
   std::string ImportTo;           // that job
   bool SkipRefused = false;       // of its rows take those that aren't refused
   bool Replace = false;           // write over a job that is there already
+  std::string CheckedCatalogue;   // tell what is wrong with this folder's catalogue; empty for not
   std::string CatalogueFolder;    // empty for the program's own
   std::string OutFolder;          // where the results go; empty for the current folder
   std::string SettingsFile;       // empty for the defaults

@@ -102,6 +102,61 @@ TEST_F(BatchCatalogues, A_read_only_program_folder_serves_an_ordinary_user) {
   fs::permissions(TempPath("installed"), fs::perms(0755));
 }
 
+TEST_F(BatchCatalogues, The_settings_catalogue_folder_is_used_and_one_that_is_gone_ends_the_run) {
+  const std::string program = Install("");
+  fs::create_directories(TempPath("desk/office"));
+  TempFile("desk/office/punch.csv", "Z,Other,B0 B6,,\r\n");
+  File("a.ovd", JobOf({Purlin()}));
+  const std::string key = "[SOFTWARE\\Lintaro\\Settings]\nCatalogue folder=";
+  File("set.txt", key + Path("office") + "\n");
+  const Outcome outcome = RunProgram(program, {"--settings", "set.txt", "--check", "a.ovd"});
+  EXPECT_EQ(outcome.Code, 4) << outcome.Err;
+  EXPECT_NE(outcome.Out.find("pattern-unknown"), std::string::npos) << outcome.Out;
+  File("set.txt", key + Path("gone") + "\n");
+  const Outcome gone = RunProgram(program, {"--settings", "set.txt", "--check", "a.ovd"});
+  EXPECT_EQ(gone.Code, 3);
+  EXPECT_EQ(gone.Out, "");
+  EXPECT_EQ(gone.Err.find("Orvane Detailing System\nThe catalogue folder can't be found: " +
+                          Path("gone") + "\n"),
+            0U)
+      << gone.Err;
+  // A folder on the command line comes before the setting.
+  EXPECT_EQ(Run({"--settings", "set.txt", "--cam", "a.ovd"}).Code, 0);
+}
+
+TEST_F(BatchCatalogues, A_check_tells_each_finding_in_a_line_and_ends_by_the_gravest) {
+  fs::create_directories(TempPath("desk/office"));
+  TempFile("desk/office/punch.csv", "Z,Butt,A0 A6\r\nZ,Single,B0 B6,,\r\n");
+  const Outcome faulty = RunProgram(ORVANE_BATCH, {"--check-catalogue", "office"});
+  EXPECT_EQ(faulty.Out,
+            "punch.csv\t1\t3\tfault\trow-swallows-next\tThe row has 3 of 4 cells and takes the "
+            "others from row 2, which is lost: put a comma behind it for each cell that is "
+            "missing\n");
+  EXPECT_EQ(faulty.Err, "Catalogue check complete: 1 fault\n");
+  EXPECT_EQ(faulty.Code, 4);
+  TempFile("desk/office/punch.csv", "Z,Butt,A0 A6,,x\r\n");
+  const Outcome advised = RunProgram(ORVANE_BATCH, {"--check-catalogue", "office"});
+  EXPECT_EQ(advised.Err, "Catalogue check complete: 1 finding\n");
+  EXPECT_EQ(advised.Code, 0);
+}
+
+TEST_F(BatchCatalogues, A_check_of_the_catalogue_that_ships_finds_nothing) {
+  const Outcome outcome =
+      RunProgram(ORVANE_BATCH, {"--check-catalogue", ORVANE_SOURCE_DIR "/catalogue"});
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(outcome.Err, "Catalogue check complete: nothing is found\n");
+  EXPECT_EQ(outcome.Code, 0);
+}
+
+TEST_F(BatchCatalogues, A_check_needs_its_folder_and_goes_with_nothing_else) {
+  const Outcome none = RunProgram(ORVANE_BATCH, {"--check-catalogue", "nowhere"});
+  EXPECT_EQ(none.Err, "nowhere: there is no such folder\n");
+  EXPECT_EQ(none.Code, 3);
+  File("a.ovd", JobOf({Purlin()}));
+  EXPECT_EQ(RunProgram(ORVANE_BATCH, {"--check-catalogue", ".", "a.ovd"}).Code, 2);
+  EXPECT_EQ(RunProgram(ORVANE_BATCH, {"--check-catalogue", ".", "--cam"}).Code, 2);
+}
+
 }  // namespace
 
 }  // namespace orvane

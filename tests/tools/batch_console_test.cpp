@@ -41,6 +41,7 @@ TEST_F(BatchConsole, Help_and_version_go_to_standard_output) {
                              "--cutting-list",
                              "--check ",
                              "--check-csv",
+                             "--check-catalogue DIR",
                              "--compare",
                              "--import LIST",
                              "--to JOB.ovd",

@@ -65,8 +65,8 @@ TEST_F(BatchFaults, Usage_faults_end_with_2_and_touch_nothing) {
   EXPECT_EQ(none.Out, "");
   EXPECT_EQ(none.Err,
             "orvane-batch: none of --cam, --sheets, --svg, --accessory-sheets, --summary, "
-            "--section-list, --cutting-list, --check, --check-csv, --compare, --resave and "
-            "--import is given\nTry "
+            "--section-list, --cutting-list, --check, --check-csv, --check-catalogue, --compare, "
+            "--resave and --import is given\nTry "
             "orvane-batch --help.\n");
   EXPECT_FALSE(Exists("to"));
   EXPECT_EQ(RunProgram(ORVANE_BATCH, {}).Code, 2);

@@ -92,10 +92,12 @@ TEST(BatchOptions, A_command_line_that_cannot_be_followed_says_why) {
       {{"--cam"}, "no job is named"},
       {{"a.ovd"},
        "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
-       "--cutting-list, --check, --check-csv, --compare, --resave and --import is given"},
+       "--cutting-list, --check, --check-csv, --check-catalogue, --compare, --resave and --import "
+       "is given"},
       {{"--out", "to", "a.ovd"},
        "none of --cam, --sheets, --svg, --accessory-sheets, --summary, --section-list, "
-       "--cutting-list, --check, --check-csv, --compare, --resave and --import is given"},
+       "--cutting-list, --check, --check-csv, --check-catalogue, --compare, --resave and --import "
+       "is given"},
       {{"--import", "list.csv"}, "--import takes --to with the job to be made"},
       {{"--import", "list.csv", "--to", "n.ovd", "a.ovd"},
        "--import takes no job but that behind --to"},
