@@ -97,6 +97,9 @@ const std::vector<CommandEntry> Rows = {
     {Place::mnuTools, Command::None,            "",                      "", "", "",             0, 0, ""},
     {Place::mnuTools, Command::Check,           "&Check...",             "", "F7", "check",      0, 0, "mnuToolsCheck"},
     {Place::mnuTools, Command::CompareJobs,     "Compare &with...",      "", "", "compare",      0, 0, "mnuToolsCompare"},
+    {Place::mnuTools, Command::None,            "",                      "", "", "",             0, 0, ""},
+    {Place::mnuTools, Command::Catalogue,       "C&atalogue...",         "", "", "catalogue",    0, 0, "mnuToolsCatalogue"},
+    {Place::mnuTools, Command::CheckCatalogue,  "Chec&k catalogue...",   "", "", "check-catalogue", 0, 0, "mnuToolsCheckCatalogue"},
 
     // &Help
     {Place::mnuHelp, Command::HelpIndex,    "&Help Index",          "", "F1", "help"},

@@ -63,6 +63,8 @@ enum class Command {
   SectionList,
   CuttingList,
   CompareJobs,
+  Catalogue,
+  CheckCatalogue,
   Check,
 };
 

@@ -185,10 +185,12 @@ void FrmMain::BuildNotes() {
   auto* line = new QHBoxLayout(notes_);
   line->setContentsMargins(PaneMargin, 0, PaneMargin, 0);
   BuildCheck();
+  BuildCatalogueLine();
   line->addWidget(errors_, 2);
   line->addWidget(findings_, 6);
   line->addWidget(jobNote_, 2);
   line->addWidget(mirrorNote_, 1);
+  line->addWidget(cmdCatalogue_);
   line->addWidget(cmdCheck_);
   errors_->hide();
   jobNote_->hide();

@@ -57,6 +57,8 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   // Opens that job as "&Open" does once it is chosen there, its prompts included; an error shows
   // its description.
   void OpenGiven(const std::string& path);
+  // Looks through the catalogue in use, and says at the window's foot how much is found.
+  void LookAtCatalogue();
   // Writes the copy for recovery at once, for a program that is ended from outside.
   void KeepForRecovery();
 
@@ -185,6 +187,11 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   void ListFindings();
   void GoToFinding(const Finding& finding, FrmCheck::ChosenBy how);
 
+  // The catalogue.
+  void BuildCatalogueLine();
+  void ChooseCatalogue();
+  void ShowCatalogueCheck(const std::string& officeFolder);
+
   // Output.
   void Print(const std::function<void()>& command);
   void ShowSelectedRow();
@@ -211,6 +218,7 @@ class FrmMain : public QMainWindow, public MainScreen, public OutputScreen {
   ElidingLabel* jobNote_ = nullptr;   // lblJobNote
   ElidingLabel* findings_ = nullptr;  // lblCheck
   QToolButton* cmdCheck_ = nullptr;
+  QToolButton* cmdCatalogue_ = nullptr;
   SectionsGrid* sections_ = nullptr;
   FindLine* find_ = nullptr;
   DetailPanel* detail_ = nullptr;

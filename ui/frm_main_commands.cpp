@@ -1,6 +1,7 @@
 // The main window's commands: what each menu entry, button and key chord does.
 #include <QKeyEvent>
 
+#include "core/catalogue_folder.h"
 #include "core/desktop.h"
 #include "core/numbers.h"
 #include "core/section_families.h"
@@ -145,6 +146,10 @@ void FrmMain::Dispatch(Command command, int number) {
       return ShowCuttingList();
     case Command::CompareJobs:
       return CompareWith();
+    case Command::Catalogue:
+      return ChooseCatalogue();
+    case Command::CheckCatalogue:
+      return ShowCatalogueCheck(OfficeFolder);
     case Command::ExportCam:
       return ExportCAM();
     case Command::ToggleDrawing:

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QProxyStyle>
 
+#include "core/catalogue_folder.h"
 #include "core/catalogues.h"
 #include "core/desktop.h"
 #include "core/settings.h"
@@ -61,6 +62,10 @@ void StartUp::SetSettingsRoot() {
   TheSettingsRoot = SettingsRoot::LocalMachine;
 }
 
+void StartUp::TakeCatalogueFolder() {
+  UseOfficeFolder();
+}
+
 void StartUp::ShowAbout() {
   FrmAbout().exec();
 }
@@ -90,11 +95,15 @@ void StartUp::ShowMain(const std::string& job) {
     if (!job.empty()) main_->OpenGiven(job);
   };
   QMetaObject::invokeMethod(main_.get(), begin, Qt::QueuedConnection);
+  // Behind the first paint: it reads every picture.
+  QMetaObject::invokeMethod(
+      main_.get(), [this] { Guard([this] { main_->LookAtCatalogue(); }); }, Qt::QueuedConnection);
 }
 
 void StartUp::Run(const std::string& job) {
-  Guard([this] { LoadAccessories(); });
   Guard([this] { SetSettingsRoot(); });
+  Guard([this] { TakeCatalogueFolder(); });
+  Guard([this] { LoadAccessories(); });
   Guard([this] { ShowAbout(); });
   Guard([this] { ReadSettings(); });
   Guard([this] { AskRegistration(); });

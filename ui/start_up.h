@@ -20,8 +20,10 @@ class StartUp {
   StartUp& operator=(const StartUp&) = delete;
   ~StartUp();
 
-  void LoadAccessories();  // accs1.csv, accs2.csv, the size of AccUsed
   void SetSettingsRoot();  // where the settings lie
+  // The office's catalogue folder is a setting, so that both stand before the first catalogue.
+  void TakeCatalogueFolder();
+  void LoadAccessories();  // accs1.csv, accs2.csv, the size of AccUsed
   void ShowAbout();        // the splash: waits until the user has closed it
   void ReadSettings();     // greatest lengths, margins, drawing settings, company
   void AskRegistration();  // the first-run dialog, while the company has no name

@@ -107,6 +107,9 @@ const std::multiset<std::string> Messages = {
     "No printer is installed",
     // Catalogues and settings.
     "Error loading data from /opt/lintaro/dims.csv\nFile not found",
+    "The catalogue folder can't be found: /srv/steel\nThe catalogue that ships with the program is "
+    "used until the next start. The setting stays.",
+    "There is no folder /srv/steel",
     "ERROR #3 : Permission denied",
     "The settings can't be stored.\nWhat is set now holds until the program ends.",
     "Overflow in the settings\nPageSetup, LeftMargin: 40000 becomes 10",
@@ -140,6 +143,7 @@ constexpr TitledBox Titles[] = {
     {"P1 : Z24520 Length shorter", "Warning"},
     {"Item 2: P2 requires sleeves", "Checking Data"},
     {"Error loading data from", "Orvane Detailing System"},
+    {"The catalogue folder can't be found", "Orvane Detailing System"},
 };
 
 std::string MessagesPage() {

@@ -362,11 +362,17 @@ TEST_F(CommandsOnScreen, The_entries_of_editing_bear_names_and_keys_of_their_own
 
 TEST_F(CommandsOnScreen, The_menu_of_tools_stands_before_the_help) {
   EXPECT_EQ(main->menuBar()->actions().at(4)->menu(), &Find<QMenu>("mnuTools"));
-  EXPECT_EQ(
-      Find<QMenu>("mnuTools").actions(),
-      (QList{&Entry("mnuToolsVersions"), &Entry("mnuToolsRecover"), &Entry("mnuTools(2)"),
-             &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList"), &Entry("mnuToolsCuttingList"),
-             &Entry("mnuTools(6)"), &Entry("mnuToolsCheck"), &Entry("mnuToolsCompare")}));
+  EXPECT_EQ(Find<QMenu>("mnuTools").actions(),
+            (QList{&Entry("mnuToolsVersions"), &Entry("mnuToolsRecover"), &Entry("mnuTools(2)"),
+                   &Entry("mnuToolsImport"), &Entry("mnuToolsSectionList"),
+                   &Entry("mnuToolsCuttingList"), &Entry("mnuTools(6)"), &Entry("mnuToolsCheck"),
+                   &Entry("mnuToolsCompare"), &Entry("mnuTools(9)"), &Entry("mnuToolsCatalogue"),
+                   &Entry("mnuToolsCheckCatalogue")}));
+  EXPECT_TRUE(Entry("mnuTools(9)").isSeparator());
+  EXPECT_EQ(FromQt(Entry("mnuToolsCatalogue").text()), "C&atalogue...");
+  EXPECT_EQ(FromQt(Entry("mnuToolsCheckCatalogue").text()), "Chec&k catalogue...");
+  EXPECT_FALSE(Entry("mnuToolsCatalogue").icon().isNull());
+  EXPECT_FALSE(Entry("mnuToolsCheckCatalogue").icon().isNull());
   EXPECT_TRUE(Entry("mnuTools(2)").isSeparator());
   EXPECT_TRUE(Entry("mnuTools(6)").isSeparator());
   EXPECT_EQ(FromQt(Entry("mnuToolsCheck").text()), "&Check...");

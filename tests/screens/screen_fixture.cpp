@@ -46,6 +46,11 @@ std::optional<std::string> TestDesktop::ShowSaveDialog(const FileDialog& dialog)
   return NextFile();
 }
 
+std::optional<std::string> TestDesktop::ShowFolderDialog(const std::string& /*title*/,
+                                                         const std::string& /*initialFolder*/) {
+  return NextFile();
+}
+
 std::optional<std::string> TestDesktop::NextFile() {
   if (AnyFile) return AnyFile();
   return NextChosen(Chosen);

@@ -43,6 +43,9 @@ class TestDesktop : public QtDesktop {
 
   std::optional<std::string> ShowOpenDialog(const FileDialog& dialog) override;
   std::optional<std::string> ShowSaveDialog(const FileDialog& dialog) override;
+  // Answered from Chosen too.
+  std::optional<std::string> ShowFolderDialog(const std::string& title,
+                                              const std::string& initialFolder) override;
   std::string ShortDateForm() const override { return "dd/MM/yyyy"; }
   std::string UserDataFolder() override { return DataFolder; }
   void ShowHelp(const std::string& file) override { HelpFiles.push_back(file); }

@@ -109,6 +109,8 @@ class StartUpTest : public ScreenTest {
   std::optional<StartUp> start{std::in_place};
 };
 
+const std::string FolderSetting = "\\Settings Catalogue folder";
+const Trace UpToAbout = {FolderSetting, "frmAbout"};
 const Trace SettingsBeforeTheWindow = {
     "\\Settings\\MaxDims Z",
     "\\Settings\\MaxDims E",
@@ -166,7 +168,7 @@ TEST_F(StartUpTest, The_steps_run_in_their_order) {
     QTest::mouseClick(about.findChild<QPushButton*>(), Qt::LeftButton);
   });
   start->Run();
-  EXPECT_EQ(desktop.Events, Trace{"frmAbout"} + SettingsBeforeTheWindow + LoadOfTheWindow);
+  EXPECT_EQ(desktop.Events, UpToAbout + SettingsBeforeTheWindow + LoadOfTheWindow);
   ASSERT_NE(start->Main(), nullptr);
   EXPECT_TRUE(start->Main()->isVisible());
   EXPECT_FALSE(start->Main()->isModal());
@@ -183,15 +185,15 @@ TEST_F(StartUpTest, A_first_start_asks_for_the_company_once) {
   ExpectAbout();
   ExpectRegistration("Anna Steel");
   start->Run();
-  EXPECT_EQ(desktop.Events, Trace{"frmAbout"} + SettingsBeforeTheWindow + Trace{"frmRegistration"} +
-                                LoadOfTheWindow);
+  EXPECT_EQ(desktop.Events,
+            UpToAbout + SettingsBeforeTheWindow + Trace{"frmRegistration"} + LoadOfTheWindow);
   EXPECT_EQ(CompanyName, "Anna Steel");
   Restart();
   ResetModel();
   desktop.Events.clear();
   ExpectAbout();
   start->Run();
-  EXPECT_EQ(desktop.Events, Trace{"frmAbout"} + SettingsBeforeTheWindow + LoadOfTheWindow);
+  EXPECT_EQ(desktop.Events, UpToAbout + SettingsBeforeTheWindow + LoadOfTheWindow);
   EXPECT_EQ(CompanyName, "Anna Steel");
 }
 
@@ -281,7 +283,8 @@ TEST_F(StartUpTest, Without_accs1_its_message_comes_first_and_the_accessory_list
   start->Run();
   const std::string box = "box: Error loading data from " + ProgramFolder + "/accs1.csv\r" +
                           DescriptionOf(Failure::FileNotFound);
-  EXPECT_EQ(desktop.Events, (Trace{box, "frmAbout"} + SettingsBeforeTheWindow + LoadOfTheWindow));
+  EXPECT_EQ(desktop.Events,
+            (Trace{FolderSetting, box, "frmAbout"} + SettingsBeforeTheWindow + LoadOfTheWindow));
   EXPECT_EQ(AccType2Count, 0);
   EXPECT_EQ(AccUsed.UBound(), 0);
   EXPECT_EQ(start->Main()->findChild<QListWidget*>("lstAccessories")->count(), 0);

@@ -16,11 +16,13 @@ struct WindowPage {
 };
 
 // clang-format off
-constexpr std::array<WindowPage, 18> WindowPages = {{
+constexpr std::array<WindowPage, 20> WindowPages = {{
     {"frmAbout",          "about.html"},
     {"frmAcc01",          "accessories.html"},
     {"frmAcc02",          "accessories.html"},
     {"frmAddHoles",       "custom-holes.html"},
+    {"frmCatalogue",      "catalogue-own.html"},
+    {"frmCatalogueCheck", "catalogue-own.html"},
     {"frmChange",         "sections-grid.html"},
     {"frmCheck",          "design-check.html"},
     {"frmCompare",        "compare.html"},
