@@ -83,6 +83,7 @@ void SetAccessoryMark(QListWidgetItem& entry, char16_t mark) {
 
 AccessoryChooser::AccessoryChooser(QWidget* parent) : QListWidget(parent) {
   setObjectName("lstAccessories");
+  setAccessibleName("Accessories");
   // By a click or the key of its label alone: a Tab on its way to another control, or a turn of the
   // wheel, must not make the project count as changed.
   setFocusPolicy(Qt::ClickFocus);

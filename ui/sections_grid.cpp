@@ -62,7 +62,9 @@ SectionsGrid::SectionsGrid(QWidget* parent)
   // A stop on the way by Tab, which leads on to the cursor's cell.
   setFocusPolicy(Qt::TabFocus);
   grid_->setObjectName("MSFlexGrid1");
-  grid_->setAccessibleName(tr("Sections"));
+  // Here the cursor rests beside the cells.
+  setAccessibleName("Sections");
+  grid_->setAccessibleName("Sections");
   grid_->SetEmptyText("No sections yet. " + ToQt(FamilyKeys()) +
                       " add the first one, Ctrl+V those of a spreadsheet.");
   grid_->SetColumnRatio(SectionsModel::WidthShares(), SectionsModel::LeastFigures());

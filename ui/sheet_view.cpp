@@ -8,9 +8,11 @@
 #include "drawing/draw_section.h"
 #include "drawing/sheet_frame.h"
 #include "drawing/sheet_layout.h"
+#include "drawing/sheet_words.h"
 #include "output/page_room.h"
 #include "project/section_look.h"
 #include "ui/platform/qt_font_metrics.h"
+#include "ui/platform/qt_text.h"
 
 namespace orvane {
 
@@ -29,6 +31,8 @@ SheetView::SheetView(QWidget* parent)
       shown_(std::make_unique<PageSurface>(SheetMetrics())),
       spare_(std::make_unique<PageSurface>(SheetMetrics())) {
   setObjectName("VSPrinter1");
+  setAccessibleName("Fabrication sheet");
+  Tell();
 }
 
 void SheetView::DrawSection(int ItemIndex) {
@@ -47,6 +51,7 @@ void SheetView::DrawSection(int ItemIndex) {
   std::swap(spare_, shown_);
   shownRow_ = ItemIndex;
   ShowPage(&shown_->Result().Pages.front());
+  Tell();
   if (Shown) Shown();
   // Last of all: what they ask for, the next drawing too, finds this one done.
   TheDesktop().ProcessEvents();
@@ -73,7 +78,14 @@ void SheetView::Follow(const ChangeNotice& change) {
 void SheetView::Clear() {
   shownRow_ = 0;
   ShowPage(nullptr);
+  Tell();
   if (Shown) Shown();
+}
+
+// The words cost nothing that a key would feel.
+void SheetView::Tell() {
+  const bool shows = shownRow_ >= 1 && shownRow_ <= Items.UBound();
+  setAccessibleDescription(shows ? ToQt(SheetWords(Items.At(shownRow_))) : QString("empty"));
 }
 
 void SheetView::PointAt(const std::vector<SheetPointer>& pointers) {

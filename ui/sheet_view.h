@@ -54,6 +54,8 @@ class SheetView : public PageView {
  private:
   // Draws what a change has made different.
   void Follow(const ChangeNotice& change);
+  // Readers of the screen hear what is shown.
+  void Tell();
 
   // The sheet shown, and one to draw the next sheet on: they change places, so that an error leaves
   // the former alone and no memory is taken at a key stroke.

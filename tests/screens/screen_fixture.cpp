@@ -1,4 +1,5 @@
 #include "tests/screens/screen_fixture.h"
+#include "tests/screens/accessible_names.h"
 #include "tests/support/patience.h"
 
 #include <QAbstractButton>
@@ -103,6 +104,8 @@ void DialogScript::Look() {
     CloseUnforeseen(*window);
     return;
   }
+  // Whatever window any test opens can be worked by ear.
+  EXPECT_EQ(UnnamedControls(*window), std::vector<std::string>()) << steps_.front().Name;
   const Step step = std::move(steps_.front());
   steps_.pop_front();
   const QPointer<QWidget> outer = busyWith_;

@@ -102,6 +102,7 @@ FrmCompare::FrmCompare(const Job& other, const std::string& path, const std::str
 void FrmCompare::BuildAreas() {
   list_ = new QTreeWidget(this);
   list_->setObjectName("lvwDifferences");
+  list_->setAccessibleName("Differences");
   list_->setHeaderLabels({"Mark", "Change", "What", "Was", "Is"});
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
@@ -113,6 +114,7 @@ void FrmCompare::BuildAreas() {
 
   page_ = new PageView(this);
   page_->setObjectName("VSPrinter1");
+  page_->setAccessibleName("Fabrication sheet");
   areas_ = new QSplitter(Qt::Vertical, this);
   areas_->setChildrenCollapsible(false);
   areas_->addWidget(list_);

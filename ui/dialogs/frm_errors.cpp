@@ -18,6 +18,7 @@ FrmErrors::FrmErrors(QWidget* parent) : PlainDialog(parent) {
 
   auto* List1 = new QListWidget(this);
   List1->setObjectName("List1");
+  List1->setAccessibleName("Faults");
   List1->setUniformItemSizes(true);
   List1->setSpacing(fontMetrics().height() / 8);
   List1->setTextElideMode(Qt::ElideNone);

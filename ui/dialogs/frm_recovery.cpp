@@ -72,6 +72,7 @@ FrmRecovery::FrmRecovery(std::vector<LeftJob> jobs, std::function<void(const Lef
 
   list_ = new QTreeWidget(this);
   list_->setObjectName("lvwRecovered");
+  list_->setAccessibleName("Jobs left behind");
   list_->setHeaderLabels({"Job", "When", "Sections", "Differs from its file by"});
   list_->headerItem()->setTextAlignment(LeftSectionsColumn, Qt::AlignRight);
   list_->setRootIsDecorated(false);

@@ -65,6 +65,7 @@ FrmVersions::FrmVersions(QWidget* parent) : PlainDialog(parent) {
 
   list_ = new QTreeWidget(this);
   list_->setObjectName("lvwVersions");
+  list_->setAccessibleName("Earlier versions");
   list_->setHeaderLabels({"When", "Job", "What", "Sections", "Changed since then"});
   list_->headerItem()->setTextAlignment(SectionsColumn, Qt::AlignCenter);
   list_->setRootIsDecorated(false);
