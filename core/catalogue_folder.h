@@ -46,8 +46,9 @@ bool IsFolder(const std::string& path);
 // The office's folder for the time of a look at another.
 class OfficeFolderApart {
  public:
-  explicit OfficeFolderApart(const std::string& folder)
-      : kept_(std::exchange(OfficeFolder, folder)) {}
+  // A text of its own, as the folder may be the one that it replaces.
+  explicit OfficeFolderApart(std::string folder)
+      : kept_(std::exchange(OfficeFolder, std::move(folder))) {}
   ~OfficeFolderApart() { std::swap(OfficeFolder, kept_); }
   OfficeFolderApart(const OfficeFolderApart&) = delete;
   OfficeFolderApart& operator=(const OfficeFolderApart&) = delete;
