@@ -131,6 +131,10 @@ TEST_F(HelpWindowTest, A_place_within_a_page_is_scrolled_to) {
   Show("main-window.html");
   auto& page = Of<QTextBrowser>("txtPage");
   EXPECT_EQ(page.verticalScrollBar()->value(), 0);
+  // The headings that have a place read as they stand.
+  const QString text = page.toPlainText();
+  EXPECT_TRUE(text.contains("\nToolbar\n")) << FromQt(text);
+  EXPECT_TRUE(text.contains("\nDrawing area\n"));
   Window()->ShowPage("main-window.html#drawing");
   EXPECT_TRUE(QTest::qWaitFor([&] { return page.verticalScrollBar()->value() > 0; }, Patience));
 }

@@ -50,17 +50,20 @@ QString ReadText(const QString& path) {
 
 HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {}
 
-// The browser takes only a link's own name for a place to go to, not that of a heading. Nothing but
-// the program's own files is loaded, whatever a page names.
+// The browser takes only a link's own name for a place to go to, not that of a heading, and heads
+// its tables' columns in the middle whatever the styles say. Nothing but the program's own files is
+// loaded, whatever a page names.
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
   if (type == QTextDocument::StyleSheetResource) return StyleSheet(palette());
   if (!name.isLocalFile()) return {};
   if (type != QTextDocument::HtmlResource) return QTextBrowser::loadResource(type, name);
-  static const QRegularExpression named(R"re(<(h[1-6]|p|li|td|dt)\b[^>]*\sid="([^"]+)"[^>]*>)re");
+  static const QRegularExpression named(
+      R"re((<(?:h[1-6]|p|li|td|dt)\b[^>]*\sid="([^"]+)"[^>]*>))re");
   QVariant page;
   Guard([&] {
     QString html = ReadText(name.toLocalFile());
-    html.replace(named, R"(\0<a name="\2"></a>)");
+    html.replace(named, R"(\1<a name="\2"></a>)");
+    html.replace("<table>", R"(<table cellpadding="3">)").replace("<th>", R"(<th align="left">)");
     page = html;
   });
   return page;
