@@ -7,6 +7,7 @@
 #include <QShortcutEvent>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "core/files.h"
@@ -123,13 +124,13 @@ StartPage::StartPage(std::function<void(Command, int)> run,
   recent->addLayout(recentLines_);
   column->addWidget(recent_);
 
-  auto* samples = new QGridLayout;
+  auto samples = std::make_unique<QGridLayout>();
   samples->setColumnStretch(0, 1);
   AddSamples(*samples);
   if (samples->count() > 0) {
     column->addSpacing(line);
     column->addWidget(Heading("Samples, to try things out on a copy"));
-    column->addLayout(samples);
+    column->addLayout(samples.release());
   }
 
   column->addSpacing(line);
